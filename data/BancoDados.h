@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
+#include "data/Valor.h"
+
+// The declaration database as the library sees it: the operations that the reports use and no
+// others. An engine implements these classes; the host owns the open database and keeps it open
+// while a report is built. Queries are in the desktop engine's dialect (see platform/sqlite).
+//
+// Threads: a database and its recordsets belong to one thread at a time.
+namespace tarvo {
+
+// How a recordset is opened; the numbers are the engine's own.
+enum class TipoRecordset : int { Dynaset = 2, ForwardOnly = 8 };
+
+class Recordset;
+
+// One column of the current row: reads and writes through its recordset, so that it must not
+// outlive it.
+class Field {
+  public:
+    Field(Recordset& recordset, std::size_t coluna) : recordset_(&recordset), coluna_(coluna) {}
+
+    // The current row's value. Error 3021 when there is no current row, 3421 when what is stored
+    // does not fit the column's declared type.
+    [[nodiscard]] Valor Value() const;
+    operator Valor() const { return Value(); }  // NOLINT: a field stands for its value
+    // Sets the column of the row begun with AddNew. Error 3020 without AddNew, 3421 when the
+    // value does not convert to the column's type.
+    Field& operator=(const Valor& valor);
+
+    Field(const Field&) = default;
+    Field& operator=(const Field&) = delete;
+
+  private:
+    Recordset* recordset_;
+    std::size_t coluna_;
+};
+
+// The rows of a query. Destroying it closes it. After Close every operation but Close is error
+// 3420.
+class Recordset {
+  public:
+    virtual ~Recordset() = default;
+
+    // True before the first row: for a recordset just opened, True means that it is empty.
+    [[nodiscard]] virtual bool BOF() const = 0;
+    // True after the last row. (EOF without the underscore is a macro of the C library.)
+    [[nodiscard]] virtual bool EOF_() const = 0;
+    // Error 3021 at the end.
+    virtual void MoveNext() = 0;
+
+    // The column of that name, without regard to case, qualified by its table
+    // ("tblContribuinte.IE") where two tables of the query have it. Error 3265 when the query has
+    // no such column, or when an unqualified name fits two.
+    [[nodiscard]] Field Fields(std::string_view nome) { return {*this, Coluna(nome)}; }
+    // The column at that position, from 0. Error 3265 outside the query's columns.
+    [[nodiscard]] Field Fields(int posicao) { return {*this, Coluna(posicao)}; }
+
+    // Begins a new row, all Null; Update writes it to the table at once. For recordsets opened as
+    // Dynaset on "SELECT * FROM table"; others raise error 3219, read-only databases 3027.
+    virtual void AddNew() = 0;
+    virtual void Update() = 0;
+
+    virtual void Close() = 0;
+
+  private:
+    friend class Field;
+    [[nodiscard]] virtual std::size_t Coluna(std::string_view nome) const = 0;
+    [[nodiscard]] virtual std::size_t Coluna(int posicao) const = 0;
+    [[nodiscard]] virtual Valor Ler(std::size_t coluna) const = 0;
+    virtual void Escrever(std::size_t coluna, const Valor& valor) = 0;
+};
+
+inline Valor Field::Value() const {
+    return recordset_->Ler(coluna_);
+}
+inline Field& Field::operator=(const Valor& valor) {
+    recordset_->Escrever(coluna_, valor);
+    return *this;
+}
+
+// A temporary query that changes data.
+class QueryDef {
+  public:
+    virtual ~QueryDef() = default;
+    // Runs the query; its changes take effect at once.
+    virtual void Execute() = 0;
+};
+
+// The open database.
+class BancoDados {
+  public:
+    virtual ~BancoDados() = default;
+
+    // Errors: 3075 for a text outside the dialect (with the place), 3078 for a missing table,
+    // 3061 for an unknown column (both name it).
+    virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view consulta,
+                                                     TipoRecordset tipo) = 0;
+    // nome is empty: the query is temporary and stored nowhere.
+    virtual std::unique_ptr<QueryDef> CreateQueryDef(std::string_view nome,
+                                                     std::string_view consulta) = 0;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,29 @@
+#include "data/CodigosDeErros.h"
+
+namespace tarvo {
+
+namespace CodigosDeErros {
+const std::string_view DocumentoContemObjetos =
+    "Relatório contém objetos. Não é possível configurar as páginas ou margens.";
+const std::string_view PadraoDePaginaInvalido = "Padrão de tamanho de páginas inválido.";
+const std::string_view PaginaInsuficiente =
+    "O tamanho de páginas é inválido ou não é suficiente para conter as margens.";
+const std::string_view MargensInvalidas =
+    "O tamanho das margens é inválido ou muito grande para o tamanho de páginas.";
+}  // namespace CodigosDeErros
+
+void LancarUsoInvalidoDeNull(std::string_view onde) {
+    throw Erro(NumeroErro::UsoInvalidoDeNull, "Uso inválido de Null: " + std::string(onde) + ".");
+}
+
+void LancarTipoIncompativel(std::string_view valor, std::string_view destino) {
+    throw Erro(NumeroErro::TipoIncompativel, "Tipo incompatível: \"" + std::string(valor) +
+                                                 "\" não se converte em " + std::string(destino) +
+                                                 ".");
+}
+
+void LancarEstouro(std::string_view onde) {
+    throw Erro(NumeroErro::Estouro, "Estouro: " + std::string(onde) + ".");
+}
+
+}  // namespace tarvo

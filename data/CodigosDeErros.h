@@ -1,0 +1,78 @@
+#pragma once
+
+#include <exception>
+#include <string>
+#include <string_view>
+
+// The one exception type of the system, its error numbers and the library's own error texts.
+namespace tarvo {
+
+// What went wrong, as a number that a program can test. The database and conversion numbers are
+// those that the desktop engine and its language use for the same condition.
+enum class NumeroErro : int {
+    ChamadaInvalida = 5,             // an argument that the operation cannot take
+    Estouro = 6,                     // a value outside its type's range
+    TipoIncompativel = 13,           // a value that cannot be converted
+    Cancelado = 18,                  // the user cancelled
+    ArquivoNaoEncontrado = 53,       //
+    ErroDispositivo = 57,            // reading or writing failed below the file system's rules
+    ArquivoJaExiste = 58,            //
+    DiscoCheio = 61,                 //
+    PermissaoNegada = 70,            //
+    CaminhoNaoEncontrado = 76,       // a folder on the way does not exist
+    ObjetoNaoDefinido = 91,          // no object where one must be
+    UsoInvalidoDeNull = 94,          // Null where a value must be
+    NaoPodeCriarObjeto = 429,        // no public class of that name
+    AcaoNaoSuportada = 445,          // the host did not provide what the operation needs
+    ErroImpressora = 482,            //
+    RegistroAtualAusente = 3021,     // no current record
+    AtualizacaoSemAddNew = 3020,     // Update or a field's write without AddNew
+    BancoNaoEncontrado = 3024,       // no database file of that name
+    BancoSomenteLeitura = 3027,      // writing to a database opened read-only
+    ColunaDesconhecida = 3061,       // a query names an unknown column
+    ErroSintaxeConsulta = 3075,      // the query's text is outside the dialect
+    TabelaInexistente = 3078,        //
+    ColunaAmbigua = 3079,            // an unqualified column that two tables have
+    BancoJaExiste = 3204,            //
+    OperacaoInvalida = 3219,         //
+    BancoOcupado = 3260,             // locked by another user
+    ItemNaoEncontrado = 3265,        // item not found in this collection
+    BancoIrreconhecivel = 3343,      // not a database, or a damaged one
+    ObjetoInvalido = 3420,           // the recordset or database has been closed
+    ConversaoDeDado = 3421,          // a stored value that does not fit its declared type
+    DocumentoContemObjetos = 20001,  // the four page-setup refusals of a report document
+    PadraoDePaginaInvalido = 20002,
+    PaginaInsuficiente = 20003,
+    MargensInvalidas = 20004,
+    FonteAusente = 20005,  // a font that a document uses is not installed
+};
+
+// An error with its number and a description fit to be shown to the user.
+class Erro : public std::exception {
+  public:
+    Erro(NumeroErro numero, std::string descricao)
+        : numero_(numero), descricao_(std::move(descricao)) {}
+
+    [[nodiscard]] NumeroErro Numero() const noexcept { return numero_; }
+    [[nodiscard]] const std::string& Descricao() const noexcept { return descricao_; }
+    [[nodiscard]] const char* what() const noexcept override { return descricao_.c_str(); }
+
+  private:
+    NumeroErro numero_;
+    std::string descricao_;
+};
+
+// The error texts that several places raise word for word.
+namespace CodigosDeErros {
+extern const std::string_view DocumentoContemObjetos;
+extern const std::string_view PadraoDePaginaInvalido;
+extern const std::string_view PaginaInsuficiente;
+extern const std::string_view MargensInvalidas;
+}  // namespace CodigosDeErros
+
+// Error 94, 13 and 6 with the operation that met them.
+[[noreturn]] void LancarUsoInvalidoDeNull(std::string_view onde);
+[[noreturn]] void LancarTipoIncompativel(std::string_view valor, std::string_view destino);
+[[noreturn]] void LancarEstouro(std::string_view onde);
+
+}  // namespace tarvo

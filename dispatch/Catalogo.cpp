@@ -1,0 +1,54 @@
+#include "dispatch/Catalogo.h"
+
+#include <array>
+
+#include "reports/RelatorioCadastro.h"
+
+namespace tarvo {
+
+namespace {
+
+template <class R>
+std::unique_ptr<RelatorioDeclaracao> Criar(const Ambiente& ambiente) {
+    return std::make_unique<R>(ambiente);
+}
+
+constexpr std::array<EntradaCatalogo, 18> Entradas{{
+    {"01", "01 - Cadastro do Contribuinte", Criar<RelatorioCadastro>},
+    {"02", "02 - Resumo dos CFOPs para as Operações / Prestações de Entrada (Grupos 1, 2 e 3)",
+     nullptr},
+    {"03", "03 - Resumo dos CFOPs para as Operações / Prestações de Saída (Grupos 5, 6 e 7)",
+     nullptr},
+    {"04", "04 - Informação das Operações e Prestações de Entradas Interestaduais - ICMS", nullptr},
+    {"05", "05 - Informação das Operações e Prestações de Saídas Interestaduais - ICMS", nullptr},
+    {"06", "06 - Notas Fiscais de Saídas para ZFM/ALC", nullptr},
+    {"07", "07 - Informações Adicionais para MIDAX-B - Código 1", nullptr},
+    {"08", "08 - Informações Adicionais para MIDAX-B - Código 2", nullptr},
+    {"09", "09 - Informações Adicionais para MIDAX-B - Código 3", nullptr},
+    {"10", "10 - Apuração do ICMS sobre Operações Próprias", nullptr},
+    {"11", "11 - Recebimento de Crédito Acumulado (Subitens 007.04 a 007.07) - Operações Próprias",
+     nullptr},
+    {"11A",
+     "11A- Crédito Acumulado com Visto Eletrônico (Subitens 002.20, 002.21, 007.40 e 007.41)  - "
+     "Operações Próprias",
+     nullptr},
+    {"12",
+     "12 - Centralização do Imposto (Subitens 002.18, 002.19, 007.29 e 007.30) - Operações "
+     "Próprias",
+     nullptr},
+    {"13",
+     "13 - Ressarcimento do ICMS Retido por ST (Subitens 002.10 e 002.11) - Operações Próprias",
+     nullptr},
+    {"14", "14 - Apuração do ICMS por Substituição Tributária", nullptr},
+    {"15", "15 - Ressarcimento do ICMS Retido por ST (Subitens 007.01 e 007.02) - ST-11", nullptr},
+    {"16", "16 - Registros de Exportação", nullptr},
+    {"17", "17 - Pagamentos", nullptr},
+}};
+
+}  // namespace
+
+std::span<const EntradaCatalogo> Catalogo() {
+    return Entradas;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "document/Relatorio.h"
+
+// The eighteen reports of the selection list, in list order: the one place that ties an entry's
+// code and label to its report class.
+namespace tarvo {
+
+struct EntradaCatalogo {
+    std::string_view codigo;  // "01", "11A"
+    std::string_view rotulo;  // as the selection dialog shows it
+    std::unique_ptr<RelatorioDeclaracao> (*criar)(const Ambiente& ambiente);
+};
+
+std::span<const EntradaCatalogo> Catalogo();
+
+// Index of the entry that declarations before 2002 do not have.
+constexpr std::size_t EntradaDesde2002 = 15;
+
+}  // namespace tarvo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+// The images that reports draw, embedded in the library as they are stored in document/imagens.
+namespace tarvo {
+
+enum class FormatoImagem { GIF, Icone };
+
+struct Imagem {
+    std::string_view nome;  // "imgBrasaoVDColorido"
+    FormatoImagem formato;
+    int largura;  // pixels
+    int altura;
+    std::span<const unsigned char> bytes;  // the whole file
+};
+
+// The form that only holds the images.
+namespace frmFiguras {
+extern const Imagem imgBrasaoVDColorido;       // coat of arms in colour, every page header
+extern const Imagem imgIconeR;                 // window icon of the reports
+extern const Imagem imgIconeG;                 // window icon of the payment slip
+extern const Imagem imgTesoura;                // scissors at the slip's cut line
+extern const Imagem imgPortariaKEX_27_95;      // citation strip beside the slip
+extern const Imagem imgBrasaoVDMonocromatico;  // coat of arms in black and white, slip
+}  // namespace frmFiguras
+
+}  // namespace tarvo

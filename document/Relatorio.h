@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "data/BancoDados.h"
+#include "document/DocumentoRelatorio.h"
+
+namespace tarvo {
+
+// What a report class says of its document; constant data of the class.
+struct IdentidadeRelatorio {
+    std::string_view classe;          // "RelatorioCadastro"
+    std::string_view titulo;          // full title: preview caption, PDF title
+    std::string_view tituloResumido;  // at most 30 characters: print-job name
+    std::int32_t orientacao = 0;      // 0 portrait, 1 landscape
+};
+
+// A report object: a document, and the protocol by which callers drive it: Construir (each class
+// has its own), then any number of Exibir, Ocultar, Imprimir. An error in Construir leaves what
+// was drawn so far. Belongs to one thread at a time.
+class Relatorio {
+  public:
+    virtual ~Relatorio() = default;
+    Relatorio(const Relatorio&) = delete;
+    Relatorio& operator=(const Relatorio&) = delete;
+
+    void Exibir() { documento_.Exibir(); }
+    void Ocultar() { documento_.Ocultar(); }
+    // Prints at once on the chosen or the user's default printer.
+    void Imprimir();
+
+    [[nodiscard]] const IdentidadeRelatorio& Identidade() const { return identidade_; }
+    // The document as last built; valid until the next Construir.
+    [[nodiscard]] const Conteudo& Documento() const { return documento_.Registrado(); }
+
+  protected:
+    Relatorio(const IdentidadeRelatorio& identidade, const Ambiente& ambiente)
+        : identidade_(identidade), ambiente_(ambiente), documento_(ambiente) {}
+
+    // Iniciar, titles, icon, orientation and margins of a report of the selection list.
+    void IniciarDocumento();
+
+    [[nodiscard]] const Ambiente& AmbienteDoRelatorio() const { return ambiente_; }
+    [[nodiscard]] DocumentoRelatorio& Desenho() { return documento_; }
+
+  private:
+    const IdentidadeRelatorio& identidade_;
+    Ambiente ambiente_;
+    DocumentoRelatorio documento_;
+};
+
+// A report of the selection list: built from one declaration of one taxpayer.
+class RelatorioDeclaracao : public Relatorio {
+  public:
+    // Reads the declaration from the open database and draws the whole document anew. A missing
+    // taxpayer or declaration gives a document of one empty page, unless the class says otherwise.
+    // Database and conversion errors reach the caller.
+    virtual void Construir(BancoDados& BancoDados, const std::string& IE,
+                           std::int32_t NumeroDRQ) = 0;
+
+  protected:
+    using Relatorio::Relatorio;
+};
+
+}  // namespace tarvo

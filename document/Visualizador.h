@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+// What a host hands to the library once: the pieces of the user's desktop that documents and
+// reports need from outside. Each may be absent; an operation that needs an absent one raises
+// error 445.
+namespace tarvo {
+
+struct Conteudo;
+
+// The preview window and the way to the printer of one document. Destroying it closes the window.
+class Visualizador {
+  public:
+    virtual ~Visualizador() = default;
+    // Opens a modeless preview of the document as it is now, or shows it anew at its first page.
+    virtual void Exibir(const Conteudo& conteudo) = 0;
+    virtual void Ocultar() = 0;
+    // Prints all pages; perguntar asks the user for the printer first.
+    virtual void Imprimir(const Conteudo& conteudo, bool perguntar) = 0;
+};
+
+// Makes the Visualizador of each document. It outlives the documents.
+class FabricaVisualizadores {
+  public:
+    virtual ~FabricaVisualizadores() = default;
+    virtual std::unique_ptr<Visualizador> Criar() = 0;
+};
+
+// The per-user settings store of the host.
+class Configuracoes {
+  public:
+    virtual ~Configuracoes() = default;
+    // The setting's text, or padrao when it is absent.
+    [[nodiscard]] virtual std::string Ler(std::string_view aplicacao, std::string_view secao,
+                                          std::string_view chave,
+                                          std::string_view padrao) const = 0;
+};
+
+// Told of each finished page while a document is built, so that a long build can show progress.
+class Andamento {
+  public:
+    virtual ~Andamento() = default;
+    // False cancels the build, which ends with error 18.
+    virtual bool PaginaConcluida(std::size_t paginas) = 0;
+};
+
+// All of them; the objects outlive every report object made with them.
+struct Ambiente {
+    FabricaVisualizadores* visualizadores = nullptr;
+    const Configuracoes* configuracoes = nullptr;
+    Andamento* andamento = nullptr;
+};
+
+}  // namespace tarvo

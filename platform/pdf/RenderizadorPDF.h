@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "document/Conteudo.h"
+
+// The one rendering of report documents: a PDF/A-2b file that preview, printer and archive share.
+namespace tarvo {
+
+// A text that did not fit its box even at 60 % and was cut with "…".
+struct TextoCortado {
+    std::size_t pagina = 0;  // from 1, in the file
+    Caixa caixa;             // cm, as recorded
+    std::string texto;       // whole
+};
+
+struct ResultadoPDF {
+    std::size_t paginas = 0;
+    std::vector<TextoCortado> cortados;  // in the order of the pages
+};
+
+// One document of a file; a file of several gets an outline (bookmarks) of their titles, and page
+// numbering starts anew with each.
+struct SecaoPDF {
+    const Conteudo* conteudo = nullptr;
+    std::string marcador;  // outline entry
+};
+
+// Takes the bytes of the file in order; throws to stop the rendering.
+using DestinoPDF = std::function<void(std::string_view bytes)>;
+
+// Error 20005 when a font is missing (names the package that brings it).
+ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino);
+ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes);
+// Writes to a temporary name beside the file and renames it, so that the old file stays whole until
+// the new one is. Errors 76, 70, 61 and 57 for folder, permission, space and device.
+ResultadoPDF GravarPDF(const Conteudo& conteudo, const std::filesystem::path& arquivo);
+ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo);
+
+}  // namespace tarvo

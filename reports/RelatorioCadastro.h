@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "document/Relatorio.h"
+
+namespace tarvo {
+
+// The registration data of one taxpayer on one portrait page: entry 01 of the selection list.
+class RelatorioCadastro final : public RelatorioDeclaracao {
+  public:
+    explicit RelatorioCadastro(const Ambiente& ambiente = {});
+
+    void Construir(BancoDados& BancoDados, const std::string& IE);
+    // The declaration plays no part.
+    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
+
+  private:
+    void ImprimirCadastro(Recordset& contribuinte, double x, double y);
+};
+
+}  // namespace tarvo
