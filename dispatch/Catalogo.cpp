@@ -2,7 +2,11 @@
 
 #include <array>
 
+#include "reports/RelatorioApuracaoOpProp.h"
+#include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioCadastro.h"
+#include "reports/RelatorioResumoCFOPsEnt.h"
+#include "reports/RelatorioResumoCFOPsSai.h"
 
 namespace tarvo {
 
@@ -16,16 +20,16 @@ std::unique_ptr<RelatorioDeclaracao> Criar(const Ambiente& ambiente) {
 constexpr std::array<EntradaCatalogo, 18> Entradas{{
     {"01", "01 - Cadastro do Contribuinte", Criar<RelatorioCadastro>},
     {"02", "02 - Resumo dos CFOPs para as Operações / Prestações de Entrada (Grupos 1, 2 e 3)",
-     nullptr},
+     Criar<RelatorioResumoCFOPsEnt>},
     {"03", "03 - Resumo dos CFOPs para as Operações / Prestações de Saída (Grupos 5, 6 e 7)",
-     nullptr},
+     Criar<RelatorioResumoCFOPsSai>},
     {"04", "04 - Informação das Operações e Prestações de Entradas Interestaduais - ICMS", nullptr},
     {"05", "05 - Informação das Operações e Prestações de Saídas Interestaduais - ICMS", nullptr},
     {"06", "06 - Notas Fiscais de Saídas para ZFM/ALC", nullptr},
     {"07", "07 - Informações Adicionais para MIDAX-B - Código 1", nullptr},
     {"08", "08 - Informações Adicionais para MIDAX-B - Código 2", nullptr},
     {"09", "09 - Informações Adicionais para MIDAX-B - Código 3", nullptr},
-    {"10", "10 - Apuração do ICMS sobre Operações Próprias", nullptr},
+    {"10", "10 - Apuração do ICMS sobre Operações Próprias", Criar<RelatorioApuracaoOpProp>},
     {"11", "11 - Recebimento de Crédito Acumulado (Subitens 007.04 a 007.07) - Operações Próprias",
      nullptr},
     {"11A",
@@ -39,7 +43,7 @@ constexpr std::array<EntradaCatalogo, 18> Entradas{{
     {"13",
      "13 - Ressarcimento do ICMS Retido por ST (Subitens 002.10 e 002.11) - Operações Próprias",
      nullptr},
-    {"14", "14 - Apuração do ICMS por Substituição Tributária", nullptr},
+    {"14", "14 - Apuração do ICMS por Substituição Tributária", Criar<RelatorioApuracaoSubTrib>},
     {"15", "15 - Ressarcimento do ICMS Retido por ST (Subitens 007.01 e 007.02) - ST-11", nullptr},
     {"16", "16 - Registros de Exportação", nullptr},
     {"17", "17 - Pagamentos", nullptr},
