@@ -58,27 +58,6 @@ constexpr EstiloTexto Governo{
     .recuoX = 0, .horizontal = Centro, .tamanho = 14, .negrito = true, .cor = Cor::Vermelho};
 constexpr EstiloTexto TituloIdentificacao{.tamanho = 12, .negrito = true, .cor = Cor::Teal};
 
-std::string_view TipoDaDRQ(std::int32_t tipo) {
-    switch (tipo) {
-        case 1:
-            return "Normal";
-        case 2:
-            return "Substitutiva";
-        case 3:
-            return "Coligida";
-        default:
-            return "";
-    }
-}
-
-std::string_view RegimeTributario(std::string_view codigo) {
-    return codigo == "01"   ? "RPA"
-           : codigo == "02" ? "RES"
-           : codigo == "03" ? "Dispensado"
-           : codigo == "04" ? "Simples-ST"
-                            : "";
-}
-
 std::string Referencia(Recordset& identificacao, std::string_view regime) {
     const auto mesAno = [&](const char* campo) {
         return FormatarMesAno(DataCampo(identificacao.Fields(campo)));
@@ -110,6 +89,27 @@ const EstiloTexto CelulaTitulo{.recuoX = 0.1,
                                .negrito = true,
                                .multilinha = true};
 
+std::string_view TipoDaDRQ(std::int32_t tipo) {
+    switch (tipo) {
+        case 1:
+            return "Normal";
+        case 2:
+            return "Substitutiva";
+        case 3:
+            return "Coligida";
+        default:
+            return "";
+    }
+}
+
+std::string_view RegimeTributario(std::string_view codigo) {
+    return codigo == "01"   ? "RPA"
+           : codigo == "02" ? "RES"
+           : codigo == "03" ? "Dispensado"
+           : codigo == "04" ? "Simples-ST"
+                            : "";
+}
+
 void DesenharMoldura(DocumentoRelatorio& doc, double x, double y, double largura, double altura) {
     doc.DesenharRetanguloArredondado(x, y, largura, altura, false, 0.1, Cor::Preto, Cor::Branco, 1);
 }
@@ -119,7 +119,7 @@ void EscreverEmCaixa(DocumentoRelatorio& doc, const EstiloTexto& e, double x, do
     const auto escrever = e.multilinha ? &DocumentoRelatorio::EscreverTextoMultilinha
                                        : &DocumentoRelatorio::EscreverTexto;
     (doc.*escrever)(x + e.recuoX, y + e.recuoTopo, largura - 2 * e.recuoX,
-                    altura - e.recuoTopo - e.recuoBase, texto, e.horizontal, e.vertical, e.fonte,
+                    altura - (e.recuoTopo + e.recuoBase), texto, e.horizontal, e.vertical, e.fonte,
                     e.tamanho, e.negrito, false, false, e.cor);
 }
 

@@ -81,6 +81,11 @@ extern const EstiloCampo CampoTotalNegrito;
 // The column heading of the list reports, with Celula.
 extern const EstiloTexto CelulaTitulo;
 
+// The printed words for a declaration's type (1 to 3) and tax regime ("01" to "04"); "" for any
+// other.
+std::string_view TipoDaDRQ(std::int32_t tipo);
+std::string_view RegimeTributario(std::string_view codigo);
+
 // What differs between the page headers of the reports.
 struct EstiloCabecalho {
     std::string_view titulo;
