@@ -80,6 +80,8 @@ const EstiloCampo CampoValor{ComRotuloRegular(),
                              {.recuoX = 0.2, .horizontal = Direita, .vertical = Base}};
 const EstiloCampo CampoTotal{ComRotuloDeTotal(), ValorDeTotal(false)};
 const EstiloCampo CampoTotalNegrito{ComRotuloDeTotal(), ValorDeTotal(true)};
+const EstiloTexto TituloQuadro{
+    .horizontal = Centro, .tamanho = 14, .negrito = true, .cor = Cor::Teal, .multilinha = true};
 const EstiloTexto CelulaTitulo{.recuoX = 0.1,
                                .recuoTopo = 0.05,
                                .recuoBase = 0.05,
@@ -88,6 +90,10 @@ const EstiloTexto CelulaTitulo{.recuoX = 0.1,
                                .tamanho = 6,
                                .negrito = true,
                                .multilinha = true};
+const EstiloTexto CelulaValor{.horizontal = Direita, .tamanho = 6};
+const EstiloTexto CelulaDireitaRecuada{.recuoX = 0.2, .horizontal = Direita};
+const EstiloTexto CelulaRotulo{.recuoX = 0.2, .fonte = "Courier New", .negrito = true};
+const EstiloTexto CelulaTextoFixo{.recuoX = 0.2, .fonte = "Courier New"};
 
 std::string_view TipoDaDRQ(std::int32_t tipo) {
     switch (tipo) {
@@ -162,11 +168,8 @@ void ImprimirTopo(DocumentoRelatorio& doc, const EstiloCabecalho& estilo, double
     EscreverEmCaixa(doc, Governo, xGoverno, y + 1.65, larguraGoverno, 0.7, "Secretaria da Fazenda");
     Barra(doc, x, y + 2.6, W);
 
-    const EstiloTexto titulo{.horizontal = Centro,
-                             .tamanho = estilo.tamanhoTitulo,
-                             .negrito = true,
-                             .cor = Cor::Teal,
-                             .multilinha = true};
+    EstiloTexto titulo = TituloQuadro;
+    titulo.tamanho = estilo.tamanhoTitulo;
     Celula(doc, titulo, x, y + estilo.yTitulo, W, estilo.alturaTitulo, estilo.titulo);
 }
 
