@@ -37,7 +37,8 @@ bool ReferenciaUsaCFOPsNovos(const Configuracoes* configuracoes) {
     const std::string mesAno =
         configuracoes == nullptr
             ? ""
-            : configuracoes->Ler(RefAtual::Aplicacao, RefAtual::Secao, RefAtual::Chave, "");
+            : configuracoes->Ler(AjusteRefAtual::Aplicacao, AjusteRefAtual::Secao,
+                                 AjusteRefAtual::Chave, "");
     return DataDeReferencia(mesAno) > DataDeReferencia("12/2002");
 }
 

@@ -8,11 +8,11 @@
 // The host's current reference period: a per-user setting that holds month/year.
 namespace tarvo {
 
-namespace RefAtual {
+namespace AjusteRefAtual {
 constexpr std::string_view Aplicacao = "Tarvo";
 constexpr std::string_view Secao = "pRef";
 constexpr std::string_view Chave = "RefAtual";
-}  // namespace RefAtual
+}  // namespace AjusteRefAtual
 
 // Day 20 of a month given as "1/2003", "01/2003" or "01/03" (years 00 to 29 are 20xx, 30 to 99 are
 // 19xx). Error 13 for any other text.

@@ -15,8 +15,6 @@ namespace {
 using namespace Alinhamento;
 
 constexpr EstiloTexto CelulaCentralizadaNegrito{.recuoX = 0, .horizontal = Centro, .negrito = true};
-constexpr EstiloTexto CelulaTextoFixo{.recuoX = 0.2, .fonte = "Courier New"};
-constexpr EstiloTexto CelulaDireitaRecuada{.recuoX = 0.2, .horizontal = Direita};
 
 struct CelulaDaLinha {
     const EstiloTexto& estilo;

@@ -1,6 +1,7 @@
 #include "reports/RelatorioDeTabela.h"
 
 #include "data/Consultas.h"
+#include "document/CicloPaginas.h"
 #include "reports/TabelaDeTrabalho.h"
 
 namespace tarvo {
@@ -18,20 +19,16 @@ void RelatorioDeTabela::Construir(BancoDados& BancoDados, const std::string& IE,
 }
 
 void RelatorioDeTabela::ImprimirPaginas(Recordset& linhas, Recordset& identificacao) {
-    while (!linhas.EOF_()) {
+    const auto cabecalho = [&] {
         ImprimirCabecalho(Desenho(), formato_.cabecalho, 0, 0, identificacao);
         ImprimirTitulosColunas(identificacao);
-        double y = formato_.yPrimeiraLinha;
-        while (!linhas.EOF_() && y <= Limite(formato_.yUltimaLinha)) {
-            ImprimirLinha(linhas, identificacao, y);
-            y += AlturaLinha;
-            linhas.MoveNext();
-        }
-        ImprimirRodape(Desenho(), 0, formato_.yRodape, formato_.cabecalho.largura);
-        if (!linhas.EOF_()) {
-            Desenho().NovaPagina();
-        }
+    };
+    CicloPaginas paginas(Desenho(), formato_.yPrimeiraLinha, cabecalho, formato_.yRodape,
+                         formato_.cabecalho.largura);
+    for (; !linhas.EOF_(); linhas.MoveNext()) {
+        ImprimirLinha(linhas, identificacao, paginas.Bloco(formato_.yUltimaLinha, AlturaLinha));
     }
+    paginas.Encerrar();
 }
 
 }  // namespace tarvo

@@ -27,9 +27,6 @@ constexpr std::array<std::string_view, 9> Colunas{
 
 constexpr std::size_t LarguraRotuloGrupo = 26;  // characters
 
-constexpr EstiloTexto CelulaRotulo{.recuoX = 0.2, .fonte = "Courier New", .negrito = true};
-constexpr EstiloTexto CelulaValor{.recuoX = 0.1, .horizontal = Direita, .tamanho = 6};
-
 constexpr double XValores = 5.5;  // cm; left of it stand label and code
 constexpr double LarguraValores = LarguraPaisagem - XValores;
 
