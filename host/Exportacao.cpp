@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "dispatch/Catalogo.h"
-#include "dispatch/Referencia.h"
+#include "dispatch/Relatorios.h"
 #include "platform/json/DocumentoJSON.h"
 #include "platform/pdf/GravacaoAtomica.h"
 #include "platform/png/PaginasPNG.h"
@@ -60,7 +60,7 @@ std::vector<std::string> LerListaDeCodigos(std::string_view lista) {
 }
 
 std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ) {
-    const bool desde2002 = ReferenciaDesde2002(banco, NumeroDRQ);
+    const bool desde2002 = Relatorios::ReferenciaDesde2002(banco, NumeroDRQ);
     std::vector<std::string> codigos;
     for (const auto& entrada : Catalogo()) {
         if (desde2002 || &entrada != &Catalogo()[EntradaDesde2002]) {
