@@ -5,10 +5,11 @@
 
 #include "data/Formatos.h"
 #include "host/Argumentos.h"
+#include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
 #include "host/Mensagens.h"
+#include "host/ProgramaDeJanelas.h"
 #include "host/exemplo/Exemplo.h"
-#include "platform/configuracoes/ConfiguracoesArquivo.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {
@@ -84,7 +85,7 @@ void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoP
 int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     const auto banco = BancoSQLite::Abrir(a.banco);
     AvisarAusentes(*banco, a, erros);
-    const ConfiguracoesDoUsuario configuracoes(a.refAtual);
+    const ConfiguracoesDaChamada configuracoes(a.refAtual);
     const Ambiente ambiente{.configuracoes = &configuracoes};
     const Alvo alvo{a.IE.value_or(""), a.NumeroDRQ.value_or(0)};
     int situacao = Feito;
@@ -106,7 +107,7 @@ int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
 }
 
 int RefAtual(const Argumentos& a, std::ostream& saida) {
-    ConfiguracoesDoUsuario configuracoes;
+    ConfiguracoesIni configuracoes;
     if (a.refAtual) {
         configuracoes.Gravar("Tarvo", "pRef", "RefAtual", *a.refAtual);
     } else {
@@ -116,7 +117,9 @@ int RefAtual(const Argumentos& a, std::ostream& saida) {
     return Feito;
 }
 
-int Despachar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
+int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
+              std::ostream& erros) {
+    const Argumentos a = LerArgumentos(argumentos);
     switch (a.comando) {
         case Comando::Ajuda:
             saida << a.ajuda;
@@ -129,20 +132,21 @@ int Despachar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
             return Exportar(a, saida, erros);
         case Comando::RefAtual:
             return RefAtual(a, saida);
-        case Comando::Selecionar:
         case Comando::Imprimir:
+            return ImprimirRelatorios(a, erros);
+        case Comando::Selecionar:
         case Comando::Velo:
         case Comando::Janela:
-            break;
+            PassarAoProgramaDeJanelas(argumentos);
     }
-    throw Erro(NumeroErro::AcaoNaoSuportada, "Este comando não está nesta instalação.");
+    return Falhou;
 }
 
 }  // namespace
 
 int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, std::ostream& erros) {
     try {
-        return Despachar(LerArgumentos(argumentos), saida, erros);
+        return Despachar(argumentos, saida, erros);
     } catch (const UsoErrado& uso) {
         DizerUsoErrado(erros, uso.what());
         return Incompreendido;
