@@ -17,42 +17,32 @@ std::string Escrito(const Json& json) {
 }
 
 // The arguments of every operation begin with its box.
-Json ComCaixa(const char* operacao, const Caixa& c) {
-    return Json::array({operacao, c.x, c.y, c.largura, c.altura});
-}
-
-void Juntar(Json& lista, std::initializer_list<Json> argumentos) {
-    lista.insert(lista.end(), argumentos.begin(), argumentos.end());
+template <class... Argumentos>
+Json Lista(const char* operacao, const Caixa& c, const Argumentos&... argumentos) {
+    return Json::array({operacao, c.x, c.y, c.largura, c.altura, argumentos...});
 }
 
 struct Operacao {
     const Conteudo& conteudo;
 
     Json operator()(const Linha& l) const {
-        Json lista = ComCaixa("DesenharLinha", l.caixa);
-        Juntar(lista, {l.reservado1, l.reservado2, l.espessura, l.estilo});
-        return lista;
+        return Lista("DesenharLinha", l.caixa, l.reservado1, l.reservado2, l.espessura, l.estilo);
     }
     Json operator()(const Retangulo& r) const {
-        Json lista = ComCaixa("DesenharRetangulo", r.caixa);
-        Juntar(lista, {r.preenchido, r.corBorda, r.corPreenchimento, r.espessura});
-        return lista;
+        return Lista("DesenharRetangulo", r.caixa, r.preenchido, r.corBorda, r.corPreenchimento,
+                     r.espessura);
     }
     Json operator()(const RetanguloArredondado& r) const {
-        Json lista = ComCaixa("DesenharRetanguloArredondado", r.caixa);
-        Juntar(lista, {r.preenchido, r.raio, r.corBorda, r.corPreenchimento, r.espessura});
-        return lista;
+        return Lista("DesenharRetanguloArredondado", r.caixa, r.preenchido, r.raio, r.corBorda,
+                     r.corPreenchimento, r.espessura);
     }
     Json operator()(const Texto& t) const {
-        Json lista = ComCaixa(t.multilinha ? "EscreverTextoMultilinha" : "EscreverTexto", t.caixa);
-        Juntar(lista, {t.texto, t.horizontal, t.vertical, conteudo.fontes.at(t.fonte), t.tamanho,
-                       t.negrito, t.italico, t.sublinhado, t.cor});
-        return lista;
+        return Lista(t.multilinha ? "EscreverTextoMultilinha" : "EscreverTexto", t.caixa, t.texto,
+                     t.horizontal, t.vertical, conteudo.fontes.at(t.fonte), t.tamanho, t.negrito,
+                     t.italico, t.sublinhado, t.cor);
     }
     Json operator()(const Figura& f) const {
-        Json lista = ComCaixa("DesenharFigura", f.caixa);
-        Juntar(lista, {std::string(f.imagem->nome), f.proporcional});
-        return lista;
+        return Lista("DesenharFigura", f.caixa, std::string(f.imagem->nome), f.proporcional);
     }
 };
 

@@ -124,7 +124,7 @@ TEST(DocumentoRelatorio, DrawingRefusesWhatNoPageCanShow) {
 
 // What the document asks of its preview, in order.
 struct VisualizadorFalso : Visualizador {
-    explicit VisualizadorFalso(std::vector<std::string>& chamadas) : chamadas(chamadas) {}
+    explicit VisualizadorFalso(std::vector<std::string>& lista) : chamadas(lista) {}
     ~VisualizadorFalso() override { chamadas.emplace_back("fechado"); }
     void Exibir(const Conteudo& c) override { chamadas.push_back("Exibir " + c.titulo); }
     void Ocultar() override { chamadas.emplace_back("Ocultar"); }

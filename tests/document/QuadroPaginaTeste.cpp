@@ -184,13 +184,13 @@ TEST(QuadroPagina, CellsPlaceLabelAndValueByTheirStyle) {
             R"(["EscreverTexto",1.1,2.05,3.8,16.299999999999997,"R",0,0,"Arial",6.0,true,false,false,0])",
             R"(["EscreverTextoMultilinha",1.2,2.3,3.6,16.099999999999998,"V",0,0,"Arial",8.0,false,false,false,0])",
             testing::_,
-            R"(["EscreverTexto",1.1,2.05,3.8,0.49999999999999994,"R",0,0,"Arial",6.0,false,false,false,0])",
+            R"(["EscreverTexto",1.1,2.05,3.8,0.5,"R",0,0,"Arial",6.0,false,false,false,0])",
             R"(["EscreverTexto",1.2,2.0,3.6,0.6,"V",2,2,"Arial",8.0,false,false,false,0])",
             testing::_,
-            R"(["EscreverTexto",1.1,2.05,3.8,0.5999999999999999,"R",0,0,"Arial",9.0,true,false,false,8421376])",
-            R"(["EscreverTexto",1.2,2.05,3.6,0.5999999999999999,"V",2,1,"Arial",9.0,true,false,false,0])",
+            R"(["EscreverTexto",1.1,2.05,3.8,0.6,"R",0,0,"Arial",9.0,true,false,false,8421376])",
+            R"(["EscreverTexto",1.2,2.05,3.6,0.6,"V",2,1,"Arial",9.0,true,false,false,0])",
             R"(["DesenharRetanguloArredondado",1.0,2.0,4.0,1.0,false,0.1,0,16777215,1])",
-            R"(["EscreverTextoMultilinha",1.1,2.05,3.8,0.8999999999999999,"T",1,0,"Arial",6.0,true,false,false,0])"));
+            R"(["EscreverTextoMultilinha",1.1,2.05,3.8,0.9,"T",1,0,"Arial",6.0,true,false,false,0])"));
 }
 
 }  // namespace
