@@ -6,6 +6,7 @@
 
 #include "data/BancoDados.h"
 #include "document/DocumentoRelatorio.h"
+#include "document/Imagens.h"
 
 namespace tarvo {
 
@@ -15,11 +16,13 @@ struct IdentidadeRelatorio {
     std::string_view titulo;          // full title: preview caption, PDF title
     std::string_view tituloResumido;  // at most 30 characters: print-job name
     std::int32_t orientacao = 0;      // 0 portrait, 1 landscape
+    const Imagem* icone = &frmFiguras::imgIconeR;
+    Margens margens = {2.0, 2.0, 2.0, 2.0};  // cm
 };
 
 // A report object: a document, and the protocol by which callers drive it: Construir (each class
-// has its own), then any number of Exibir, Ocultar, Imprimir. An error in Construir leaves what
-// was drawn so far. Belongs to one thread at a time.
+// has its own), then any number of Exibir and Ocultar; the reports of the selection list also have
+// Imprimir. An error in Construir leaves what was drawn so far. Belongs to one thread at a time.
 class Relatorio {
   public:
     virtual ~Relatorio() = default;
@@ -28,8 +31,6 @@ class Relatorio {
 
     void Exibir() { documento_.Exibir(); }
     void Ocultar() { documento_.Ocultar(); }
-    // Prints at once on the chosen or the user's default printer.
-    void Imprimir();
 
     [[nodiscard]] const IdentidadeRelatorio& Identidade() const { return identidade_; }
     // The document as last built; valid until the next Construir.
@@ -39,7 +40,7 @@ class Relatorio {
     Relatorio(const IdentidadeRelatorio& identidade, const Ambiente& ambiente)
         : identidade_(identidade), ambiente_(ambiente), documento_(ambiente) {}
 
-    // Iniciar, titles, icon, orientation and margins of a report of the selection list.
+    // Iniciar, titles, icon, orientation and margins, all from the identity.
     void IniciarDocumento();
 
     [[nodiscard]] const Ambiente& AmbienteDoRelatorio() const { return ambiente_; }
@@ -59,6 +60,9 @@ class RelatorioDeclaracao : public Relatorio {
     // Database and conversion errors reach the caller.
     virtual void Construir(BancoDados& BancoDados, const std::string& IE,
                            std::int32_t NumeroDRQ) = 0;
+
+    // Prints at once on the chosen or the user's default printer.
+    void Imprimir();
 
   protected:
     using Relatorio::Relatorio;

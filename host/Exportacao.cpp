@@ -1,0 +1,127 @@
+#include "host/Exportacao.h"
+
+#include <algorithm>
+#include <cctype>
+#include <sstream>
+
+#include "dispatch/Catalogo.h"
+#include "dispatch/Relatorios.h"
+#include "platform/json/DocumentoJSON.h"
+#include "platform/pdf/GravacaoAtomica.h"
+#include "platform/png/PaginasPNG.h"
+#include "slip/RelatorioVELO.h"
+
+namespace tarvo::host {
+
+namespace {
+
+const EntradaCatalogo* Procurar(std::string_view codigo) {
+    for (const auto& entrada : Catalogo()) {
+        if (entrada.codigo == codigo) {
+            return &entrada;
+        }
+    }
+    return nullptr;
+}
+
+std::string EmMaiusculas(std::string_view texto) {
+    std::string maiusculas(texto);
+    std::transform(maiusculas.begin(), maiusculas.end(), maiusculas.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return maiusculas;
+}
+
+void CriarPasta(const std::filesystem::path& pasta) {
+    std::error_code erro;
+    std::filesystem::create_directories(pasta, erro);
+    if (erro) {
+        throw Erro(erro == std::errc::permission_denied ? NumeroErro::PermissaoNegada
+                                                        : NumeroErro::CaminhoNaoEncontrado,
+                   "A pasta \"" + pasta.string() + "\" não pôde ser criada.");
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> LerListaDeCodigos(std::string_view lista) {
+    std::vector<std::string> codigos;
+    while (!lista.empty()) {
+        const auto virgula = std::min(lista.find(','), lista.size());
+        const std::string codigo = EmMaiusculas(lista.substr(0, virgula));
+        lista.remove_prefix(std::min(virgula + 1, lista.size()));
+        if (codigo != CodigoVELO && Procurar(codigo) == nullptr) {
+            return {};
+        }
+        if (std::find(codigos.begin(), codigos.end(), codigo) == codigos.end()) {
+            codigos.push_back(codigo);
+        }
+    }
+    return codigos;
+}
+
+std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ) {
+    const bool desde2002 = Relatorios::ReferenciaDesde2002(banco, NumeroDRQ);
+    std::vector<std::string> codigos;
+    for (const auto& entrada : Catalogo()) {
+        if (desde2002 || &entrada != &Catalogo()[EntradaDesde2002]) {
+            codigos.emplace_back(entrada.codigo);
+        }
+    }
+    return codigos;
+}
+
+void ComRelatorio(std::string_view codigo, BancoDados& banco, const Alvo& alvo,
+                  const Ambiente& ambiente, const std::function<void(const Relatorio&)>& usar) {
+    if (codigo == CodigoVELO) {
+        RelatorioVELO guia(ambiente);
+        guia.Construir(banco);
+        usar(guia);
+        return;
+    }
+    const auto relatorio = Procurar(codigo)->criar(ambiente);
+    relatorio->Construir(banco, alvo.IE, alvo.NumeroDRQ);
+    usar(*relatorio);
+}
+
+std::optional<Formato> LerFormato(std::string_view nome) {
+    const std::string formato = EmMaiusculas(nome);
+    if (formato == "PDF") {
+        return Formato::PDF;
+    }
+    if (formato == "PNG") {
+        return Formato::PNG;
+    }
+    if (formato == "JSON") {
+        return Formato::JSON;
+    }
+    return std::nullopt;
+}
+
+std::string NomeDoArquivo(std::string_view codigo, const Relatorio& relatorio) {
+    return std::string(codigo) + "-" + std::string(relatorio.Identidade().classe);
+}
+
+ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino) {
+    CriarPasta(destino.pasta);
+    const Conteudo& conteudo = relatorio.Documento();
+    const std::string nome = NomeDoArquivo(codigo, relatorio);
+    switch (destino.formato) {
+        case Formato::PDF:
+            return GravarPDF(conteudo, destino.pasta / (nome + ".pdf"));
+        case Formato::PNG: {
+            std::string pdf;
+            const ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
+            GravarPNG(pdf, destino.pasta, nome, destino.dpi);
+            return resultado;
+        }
+        case Formato::JSON: {
+            std::ostringstream json;
+            EscreverJSON(relatorio.Identidade().classe, conteudo, json);
+            GravarArquivo(destino.pasta / (nome + ".json"), json.str());
+            return {.paginas = conteudo.paginas.size(), .cortados = {}};
+        }
+    }
+    return {};
+}
+
+}  // namespace tarvo::host

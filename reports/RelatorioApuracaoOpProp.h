@@ -1,0 +1,14 @@
+#pragma once
+
+#include "reports/RelatorioApuracao.h"
+
+namespace tarvo {
+
+// The assessment of the taxpayer's own operations, settled by tax regime: entry 10 of the
+// selection list. Besides RelatorioApuracao's errors: 94 for a Null RegTrib.
+class RelatorioApuracaoOpProp final : public RelatorioApuracao {
+  public:
+    explicit RelatorioApuracaoOpProp(const Ambiente& ambiente = {});
+};
+
+}  // namespace tarvo

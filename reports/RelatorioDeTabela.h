@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "document/QuadroPagina.h"
+#include "document/Relatorio.h"
+
+namespace tarvo {
+
+// The work table and the pages of a report that prints one. Lengths in cm.
+struct FormatoDeTabela {
+    std::string_view tabela;
+    EstiloCabecalho cabecalho;
+    double yPrimeiraLinha = 0;
+    double yUltimaLinha = 0;  // lowest place for a line
+    double yRodape = 0;
+};
+
+// A report in two phases: it computes its printed lines into a work table of its own, and then
+// prints that table's rows page by page. The work table is refilled even when there is no such
+// taxpayer and the document stays empty; it belongs to one build at a time.
+class RelatorioDeTabela : public RelatorioDeclaracao {
+  public:
+    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) final;
+
+  protected:
+    static constexpr double AlturaLinha = 0.6;  // cm
+
+    RelatorioDeTabela(const IdentidadeRelatorio& identidade, const FormatoDeTabela& formato,
+                      const Ambiente& ambiente)
+        : RelatorioDeclaracao(identidade, ambiente), formato_(formato) {}
+
+    // Refills the work table for the declaration.
+    virtual void Montar(BancoDados& banco, std::int32_t NumeroDRQ) = 0;
+    // What each page has between the page header and the first line.
+    virtual void ImprimirTitulosColunas(Recordset& /*identificacao*/) {}
+    // Draws the current row of the work table with its top at y.
+    virtual void ImprimirLinha(Recordset& linha, Recordset& identificacao, double y) = 0;
+
+  private:
+    void ImprimirPaginas(Recordset& linhas, Recordset& identificacao);
+
+    const FormatoDeTabela& formato_;
+};
+
+}  // namespace tarvo

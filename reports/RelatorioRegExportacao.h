@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "document/Relatorio.h"
+
+namespace tarvo {
+
+// The export registrations of a declaration, down five columns a page: entry 16 of the selection
+// list.
+class RelatorioRegExportacao final : public RelatorioDeclaracao {
+  public:
+    explicit RelatorioRegExportacao(const Ambiente& ambiente = {});
+
+    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
+
+  private:
+    void ImprimirPagina(Recordset& identificacao, Recordset& registros);
+};
+
+}  // namespace tarvo
