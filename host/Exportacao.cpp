@@ -6,7 +6,7 @@
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/json/DocumentoJSON.h"
 #include "platform/png/PaginasPNG.h"
 #include "slip/RelatorioVELO.h"
@@ -29,16 +29,6 @@ std::string EmMaiusculas(std::string_view texto) {
     std::transform(maiusculas.begin(), maiusculas.end(), maiusculas.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return maiusculas;
-}
-
-void CriarPasta(const std::filesystem::path& pasta) {
-    std::error_code erro;
-    std::filesystem::create_directories(pasta, erro);
-    if (erro) {
-        throw Erro(erro == std::errc::permission_denied ? NumeroErro::PermissaoNegada
-                                                        : NumeroErro::CaminhoNaoEncontrado,
-                   "A pasta \"" + pasta.string() + "\" não pôde ser criada.");
-    }
 }
 
 }  // namespace

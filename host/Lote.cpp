@@ -15,6 +15,7 @@
 #include "host/Declaracoes.h"
 #include "host/Mensagens.h"
 #include "host/ResumoLote.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {
