@@ -6,8 +6,8 @@
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/json/DocumentoJSON.h"
-#include "platform/pdf/GravacaoAtomica.h"
 #include "platform/png/PaginasPNG.h"
 #include "slip/RelatorioVELO.h"
 
@@ -29,16 +29,6 @@ std::string EmMaiusculas(std::string_view texto) {
     std::transform(maiusculas.begin(), maiusculas.end(), maiusculas.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return maiusculas;
-}
-
-void CriarPasta(const std::filesystem::path& pasta) {
-    std::error_code erro;
-    std::filesystem::create_directories(pasta, erro);
-    if (erro) {
-        throw Erro(erro == std::errc::permission_denied ? NumeroErro::PermissaoNegada
-                                                        : NumeroErro::CaminhoNaoEncontrado,
-                   "A pasta \"" + pasta.string() + "\" não pôde ser criada.");
-    }
 }
 
 }  // namespace
@@ -70,17 +60,16 @@ std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t Numer
     return codigos;
 }
 
-void ComRelatorio(std::string_view codigo, BancoDados& banco, const Alvo& alvo,
-                  const Ambiente& ambiente, const std::function<void(const Relatorio&)>& usar) {
+std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
+                                              const Alvo& alvo, const Ambiente& ambiente) {
     if (codigo == CodigoVELO) {
-        RelatorioVELO guia(ambiente);
-        guia.Construir(banco);
-        usar(guia);
-        return;
+        auto guia = std::make_unique<RelatorioVELO>(ambiente);
+        guia->Construir(banco);
+        return guia;
     }
-    const auto relatorio = Procurar(codigo)->criar(ambiente);
+    auto relatorio = Procurar(codigo)->criar(ambiente);
     relatorio->Construir(banco, alvo.IE, alvo.NumeroDRQ);
-    usar(*relatorio);
+    return relatorio;
 }
 
 std::optional<Formato> LerFormato(std::string_view nome) {
