@@ -7,6 +7,7 @@
 #include "host/Argumentos.h"
 #include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
+#include "host/Lote.h"
 #include "host/Mensagens.h"
 #include "host/ProgramaDeJanelas.h"
 #include "host/exemplo/Exemplo.h"
@@ -129,6 +130,8 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
             return Listar(a, saida);
         case Comando::Exportar:
             return Exportar(a, saida, erros);
+        case Comando::Lote:
+            return ExecutarLote(a, saida, erros);
         case Comando::RefAtual:
             return RefAtual(a, saida);
         case Comando::Imprimir:

@@ -73,17 +73,24 @@ std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDado
 }
 
 std::optional<Formato> LerFormato(std::string_view nome) {
-    const std::string formato = EmMaiusculas(nome);
-    if (formato == "PDF") {
-        return Formato::PDF;
-    }
-    if (formato == "PNG") {
-        return Formato::PNG;
-    }
-    if (formato == "JSON") {
-        return Formato::JSON;
+    for (const Formato formato : {Formato::PDF, Formato::PNG, Formato::JSON}) {
+        if (EmMaiusculas(nome) == EmMaiusculas(Extensao(formato))) {
+            return formato;
+        }
     }
     return std::nullopt;
+}
+
+std::string_view Extensao(Formato formato) {
+    switch (formato) {
+        case Formato::PDF:
+            return "pdf";
+        case Formato::PNG:
+            return "png";
+        case Formato::JSON:
+            return "json";
+    }
+    return "";
 }
 
 std::string NomeDoArquivo(std::string_view codigo, const Relatorio& relatorio) {

@@ -51,6 +51,9 @@ struct Destino {
     int dpi = 150;  // of PNG pages
 };
 
+// "pdf"
+std::string_view Extensao(Formato formato);
+
 // "10-RelatorioApuracaoOpProp": the name of a report's files without their ending.
 std::string NomeDoArquivo(std::string_view codigo, const Relatorio& relatorio);
 
