@@ -91,13 +91,12 @@ int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     int situacao = Feito;
     for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, alvo.NumeroDRQ) : a.codigos) {
         try {
-            ComRelatorio(codigo, *banco, alvo, ambiente, [&](const Relatorio& relatorio) {
-                const ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
-                const std::string nome = NomeDoArquivo(codigo, relatorio);
-                AvisarCortes(erros, nome, resultado);
-                saida << nome << "  " << resultado.paginas
-                      << (resultado.paginas == 1 ? " página\n" : " páginas\n");
-            });
+            const auto relatorio = ConstruirRelatorio(codigo, *banco, alvo, ambiente);
+            const ResultadoPDF resultado = Gravar(codigo, *relatorio, a.destino);
+            const std::string nome = NomeDoArquivo(codigo, *relatorio);
+            AvisarCortes(erros, nome, resultado);
+            saida << nome << "  " << resultado.paginas
+                  << (resultado.paginas == 1 ? " página\n" : " páginas\n");
         } catch (const Erro& erro) {
             DizerErro(erros, erro, "relatório " + codigo);
             situacao = Falhou;

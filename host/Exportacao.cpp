@@ -6,8 +6,8 @@
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
+#include "platform/arquivos/ArquivoAtomico.h"
 #include "platform/json/DocumentoJSON.h"
-#include "platform/pdf/GravacaoAtomica.h"
 #include "platform/png/PaginasPNG.h"
 #include "slip/RelatorioVELO.h"
 
@@ -70,17 +70,16 @@ std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t Numer
     return codigos;
 }
 
-void ComRelatorio(std::string_view codigo, BancoDados& banco, const Alvo& alvo,
-                  const Ambiente& ambiente, const std::function<void(const Relatorio&)>& usar) {
+std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
+                                              const Alvo& alvo, const Ambiente& ambiente) {
     if (codigo == CodigoVELO) {
-        RelatorioVELO guia(ambiente);
-        guia.Construir(banco);
-        usar(guia);
-        return;
+        auto guia = std::make_unique<RelatorioVELO>(ambiente);
+        guia->Construir(banco);
+        return guia;
     }
-    const auto relatorio = Procurar(codigo)->criar(ambiente);
+    auto relatorio = Procurar(codigo)->criar(ambiente);
     relatorio->Construir(banco, alvo.IE, alvo.NumeroDRQ);
-    usar(*relatorio);
+    return relatorio;
 }
 
 std::optional<Formato> LerFormato(std::string_view nome) {

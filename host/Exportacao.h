@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,10 +37,10 @@ struct Alvo {
     std::int32_t NumeroDRQ = 0;
 };
 
-// Builds the report of that code (one of LerListaDeCodigos) and hands it over. The report's own
-// errors reach the caller.
-void ComRelatorio(std::string_view codigo, BancoDados& banco, const Alvo& alvo,
-                  const Ambiente& ambiente, const std::function<void(const Relatorio&)>& usar);
+// The built report of that code (one of LerListaDeCodigos). The report's own errors reach the
+// caller. What ambiente points to outlives it.
+std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
+                                              const Alvo& alvo, const Ambiente& ambiente);
 
 enum class Formato { PDF, PNG, JSON };
 std::optional<Formato> LerFormato(std::string_view nome);

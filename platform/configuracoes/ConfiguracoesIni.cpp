@@ -3,116 +3,21 @@
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "data/CodigosDeErros.h"
+#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivos/Descritor.h"
 
 namespace tarvo {
 
 namespace {
-
-[[noreturn]] void LancarErroDeArquivo(const std::filesystem::path& arquivo, int codigo) {
-    const std::string onde = "\"" + arquivo.string() + "\": " + std::strerror(codigo) + ".";
-    switch (codigo) {
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            throw Erro(NumeroErro::PermissaoNegada, "Sem permissão para " + onde);
-        case ENOSPC:
-        case EDQUOT:
-            throw Erro(NumeroErro::DiscoCheio, "Sem espaço para gravar " + onde);
-        case ENOENT:
-        case ENOTDIR:
-            throw Erro(NumeroErro::CaminhoNaoEncontrado, "Pasta não encontrada: " + onde);
-        default:
-            throw Erro(NumeroErro::ErroDispositivo, "Falha ao acessar " + onde);
-    }
-}
-
-// An open file, closed at the end of its scope.
-class Descritor {
-  public:
-    explicit Descritor(int fd) : fd_(fd) {}
-    ~Descritor() {
-        if (fd_ >= 0) {
-            ::close(fd_);
-        }
-    }
-    Descritor(const Descritor&) = delete;
-    Descritor& operator=(const Descritor&) = delete;
-    [[nodiscard]] int Valor() const { return fd_; }
-
-  private:
-    int fd_;
-};
-
-// The whole file; empty when there is none.
-std::string LerArquivo(const std::filesystem::path& arquivo) {
-    const Descritor fd(::open(arquivo.c_str(), O_RDONLY | O_CLOEXEC));
-    if (fd.Valor() < 0) {
-        if (errno == ENOENT || errno == ENOTDIR) {
-            return {};
-        }
-        LancarErroDeArquivo(arquivo, errno);
-    }
-    std::string texto;
-    char bloco[4096];
-    for (;;) {
-        const auto lidos = ::read(fd.Valor(), bloco, sizeof bloco);
-        if (lidos < 0) {
-            LancarErroDeArquivo(arquivo, errno);
-        }
-        if (lidos == 0) {
-            return texto;
-        }
-        texto.append(bloco, static_cast<std::size_t>(lidos));
-    }
-}
-
-void GravarTudo(const std::filesystem::path& arquivo, int fd, std::string_view texto) {
-    while (!texto.empty()) {
-        const auto gravados = ::write(fd, texto.data(), texto.size());
-        if (gravados < 0) {
-            LancarErroDeArquivo(arquivo, errno);
-        }
-        texto.remove_prefix(static_cast<std::size_t>(gravados));
-    }
-    if (::fsync(fd) != 0) {
-        LancarErroDeArquivo(arquivo, errno);
-    }
-}
-
-// Writes beside the file and renames, with the old file's permissions.
-void Substituir(const std::filesystem::path& arquivo, std::string_view texto) {
-    std::string provisorio = arquivo.string() + ".XXXXXX";
-    const Descritor fd(::mkstemp(provisorio.data()));
-    if (fd.Valor() < 0) {
-        LancarErroDeArquivo(arquivo, errno);
-    }
-    try {
-        struct stat antigo {};
-        if (::stat(arquivo.c_str(), &antigo) == 0 &&
-            ::fchmod(fd.Valor(), antigo.st_mode & 07777U) != 0) {
-            LancarErroDeArquivo(arquivo, errno);
-        }
-        GravarTudo(arquivo, fd.Valor(), texto);
-        if (::rename(provisorio.c_str(), arquivo.c_str()) != 0) {
-            LancarErroDeArquivo(arquivo, errno);
-        }
-    } catch (...) {
-        ::unlink(provisorio.c_str());
-        throw;
-    }
-}
 
 std::string_view Aparar(std::string_view texto) {
     constexpr std::string_view Brancos = " \t\r\n";
@@ -278,7 +183,7 @@ void ConfiguracoesIni::Gravar(std::string_view aplicacao, std::string_view secao
     for (const auto& linha : linhas) {
         texto += linha;
     }
-    Substituir(destino, texto);
+    GravarArquivo(destino, texto);
 }
 
 }  // namespace tarvo
