@@ -94,7 +94,7 @@ int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
         try {
             const auto relatorio = ConstruirRelatorio(codigo, *banco, alvo, ambiente);
             const ResultadoPDF resultado = Gravar(codigo, *relatorio, a.destino);
-            const std::string nome = NomeDoArquivo(codigo, *relatorio);
+            const std::string nome = NomeDoArquivo(codigo);
             AvisarCortes(erros, nome, resultado);
             saida << nome << "  " << resultado.paginas
                   << (resultado.paginas == 1 ? " página\n" : " páginas\n");

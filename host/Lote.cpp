@@ -199,7 +199,9 @@ class Trabalhador {
                            const std::string& codigo) {
         const Argumentos& a = lote_.argumentos;
         LinhaResumo linha{d.IE.value_or(""), d.NroDRQ, d.referencia, codigo,
-                          pasta + "/" + ArquivoPrincipal(codigo, a.destino.formato)};
+                          pasta + "/" + NomeDoArquivo(codigo) +
+                              (a.destino.formato == Formato::PNG ? "-001." : ".") +
+                              std::string(Extensao(a.destino.formato))};
         if (Interrompido || lote_.resumo.Produzido(linha.arquivo)) {
             return;
         }
