@@ -14,3 +14,20 @@ function(tarvo_teste nome bibliotecas)
     set_tests_properties(${nome} PROPERTIES ENVIRONMENT
         "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1")
 endfunction()
+
+# tarvo_embutir(TARGET FILE...): each file becomes a byte array of its own name in the namespace
+# tarvo::embutido, which TARGET gets with #include "embutido/NAME.h". No tools but CMake.
+function(tarvo_embutir alvo)
+    foreach(arquivo ${ARGN})
+        get_filename_component(nome ${arquivo} NAME_WE)
+        set(entrada ${CMAKE_CURRENT_SOURCE_DIR}/${arquivo})
+        set(saida ${CMAKE_CURRENT_BINARY_DIR}/embutido/${nome}.h)
+        set(script ${PROJECT_SOURCE_DIR}/cmake/Embutir.cmake)
+        add_custom_command(OUTPUT ${saida}
+            COMMAND ${CMAKE_COMMAND} -DARQUIVO=${entrada} -DNOME=${nome} -DSAIDA=${saida} -P ${script}
+            DEPENDS ${entrada} ${script}
+            VERBATIM)
+        target_sources(${alvo} PRIVATE ${saida})
+    endforeach()
+    target_include_directories(${alvo} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()

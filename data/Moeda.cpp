@@ -11,10 +11,9 @@ Moeda Moeda::DeDouble(double valor) {
     if (std::isnan(valor)) {
         LancarTipoIncompativel("NaN", "Moeda");
     }
-    // Extended precision keeps the product of the scale exact enough to see a true half.
-    const long double escalado = static_cast<long double>(valor) * Escala;
-    const long double arredondado = std::nearbyint(escalado);
-    if (!(arredondado >= -9223372036854775808.0L && arredondado < 9223372036854775808.0L)) {
+    // The product in double precision sees the halves that the decimal number has: 0.00005 is one.
+    const double arredondado = std::nearbyint(valor * static_cast<double>(Escala));
+    if (!(arredondado >= -9223372036854775808.0 && arredondado < 9223372036854775808.0)) {
         LancarEstouro("o valor não cabe em Moeda");
     }
     return DeDecimosMilesimos(static_cast<std::int64_t>(arredondado));

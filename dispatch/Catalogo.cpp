@@ -2,7 +2,18 @@
 
 #include <array>
 
+#include "reports/RelatorioApuracaoOpProp.h"
+#include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioCadastro.h"
+#include "reports/RelatorioDetSubitens.h"
+#include "reports/RelatorioEntInterestad.h"
+#include "reports/RelatorioMIDAXB.h"
+#include "reports/RelatorioNotasSaiZFMALC.h"
+#include "reports/RelatorioPagamentos.h"
+#include "reports/RelatorioRegExportacao.h"
+#include "reports/RelatorioResumoCFOPsEnt.h"
+#include "reports/RelatorioResumoCFOPsSai.h"
+#include "reports/RelatorioSaiInterestad.h"
 
 namespace tarvo {
 
@@ -16,33 +27,36 @@ std::unique_ptr<RelatorioDeclaracao> Criar(const Ambiente& ambiente) {
 constexpr std::array<EntradaCatalogo, 18> Entradas{{
     {"01", "01 - Cadastro do Contribuinte", Criar<RelatorioCadastro>},
     {"02", "02 - Resumo dos CFOPs para as Operações / Prestações de Entrada (Grupos 1, 2 e 3)",
-     nullptr},
+     Criar<RelatorioResumoCFOPsEnt>},
     {"03", "03 - Resumo dos CFOPs para as Operações / Prestações de Saída (Grupos 5, 6 e 7)",
-     nullptr},
-    {"04", "04 - Informação das Operações e Prestações de Entradas Interestaduais - ICMS", nullptr},
-    {"05", "05 - Informação das Operações e Prestações de Saídas Interestaduais - ICMS", nullptr},
-    {"06", "06 - Notas Fiscais de Saídas para ZFM/ALC", nullptr},
-    {"07", "07 - Informações Adicionais para MIDAX-B - Código 1", nullptr},
-    {"08", "08 - Informações Adicionais para MIDAX-B - Código 2", nullptr},
-    {"09", "09 - Informações Adicionais para MIDAX-B - Código 3", nullptr},
-    {"10", "10 - Apuração do ICMS sobre Operações Próprias", nullptr},
+     Criar<RelatorioResumoCFOPsSai>},
+    {"04", "04 - Informação das Operações e Prestações de Entradas Interestaduais - ICMS",
+     Criar<RelatorioEntInterestad>},
+    {"05", "05 - Informação das Operações e Prestações de Saídas Interestaduais - ICMS",
+     Criar<RelatorioSaiInterestad>},
+    {"06", "06 - Notas Fiscais de Saídas para ZFM/ALC", Criar<RelatorioNotasSaiZFMALC>},
+    {"07", "07 - Informações Adicionais para MIDAX-B - Código 1", Criar<RelatorioMIDAXBCodigo1>},
+    {"08", "08 - Informações Adicionais para MIDAX-B - Código 2", Criar<RelatorioMIDAXBCodigo2>},
+    {"09", "09 - Informações Adicionais para MIDAX-B - Código 3", Criar<RelatorioMIDAXBCodigo3>},
+    {"10", "10 - Apuração do ICMS sobre Operações Próprias", Criar<RelatorioApuracaoOpProp>},
     {"11", "11 - Recebimento de Crédito Acumulado (Subitens 007.04 a 007.07) - Operações Próprias",
-     nullptr},
+     Criar<RelatorioDetRecCredAcum>},
     {"11A",
      "11A- Crédito Acumulado com Visto Eletrônico (Subitens 002.20, 002.21, 007.40 e 007.41)  - "
      "Operações Próprias",
-     nullptr},
+     Criar<RelatorioDetRecCredAcVE>},
     {"12",
      "12 - Centralização do Imposto (Subitens 002.18, 002.19, 007.29 e 007.30) - Operações "
      "Próprias",
-     nullptr},
+     Criar<RelatorioDetCentrRecImp>},
     {"13",
      "13 - Ressarcimento do ICMS Retido por ST (Subitens 002.10 e 002.11) - Operações Próprias",
-     nullptr},
-    {"14", "14 - Apuração do ICMS por Substituição Tributária", nullptr},
-    {"15", "15 - Ressarcimento do ICMS Retido por ST (Subitens 007.01 e 007.02) - ST-11", nullptr},
-    {"16", "16 - Registros de Exportação", nullptr},
-    {"17", "17 - Pagamentos", nullptr},
+     Criar<RelatorioDetResSubstitui>},
+    {"14", "14 - Apuração do ICMS por Substituição Tributária", Criar<RelatorioApuracaoSubTrib>},
+    {"15", "15 - Ressarcimento do ICMS Retido por ST (Subitens 007.01 e 007.02) - ST-11",
+     Criar<RelatorioDetResSubstitut>},
+    {"16", "16 - Registros de Exportação", Criar<RelatorioRegExportacao>},
+    {"17", "17 - Pagamentos", Criar<RelatorioPagamentos>},
 }};
 
 }  // namespace

@@ -1,1 +1,38 @@
 #include "document/Imagens.h"
+
+#include "embutido/imgBrasaoVDColorido.h"
+#include "embutido/imgBrasaoVDMonocromatico.h"
+#include "embutido/imgIconeG.h"
+#include "embutido/imgIconeR.h"
+#include "embutido/imgPortariaKEX_27_95.h"
+#include "embutido/imgTesoura.h"
+
+namespace tarvo {
+
+namespace {
+
+// Both headers state the size in bytes 6 to 9: the GIF's screen as two 16-bit numbers (low byte
+// first), the icon's first entry as two bytes.
+constexpr Imagem Ler(std::string_view nome, std::span<const unsigned char> bytes) {
+    if (bytes[0] == 'G')
+        return {nome, FormatoImagem::GIF, bytes[6] + 256 * bytes[7], bytes[8] + 256 * bytes[9],
+                bytes};
+    return {nome, FormatoImagem::Icone, bytes[6], bytes[7], bytes};
+}
+
+}  // namespace
+
+// Constants of the program image, so that no static constructor can meet them empty.
+namespace frmFiguras {
+constinit const Imagem imgBrasaoVDColorido =
+    Ler("imgBrasaoVDColorido", embutido::imgBrasaoVDColorido);
+constinit const Imagem imgIconeR = Ler("imgIconeR", embutido::imgIconeR);
+constinit const Imagem imgIconeG = Ler("imgIconeG", embutido::imgIconeG);
+constinit const Imagem imgTesoura = Ler("imgTesoura", embutido::imgTesoura);
+constinit const Imagem imgPortariaKEX_27_95 =
+    Ler("imgPortariaKEX_27_95", embutido::imgPortariaKEX_27_95);
+constinit const Imagem imgBrasaoVDMonocromatico =
+    Ler("imgBrasaoVDMonocromatico", embutido::imgBrasaoVDMonocromatico);
+}  // namespace frmFiguras
+
+}  // namespace tarvo

@@ -58,27 +58,6 @@ constexpr EstiloTexto Governo{
     .recuoX = 0, .horizontal = Centro, .tamanho = 14, .negrito = true, .cor = Cor::Vermelho};
 constexpr EstiloTexto TituloIdentificacao{.tamanho = 12, .negrito = true, .cor = Cor::Teal};
 
-std::string_view TipoDaDRQ(std::int32_t tipo) {
-    switch (tipo) {
-        case 1:
-            return "Normal";
-        case 2:
-            return "Substitutiva";
-        case 3:
-            return "Coligida";
-        default:
-            return "";
-    }
-}
-
-std::string_view RegimeTributario(std::string_view codigo) {
-    return codigo == "01"   ? "RPA"
-           : codigo == "02" ? "RES"
-           : codigo == "03" ? "Dispensado"
-           : codigo == "04" ? "Simples-ST"
-                            : "";
-}
-
 std::string Referencia(Recordset& identificacao, std::string_view regime) {
     const auto mesAno = [&](const char* campo) {
         return FormatarMesAno(DataCampo(identificacao.Fields(campo)));
@@ -101,6 +80,8 @@ const EstiloCampo CampoValor{ComRotuloRegular(),
                              {.recuoX = 0.2, .horizontal = Direita, .vertical = Base}};
 const EstiloCampo CampoTotal{ComRotuloDeTotal(), ValorDeTotal(false)};
 const EstiloCampo CampoTotalNegrito{ComRotuloDeTotal(), ValorDeTotal(true)};
+const EstiloTexto TituloQuadro{
+    .horizontal = Centro, .tamanho = 14, .negrito = true, .cor = Cor::Teal, .multilinha = true};
 const EstiloTexto CelulaTitulo{.recuoX = 0.1,
                                .recuoTopo = 0.05,
                                .recuoBase = 0.05,
@@ -109,6 +90,31 @@ const EstiloTexto CelulaTitulo{.recuoX = 0.1,
                                .tamanho = 6,
                                .negrito = true,
                                .multilinha = true};
+const EstiloTexto CelulaValor{.horizontal = Direita, .tamanho = 6};
+const EstiloTexto CelulaDireitaRecuada{.recuoX = 0.2, .horizontal = Direita};
+const EstiloTexto CelulaRotulo{.recuoX = 0.2, .fonte = "Courier New", .negrito = true};
+const EstiloTexto CelulaTextoFixo{.recuoX = 0.2, .fonte = "Courier New"};
+
+std::string_view TipoDaDRQ(std::int32_t tipo) {
+    switch (tipo) {
+        case 1:
+            return "Normal";
+        case 2:
+            return "Substitutiva";
+        case 3:
+            return "Coligida";
+        default:
+            return "";
+    }
+}
+
+std::string_view RegimeTributario(std::string_view codigo) {
+    return codigo == "01"   ? "RPA"
+           : codigo == "02" ? "RES"
+           : codigo == "03" ? "Dispensado"
+           : codigo == "04" ? "Simples-ST"
+                            : "";
+}
 
 void DesenharMoldura(DocumentoRelatorio& doc, double x, double y, double largura, double altura) {
     doc.DesenharRetanguloArredondado(x, y, largura, altura, false, 0.1, Cor::Preto, Cor::Branco, 1);
@@ -119,7 +125,7 @@ void EscreverEmCaixa(DocumentoRelatorio& doc, const EstiloTexto& e, double x, do
     const auto escrever = e.multilinha ? &DocumentoRelatorio::EscreverTextoMultilinha
                                        : &DocumentoRelatorio::EscreverTexto;
     (doc.*escrever)(x + e.recuoX, y + e.recuoTopo, largura - 2 * e.recuoX,
-                    altura - e.recuoTopo - e.recuoBase, texto, e.horizontal, e.vertical, e.fonte,
+                    altura - (e.recuoTopo + e.recuoBase), texto, e.horizontal, e.vertical, e.fonte,
                     e.tamanho, e.negrito, false, false, e.cor);
 }
 
@@ -162,11 +168,8 @@ void ImprimirTopo(DocumentoRelatorio& doc, const EstiloCabecalho& estilo, double
     EscreverEmCaixa(doc, Governo, xGoverno, y + 1.65, larguraGoverno, 0.7, "Secretaria da Fazenda");
     Barra(doc, x, y + 2.6, W);
 
-    const EstiloTexto titulo{.horizontal = Centro,
-                             .tamanho = estilo.tamanhoTitulo,
-                             .negrito = true,
-                             .cor = Cor::Teal,
-                             .multilinha = true};
+    EstiloTexto titulo = TituloQuadro;
+    titulo.tamanho = estilo.tamanhoTitulo;
     Celula(doc, titulo, x, y + estilo.yTitulo, W, estilo.alturaTitulo, estilo.titulo);
 }
 

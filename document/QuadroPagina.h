@@ -78,8 +78,19 @@ extern const EstiloCampo CampoMultilinhaPequeno;  // value in Arial 6 (sub-item 
 extern const EstiloCampo CampoValor;
 extern const EstiloCampo CampoTotal;
 extern const EstiloCampo CampoTotalNegrito;
-// The column heading of the list reports, with Celula.
-extern const EstiloTexto CelulaTitulo;
+
+// Cells with a text alone, with Celula.
+extern const EstiloTexto TituloQuadro;          // title frames of the page header
+extern const EstiloTexto CelulaTitulo;          // column heading
+extern const EstiloTexto CelulaValor;           // amount in a narrow column, Arial 6
+extern const EstiloTexto CelulaDireitaRecuada;  // amount in a wide column, Arial 8
+extern const EstiloTexto CelulaRotulo;          // row label, Courier New bold
+extern const EstiloTexto CelulaTextoFixo;       // text of a row, Courier New
+
+// The printed words for a declaration's type (1 to 3) and tax regime ("01" to "04"); "" for any
+// other.
+std::string_view TipoDaDRQ(std::int32_t tipo);
+std::string_view RegimeTributario(std::string_view codigo);
 
 // What differs between the page headers of the reports.
 struct EstiloCabecalho {

@@ -1,21 +1,23 @@
 #include "document/Relatorio.h"
 
-#include "document/Imagens.h"
-
 namespace tarvo {
 
-void Relatorio::Imprimir() {
-    bool perguntar = false;
-    documento_.Imprimir(perguntar);
-}
+Relatorio::~Relatorio() = default;
+RelatorioDeclaracao::~RelatorioDeclaracao() = default;
 
 void Relatorio::IniciarDocumento() {
     documento_.Iniciar();
     documento_.DefinirTitulo(identidade_.titulo);
     documento_.DefinirTituloResumido(identidade_.tituloResumido);
-    documento_.DefinirIcone(frmFiguras::imgIconeR);
+    documento_.DefinirIcone(*identidade_.icone);
     documento_.DefinirOrientacao(identidade_.orientacao);
-    documento_.DefinirMargens(2.0, 2.0, 2.0, 2.0);
+    const Margens& m = identidade_.margens;
+    documento_.DefinirMargens(m.esquerda, m.direita, m.superior, m.inferior);
+}
+
+void RelatorioDeclaracao::Imprimir() {
+    bool perguntar = false;
+    Desenho().Imprimir(perguntar);
 }
 
 }  // namespace tarvo

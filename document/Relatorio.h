@@ -5,7 +5,9 @@
 #include <string_view>
 
 #include "data/BancoDados.h"
+#include "data/Publico.h"
 #include "document/DocumentoRelatorio.h"
+#include "document/Imagens.h"
 
 namespace tarvo {
 
@@ -15,21 +17,21 @@ struct IdentidadeRelatorio {
     std::string_view titulo;          // full title: preview caption, PDF title
     std::string_view tituloResumido;  // at most 30 characters: print-job name
     std::int32_t orientacao = 0;      // 0 portrait, 1 landscape
+    const Imagem* icone = &frmFiguras::imgIconeR;
+    Margens margens = {2.0, 2.0, 2.0, 2.0};  // cm
 };
 
 // A report object: a document, and the protocol by which callers drive it: Construir (each class
-// has its own), then any number of Exibir, Ocultar, Imprimir. An error in Construir leaves what
-// was drawn so far. Belongs to one thread at a time.
-class Relatorio {
+// has its own), then any number of Exibir and Ocultar; the reports of the selection list also have
+// Imprimir. An error in Construir leaves what was drawn so far. Belongs to one thread at a time.
+class TARVO_PUBLICO Relatorio {
   public:
-    virtual ~Relatorio() = default;
+    virtual ~Relatorio();
     Relatorio(const Relatorio&) = delete;
     Relatorio& operator=(const Relatorio&) = delete;
 
     void Exibir() { documento_.Exibir(); }
     void Ocultar() { documento_.Ocultar(); }
-    // Prints at once on the chosen or the user's default printer.
-    void Imprimir();
 
     [[nodiscard]] const IdentidadeRelatorio& Identidade() const { return identidade_; }
     // The document as last built; valid until the next Construir.
@@ -39,7 +41,7 @@ class Relatorio {
     Relatorio(const IdentidadeRelatorio& identidade, const Ambiente& ambiente)
         : identidade_(identidade), ambiente_(ambiente), documento_(ambiente) {}
 
-    // Iniciar, titles, icon, orientation and margins of a report of the selection list.
+    // Iniciar, titles, icon, orientation and margins, all from the identity.
     void IniciarDocumento();
 
     [[nodiscard]] const Ambiente& AmbienteDoRelatorio() const { return ambiente_; }
@@ -52,13 +54,18 @@ class Relatorio {
 };
 
 // A report of the selection list: built from one declaration of one taxpayer.
-class RelatorioDeclaracao : public Relatorio {
+class TARVO_PUBLICO RelatorioDeclaracao : public Relatorio {
   public:
+    ~RelatorioDeclaracao() override;
+
     // Reads the declaration from the open database and draws the whole document anew. A missing
     // taxpayer or declaration gives a document of one empty page, unless the class says otherwise.
     // Database and conversion errors reach the caller.
     virtual void Construir(BancoDados& BancoDados, const std::string& IE,
                            std::int32_t NumeroDRQ) = 0;
+
+    // Prints at once on the chosen or the user's default printer.
+    void Imprimir();
 
   protected:
     using Relatorio::Relatorio;

@@ -1,0 +1,72 @@
+#include "dispatch/frmImpressaoRelatorios.h"
+
+#include "dispatch/Catalogo.h"
+
+namespace tarvo {
+
+ListaSelecao::ListaSelecao(std::span<const EntradaCatalogo> catalogo) {
+    entradas_.reserve(catalogo.size());
+    for (const auto& entrada : catalogo) {
+        entradas_.push_back({entrada.rotulo, entradas_.size(), false});
+    }
+}
+
+std::string_view ListaSelecao::Rotulo(std::size_t posicao) const {
+    return entradas_.at(posicao).rotulo;
+}
+
+std::size_t ListaSelecao::Relatorio(std::size_t posicao) const {
+    return entradas_.at(posicao).relatorio;
+}
+
+bool ListaSelecao::Selecionada(std::size_t posicao) const {
+    return entradas_.at(posicao).selecionada;
+}
+
+void ListaSelecao::Selecionar(std::size_t posicao, bool selecionada) {
+    entradas_.at(posicao).selecionada = selecionada;
+}
+
+void ListaSelecao::Remover(std::size_t posicao) {
+    static_cast<void>(entradas_.at(posicao));
+    entradas_.erase(entradas_.begin() + static_cast<std::ptrdiff_t>(posicao));
+    if (foco_ > posicao) {
+        --foco_;
+    }
+}
+
+void ListaSelecao::Focar(std::size_t posicao) {
+    static_cast<void>(entradas_.at(posicao));
+    foco_ = posicao;
+}
+
+frmImpressaoRelatorios::frmImpressaoRelatorios(std::span<const EntradaCatalogo> catalogo)
+    : lstSelecao(catalogo) {}
+
+void frmImpressaoRelatorios::ExibirModal(JanelaSelecao& janela) {
+    visivel_ = true;
+    janela.ExibirModal(*this);
+    visivel_ = false;
+}
+
+void frmImpressaoRelatorios::cmdVisualizar() {
+    lngModoSaida = ModoSaida::Visualizar;
+    visivel_ = false;
+}
+
+void frmImpressaoRelatorios::cmdImprimir() {
+    lngModoSaida = ModoSaida::Imprimir;
+    visivel_ = false;
+}
+
+void frmImpressaoRelatorios::cmdSelecionarTodos() {
+    bool todos = true;
+    for (std::size_t i = 0; i < lstSelecao.Quantidade() && todos; ++i) {
+        todos = lstSelecao.Selecionada(i);
+    }
+    for (std::size_t i = 0; i < lstSelecao.Quantidade(); ++i) {
+        lstSelecao.Selecionar(i, !todos);
+    }
+}
+
+}  // namespace tarvo

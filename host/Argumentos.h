@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "host/Exportacao.h"
+
+// The command line, read and checked.
+namespace tarvo::host {
+
+enum class Comando {
+    Ajuda,
+    Criar,
+    Listar,
+    Exportar,
+    Lote,
+    Selecionar,
+    Imprimir,
+    Velo,
+    RefAtual,
+    Janela
+};
+
+struct Argumentos {
+    Comando comando = Comando::Ajuda;
+    std::string ajuda;            // for Ajuda: the text to print
+    std::filesystem::path banco;  // for Janela it may be empty
+    bool exemplo = false;
+    std::optional<std::string> IE;
+    std::optional<std::int32_t> NumeroDRQ;
+    bool todos = false;                // every report that the dialog would offer
+    std::vector<std::string> codigos;  // otherwise these
+    Destino destino;
+    std::int32_t opcoes = 0;              // entries that selecionar ticks, bit by bit
+    std::string impressora;               // empty: the user's default printer
+    std::optional<std::string> refAtual;  // "MM/AAAA"
+    // Of a batch:
+    std::optional<std::string> de;  // first and last month of reference, "MM/AAAA"
+    std::optional<std::string> ate;
+    int trabalhos = 1;     // threads
+    bool unico = false;    // one PDF per declaration, with an outline
+    bool retomar = false;  // go on where an earlier call stopped
+};
+
+// The command line cannot be understood; what() says why, in Portuguese.
+class UsoErrado : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// argumentos: without the program's name. Raises UsoErrado.
+Argumentos LerArgumentos(const std::vector<std::string>& argumentos);
+
+}  // namespace tarvo::host

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/BancoDados.h"
+
+// The taxpayers and declarations of a database, as the host lists and offers them.
+namespace tarvo::host {
+
+struct Contribuinte {
+    std::string IE;
+    std::string razaoSocial;
+    std::string CNPJ;
+};
+
+struct Declaracao {
+    std::optional<std::string> IE;  // absent when the database does not tell whose it is
+    std::int32_t NroDRQ = 0;
+    Data ref1;
+    std::string referencia;  // "07/2003"
+    std::string regime;      // code as stored, "01"
+    std::string tipo;        // "Normal"; empty for an unknown type
+    bool consistente = false;
+};
+
+// In Portuguese order of the company's name.
+std::vector<Contribuinte> LerContribuintes(BancoDados& banco);
+// In order of reference, then number.
+std::vector<Declaracao> LerDeclaracoes(BancoDados& banco);
+
+bool ExisteContribuinte(BancoDados& banco, const std::string& IE);
+bool ExisteDeclaracao(BancoDados& banco, std::int32_t NroDRQ);
+
+}  // namespace tarvo::host

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+#include <string>
+#include <string_view>
+
+// What the desktop's windows share: texts and images of the library in Qt's types, Portuguese for
+// Qt's own dialogs, and the way in which errors are told.
+namespace tarvo {
+
+struct Imagem;
+class Erro;
+
+inline QString ParaQt(std::string_view texto) {
+    return QString::fromUtf8(texto.data(), static_cast<qsizetype>(texto.size()));
+}
+
+// An empty icon for a null image.
+QIcon IconeDe(const Imagem* imagem);
+
+// Texts of Qt's own dialogs in Brazilian Portuguese, for the whole program; once per program, after
+// the QApplication was made.
+void InstalarTraducao();
+
+// "erro 482: descrição"
+QString TextoDoErro(const Erro& erro);
+
+}  // namespace tarvo

@@ -1,0 +1,69 @@
+#include "platform/pdf/Figuras.h"
+
+#include "platform/pdf/LeitorGIF.h"
+#include "platform/pdf/Numeros.h"
+
+namespace tarvo::pdf {
+
+namespace {
+
+int BitsPorPonto(std::size_t cores) {
+    return cores <= 2 ? 1 : cores <= 4 ? 2 : cores <= 16 ? 4 : 8;
+}
+
+// The indices packed, each row starting at a byte.
+std::string Empacotar(const Raster& raster, int bits) {
+    std::string saida;
+    const auto largura = static_cast<std::size_t>(raster.largura);
+    for (std::size_t linha = 0; linha < raster.pontos.size(); linha += largura) {
+        unsigned byte = 0;
+        int livres = 8;
+        for (std::size_t x = 0; x < largura; ++x) {
+            livres -= bits;
+            byte |= static_cast<unsigned>(raster.pontos[linha + x])
+                    << static_cast<unsigned>(livres);
+            if (livres == 0 || x + 1 == largura) {
+                saida.push_back(static_cast<char>(byte));
+                byte = 0;
+                livres = 8;
+            }
+        }
+    }
+    return saida;
+}
+
+std::string Paleta(const Raster& raster) {
+    std::string hex = "<";
+    for (const auto& cor : raster.paleta) {
+        for (const std::uint8_t componente : cor) {
+            AnexarHex(hex, componente, 2);
+        }
+    }
+    return hex + ">";
+}
+
+}  // namespace
+
+const std::string& FigurasPDF::Obter(const Imagem& imagem) {
+    auto& nome = nomes_[imagem.bytes.data()];
+    if (nome.empty()) {
+        const Raster raster = LerGIF(imagem);
+        const int bits = BitsPorPonto(raster.paleta.size());
+        std::string dicionario = "/Type/XObject/Subtype/Image/Width ";
+        dicionario += std::to_string(raster.largura) + "/Height " + std::to_string(raster.altura);
+        dicionario += "/BitsPerComponent " + std::to_string(bits) +
+                      "/ColorSpace[/Indexed/DeviceRGB " + std::to_string(raster.paleta.size() - 1) +
+                      " " + Paleta(raster) + "]";
+        if (raster.transparente.has_value()) {
+            const std::string indice = std::to_string(*raster.transparente);
+            dicionario += "/Mask[" + indice + " " + indice + "]";
+        }
+        const int objeto = escritor_.Reservar();
+        escritor_.Fluxo(objeto, dicionario, Empacotar(raster, bits));
+        nome = "I" + std::to_string(nomes_.size() - 1);
+        recursos_ += "/" + nome + " " + Referencia(objeto);
+    }
+    return nome;
+}
+
+}  // namespace tarvo::pdf

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvo::pdf {
+
+// A font file on this machine.
+struct ArquivoFonte {
+    std::string caminho;
+    unsigned indice = 0;  // face within the file
+};
+
+// The file of a font by its name in the document. Arial, Courier New and Times New Roman are their
+// metric twins wherever these are installed, so that a document looks the same on every machine.
+// Error 20005 when neither is there.
+ArquivoFonte LocalizarFonte(std::string_view nome, bool negrito, bool italico);
+
+}  // namespace tarvo::pdf

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// Texts as characters, and the one-byte code in which most of them are written.
+namespace tarvo::pdf {
+
+constexpr char32_t Substituto = 0xFFFD;
+constexpr char32_t Reticencias = 0x2026;
+
+// The characters of a UTF-8 text: letters with combining accents composed, ill-formed bytes as
+// U+FFFD, any line break as U+000A, a tab as a blank, other control characters left out.
+std::u32string Decodificar(std::string_view texto);
+
+// The code of a character in WinAnsiEncoding, 0 for one that it lacks.
+std::uint8_t CodigoWinAnsi(char32_t c);
+// Its inverse, 0 for a code without a character.
+char32_t UnicodeDeWinAnsi(std::uint8_t codigo);
+
+bool EhMarcaCombinante(char32_t c);
+
+void AnexarUTF8(std::string& saida, char32_t c);
+// UTF-16, big-endian, in hexadecimal.
+void AnexarUTF16Hex(std::string& saida, char32_t c);
+
+}  // namespace tarvo::pdf

@@ -1,0 +1,152 @@
+#include "reports/RelatorioApuracao.h"
+
+#include <algorithm>
+
+#include "data/CodigosDeErros.h"
+#include "data/Formatos.h"
+#include "data/Funcoes.h"
+#include "reports/LinhasApuracao.h"
+#include "reports/Somas.h"
+#include "reports/TipoApuracao.h"
+
+namespace tarvo {
+
+namespace {
+
+using namespace Alinhamento;
+
+constexpr EstiloTexto CelulaCentralizadaNegrito{.recuoX = 0, .horizontal = Centro, .negrito = true};
+
+struct CelulaDaLinha {
+    const EstiloTexto& estilo;
+    double x;
+    double largura;
+    const char* coluna;
+};
+
+// A sub-item's amount stands inside the cell of its label.
+constexpr CelulaDaLinha Celulas[] = {
+    {CelulaCentralizadaNegrito, 0, 0.9, "Campo"},
+    {CelulaTextoFixo, 0.9, 11.7, "Linha"},
+    {CelulaDireitaRecuada, 0.9, 11.7, "CódigoSubitem"},
+    {CelulaCentralizadaNegrito, 12.6, 1.1, "Total"},
+    {CelulaDireitaRecuada, 13.7, 3.3, "Valor"},
+};
+
+Moeda OuZero(Moeda valor) {
+    return std::max(valor, Moeda());
+}
+
+}  // namespace
+
+RelatorioApuracao::RelatorioApuracao(const TipoApuracao& tipo, const Ambiente& ambiente)
+    : RelatorioDeTabela(tipo.identidade, tipo.formato, ambiente), tipo_(tipo) {}
+
+// The summed fields enter the subtotals as they are printed, with two decimals; what is read from
+// the declaration itself keeps its four.
+void RelatorioApuracao::MontarApuracao(BancoDados& banco, std::int32_t n) {
+    LinhasApuracao linhas(banco, tipo_.formato.tabela, tipo_.opProprias, n);
+    const auto somado = [&](std::string_view campo, std::string_view rotulo, std::string_view total,
+                            const std::string& texto) {
+        return linhas.Total(campo, rotulo, total, Moeda::DeTexto(texto));
+    };
+    const RegimeApuracao& regime = LerRegime(banco, n);
+
+    linhas.Rotulo("", "DÉBITO DO IMPOSTO");
+    const Moeda a051 =
+        somado("001", "Por saídas com débito do imposto", "051", Campo051(&banco, n));
+    linhas.Item("002", "Outros débitos");
+    const Moeda a052 = somado("", " ", "052", Campo052(&banco, n));
+    linhas.Item("003", "Estorno de créditos");
+    const Moeda a053 = somado("", " ", "053", Campo053(&banco, n));
+    const Moeda a055 = linhas.Total("005", "SUBTOTAL (051+052+053)", "055", a051 + a052 + a053);
+
+    linhas.Rotulo("", "CRÉDITO DO IMPOSTO");
+    const Moeda a056 =
+        somado("006", "Por entradas com crédito do imposto", "056", Campo056(&banco, n));
+    linhas.Item("007", "Outros créditos");
+    const Moeda a057 = somado("", " ", "057", Campo057(&banco, n));
+    linhas.Item("008", "Estorno de débitos");
+    const Moeda a058 = somado("", " ", "058", Campo058(&banco, n));
+    const Moeda a060 = linhas.Total("010", "SUBTOTAL (056+057+058)", "060", a056 + a057 + a058);
+    const Moeda a061 = linhas.Total("011", "Saldo credor do período anterior", "061",
+                                    linhas.ExigirDaDeclaracao(tipo_.saldoCredor));
+    const Moeda a062 = linhas.Total("012", "TOTAL (060+061)", "062", a060 + a061);
+
+    if (!regime.titulo.empty()) {
+        linhas.Rotulo("", regime.titulo);
+    }
+    const Moeda a063 = linhas.Total("013", "Saldo devedor (055-062)", "063", OuZero(a055 - a062));
+    const Moeda a064 = regime.deduzir == nullptr ? Moeda() : regime.deduzir(linhas);
+    linhas.Total("015", "Imposto a recolher (063-064)", "065", OuZero(a063 - a064));
+    if (regime.fixadoAMaior) {
+        linhas.Total("", "Fixado a maior (064-063)", "067", OuZero(a064 - a063));
+    }
+    linhas.Total("016", "Saldo credor a transportar (062-055)", "066", OuZero(a062 - a055));
+}
+
+const RegimeApuracao& RelatorioApuracao::LerRegime(BancoDados& banco, std::int32_t n) const {
+    const auto ultimo = tipo_.regimes.end() - 1;
+    if (tipo_.regimes.size() == 1) {
+        return *ultimo;
+    }
+    const auto declaracao =
+        banco.OpenRecordset("SELECT tblDRQ.RegTrib FROM tblDRQ WHERE NroDRQ = " + std::to_string(n),
+                            TipoRecordset::Dynaset);
+    const Valor codigo = declaracao->Fields("RegTrib");
+    if (EhNulo(codigo)) {
+        LancarUsoInvalidoDeNull("a declaração não tem RegTrib");
+    }
+    return *std::find_if(tipo_.regimes.begin(), ultimo, [&](const RegimeApuracao& regime) {
+        return regime.codigo == TextoCampo(codigo);
+    });
+}
+
+std::string RelatorioApuracao::Campo051(BancoDados* banco, std::int32_t n) const {
+    return SomaDosCFOPs(banco, tipo_.gruposDebito, n);
+}
+
+std::string RelatorioApuracao::Campo052(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "002", n);
+}
+
+std::string RelatorioApuracao::Campo053(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "003", n);
+}
+
+std::string RelatorioApuracao::Campo056(BancoDados* banco, std::int32_t n) const {
+    return SomaDosCFOPs(banco, tipo_.gruposCredito, n);
+}
+
+std::string RelatorioApuracao::Campo057(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "007", n);
+}
+
+std::string RelatorioApuracao::Campo058(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "008", n);
+}
+
+void RelatorioApuracao::ImprimirLinha(Recordset& linha, Recordset& /*identificacao*/, double y) {
+    for (const auto& [estilo, x, largura, coluna] : Celulas) {
+        Celula(Desenho(), estilo, x, y, largura, AlturaLinha, TextoCampo(linha.Fields(coluna)));
+    }
+}
+
+std::string RelatorioApuracao::SomaDosCFOPs(BancoDados* banco, std::string_view grupos,
+                                            std::int32_t n) const {
+    if (banco == nullptr) {
+        return "";
+    }
+    Moeda soma;
+    for (const auto coluna : tipo_.colunasCFOP) {
+        soma += SomarCFOPs(*banco, coluna, grupos, n);
+    }
+    return FormatarValor(soma);
+}
+
+std::string RelatorioApuracao::SomaDosSubitens(BancoDados* banco, std::string_view item,
+                                               std::int32_t n) const {
+    return banco == nullptr ? "" : FormatarValor(SomarSubitens(*banco, item, tipo_.opProprias, n));
+}
+
+}  // namespace tarvo

@@ -1,0 +1,284 @@
+#include "reports/RelatorioDetSubitens.h"
+
+#include <span>
+
+#include "data/Consultas.h"
+#include "data/Formatos.h"
+#include "data/Funcoes.h"
+#include "document/CicloPaginas.h"
+#include "document/QuadroPagina.h"
+
+namespace tarvo {
+
+enum class FormatoCaixa { Texto, MesAno };
+
+// A box of a supporting row, beside the value box that ends every row.
+struct CaixaLinha {
+    double x;  // cm
+    double largura;
+    std::string_view rotulo;
+    std::string_view campo;
+    FormatoCaixa formato = FormatoCaixa::Texto;
+};
+
+// What differs between the five reports.
+struct DescricaoDetSubitens {
+    IdentidadeRelatorio identidade;
+    std::string_view titulo;  // two lines
+    std::span<const std::string_view> subitens;
+    bool opProprias;
+    std::string_view tabela;  // of the supporting rows
+    std::string_view ordem;
+    std::span<const CaixaLinha> caixas;
+    std::string_view subitemSemNota;  // the sub-item whose rows carry no invoice number
+    std::span<const CaixaLinha> caixasSemNota;
+    std::string_view rotuloValor;
+    std::string_view rotuloSubtotal = "Subtotal";
+    std::string_view rotuloTotal = "Total";
+};
+
+namespace {
+
+constexpr double W = LarguraRetrato;
+constexpr double Meia = W / 2;
+constexpr double Quarto = W / 4;
+constexpr double Terco = 2 * Quarto / 3;  // of the half left of the value box and its neighbour
+constexpr double PrimeiraLinha = 6.6;
+constexpr double AlturaSubitem = 1.8;
+constexpr double AlturaLinha = 0.6;
+constexpr double AlturaCaixaSoma = 0.7;
+constexpr double AlturaSoma = 1.2;  // with its bar and the gap before the next block
+constexpr double LimiteSubitem = 22.6;
+constexpr double LimiteLinha = 24.4;
+constexpr double LimiteSoma = 24.0;
+
+constexpr std::string_view SubitensCredAcum[] = {"007.04", "007.05", "007.06", "007.07"};
+constexpr CaixaLinha CaixasCredAcum[] = {
+    {Meia, Quarto, "Inscrição Estadual do Remetente", "IERemetente"}};
+constexpr DescricaoDetSubitens CredAcum{
+    .identidade = {.classe = "RelatorioDetRecCredAcum",
+                   .titulo = "Relatório de Recebimento de Crédito Acumulado (Subitens 007.04 a "
+                             "007.07) - Operações Próprias",
+                   .tituloResumido = "Rec Créd Acum Oper Próprias"},
+    .titulo =
+        "Recebimento de Crédito Acumulado\r\n"
+        "(Subitens 007.04 a 007.07) - Operações Próprias",
+    .subitens = SubitensCredAcum,
+    .opProprias = true,
+    .tabela = "tblIEsRemetente",
+    .ordem = "IERemetente",
+    .caixas = CaixasCredAcum,
+    .subitemSemNota = {},
+    .caixasSemNota = {},
+    .rotuloValor = "Valor da Nota Fiscal"};
+
+constexpr std::string_view SubitensCredAcVE[] = {"002.20", "002.21", "007.40", "007.41"};
+constexpr CaixaLinha CaixasCredAcVE[] = {{Meia, Quarto, "Visto Eletrônico", "CodAutorização"}};
+constexpr DescricaoDetSubitens CredAcVE{
+    .identidade = {.classe = "RelatorioDetRecCredAcVE",
+                   .titulo = "Relatório de Crédito Acumulado com Visto Eletrônico (Subitens "
+                             "002.20, 002.21, 007.40 e 007.41) - Operações Próprias",
+                   .tituloResumido = "Rec Créd Acum Oper Próprias"},
+    .titulo =
+        "Crédito Acumulado com Visto Eletrônico\r\n"
+        "(Subitens 002.20, 002.21, 007.40 e 007.41) - Operações Próprias",
+    .subitens = SubitensCredAcVE,
+    .opProprias = true,
+    .tabela = "tblRecibosCredito",
+    .ordem = "CodAutorização",
+    .caixas = CaixasCredAcVE,
+    .subitemSemNota = {},
+    .caixasSemNota = {},
+    .rotuloValor = "Valor",
+    .rotuloSubtotal = "Total",
+    .rotuloTotal = "Total Geral"};
+
+constexpr std::string_view SubitensCentrRecImp[] = {"002.18", "002.19", "007.29", "007.30"};
+constexpr CaixaLinha CaixasCentrRecImp[] = {{Meia, Quarto, "Inscrição Estadual", "IERemetente"}};
+constexpr DescricaoDetSubitens CentrRecImp{
+    .identidade = {.classe = "RelatorioDetCentrRecImp",
+                   .titulo = "Relatório de Centralização do Imposto (Subitens 002.18, 002.19, "
+                             "007.29 e 007.30) - Operações Próprias",
+                   .tituloResumido = "Centr. Imposto Oper. Próprias"},
+    .titulo =
+        "Centralização do Imposto\r\n"
+        "(Subitens 002.18, 002.19, 007.29 e 007.30) - Operações Próprias",
+    .subitens = SubitensCentrRecImp,
+    .opProprias = true,
+    .tabela = "tblIEsRemetente",
+    .ordem = "IERemetente",
+    .caixas = CaixasCentrRecImp,
+    .subitemSemNota = {},
+    .caixasSemNota = {},
+    .rotuloValor = "Valor da Transferência"};
+
+constexpr std::string_view SubitensSubstitui[] = {"002.10", "002.11"};
+constexpr CaixaLinha InicioPeriodo{Terco + Quarto, Terco, "Início do Período", "DataInicio",
+                                   FormatoCaixa::MesAno};
+constexpr CaixaLinha FinalPeriodo{2 * Terco + Quarto, Terco, "Final do Período", "DataFim",
+                                  FormatoCaixa::MesAno};
+constexpr CaixaLinha CaixasSubstitui[] = {
+    {0, Quarto, "Inscrição Estadual do Substituto", "IESubstituto"},
+    {Quarto, Terco, "Nota Fiscal", "NF"},
+    InicioPeriodo,
+    FinalPeriodo};
+constexpr CaixaLinha CaixasSubstituiSemNota[] = {
+    {Terco, Quarto, "Inscrição Estadual do Substituto", "IESubstituto"},
+    InicioPeriodo,
+    FinalPeriodo};
+constexpr DescricaoDetSubitens ResSubstitui{
+    .identidade = {.classe = "RelatorioDetResSubstitui",
+                   .titulo = "Relatório de Ressarcimento do ICMS Retido por ST (Subitens 002.10 e "
+                             "002.11) - Operações Próprias",
+                   .tituloResumido = "Ressarc ICMS Ret. ST - Op. Pr."},
+    .titulo =
+        "Ressarcimento do ICMS Retido por ST\r\n"
+        "(Subitens 002.10 e 002.11) - Operações Próprias",
+    .subitens = SubitensSubstitui,
+    .opProprias = true,
+    .tabela = "tblIESubstituto",
+    .ordem = "IESubstituto, NF",
+    .caixas = CaixasSubstitui,
+    .subitemSemNota = "002.11",
+    .caixasSemNota = CaixasSubstituiSemNota,
+    .rotuloValor = "Valor do Ressarcimento"};
+
+constexpr std::string_view SubitensSubstitut[] = {"007.01", "007.02"};
+constexpr CaixaLinha CaixasSubstitut[] = {
+    {2 * Terco, Quarto, "Inscrição Estadual do Substituído", "IESubstituido"},
+    {2 * Terco + Quarto, Terco, "Nota Fiscal", "NF"}};
+constexpr CaixaLinha CaixasSubstitutSemNota[] = {
+    {2 * Quarto, Quarto, "Inscrição Estadual do Substituído", "IESubstituido"}};
+constexpr DescricaoDetSubitens ResSubstitut{
+    .identidade = {.classe = "RelatorioDetResSubstitut",
+                   .titulo = "Ressarcimento do ICMS Retido por ST (Subitens 007.01 e 007.02) - "
+                             "ST-11",
+                   .tituloResumido = "Ressarc. ICMS Ret. ST - ST-11"},
+    .titulo = "Ressarcimento do ICMS Retido por ST\r\n(Subitens 007.01 e 007.02) - ST-11",
+    .subitens = SubitensSubstitut,
+    .opProprias = false,
+    .tabela = "tblIESubstituido",
+    .ordem = "IESubstituido, NF",
+    .caixas = CaixasSubstitut,
+    .subitemSemNota = "007.02",
+    .caixasSemNota = CaixasSubstitutSemNota,
+    .rotuloValor = "Valor do Ressarcimento"};
+
+std::string ConsultaEntradas(const DescricaoDetSubitens& d, std::int32_t NumeroDRQ) {
+    const std::string opProprias = d.opProprias ? "TRUE" : "FALSE";
+    std::string consulta =
+        "select tblOcorrências.CódSubItem, tblOcorrências.NroDRQ, tblOcorrências.Código, "
+        "tblOcorrências.Valor, tblOcorrências.OpPróprias, tblQuadroOcorrências.Ocorrência, "
+        "tblQuadroOcorrências.FLegal from tblOcorrências inner join tblQuadroOcorrências on "
+        "(tblOcorrências.CódSubItem = tblQuadroOcorrências.CódSubItem) where "
+        "(tblQuadroOcorrências.OpPróprias = " +
+        opProprias + ") and ((";
+    std::string_view separador;
+    for (const auto subitem : d.subitens) {
+        consulta.append(separador).append("tblOcorrências.CódSubItem = ");
+        consulta += TextoSql(subitem);
+        separador = " Or ";
+    }
+    return consulta + ") AND tblOcorrências.OpPróprias = " + opProprias +
+           " AND tblOcorrências.NroDRQ = " + std::to_string(NumeroDRQ) +
+           ") order by tblOcorrências.CódSubItem";
+}
+
+std::string ConsultaLinhas(const DescricaoDetSubitens& d, std::int32_t codigo) {
+    std::string consulta = "select * from ";
+    consulta.append(d.tabela).append(" where Código = ").append(std::to_string(codigo));
+    return consulta.append(" order by ").append(d.ordem);
+}
+
+std::string TextoDaCaixa(const CaixaLinha& caixa, const Valor& valor) {
+    return caixa.formato == FormatoCaixa::MesAno ? FormatarMesAno(DataCampo(valor))
+                                                 : TextoCampo(valor);
+}
+
+}  // namespace
+
+RelatorioDetSubitens::RelatorioDetSubitens(const DescricaoDetSubitens& descricao,
+                                           const Ambiente& ambiente)
+    : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
+
+void RelatorioDetSubitens::Construir(BancoDados& BancoDados, const std::string& IE,
+                                     std::int32_t NumeroDRQ) {
+    const auto identificacao =
+        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto entradas = BancoDados.OpenRecordset(ConsultaEntradas(descricao_, NumeroDRQ),
+                                                   TipoRecordset::ForwardOnly);
+    IniciarDocumento();
+    if (identificacao->EOF_()) {
+        return;
+    }
+    const EstiloCabecalho cabecalho{
+        .titulo = descricao_.titulo, .alturaTitulo = 1.4, .yIdentificacao = 4.3};
+    CicloPaginas paginas(Desenho(), PrimeiraLinha,
+                         [&] { ImprimirCabecalho(Desenho(), cabecalho, 0, 0, *identificacao); });
+    if (entradas->EOF_()) {
+        ImprimirSubitem(paginas.Bloco(LimiteSubitem, AlturaSubitem), " ", " ", " ");
+    }
+    Moeda total;
+    for (; !entradas->EOF_(); entradas->MoveNext()) {
+        const std::string subitem = TextoCampo(entradas->Fields("CódSubItem"));
+        ImprimirSubitem(paginas.Bloco(LimiteSubitem, AlturaSubitem), subitem,
+                        TextoCampo(entradas->Fields("Ocorrência")),
+                        TextoCampo(entradas->Fields("FLegal")));
+        const auto linhas = BancoDados.OpenRecordset(
+            ConsultaLinhas(descricao_, LongCampo(entradas->Fields("Código"))),
+            TipoRecordset::ForwardOnly);
+        for (; !linhas->EOF_(); linhas->MoveNext()) {
+            ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), subitem, *linhas);
+        }
+        const Moeda declarado = MoedaCampo(entradas->Fields("Valor"));
+        ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), descricao_.rotuloSubtotal, declarado);
+        total += declarado;
+    }
+    ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), descricao_.rotuloTotal, total);
+    paginas.Encerrar();
+}
+
+void RelatorioDetSubitens::ImprimirSubitem(double y, std::string_view subitem,
+                                           std::string_view ocorrencia,
+                                           std::string_view fundamento) {
+    constexpr double AlturaCodigo = 0.7;
+    constexpr double AlturaTextos = AlturaSubitem - AlturaCodigo;
+    CelulaRotulada(Desenho(), CampoTotalNegrito, 0, y, W, AlturaCodigo, "Código do Subitem",
+                   subitem);
+    CelulaRotulada(Desenho(), CampoMultilinhaPequeno, 0, y + AlturaCodigo, Meia, AlturaTextos,
+                   "Ocorrência", ocorrencia);
+    CelulaRotulada(Desenho(), CampoMultilinhaPequeno, Meia, y + AlturaCodigo, Meia, AlturaTextos,
+                   "Fundamentação Legal", fundamento);
+}
+
+void RelatorioDetSubitens::ImprimirLinha(double y, std::string_view subitem, Recordset& linha) {
+    const bool semNota = subitem == descricao_.subitemSemNota;
+    for (const auto& caixa : semNota ? descricao_.caixasSemNota : descricao_.caixas) {
+        CelulaRotulada(Desenho(), CampoValor, caixa.x, y, caixa.largura, AlturaLinha, caixa.rotulo,
+                       TextoDaCaixa(caixa, linha.Fields(caixa.campo)));
+    }
+    CelulaRotulada(Desenho(), CampoValor, 3 * Quarto, y, Quarto, AlturaLinha,
+                   descricao_.rotuloValor, FormatarValor(MoedaCampo(linha.Fields("Valor"))));
+}
+
+void RelatorioDetSubitens::ImprimirSoma(double y, std::string_view rotulo, Moeda soma) {
+    CelulaRotulada(Desenho(), CampoTotal, 0, y, W, AlturaCaixaSoma, rotulo, FormatarValor(soma));
+    Barra(Desenho(), 0, y + 0.9, W);
+}
+
+RelatorioDetRecCredAcum::RelatorioDetRecCredAcum(const Ambiente& ambiente)
+    : RelatorioDetSubitens(CredAcum, ambiente) {}
+
+RelatorioDetRecCredAcVE::RelatorioDetRecCredAcVE(const Ambiente& ambiente)
+    : RelatorioDetSubitens(CredAcVE, ambiente) {}
+
+RelatorioDetCentrRecImp::RelatorioDetCentrRecImp(const Ambiente& ambiente)
+    : RelatorioDetSubitens(CentrRecImp, ambiente) {}
+
+RelatorioDetResSubstitui::RelatorioDetResSubstitui(const Ambiente& ambiente)
+    : RelatorioDetSubitens(ResSubstitui, ambiente) {}
+
+RelatorioDetResSubstitut::RelatorioDetResSubstitut(const Ambiente& ambiente)
+    : RelatorioDetSubitens(ResSubstitut, ambiente) {}
+
+}  // namespace tarvo

@@ -1,0 +1,65 @@
+#include "reports/RelatorioRegExportacao.h"
+
+#include "data/Consultas.h"
+#include "data/Funcoes.h"
+#include "document/QuadroPagina.h"
+
+namespace tarvo {
+
+namespace {
+
+constexpr IdentidadeRelatorio Registros{.classe = "RelatorioRegExportacao",
+                                        .titulo = "Relatório de Registros de Exportação",
+                                        .tituloResumido = "Registros de Exportação"};
+constexpr EstiloCabecalho Cabecalho{.titulo = "Registros de Exportação"};
+
+constexpr double W = LarguraRetrato;
+constexpr int Colunas = 5;
+constexpr double YTitulo = 5.9;
+constexpr double PrimeiraLinha = 6.5;
+constexpr double UltimaLinha = 24.4;
+constexpr double AlturaLinha = 0.6;
+
+constexpr EstiloTexto CelulaRegistro{.recuoX = 0, .horizontal = Alinhamento::Centro};
+
+}  // namespace
+
+RelatorioRegExportacao::RelatorioRegExportacao(const Ambiente& ambiente)
+    : RelatorioDeclaracao(Registros, ambiente) {}
+
+RelatorioRegExportacao::~RelatorioRegExportacao() = default;
+
+void RelatorioRegExportacao::Construir(BancoDados& BancoDados, const std::string& IE,
+                                       std::int32_t NumeroDRQ) {
+    const auto identificacao =
+        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto registros = BancoDados.OpenRecordset(
+        ConsultaDaDeclaracao("tblRegistroExportação", NumeroDRQ) + " order by RE",
+        TipoRecordset::ForwardOnly);
+    IniciarDocumento();
+    if (identificacao->EOF_()) {
+        return;
+    }
+    ImprimirPagina(*identificacao, *registros);
+    while (!registros->EOF_()) {
+        Desenho().NovaPagina();
+        ImprimirPagina(*identificacao, *registros);
+    }
+}
+
+void RelatorioRegExportacao::ImprimirPagina(Recordset& identificacao, Recordset& registros) {
+    ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao);
+    Celula(Desenho(), CelulaTitulo, 0, YTitulo, W, PrimeiraLinha - YTitulo,
+           "Registro de Exportação");
+    for (int coluna = 0; coluna < Colunas; ++coluna) {
+        for (double y = PrimeiraLinha; !registros.EOF_() && y <= Limite(UltimaLinha);
+             y += AlturaLinha) {
+            Celula(Desenho(), CelulaRegistro, coluna * W / Colunas, y, W / Colunas, AlturaLinha,
+                   TextoCampo(registros.Fields("RE")));
+            registros.MoveNext();
+        }
+    }
+    ImprimirRodape(Desenho(), 0, YRodape);
+}
+
+}  // namespace tarvo

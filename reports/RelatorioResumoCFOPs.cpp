@@ -1,0 +1,185 @@
+#include "reports/RelatorioResumoCFOPs.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "data/Consultas.h"
+#include "data/Formatos.h"
+#include "data/Funcoes.h"
+#include "reports/FormatosCFOP.h"
+#include "reports/ReferenciaAtual.h"
+#include "reports/Somas.h"
+#include "reports/TabelaDeTrabalho.h"
+#include "reports/TipoResumo.h"
+
+namespace tarvo {
+
+namespace {
+
+using namespace Alinhamento;
+
+// The amounts of a detail line, under the same names in the CFOP details and the work tables.
+constexpr std::array<std::string_view, 9> Colunas{
+    "ValorContábil",   "BaseCálculo",        "Imposto",           "IsentasNãoTrib", "Outras",
+    "ImpostoRetidoST", "ImpRetSubstitutoST", "ImpRetSubstituido", "OutrosImpostos",
+};
+
+constexpr std::size_t LarguraRotuloGrupo = 26;  // characters
+
+constexpr double XValores = 5.5;  // cm; left of it stand label and code
+constexpr double LarguraValores = LarguraPaisagem - XValores;
+
+// A column heading over some of the value columns.
+struct TituloColuna {
+    std::string_view texto;
+    int coluna;
+    double y;  // cm
+    int colunas;
+    double altura;  // cm
+};
+
+// The value columns that are printed, and the headings that are not common to both sets.
+struct ConjuntoDeColunas {
+    std::span<const std::string_view> campos;
+    std::string_view tituloIsentas;
+    std::span<const TituloColuna> titulos;
+
+    [[nodiscard]] double Largura() const {
+        return LarguraValores / static_cast<double>(campos.size());
+    }
+    [[nodiscard]] double X(int coluna) const { return XValores + coluna * Largura(); }
+};
+
+constexpr std::string_view TituloST = "Imposto Retido por\r\nSubstituição Tributária";
+
+constexpr std::string_view CamposAte2001[] = {"ValorContábil",  "BaseCálculo", "Imposto",
+                                              "IsentasNãoTrib", "Outras",      "ImpostoRetidoST",
+                                              "OutrosImpostos"};
+constexpr TituloColuna TitulosAte2001[] = {{TituloST, 5, 5.9, 1, 1.8},
+                                           {"Outros Impostos", 6, 5.9, 1, 1.8}};
+
+constexpr std::string_view CamposDesde2002[] = {
+    "ValorContábil", "BaseCálculo",        "Imposto",           "IsentasNãoTrib",
+    "Outras",        "ImpRetSubstitutoST", "ImpRetSubstituido", "OutrosImpostos"};
+constexpr TituloColuna TitulosDesde2002[] = {{TituloST, 5, 5.9, 2, 1.2},
+                                             {"Substituto", 5, 7.1, 1, 0.6},
+                                             {"Substituído", 6, 7.1, 1, 0.6},
+                                             {"Outros Impostos", 7, 5.9, 1, 1.8}};
+
+constexpr ConjuntoDeColunas Ate2001{CamposAte2001, "Isentas / Não Tributadas", TitulosAte2001};
+constexpr ConjuntoDeColunas Desde2002{CamposDesde2002, "Isentas / Não Tribut.", TitulosDesde2002};
+
+const ConjuntoDeColunas& ColunasDaDeclaracao(Recordset& identificacao) {
+    return DataCampo(identificacao.Fields("Ref1")).Ano() >= 2002 ? Desde2002 : Ate2001;
+}
+
+std::size_t Caracteres(std::string_view utf8) {
+    return static_cast<std::size_t>(
+        std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+std::unique_ptr<Recordset> AbrirDetalhesCFOPs(BancoDados& banco, const FaixaCFOP& faixa,
+                                              std::int32_t NumeroDRQ) {
+    std::string condicao =
+        "(CFOP >= " + TextoSql(faixa.de) + " AND CFOP <= " + TextoSql(faixa.ate) + " )";
+    if (!faixa.extra.empty()) {
+        condicao = "(" + condicao + " OR (CFOP = " + TextoSql(faixa.extra) + "))";
+    }
+    return banco.OpenRecordset("SELECT * FROM tblDetalhesCFOPs WHERE ((NroDRQ=" +
+                                   std::to_string(NumeroDRQ) + ") AND " + condicao + ")",
+                               TipoRecordset::Dynaset);
+}
+
+}  // namespace
+
+RelatorioResumoCFOPs::RelatorioResumoCFOPs(const TipoResumo& tipo, const Ambiente& ambiente)
+    : RelatorioDeTabela(tipo.identidade, tipo.formato, ambiente), tipo_(tipo) {}
+
+void RelatorioResumoCFOPs::Montar(BancoDados& banco, std::int32_t NumeroDRQ) {
+    const auto& faixas = ReferenciaUsaCFOPsNovos(AmbienteDoRelatorio().configuracoes)
+                             ? tipo_.faixasNovas
+                             : tipo_.faixasAntigas;
+    TabelaDeTrabalho tabela(banco, tipo_.formato.tabela, NumeroDRQ);
+    for (const FaixaCFOP& faixa : faixas) {
+        if (faixa.EhTitulo()) {
+            tabela.Acrescentar({{"Linha", " " + std::string(faixa.rotulo)}});
+        } else {
+            AdicionarGrupo(banco, tabela, faixa, NumeroDRQ);
+        }
+    }
+    AdicionarTotal(banco, tabela, NumeroDRQ);
+}
+
+void RelatorioResumoCFOPs::AdicionarGrupo(BancoDados& banco, TabelaDeTrabalho& tabela,
+                                          const FaixaCFOP& faixa, std::int32_t NumeroDRQ) {
+    const auto detalhes = AbrirDetalhesCFOPs(banco, faixa, NumeroDRQ);
+    if (detalhes->EOF_()) {
+        return;
+    }
+    std::string rotulo = " " + std::string(faixa.rotulo);
+    rotulo.append(LarguraRotuloGrupo - Caracteres(rotulo), ' ');
+    tabela.Acrescentar({{"Linha", rotulo}});
+    CopiarDetalhesCFOPs(*detalhes, tabela);
+}
+
+void RelatorioResumoCFOPs::CopiarDetalhesCFOPs(Recordset& detalhes, TabelaDeTrabalho& tabela) {
+    const auto formatar = ReferenciaUsaCFOPsNovos(AmbienteDoRelatorio().configuracoes)
+                              ? FormatarCFOPNovo
+                              : FormatarCFOPAntigo;
+    for (; !detalhes.EOF_(); detalhes.MoveNext()) {
+        std::array<std::string, Colunas.size()> valores;
+        std::vector<ColunaTexto> linha;
+        const std::string codigo = formatar(TextoCampo(detalhes.Fields("CFOP")));
+        linha.push_back({"CFOP", codigo});
+        for (std::size_t i = 0; i < Colunas.size(); ++i) {
+            valores[i] = FormatarValor(MoedaCampo(detalhes.Fields(Colunas[i])));
+            linha.push_back({Colunas[i], valores[i]});
+        }
+        tabela.Acrescentar(linha);
+    }
+}
+
+void RelatorioResumoCFOPs::AdicionarTotal(BancoDados& banco, TabelaDeTrabalho& tabela,
+                                          std::int32_t NumeroDRQ) {
+    std::array<std::string, Colunas.size()> valores;
+    std::vector<ColunaTexto> linha{{"Linha", " Total"}};
+    for (std::size_t i = 0; i < Colunas.size(); ++i) {
+        valores[i] = FormatarValor(SomarCFOPs(banco, Colunas[i], tipo_.grupos, NumeroDRQ));
+        linha.push_back({Colunas[i], valores[i]});
+    }
+    tabela.Acrescentar(linha);
+}
+
+void RelatorioResumoCFOPs::ImprimirTitulosColunas(Recordset& identificacao) {
+    const ConjuntoDeColunas& colunas = ColunasDaDeclaracao(identificacao);
+    const TituloColuna comuns[] = {
+        {"Valores Contábeis", 0, 5.9, 1, 1.8},    {"ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6},
+        {tipo_.tituloComImposto, 1, 6.5, 2, 0.6}, {tipo_.tituloSemImposto, 3, 6.5, 2, 0.6},
+        {"Base de Cálculo", 1, 7.1, 1, 0.6},      {tipo_.tituloImposto, 2, 7.1, 1, 0.6},
+        {colunas.tituloIsentas, 3, 7.1, 1, 0.6},  {"Outras", 4, 7.1, 1, 0.6},
+    };
+    const auto imprimir = [&](const TituloColuna& t) {
+        Celula(Desenho(), CelulaTitulo, colunas.X(t.coluna), t.y, t.colunas * colunas.Largura(),
+               t.altura, t.texto);
+    };
+    Celula(Desenho(), CelulaTitulo, 0, 5.9, XValores, 1.8, "CÓDIGOS FISCAIS");
+    std::for_each(std::begin(comuns), std::end(comuns), imprimir);
+    std::for_each(colunas.titulos.begin(), colunas.titulos.end(), imprimir);
+}
+
+void RelatorioResumoCFOPs::ImprimirLinha(Recordset& linha, Recordset& identificacao, double y) {
+    const auto texto = [&](std::string_view coluna) { return TextoCampo(linha.Fields(coluna)); };
+    const ConjuntoDeColunas& colunas = ColunasDaDeclaracao(identificacao);
+
+    Celula(Desenho(), CelulaRotulo, 0, y, XValores, AlturaLinha, texto("Linha"));
+    Celula(Desenho(), CelulaValor, 0, y, XValores, AlturaLinha, texto("CFOP"));
+    for (int i = 0; const auto campo : colunas.campos) {
+        Celula(Desenho(), CelulaValor, colunas.X(i), y, colunas.Largura(), AlturaLinha,
+               texto(campo));
+        ++i;
+    }
+}
+
+}  // namespace tarvo

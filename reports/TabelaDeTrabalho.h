@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "data/BancoDados.h"
+
+namespace tarvo {
+
+// One text of a work-table row; an empty text leaves the column Null.
+struct ColunaTexto {
+    std::string_view nome;
+    std::string_view texto;
+};
+
+// A work table while it is being refilled: it holds the printed lines of one report's last build,
+// of whatever declaration. Every row is written at once, so that after an error the table holds
+// the lines so far. Uses the database that it was made with; does not outlive it.
+class TabelaDeTrabalho {
+  public:
+    // Deletes the rows of all declarations and opens the table for appending.
+    TabelaDeTrabalho(BancoDados& banco, std::string_view nome, std::int32_t NumeroDRQ);
+
+    void Acrescentar(std::span<const ColunaTexto> colunas);
+    void Acrescentar(std::initializer_list<ColunaTexto> colunas) {
+        Acrescentar(std::span(colunas.begin(), colunas.size()));
+    }
+
+    // The rows of one declaration, forward-only, in the order in which they were appended.
+    static std::unique_ptr<Recordset> Ler(BancoDados& banco, std::string_view nome,
+                                          std::int32_t NumeroDRQ);
+
+  private:
+    std::int32_t numeroDRQ_;
+    std::unique_ptr<Recordset> linhas_;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,261 @@
+#include "slip/RelatorioVELO.h"
+
+#include "data/Funcoes.h"
+#include "document/QuadroPagina.h"
+
+namespace tarvo {
+
+namespace {
+
+using namespace Alinhamento;
+
+constexpr IdentidadeRelatorio VELO{.classe = "RelatorioVELO",
+                                   .titulo = "VELO",
+                                   .tituloResumido = "VELO",
+                                   .icone = &frmFiguras::imgIconeG,
+                                   .margens = {1.325, 1.325, 0, 0}};
+
+constexpr double YViaContribuinte = 3.0;
+constexpr double YViaBanco = 16.25;
+
+constexpr double Altura = 0.65;  // of a field
+constexpr double LarguraTab = 0.55;
+constexpr double LarguraQuadro = 12.5;
+constexpr double AlturaQuadro = 7.8;
+constexpr double XDireita = 12.65;  // tabs of the right-hand column
+constexpr double LarguraDireita = 5.0;
+constexpr double YVencimento = 1.3;  // field 02, the first box of the right-hand column
+
+constexpr EstiloTexto Centrado(double tamanho, bool negrito, std::int32_t cor = Cor::Preto) {
+    return {.recuoX = 0, .horizontal = Centro, .tamanho = tamanho, .negrito = negrito, .cor = cor};
+}
+constexpr EstiloTexto Legenda(std::int32_t horizontal, std::int32_t vertical) {
+    return {.recuoX = 0,
+            .horizontal = horizontal,
+            .vertical = vertical,
+            .fonte = "Times New Roman",
+            .tamanho = 5};
+}
+constexpr EstiloCampo EstiloCampoGuia(std::int32_t horizontal, double tamanho) {
+    EstiloTexto legenda = Legenda(Esquerda, Topo);
+    legenda.recuoX = 0.08;
+    legenda.recuoTopo = 0.08;
+    return {legenda,
+            {.recuoX = 0.18,
+             .recuoTopo = 0.08,
+             .horizontal = horizontal,
+             .vertical = Base,
+             .tamanho = tamanho}};
+}
+
+constexpr EstiloTexto NumeroDoCampo = Centrado(10, true);
+constexpr EstiloTexto Cabecalho{.recuoX = 0, .tamanho = 7};
+constexpr EstiloTexto Observacoes{.recuoX = 0, .vertical = Topo, .multilinha = true};
+constexpr EstiloTexto Vencimento{
+    .recuoX = 0, .horizontal = Centro, .vertical = Base, .tamanho = 11};
+constexpr EstiloCampo CampoGuia = EstiloCampoGuia(Esquerda, 8);
+constexpr EstiloCampo CampoGuiaValor = EstiloCampoGuia(Direita, 11);
+
+struct CampoEsquerdo {
+    std::string_view numero;  // on the tab left of the box; empty: no tab
+    double x;                 // of the box
+    double y;
+    double largura;
+    std::string_view legenda;
+    std::string_view campo;  // empty: nothing is read
+};
+
+constexpr CampoEsquerdo CamposEsquerdos[] = {
+    {"15", 0.55, 1.95, 11.95, "CONTRIBUINTE", "Contribuinte"},
+    {"16", 0.55, 2.6, 11.95, "ENDEREÇO", "Endereço"},
+    {"", 0, 3.25, 6.0, "MUNICÍPIO", "Município"},
+    {"", 6.0, 3.25, 0.8, "UF", "UF"},
+    {"17", 7.35, 3.25, 2.5, "TELEFONE", "Telefone"},
+    {"18", 10.4, 3.25, 2.1, "CNAE", ""},
+};
+
+constexpr std::string_view NumerosDireitos[] = {"02", "03", "04", "05", "06", "07", "08",
+                                                "09", "10", "11", "12", "13", "14"};
+
+struct CampoDireito {
+    std::string_view legenda;
+    std::string_view campo;
+};
+
+// Fields 03 to 14.
+constexpr CampoDireito CamposDireitos[] = {
+    {"CÓDIGO DE RECEITA", "CódigoReceita"},
+    {"INSCRIÇÃO ESTADUAL", "IE"},
+    {"CNPJ ou CPF", "CPF_CNPJ"},
+    {"INSCRIÇÃO NA DÍVIDA ATIVA ou Nº DA ETIQUETA", "InscriçãoDívidaAtiva"},
+    {"REFERÊNCIA (mês / ano)", "Referência"},
+    {"Nº AIIM ou Nº DI ou Nº PARCELAMENTO", "NroAIIM_DI_PARCEL"},
+    {"VALOR DA RECEITA (Nominal ou Corrigida)", "ValorReceita"},
+    {"JUROS DE MORA", "JurosMora"},
+    {"MULTA DE MORA ou POR INFRAÇÃO (Nominal ou Corrigida)", "MultaMora_Infração"},
+    {"ACRÉSCIMO FINANCEIRO", "AcréscimoFinanceiro"},
+    {"HONORÁRIOS ADVOCATÍCIOS", "HonoráriosAdvocatícios"},
+    {"VALOR TOTAL", "ValorTotal"},
+};
+
+// One copy of the slip, drawn in coordinates of its own: (0, 0) is the main frame's corner.
+class Guia {
+  public:
+    Guia(DocumentoRelatorio& doc, Recordset& dados, double x, double y)
+        : doc_(doc), dados_(dados), x_(x), y_(y) {}
+
+    void Imprimir(std::string_view via) {
+        ImprimirAutenticacaoMecanica();
+        ImprimirBarrasDaDireita();
+        ImprimirQuadroPrincipal();
+        ImprimirNomeDoFormulario();
+        ImprimirCamposEsquerdos();
+        ImprimirObservacoes();
+        ImprimirCamposDireitos();
+        ImprimirBordas(via);
+    }
+
+  private:
+    // The tab under the main frame, rounded in its upper left corner only.
+    void ImprimirAutenticacaoMecanica() {
+        Arredondado(0, 7.8, LarguraTab, Altura);
+        Retangulo(0.2, 7.8, 0.35, 0.2, Cor::Branco, Cor::Branco);
+        Retangulo(0, 8.0, LarguraTab, 0.45, Cor::Branco, Cor::Branco);
+        Linha(0, 8.0, 0, 0.45);
+        Linha(LarguraTab, 7.8, 0, Altura);
+        Linha(0, 8.45, LarguraTab, 0);
+        Escrever(NumeroDoCampo, 0, 7.8, LarguraTab, Altura, "20");
+        Escrever(Legenda(Esquerda, Topo), 0.63, 7.88, 11.79, Altura, "AUTENTICAÇÃO MECÂNICA");
+    }
+
+    void ImprimirBarrasDaDireita() {
+        for (const double x : {12.5, 18.2}) {
+            Retangulo(x, YVencimento, 0.15, 8.45, Cor::Cinza, Cor::Cinza);
+        }
+    }
+
+    void ImprimirQuadroPrincipal() {
+        Arredondado(0, 0, LarguraQuadro, AlturaQuadro);
+        Figura(0.25, 0.1, 1.5, 1.62842, frmFiguras::imgBrasaoVDMonocromatico);
+        Escrever(Cabecalho, 2, 0.2, 7.5, 0.3, "GOVERNO DO ESTADO DE VALDORA");
+        Escrever(Cabecalho, 2, 0.5, 7.5, 0.3, "SECRETARIA DA FAZENDA");
+        Escrever(Centrado(10, true), 2, 0.8, 7.5, 1.15, "GUIA DE ARRECADAÇÃO ESTADUAL");
+    }
+
+    void ImprimirNomeDoFormulario() {
+        Retangulo(9.5, 0, 3.0, 1.04, Cor::Preto, Cor::Branco);
+        Retangulo(9.6, 0.1, 2.8, 0.84, Cor::Preto, Cor::Preto);
+        Escrever(Centrado(20, true, Cor::Branco), 9.5, 0, 3.0, 1.144, "VELO");
+        Contorno(9.5, 1.04, 3.0, 0.91);
+        Escrever(Centrado(18, true), 9.5, 1.04, 3.0, 0.91, "ICMS");
+        Linha(0, 1.95, 9.5, 0);
+    }
+
+    void ImprimirCamposEsquerdos() {
+        for (const auto& campo : CamposEsquerdos) {
+            if (!campo.numero.empty()) {
+                NumeroCampo(campo.x - LarguraTab, campo.y, campo.numero);
+            }
+            Rotulado(CampoGuia, campo.x, campo.y, campo.largura, campo.legenda,
+                     campo.campo.empty() ? " " : Valor(campo.campo));
+        }
+    }
+
+    void ImprimirObservacoes() {
+        NumeroCampo(0, 3.9, "19");
+        Escrever(Legenda(Esquerda, Topo), 0.63, 3.98, 11.79, Altura, "OBSERVAÇÕES");
+        Escrever(Observacoes, 0.73, 4.3, 11.59, 3.5, Valor("Observações"));
+    }
+
+    void ImprimirCamposDireitos() {
+        constexpr double XCaixa = XDireita + LarguraTab;
+        constexpr double XLegenda = XCaixa + 0.08;
+        constexpr double LarguraLegenda = 4.84;
+        constexpr double AlturaLegenda = 0.49;
+        const auto linha = [](int n) { return YVencimento + Altura * n; };
+
+        Escrever(NumeroDoCampo, XDireita, 0.65, LarguraTab, Altura, "01");
+        Escrever(Legenda(Esquerda, Base), XLegenda, 0.73, LarguraLegenda, AlturaLegenda,
+                 "MICROFILME (NÃO PREENCHER)");
+        int n = 0;
+        for (const auto numero : NumerosDireitos) {
+            NumeroCampo(XDireita, linha(n++), numero);
+        }
+        Rotulado(CampoGuiaValor, XCaixa, YVencimento, LarguraDireita, "DATA DE", "");
+        Escrever(Legenda(Esquerda, Base), XLegenda, 1.38, LarguraLegenda, AlturaLegenda,
+                 "VENCIMENTO");
+        Linha(15.2, YVencimento, 0, Altura);
+        Escrever(Vencimento, 15.38, 1.38, 2.64, 0.57, Valor("DataVencimento"));
+        n = 1;
+        for (const auto& campo : CamposDireitos) {
+            Rotulado(CampoGuiaValor, XCaixa, linha(n++), LarguraDireita, campo.legenda,
+                     Valor(campo.campo));
+        }
+    }
+
+    // What stands around the fields: citation, copy label, cut line.
+    void ImprimirBordas(std::string_view via) {
+        Figura(-0.28, 5.7, 0.25, 1.94737, frmFiguras::imgPortariaKEX_27_95);
+        Escrever(Legenda(Direita, Base), 0.18, 9.18, 12.14, 0.57, via);
+        Figura(-0.25, 10.1, 0.33046, 0.3, frmFiguras::imgTesoura);
+        doc_.DesenharLinha(x_ - 0.25, y_ + 10.25, 18.85, 0, 0, 0, 1, 2);
+    }
+
+    void NumeroCampo(double x, double y, std::string_view numero) {
+        Contorno(x, y, LarguraTab, Altura);
+        Escrever(NumeroDoCampo, x, y, LarguraTab, Altura, numero);
+    }
+    void Rotulado(const EstiloCampo& estilo, double x, double y, double largura,
+                  std::string_view legenda, std::string_view valor) {
+        Contorno(x, y, largura, Altura);
+        Escrever(estilo.rotulo, x, y, largura, Altura, legenda);
+        Escrever(estilo.valor, x, y, largura, Altura, valor);
+    }
+    void Escrever(const EstiloTexto& estilo, double x, double y, double largura, double altura,
+                  std::string_view texto) {
+        EscreverEmCaixa(doc_, estilo, x_ + x, y_ + y, largura, altura, texto);
+    }
+    void Contorno(double x, double y, double largura, double altura) {
+        doc_.DesenharRetangulo(x_ + x, y_ + y, largura, altura, false, Cor::Preto, Cor::Branco, 1);
+    }
+    void Retangulo(double x, double y, double largura, double altura, std::int32_t borda,
+                   std::int32_t preenchimento) {
+        doc_.DesenharRetangulo(x_ + x, y_ + y, largura, altura, true, borda, preenchimento, 1);
+    }
+    void Arredondado(double x, double y, double largura, double altura) {
+        doc_.DesenharRetanguloArredondado(x_ + x, y_ + y, largura, altura, false, 0.2, Cor::Preto,
+                                          Cor::Branco, 1);
+    }
+    void Linha(double x, double y, double largura, double altura) {
+        doc_.DesenharLinha(x_ + x, y_ + y, largura, altura, 0, 0, 1, 0);
+    }
+    void Figura(double x, double y, double largura, double altura, const Imagem& figura) {
+        doc_.DesenharFigura(x_ + x, y_ + y, largura, altura, figura, true);
+    }
+    [[nodiscard]] std::string Valor(std::string_view campo) const {
+        return TextoCampo(dados_.Fields(campo));
+    }
+
+    DocumentoRelatorio& doc_;
+    Recordset& dados_;
+    double x_;
+    double y_;
+};
+
+}  // namespace
+
+RelatorioVELO::RelatorioVELO(const Ambiente& ambiente) : Relatorio(VELO, ambiente) {}
+
+RelatorioVELO::~RelatorioVELO() = default;
+
+void RelatorioVELO::Construir(BancoDados& BancoDados) {
+    const auto dados =
+        BancoDados.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
+    IniciarDocumento();
+    if (!dados->EOF_()) {
+        Guia(Desenho(), *dados, 0, YViaContribuinte).Imprimir("VIA CONTRIBUINTE");
+        Guia(Desenho(), *dados, 0, YViaBanco).Imprimir("VIA BANCO");
+    }
+}
+
+}  // namespace tarvo

@@ -1,0 +1,82 @@
+#include "tests/apoio/Apoio.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "data/Funcoes.h"
+#include "platform/json/DocumentoJSON.h"
+
+namespace tarvo::apoio {
+
+PastaTemporaria::PastaTemporaria() {
+    std::string modelo = (std::filesystem::temp_directory_path() / "tarvo-XXXXXX").string();
+    if (mkdtemp(modelo.data()) == nullptr) {
+        throw std::runtime_error("no temporary folder");
+    }
+    caminho_ = modelo;
+}
+
+PastaTemporaria::~PastaTemporaria() {
+    std::error_code ignorado;
+    std::filesystem::remove_all(caminho_, ignorado);
+}
+
+BancoDeTeste::BancoDeTeste(std::string_view script) {
+    CriarBanco(Arquivo());
+    banco_ = BancoSQLite::Abrir(Arquivo());
+    if (!script.empty()) {
+        banco_->ExecutarScript(script);
+    }
+}
+
+std::vector<std::string> BancoDeTeste::Linhas(std::string_view consulta, int colunas) {
+    std::vector<std::string> linhas;
+    const auto rs = banco_->OpenRecordset(consulta, TipoRecordset::ForwardOnly);
+    for (; !rs->EOF_(); rs->MoveNext()) {
+        std::string linha;
+        for (int i = 0; i < colunas; ++i) {
+            const Valor valor = rs->Fields(i);
+            linha += (i == 0 ? "" : "|") + (EhNulo(valor) ? "(nulo)" : TextoCampo(valor));
+        }
+        linhas.push_back(linha);
+    }
+    return linhas;
+}
+
+std::vector<std::string> Operacoes(const Conteudo& conteudo, std::size_t pagina) {
+    std::vector<std::string> operacoes;
+    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
+        operacoes.push_back(OperacaoJSON(conteudo, primitiva));
+    }
+    return operacoes;
+}
+
+std::vector<std::string> Textos(const Conteudo& conteudo, std::size_t pagina) {
+    std::vector<std::string> textos;
+    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
+        if (const auto* texto = std::get_if<Texto>(&primitiva)) {
+            textos.push_back(texto->texto);
+        }
+    }
+    return textos;
+}
+
+std::vector<std::string> TextosEm(const Conteudo& conteudo, std::size_t pagina, double y) {
+    std::vector<std::string> textos;
+    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
+        const auto* texto = std::get_if<Texto>(&primitiva);
+        if (texto != nullptr && std::fabs(texto->caixa.y - y) < 0.001) {
+            textos.push_back(texto->texto);
+        }
+    }
+    return textos;
+}
+
+std::string ConfiguracaoFixa::Ler(std::string_view aplicacao, std::string_view secao,
+                                  std::string_view chave, std::string_view padrao) const {
+    const bool conhecida = aplicacao == "Tarvo" && secao == "pRef" && chave == "RefAtual";
+    return conhecida ? refAtual_ : std::string(padrao);
+}
+
+}  // namespace tarvo::apoio

@@ -1,0 +1,89 @@
+#include "data/Formatos.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo {
+namespace {
+
+Moeda M(std::int64_t unidades) {
+    return Moeda::DeDecimosMilesimos(unidades);
+}
+
+NumeroErro NumeroDe(const std::function<void()>& acao) {
+    try {
+        acao();
+    } catch (const Erro& erro) {
+        return erro.Numero();
+    }
+    return NumeroErro{};
+}
+
+TEST(Formatos, AmountsRoundHalvesAwayFromZeroAndNeverShowANegativeZero) {
+    EXPECT_EQ(FormatarValor(M(0)), "0,00");
+    EXPECT_EQ(FormatarValor(M(12'345'600)), "1.234,56");
+    EXPECT_EQ(FormatarValor(M(9'999'999)), "1.000,00");
+    EXPECT_EQ(FormatarValor(M(50)), "0,01");
+    EXPECT_EQ(FormatarValor(M(49)), "0,00");
+    EXPECT_EQ(FormatarValor(M(-50)), "-0,01");
+    EXPECT_EQ(FormatarValor(M(-49)), "0,00");
+    EXPECT_EQ(FormatarValor(M(10'050)), "1,01");
+    EXPECT_EQ(FormatarValor(M(1'000'000'0000)), "1.000.000,00");
+    EXPECT_EQ(FormatarValor(M(std::numeric_limits<std::int64_t>::max())), "922.337.203.685.477,58");
+    EXPECT_EQ(FormatarValor(M(std::numeric_limits<std::int64_t>::min())),
+              "-922.337.203.685.477,58");
+}
+
+TEST(Formatos, DatesAndTimesArePaddedInBrazilianOrder) {
+    const Data data = Data::DeCivil({.ano = 2003, .mes = 7, .dia = 5, .hora = 9, .minuto = 4});
+    EXPECT_EQ(FormatarData(data), "05/07/2003");
+    EXPECT_EQ(FormatarMesAno(data), "07/2003");
+    EXPECT_EQ(FormatarHora(data), "09:04:00");
+    EXPECT_EQ(FormatarData(Data()), "30/12/1899");
+}
+
+TEST(Formatos, NumbersAreReadInTheBrazilianConventionOnly) {
+    EXPECT_EQ(Moeda::DeTexto("1.234,56"), M(12'345'600));
+    EXPECT_EQ(Moeda::DeTexto(" -0,5 "), M(-5'000));
+    EXPECT_EQ(Moeda::DeTexto("5.101"), M(51'010'000)) << "a point separates thousands";
+    EXPECT_EQ(Moeda::DeTexto("7,"), M(70'000));
+    for (const char* texto : {"", " ", "abc", "1,2,3", "1,2.3", "--1", "1 2", ".5", "R$ 1"}) {
+        EXPECT_EQ(NumeroDe([&] { Moeda::DeTexto(texto); }), NumeroErro::TipoIncompativel) << texto;
+    }
+}
+
+TEST(Formatos, FurtherDecimalsRoundHalvesToEven) {
+    EXPECT_EQ(Moeda::DeTexto("0,00005"), M(0));
+    EXPECT_EQ(Moeda::DeTexto("0,00015"), M(2));
+    EXPECT_EQ(Moeda::DeTexto("0,000050001"), M(1));
+    EXPECT_EQ(Moeda::DeTexto("-0,00015"), M(-2));
+    EXPECT_EQ(Moeda::DeDouble(0.00005), M(0));
+    EXPECT_EQ(Moeda::DeDouble(1.5), M(15'000));
+}
+
+TEST(Formatos, CurrencyNeverWrapsAround) {
+    const Moeda maior = M(std::numeric_limits<std::int64_t>::max());
+    const Moeda menor = M(std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(Moeda::DeTexto("922.337.203.685.477,5807"), maior);
+    EXPECT_EQ(Moeda::DeTexto("-922.337.203.685.477,5808"), menor);
+    for (const auto& acao : std::initializer_list<std::function<void()>>{
+             [&] { (void)(maior + M(1)); },
+             [&] { (void)(menor - M(1)); },
+             [&] { Moeda::DeTexto("922.337.203.685.477,5808"); },
+             [&] { Moeda::DeTexto("922.337.203.685.477,58075"); },
+             [&] { Moeda::DeInteiro(1'000'000'000'000'000); },
+             [&] { Moeda::DeDouble(1e15); },
+             [&] { Moeda::DeDouble(std::numeric_limits<double>::infinity()); },
+         }) {
+        EXPECT_EQ(NumeroDe(acao), NumeroErro::Estouro);
+    }
+    EXPECT_EQ(NumeroDe([] { Moeda::DeDouble(std::numeric_limits<double>::quiet_NaN()); }),
+              NumeroErro::TipoIncompativel);
+}
+
+}  // namespace
+}  // namespace tarvo

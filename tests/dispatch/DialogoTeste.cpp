@@ -1,0 +1,100 @@
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "dispatch/Catalogo.h"
+
+#include "dispatch/frmImpressaoRelatorios.h"
+
+namespace tarvo {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<std::size_t> Marcadas(const ListaSelecao& lista) {
+    std::vector<std::size_t> marcadas;
+    for (std::size_t i = 0; i < lista.Quantidade(); ++i) {
+        if (lista.Selecionada(i)) {
+            marcadas.push_back(lista.Relatorio(i));
+        }
+    }
+    return marcadas;
+}
+
+TEST(Dialogo, OpensWithTheEighteenEntriesAndNothingChosen) {
+    const frmImpressaoRelatorios dialogo(Catalogo());
+    EXPECT_EQ(dialogo.lngModoSaida, 0);
+    ASSERT_EQ(dialogo.lstSelecao.Quantidade(), 18U);
+    EXPECT_EQ(dialogo.lstSelecao.Rotulo(0), "01 - Cadastro do Contribuinte");
+    EXPECT_EQ(dialogo.lstSelecao.Rotulo(17), "17 - Pagamentos");
+    EXPECT_THAT(Marcadas(dialogo.lstSelecao), ElementsAre());
+}
+
+TEST(Dialogo, SelectAllClearsOnlyWhenEverythingIsSelected) {
+    frmImpressaoRelatorios dialogo(Catalogo());
+    dialogo.lstSelecao.Selecionar(0, true);
+    dialogo.cmdSelecionarTodos();
+    EXPECT_EQ(Marcadas(dialogo.lstSelecao).size(), 18U);
+    dialogo.cmdSelecionarTodos();
+    EXPECT_THAT(Marcadas(dialogo.lstSelecao), ElementsAre());
+    dialogo.cmdSelecionarTodos();
+    EXPECT_EQ(Marcadas(dialogo.lstSelecao).size(), 18U);
+
+    dialogo.lstSelecao.Remover(EntradaDesde2002);
+    dialogo.cmdSelecionarTodos();
+    EXPECT_THAT(Marcadas(dialogo.lstSelecao), ElementsAre());
+    dialogo.cmdSelecionarTodos();
+    EXPECT_EQ(Marcadas(dialogo.lstSelecao).size(), 17U);
+}
+
+TEST(Dialogo, EntriesBelowARemovedOneKeepLabelMarkAndReport) {
+    frmImpressaoRelatorios dialogo(Catalogo());
+    auto& lista = dialogo.lstSelecao;
+    lista.Selecionar(15, true);
+    lista.Selecionar(17, true);
+    lista.Focar(16);
+    lista.Remover(15);
+    ASSERT_EQ(lista.Quantidade(), 17U);
+    EXPECT_EQ(lista.Rotulo(15), "16 - Registros de Exportação");
+    EXPECT_EQ(lista.Relatorio(15), 16U);
+    EXPECT_THAT(Marcadas(lista), ElementsAre(17U));
+    EXPECT_EQ(lista.Rotulo(lista.Foco()), "16 - Registros de Exportação");
+    EXPECT_THROW(lista.Selecionar(17, true), std::out_of_range);
+    EXPECT_THROW(lista.Focar(17), std::out_of_range);
+}
+
+class JanelaQueAperta : public JanelaSelecao {
+  public:
+    explicit JanelaQueAperta(void (frmImpressaoRelatorios::*botao)()) : botao_(botao) {}
+    void ExibirModal(frmImpressaoRelatorios& dialogo) override {
+        EXPECT_TRUE(dialogo.Visivel());
+        (dialogo.*botao_)();
+        visivelDepois = dialogo.Visivel();
+    }
+    bool visivelDepois = false;
+
+  private:
+    void (frmImpressaoRelatorios::*botao_)();
+};
+
+TEST(Dialogo, OutputButtonsRecordTheModeAndHideTheDialog) {
+    const struct {
+        void (frmImpressaoRelatorios::*botao)();
+        std::int32_t modo;
+        bool visivel;
+    } casos[] = {{&frmImpressaoRelatorios::cmdVisualizar, 1, false},
+                 {&frmImpressaoRelatorios::cmdImprimir, 2, false},
+                 {&frmImpressaoRelatorios::cmdSelecionarTodos, 0, true}};
+    for (const auto& caso : casos) {
+        frmImpressaoRelatorios dialogo(Catalogo());
+        JanelaQueAperta janela(caso.botao);
+        dialogo.ExibirModal(janela);
+        EXPECT_EQ(dialogo.lngModoSaida, caso.modo);
+        EXPECT_EQ(janela.visivelDepois, caso.visivel);
+        EXPECT_FALSE(dialogo.Visivel());
+    }
+}
+
+}  // namespace
+}  // namespace tarvo
