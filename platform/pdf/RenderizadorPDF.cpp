@@ -1,7 +1,7 @@
 #include "platform/pdf/RenderizadorPDF.h"
 
 #include "data/Formatos.h"
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/GravacaoSegura.h"
 #include "platform/pdf/EscritorPDF.h"
 #include "platform/pdf/Metadados.h"
 #include "platform/pdf/Momento.h"
@@ -193,10 +193,10 @@ ResultadoPDF GravarPDF(const Conteudo& conteudo, const std::filesystem::path& ar
 }
 
 ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo) {
-    ArquivoAtomico gravacao(arquivo);
+    GravacaoSegura gravacao(arquivo);
     ResultadoPDF resultado =
         RenderizarPDF(secoes, [&gravacao](std::string_view bytes) { gravacao.Escrever(bytes); });
-    gravacao.Concluir();
+    gravacao.Confirmar();
     return resultado;
 }
 

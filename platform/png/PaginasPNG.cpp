@@ -11,7 +11,7 @@
 #include <system_error>
 
 #include "data/CodigosDeErros.h"
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/png/CodificadorPNG.h"
 
 namespace tarvo {

@@ -1,0 +1,97 @@
+#include "platform/arquivo/GravacaoSegura.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <utility>
+
+#include "platform/arquivo/Arquivos.h"
+
+namespace tarvo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PastaDe(const fs::path& arquivo) {
+    return arquivo.has_parent_path() ? arquivo.parent_path() : fs::path(".");
+}
+
+}  // namespace
+
+GravacaoSegura::GravacaoSegura(fs::path arquivo) : arquivo_(std::move(arquivo)) {
+    std::error_code ignorado;
+    const auto estado = fs::status(arquivo_, ignorado);
+    if (fs::is_directory(estado)) {
+        LancarErroDeArquivo(arquivo_, EISDIR);
+    }
+    if (fs::exists(estado) && !fs::is_regular_file(estado)) {
+        descritor_ = ::open(arquivo_.c_str(), O_WRONLY | O_CLOEXEC);
+        if (descritor_ < 0) {
+            LancarErroDeArquivo(arquivo_, errno);
+        }
+        return;
+    }
+    // A link stays a link: what it points to is replaced.
+    if (fs::is_symlink(fs::symlink_status(arquivo_, ignorado))) {
+        arquivo_ = fs::weakly_canonical(arquivo_, ignorado);
+    }
+    AbrirTemporario();
+}
+
+void GravacaoSegura::AbrirTemporario() {
+    for (unsigned tentativa = 0; descritor_ < 0; ++tentativa) {
+        temporario_ = PastaDe(arquivo_) / (".tarvo-" + std::to_string(::getpid()) + "-" +
+                                           std::to_string(tentativa) + ".tmp");
+        descritor_ = ::open(temporario_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (descritor_ < 0 && errno != EEXIST) {
+            LancarErroDeArquivo(arquivo_, errno);
+        }
+    }
+}
+
+GravacaoSegura::~GravacaoSegura() {
+    Fechar();
+    if (!temporario_.empty()) {
+        ::unlink(temporario_.c_str());
+    }
+}
+
+void GravacaoSegura::Fechar() {
+    if (descritor_ >= 0) {
+        ::close(std::exchange(descritor_, -1));
+    }
+}
+
+void GravacaoSegura::Escrever(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto escritos = ::write(descritor_, bytes.data(), bytes.size());
+        if (escritos >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(escritos));
+        } else if (errno != EINTR) {
+            LancarErroDeArquivo(arquivo_, errno);
+        }
+    }
+}
+
+void GravacaoSegura::Confirmar() {
+    if (temporario_.empty()) {
+        Fechar();
+        return;
+    }
+    struct stat antigo {};
+    if (::stat(arquivo_.c_str(), &antigo) == 0) {
+        // Fails where the file is another user's; the new one then has our own permissions.
+        (void)::fchmod(descritor_, antigo.st_mode & 07777U);
+    }
+    if (::fsync(descritor_) != 0 || ::close(std::exchange(descritor_, -1)) != 0 ||
+        ::rename(temporario_.c_str(), arquivo_.c_str()) != 0) {
+        LancarErroDeArquivo(arquivo_, errno);
+    }
+    temporario_.clear();
+}
+
+}  // namespace tarvo
