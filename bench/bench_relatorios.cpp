@@ -2,40 +2,16 @@
 // the disk is not the report's.
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <string>
 
-#include "platform/sqlite/BancoSQLite.h"
+#include "bench/BancoDeBench.h"
 #include "reports/RelatorioApuracaoOpProp.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioResumoCFOPsSai.h"
 
 namespace tarvo {
 namespace {
-
-class BancoDeBench {
-  public:
-    explicit BancoDeBench(const std::string& script) {
-        std::filesystem::remove(arquivo_);
-        CriarBanco(arquivo_);
-        BancoSQLite::Abrir(arquivo_)->ExecutarScript(script);
-    }
-    ~BancoDeBench() {
-        std::error_code ignorado;
-        std::filesystem::remove(arquivo_, ignorado);
-    }
-    BancoDeBench(const BancoDeBench&) = delete;
-    BancoDeBench& operator=(const BancoDeBench&) = delete;
-    std::unique_ptr<BancoSQLite> Abrir(TabelasDeTrabalho onde) {
-        return BancoSQLite::Abrir(arquivo_, {.tabelasDeTrabalho = onde});
-    }
-
-  private:
-    std::filesystem::path arquivo_ = std::filesystem::temp_directory_path() /
-                                     ("bench_relatorios-" + std::to_string(getpid()) + ".tarvo");
-};
 
 class Referencia2003 : public Configuracoes {
     std::string Ler(std::string_view /*aplicacao*/, std::string_view /*secao*/,

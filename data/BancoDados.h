@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "data/Publico.h"
 #include "data/Valor.h"
 
 // The declaration database as the library sees it: the operations that the reports use and no
@@ -20,7 +21,7 @@ class Recordset;
 
 // One column of the current row: reads and writes through its recordset, so that it must not
 // outlive it.
-class Field {
+class TARVO_PUBLICO Field {
   public:
     Field(Recordset& recordset, std::size_t coluna) : recordset_(&recordset), coluna_(coluna) {}
 
@@ -42,7 +43,7 @@ class Field {
 
 // The rows of a query. Destroying it closes it. After Close every operation but Close is error
 // 3420.
-class Recordset {
+class TARVO_PUBLICO Recordset {
   public:
     virtual ~Recordset() = default;
 
@@ -84,7 +85,7 @@ inline Field& Field::operator=(const Valor& valor) {
 }
 
 // A temporary query that changes data.
-class QueryDef {
+class TARVO_PUBLICO QueryDef {
   public:
     virtual ~QueryDef() = default;
     // Runs the query; its changes take effect at once.
@@ -92,7 +93,7 @@ class QueryDef {
 };
 
 // The open database.
-class BancoDados {
+class TARVO_PUBLICO BancoDados {
   public:
     virtual ~BancoDados() = default;
 

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "data/Publico.h"
+
 // The date serial: the one type of every date and time.
 namespace tarvo {
 
@@ -21,7 +23,7 @@ struct DataCivil {
 
 // Days since 30/12/1899 as a double, whose fraction (of the absolute value) is the time of day.
 // The range is the years 100 to 9999; outside it every maker raises error 6.
-class Data {
+class TARVO_PUBLICO Data {
   public:
     constexpr Data() = default;  // day zero, 30/12/1899
     static Data DeSerial(double dias);

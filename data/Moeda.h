@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "data/Publico.h"
+
 // Currency: the exact type of every amount of money.
 namespace tarvo {
 
 // An amount held as a 64-bit integer of ten-thousandths (1,2345 is 12345). Every operation that
 // leaves the 64-bit range raises error 6 (Estouro) instead of wrapping.
-class Moeda {
+class TARVO_PUBLICO Moeda {
   public:
     static constexpr std::int64_t Escala = 10'000;
 
@@ -32,8 +34,8 @@ class Moeda {
     [[nodiscard]] double ParaDouble() const;
 
     friend constexpr auto operator<=>(const Moeda&, const Moeda&) = default;
-    friend Moeda operator+(Moeda a, Moeda b);
-    friend Moeda operator-(Moeda a, Moeda b);
+    friend TARVO_PUBLICO Moeda operator+(Moeda a, Moeda b);
+    friend TARVO_PUBLICO Moeda operator-(Moeda a, Moeda b);
     Moeda& operator+=(Moeda outra) { return *this = *this + outra; }
     Moeda& operator-=(Moeda outra) { return *this = *this - outra; }
 

@@ -6,13 +6,14 @@
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioCadastro.h"
 #include "reports/RelatorioDetSubitens.h"
-#include "reports/RelatorioInterestad.h"
+#include "reports/RelatorioEntInterestad.h"
 #include "reports/RelatorioMIDAXB.h"
 #include "reports/RelatorioNotasSaiZFMALC.h"
 #include "reports/RelatorioPagamentos.h"
 #include "reports/RelatorioRegExportacao.h"
 #include "reports/RelatorioResumoCFOPsEnt.h"
 #include "reports/RelatorioResumoCFOPsSai.h"
+#include "reports/RelatorioSaiInterestad.h"
 
 namespace tarvo {
 

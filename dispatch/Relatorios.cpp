@@ -3,12 +3,17 @@
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Funcoes.h"
+#include "dispatch/Catalogo.h"
+#include "dispatch/frmImpressaoRelatorios.h"
 
 namespace tarvo {
 
+Relatorios::Relatorios(const Ambiente& ambiente, JanelaSelecao& janela)
+    : Relatorios(ambiente, janela, Catalogo()) {}
+
 Relatorios::Relatorios(const Ambiente& ambiente, JanelaSelecao& janela,
                        std::span<const EntradaCatalogo> catalogo)
-    : janela_(janela), catalogo_(catalogo) {
+    : janela_(janela), catalogo_(catalogo.data()) {
     relatorios_.reserve(catalogo.size());
     for (const auto& entrada : catalogo) {
         relatorios_.push_back(entrada.criar != nullptr ? entrada.criar(ambiente) : nullptr);
@@ -24,7 +29,7 @@ Relatorios::~Relatorios() {
 void Relatorios::Executar(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ,
                           std::int32_t OpcoesSelecionadas) {
     OcultarTodos();
-    frmImpressaoRelatorios dialogo(catalogo_);
+    frmImpressaoRelatorios dialogo({catalogo_, relatorios_.size()});
     auto& lista = dialogo.lstSelecao;
     const auto opcoes = static_cast<std::uint32_t>(OpcoesSelecionadas);
     for (std::size_t i = 0; i < lista.Quantidade(); ++i) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -7,21 +8,27 @@
 #include <vector>
 
 #include "data/BancoDados.h"
-#include "dispatch/Catalogo.h"
-#include "dispatch/frmImpressaoRelatorios.h"
+#include "data/Publico.h"
 #include "document/Visualizador.h"
 
 namespace tarvo {
+
+class frmImpressaoRelatorios;
+class JanelaSelecao;
+class RelatorioDeclaracao;
+struct EntradaCatalogo;
 
 // The entry class: lets the user choose reports of one declaration and shows or prints them. Owns
 // one object of each report of the catalogue; previews stay open until the next Executar or until
 // this object is released. Belongs to the host's user-interface thread; Executar must not be
 // entered again while it runs.
-class Relatorios {
+class TARVO_PUBLICO Relatorios {
   public:
-    // What ambiente points to, janela and the catalogue outlive this object.
+    // What ambiente points to and janela outlive this object.
+    Relatorios(const Ambiente& ambiente, JanelaSelecao& janela);
+    // With a catalogue of the caller's, which outlives this object too.
     Relatorios(const Ambiente& ambiente, JanelaSelecao& janela,
-               std::span<const EntradaCatalogo> catalogo = Catalogo());
+               std::span<const EntradaCatalogo> catalogo);
     // Releases the reports in the catalogue's order, and with them their previews.
     ~Relatorios();
     Relatorios(const Relatorios&) = delete;
@@ -45,8 +52,8 @@ class Relatorios {
                   const std::string& IE, std::int32_t NumeroDRQ);
 
     JanelaSelecao& janela_;
-    std::span<const EntradaCatalogo> catalogo_;
-    std::vector<std::unique_ptr<RelatorioDeclaracao>> relatorios_;  // as in the catalogue
+    const EntradaCatalogo* catalogo_;                               // its first entry
+    std::vector<std::unique_ptr<RelatorioDeclaracao>> relatorios_;  // one for each
 };
 
 }  // namespace tarvo

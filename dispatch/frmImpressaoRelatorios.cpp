@@ -1,5 +1,7 @@
 #include "dispatch/frmImpressaoRelatorios.h"
 
+#include "dispatch/Catalogo.h"
+
 namespace tarvo {
 
 ListaSelecao::ListaSelecao(std::span<const EntradaCatalogo> catalogo) {
@@ -37,6 +39,9 @@ void ListaSelecao::Focar(std::size_t posicao) {
     static_cast<void>(entradas_.at(posicao));
     foco_ = posicao;
 }
+
+frmImpressaoRelatorios::frmImpressaoRelatorios(std::span<const EntradaCatalogo> catalogo)
+    : lstSelecao(catalogo) {}
 
 void frmImpressaoRelatorios::ExibirModal(JanelaSelecao& janela) {
     visivel_ = true;

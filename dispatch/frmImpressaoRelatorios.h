@@ -6,10 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "dispatch/Catalogo.h"
+#include "data/Publico.h"
 
 // The behaviour of the selection dialog, apart from the window that shows it.
 namespace tarvo {
+
+struct EntradaCatalogo;
 
 // What the dialog's user asked for; the numbers are lngModoSaida's.
 namespace ModoSaida {
@@ -20,7 +22,7 @@ constexpr std::int32_t Imprimir = 2;
 
 // The list of the dialog. Positions count from 0 and move up when an entry is removed; the report
 // of an entry stays. A position outside the list is std::out_of_range.
-class ListaSelecao {
+class TARVO_PUBLICO ListaSelecao {
   public:
     explicit ListaSelecao(std::span<const EntradaCatalogo> catalogo);
 
@@ -48,10 +50,9 @@ class ListaSelecao {
 class JanelaSelecao;
 
 // The dialog. Its window calls the cmd operations when their buttons are pressed.
-class frmImpressaoRelatorios {
+class TARVO_PUBLICO frmImpressaoRelatorios {
   public:
-    explicit frmImpressaoRelatorios(std::span<const EntradaCatalogo> catalogo)
-        : lstSelecao(catalogo) {}
+    explicit frmImpressaoRelatorios(std::span<const EntradaCatalogo> catalogo);
 
     ListaSelecao lstSelecao;
     std::int32_t lngModoSaida = ModoSaida::Nenhum;
@@ -71,7 +72,7 @@ class frmImpressaoRelatorios {
 };
 
 // The window of the dialog, given by the host.
-class JanelaSelecao {
+class TARVO_PUBLICO JanelaSelecao {
   public:
     virtual ~JanelaSelecao() = default;
     // Shows the dialog and returns once Visivel is false or the user has closed the window.

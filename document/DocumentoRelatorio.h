@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/Publico.h"
 #include "document/Conteudo.h"
 #include "document/Visualizador.h"
 
@@ -15,7 +16,7 @@ namespace tarvo {
 //
 // Drawing refuses what no page can show with error 5: coordinates, sizes or radii that are not
 // finite, alignment codes outside 0 to 2, a line style other than 0 and 2, a missing picture.
-class DocumentoRelatorio {
+class TARVO_PUBLICO DocumentoRelatorio {
   public:
     explicit DocumentoRelatorio(const Ambiente& ambiente = {});
     ~DocumentoRelatorio();

@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "data/Publico.h"
+
 // The images that reports draw, embedded in the library as they are stored in document/imagens.
 namespace tarvo {
 
@@ -17,13 +19,13 @@ struct Imagem {
 };
 
 // The form that only holds the images.
-namespace frmFiguras {
+namespace frmFiguras TARVO_PUBLICO {
 extern const Imagem imgBrasaoVDColorido;       // coat of arms in colour, every page header
 extern const Imagem imgIconeR;                 // window icon of the reports
 extern const Imagem imgIconeG;                 // window icon of the payment slip
 extern const Imagem imgTesoura;                // scissors at the slip's cut line
 extern const Imagem imgPortariaKEX_27_95;      // citation strip beside the slip
 extern const Imagem imgBrasaoVDMonocromatico;  // coat of arms in black and white, slip
-}  // namespace frmFiguras
+}  // namespace TARVO_PUBLICO
 
 }  // namespace tarvo

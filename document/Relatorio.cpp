@@ -2,6 +2,9 @@
 
 namespace tarvo {
 
+Relatorio::~Relatorio() = default;
+RelatorioDeclaracao::~RelatorioDeclaracao() = default;
+
 void Relatorio::IniciarDocumento() {
     documento_.Iniciar();
     documento_.DefinirTitulo(identidade_.titulo);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "data/BancoDados.h"
+#include "data/Publico.h"
 #include "document/DocumentoRelatorio.h"
 #include "document/Imagens.h"
 
@@ -23,9 +24,9 @@ struct IdentidadeRelatorio {
 // A report object: a document, and the protocol by which callers drive it: Construir (each class
 // has its own), then any number of Exibir and Ocultar; the reports of the selection list also have
 // Imprimir. An error in Construir leaves what was drawn so far. Belongs to one thread at a time.
-class Relatorio {
+class TARVO_PUBLICO Relatorio {
   public:
-    virtual ~Relatorio() = default;
+    virtual ~Relatorio();
     Relatorio(const Relatorio&) = delete;
     Relatorio& operator=(const Relatorio&) = delete;
 
@@ -53,8 +54,10 @@ class Relatorio {
 };
 
 // A report of the selection list: built from one declaration of one taxpayer.
-class RelatorioDeclaracao : public Relatorio {
+class TARVO_PUBLICO RelatorioDeclaracao : public Relatorio {
   public:
+    ~RelatorioDeclaracao() override;
+
     // Reads the declaration from the open database and draws the whole document anew. A missing
     // taxpayer or declaration gives a document of one empty page, unless the class says otherwise.
     // Database and conversion errors reach the caller.

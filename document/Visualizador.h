@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "data/Publico.h"
+
 // What a host hands to the library once: the pieces of the user's desktop that documents and
 // reports need from outside. Each may be absent; an operation that needs an absent one raises
 // error 445.
@@ -12,7 +14,7 @@ namespace tarvo {
 struct Conteudo;
 
 // The preview window and the way to the printer of one document. Destroying it closes the window.
-class Visualizador {
+class TARVO_PUBLICO Visualizador {
   public:
     virtual ~Visualizador() = default;
     // Opens a modeless preview of the document as it is now, or shows it anew at its first page.
@@ -23,14 +25,14 @@ class Visualizador {
 };
 
 // Makes the Visualizador of each document. It outlives the documents.
-class FabricaVisualizadores {
+class TARVO_PUBLICO FabricaVisualizadores {
   public:
     virtual ~FabricaVisualizadores() = default;
     virtual std::unique_ptr<Visualizador> Criar() = 0;
 };
 
 // The per-user settings store of the host.
-class Configuracoes {
+class TARVO_PUBLICO Configuracoes {
   public:
     virtual ~Configuracoes() = default;
     // The setting's text, or padrao when it is absent.
@@ -40,7 +42,7 @@ class Configuracoes {
 };
 
 // Told of each finished page while a document is built, so that a long build can show progress.
-class Andamento {
+class TARVO_PUBLICO Andamento {
   public:
     virtual ~Andamento() = default;
     // False cancels the build, which ends with error 18.

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
+#include <thread>
 
 namespace tarvo::host {
 
@@ -20,7 +21,12 @@ struct Textos {
     std::string opcoes = "0";
     std::string impressora;
     std::string refAtual;
+    std::string de;
+    std::string ate;
+    std::string trabalhos;
     bool exemplo = false;
+    bool unico = false;
+    bool retomar = false;
 };
 
 struct Subcomando {
@@ -57,6 +63,20 @@ std::vector<Subcomando> DeclararSubcomandos(CLI::App& app, Textos& t) {
     exportar->add_option("--formato", t.formato, "pdf, png ou json");
     exportar->add_option("--saida", t.saida, "pasta dos arquivos");
     exportar->add_option("--dpi", t.dpi, "resolução das páginas em png (150)");
+    auto* lote = comBanco(
+        novo(Comando::Lote, "lote", "grava os relatórios de muitas declarações, em paralelo"));
+    lote->add_option("--saida", t.saida, "pasta do lote");
+    lote->add_option("--relatorios", t.relatorios, descricaoLista);
+    lote->add_option("--formato", t.formato, "pdf (se omitido), png ou json");
+    lote->add_option("--dpi", t.dpi, "resolução das páginas em png (150)");
+    lote->add_option("--trabalhos", t.trabalhos, "quantos ao mesmo tempo (os núcleos, se omitido)");
+    lote->add_option("--ie", t.IE, "só as declarações deste contribuinte");
+    lote->add_option("--de", t.de, "a partir deste mês de referência (MM/AAAA)");
+    lote->add_option("--ate", t.ate, "até este mês de referência (MM/AAAA)");
+    lote->add_option("--ref-atual", t.refAtual,
+                     "mês de referência atual (MM/AAAA), só nesta chamada");
+    lote->add_flag("--unico", t.unico, "um só PDF por declaração, com marcadores");
+    lote->add_flag("--retomar", t.retomar, "continua um lote interrompido");
     auto* selecionar = comDeclaracao(
         comBanco(novo(Comando::Selecionar, "selecionar", "abre a seleção de relatórios")));
     selecionar->add_option("--opcoes", t.opcoes, "entradas já marcadas, bit a bit");
@@ -121,16 +141,19 @@ void Exigir(const std::string& valor, const char* nome) {
     }
 }
 
-void LerRelatorios(const Textos& t, Argumentos& a) {
-    Exigir(t.relatorios, "--relatorios");
-    a.todos = t.relatorios == "todos";
+void LerRelatorios(const std::string& relatorios, Argumentos& a) {
+    Exigir(relatorios, "--relatorios");
+    a.todos = relatorios == "todos";
     if (!a.todos) {
-        a.codigos = LerListaDeCodigos(t.relatorios);
+        a.codigos = LerListaDeCodigos(relatorios);
         if (a.codigos.empty()) {
-            Recusar("--relatorios não conhece \"" + t.relatorios +
+            Recusar("--relatorios não conhece \"" + relatorios +
                     "\"; use todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO");
         }
     }
+}
+
+void ExigirDeclaracao(const Textos& t, const Argumentos& a) {
     const auto precisa = [&](bool (*de)(std::string_view)) {
         return a.todos || std::any_of(a.codigos.begin(), a.codigos.end(), de);
     };
@@ -140,6 +163,36 @@ void LerRelatorios(const Textos& t, Argumentos& a) {
     if (precisa(PrecisaDeDeclaracao)) {
         Exigir(t.drq, "--drq");
     }
+}
+
+void LerDestino(const Textos& t, Argumentos& a) {
+    Exigir(t.formato, "--formato");
+    Exigir(t.saida, "--saida");
+    const auto formato = LerFormato(t.formato);
+    if (!formato) {
+        Recusar("--formato é pdf, png ou json, não \"" + t.formato + "\"");
+    }
+    a.destino = {
+        .pasta = t.saida, .formato = *formato, .dpi = LerInteiro(t.dpi, "--dpi", 20, 1200)};
+}
+
+std::optional<std::string> LerMesAnoOpcional(const std::string& texto) {
+    return texto.empty() ? std::nullopt : std::optional(LerMesAno(texto));
+}
+
+void LerLote(Textos t, Argumentos& a) {
+    LerRelatorios(t.relatorios.empty() ? "todos" : t.relatorios, a);
+    t.formato = t.formato.empty() ? "pdf" : t.formato;
+    LerDestino(t, a);
+    a.de = LerMesAnoOpcional(t.de);
+    a.ate = LerMesAnoOpcional(t.ate);
+    a.unico = t.unico;
+    a.retomar = t.retomar;
+    if (a.unico && a.destino.formato != Formato::PDF) {
+        Recusar("--unico é só para pdf");
+    }
+    const int nucleos = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    a.trabalhos = t.trabalhos.empty() ? nucleos : LerInteiro(t.trabalhos, "--trabalhos", 1, 256);
 }
 
 Argumentos Conferir(Comando comando, const Textos& t) {
@@ -156,22 +209,17 @@ Argumentos Conferir(Comando comando, const Textos& t) {
     if (!t.drq.empty()) {
         a.NumeroDRQ = LerInteiro(t.drq, "--drq", 0, INT32_MAX);
     }
-    if (!t.refAtual.empty()) {
-        a.refAtual = LerMesAno(t.refAtual);
-    }
+    a.refAtual = LerMesAnoOpcional(t.refAtual);
     a.impressora = t.impressora;
     if (comando == Comando::Exportar || comando == Comando::Imprimir) {
-        LerRelatorios(t, a);
+        LerRelatorios(t.relatorios, a);
+        ExigirDeclaracao(t, a);
     }
     if (comando == Comando::Exportar) {
-        Exigir(t.formato, "--formato");
-        Exigir(t.saida, "--saida");
-        const auto formato = LerFormato(t.formato);
-        if (!formato) {
-            Recusar("--formato é pdf, png ou json, não \"" + t.formato + "\"");
-        }
-        a.destino = {
-            .pasta = t.saida, .formato = *formato, .dpi = LerInteiro(t.dpi, "--dpi", 20, 1200)};
+        LerDestino(t, a);
+    }
+    if (comando == Comando::Lote) {
+        LerLote(t, a);
     }
     if (comando == Comando::Selecionar) {
         Exigir(t.IE, "--ie");

@@ -12,7 +12,18 @@
 // The command line, read and checked.
 namespace tarvo::host {
 
-enum class Comando { Ajuda, Criar, Listar, Exportar, Selecionar, Imprimir, Velo, RefAtual, Janela };
+enum class Comando {
+    Ajuda,
+    Criar,
+    Listar,
+    Exportar,
+    Lote,
+    Selecionar,
+    Imprimir,
+    Velo,
+    RefAtual,
+    Janela
+};
 
 struct Argumentos {
     Comando comando = Comando::Ajuda;
@@ -27,6 +38,12 @@ struct Argumentos {
     std::int32_t opcoes = 0;              // entries that selecionar ticks, bit by bit
     std::string impressora;               // empty: the user's default printer
     std::optional<std::string> refAtual;  // "MM/AAAA"
+    // Of a batch:
+    std::optional<std::string> de;  // first and last month of reference, "MM/AAAA"
+    std::optional<std::string> ate;
+    int trabalhos = 1;     // threads
+    bool unico = false;    // one PDF per declaration, with an outline
+    bool retomar = false;  // go on where an earlier call stopped
 };
 
 // The command line cannot be understood; what() says why, in Portuguese.

@@ -6,7 +6,7 @@
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/json/DocumentoJSON.h"
 #include "platform/png/PaginasPNG.h"
 #include "slip/RelatorioVELO.h"
@@ -31,13 +31,16 @@ std::string EmMaiusculas(std::string_view texto) {
     return maiusculas;
 }
 
-void CriarPasta(const std::filesystem::path& pasta) {
-    std::error_code erro;
-    std::filesystem::create_directories(pasta, erro);
-    if (erro) {
-        throw Erro(erro == std::errc::permission_denied ? NumeroErro::PermissaoNegada
-                                                        : NumeroErro::CaminhoNaoEncontrado,
-                   "A pasta \"" + pasta.string() + "\" não pôde ser criada.");
+// PNG pages that an earlier, longer document left.
+void RemoverPaginasAlem(const std::filesystem::path& pasta, const std::string& nome,
+                        std::size_t paginas) {
+    const std::string prefixo = nome + "-";
+    for (const auto& item : std::filesystem::directory_iterator(pasta)) {
+        const std::string arquivo = item.path().filename().string();
+        if (arquivo.starts_with(prefixo) && arquivo.ends_with(".png") &&
+            std::strtoull(arquivo.c_str() + prefixo.size(), nullptr, 10) > paginas) {
+            std::filesystem::remove(item.path());
+        }
     }
 }
 
@@ -83,34 +86,45 @@ std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDado
 }
 
 std::optional<Formato> LerFormato(std::string_view nome) {
-    const std::string formato = EmMaiusculas(nome);
-    if (formato == "PDF") {
-        return Formato::PDF;
-    }
-    if (formato == "PNG") {
-        return Formato::PNG;
-    }
-    if (formato == "JSON") {
-        return Formato::JSON;
+    for (const Formato formato : {Formato::PDF, Formato::PNG, Formato::JSON}) {
+        if (EmMaiusculas(nome) == EmMaiusculas(Extensao(formato))) {
+            return formato;
+        }
     }
     return std::nullopt;
 }
 
-std::string NomeDoArquivo(std::string_view codigo, const Relatorio& relatorio) {
-    return std::string(codigo) + "-" + std::string(relatorio.Identidade().classe);
+std::string_view Extensao(Formato formato) {
+    switch (formato) {
+        case Formato::PDF:
+            return "pdf";
+        case Formato::PNG:
+            return "png";
+        case Formato::JSON:
+            return "json";
+    }
+    return "";
+}
+
+std::string NomeDoArquivo(std::string_view codigo) {
+    const std::string_view classe = codigo == CodigoVELO
+                                        ? RelatorioVELO().Identidade().classe
+                                        : Procurar(codigo)->criar({})->Identidade().classe;
+    return std::string(codigo) + "-" + std::string(classe);
 }
 
 ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino) {
     CriarPasta(destino.pasta);
     const Conteudo& conteudo = relatorio.Documento();
-    const std::string nome = NomeDoArquivo(codigo, relatorio);
+    const std::string nome = NomeDoArquivo(codigo);
     switch (destino.formato) {
         case Formato::PDF:
             return GravarPDF(conteudo, destino.pasta / (nome + ".pdf"));
         case Formato::PNG: {
             std::string pdf;
             const ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
-            GravarPNG(pdf, destino.pasta, nome, destino.dpi);
+            RemoverPaginasAlem(destino.pasta, nome,
+                               GravarPNG(pdf, destino.pasta, nome, destino.dpi).size());
             return resultado;
         }
         case Formato::JSON: {

@@ -51,11 +51,15 @@ struct Destino {
     int dpi = 150;  // of PNG pages
 };
 
+// "pdf"
+std::string_view Extensao(Formato formato);
+
 // "10-RelatorioApuracaoOpProp": the name of a report's files without their ending.
-std::string NomeDoArquivo(std::string_view codigo, const Relatorio& relatorio);
+std::string NomeDoArquivo(std::string_view codigo);
 
 // Writes a built report into the folder, which is made when it is missing. On an error no new file
 // is left, and a file of an earlier run stays as it was.
+// Pages of an earlier run that the document no longer has are removed.
 ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino);
 
 }  // namespace tarvo::host

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "data/CodigosDeErros.h"
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 
 namespace tarvo::host {
 

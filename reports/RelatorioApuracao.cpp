@@ -7,6 +7,7 @@
 #include "data/Funcoes.h"
 #include "reports/LinhasApuracao.h"
 #include "reports/Somas.h"
+#include "reports/TipoApuracao.h"
 
 namespace tarvo {
 
@@ -37,6 +38,9 @@ Moeda OuZero(Moeda valor) {
 }
 
 }  // namespace
+
+RelatorioApuracao::RelatorioApuracao(const TipoApuracao& tipo, const Ambiente& ambiente)
+    : RelatorioDeTabela(tipo.identidade, tipo.formato, ambiente), tipo_(tipo) {}
 
 // The summed fields enter the subtotals as they are printed, with two decimals; what is read from
 // the declaration itself keeps its four.
@@ -96,6 +100,30 @@ const RegimeApuracao& RelatorioApuracao::LerRegime(BancoDados& banco, std::int32
     return *std::find_if(tipo_.regimes.begin(), ultimo, [&](const RegimeApuracao& regime) {
         return regime.codigo == TextoCampo(codigo);
     });
+}
+
+std::string RelatorioApuracao::Campo051(BancoDados* banco, std::int32_t n) const {
+    return SomaDosCFOPs(banco, tipo_.gruposDebito, n);
+}
+
+std::string RelatorioApuracao::Campo052(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "002", n);
+}
+
+std::string RelatorioApuracao::Campo053(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "003", n);
+}
+
+std::string RelatorioApuracao::Campo056(BancoDados* banco, std::int32_t n) const {
+    return SomaDosCFOPs(banco, tipo_.gruposCredito, n);
+}
+
+std::string RelatorioApuracao::Campo057(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "007", n);
+}
+
+std::string RelatorioApuracao::Campo058(BancoDados* banco, std::int32_t n) const {
+    return SomaDosSubitens(banco, "008", n);
 }
 
 void RelatorioApuracao::ImprimirLinha(Recordset& linha, Recordset& /*identificacao*/, double y) {

@@ -3,6 +3,7 @@
 #include "data/Formatos.h"
 #include "data/Funcoes.h"
 #include "reports/LinhasApuracao.h"
+#include "reports/TipoApuracao.h"
 
 namespace tarvo {
 
@@ -52,5 +53,7 @@ constexpr TipoApuracao OperacoesProprias{
 
 RelatorioApuracaoOpProp::RelatorioApuracaoOpProp(const Ambiente& ambiente)
     : RelatorioApuracao(OperacoesProprias, ambiente) {}
+
+RelatorioApuracaoOpProp::~RelatorioApuracaoOpProp() = default;
 
 }  // namespace tarvo

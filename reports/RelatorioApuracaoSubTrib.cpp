@@ -2,6 +2,7 @@
 
 #include "data/Funcoes.h"
 #include "reports/LinhasApuracao.h"
+#include "reports/TipoApuracao.h"
 
 namespace tarvo {
 
@@ -35,5 +36,7 @@ constexpr TipoApuracao SubstituicaoTributaria{
 
 RelatorioApuracaoSubTrib::RelatorioApuracaoSubTrib(const Ambiente& ambiente)
     : RelatorioApuracao(SubstituicaoTributaria, ambiente) {}
+
+RelatorioApuracaoSubTrib::~RelatorioApuracaoSubTrib() = default;
 
 }  // namespace tarvo

@@ -3,15 +3,17 @@
 #include <cstdint>
 #include <string>
 
+#include "data/Publico.h"
 #include "reports/RelatorioApuracao.h"
 
 namespace tarvo {
 
 // The assessment of the operations under tax substitution, the same whatever the tax regime:
 // entry 14 of the selection list.
-class RelatorioApuracaoSubTrib final : public RelatorioApuracao {
+class TARVO_PUBLICO RelatorioApuracaoSubTrib final : public RelatorioApuracao {
   public:
     explicit RelatorioApuracaoSubTrib(const Ambiente& ambiente = {});
+    ~RelatorioApuracaoSubTrib() override;
 
     // Single fields of the assessment as printed ("1.234,56"): "0,00" when the declaration has
     // nothing to add up, the empty text when scit_db is null. They need no Construir and change

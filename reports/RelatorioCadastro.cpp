@@ -51,6 +51,8 @@ constexpr CelulaCadastro Celulas[] = {
 RelatorioCadastro::RelatorioCadastro(const Ambiente& ambiente)
     : RelatorioDeclaracao(Cadastro, ambiente) {}
 
+RelatorioCadastro::~RelatorioCadastro() = default;
+
 void RelatorioCadastro::Construir(BancoDados& BancoDados, const std::string& IE) {
     const auto contribuinte =
         BancoDados.OpenRecordset(ConsultaContribuinte(IE), TipoRecordset::ForwardOnly);

@@ -3,14 +3,16 @@
 #include <cstdint>
 #include <string>
 
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
 
 // The registration data of one taxpayer on one portrait page: entry 01 of the selection list.
-class RelatorioCadastro final : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioCadastro final : public RelatorioDeclaracao {
   public:
     explicit RelatorioCadastro(const Ambiente& ambiente = {});
+    ~RelatorioCadastro() override;
 
     void Construir(BancoDados& BancoDados, const std::string& IE);
     // The declaration plays no part.

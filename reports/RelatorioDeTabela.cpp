@@ -2,6 +2,7 @@
 
 #include "data/Consultas.h"
 #include "document/CicloPaginas.h"
+#include "reports/FormatoDeTabela.h"
 #include "reports/TabelaDeTrabalho.h"
 
 namespace tarvo {

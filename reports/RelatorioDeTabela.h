@@ -2,26 +2,18 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
-#include "document/QuadroPagina.h"
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
 
-// The work table and the pages of a report that prints one. Lengths in cm.
-struct FormatoDeTabela {
-    std::string_view tabela;
-    EstiloCabecalho cabecalho;
-    double yPrimeiraLinha = 0;
-    double yUltimaLinha = 0;  // lowest place for a line
-    double yRodape = 0;
-};
+struct FormatoDeTabela;
 
 // A report in two phases: it computes its printed lines into a work table of its own, and then
 // prints that table's rows page by page. The work table is refilled even when there is no such
 // taxpayer and the document stays empty; it belongs to one build at a time.
-class RelatorioDeTabela : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeclaracao {
   public:
     void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) final;
 

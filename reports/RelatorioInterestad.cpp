@@ -9,6 +9,8 @@
 #include "data/Funcoes.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
+#include "reports/RelatorioEntInterestad.h"
+#include "reports/RelatorioSaiInterestad.h"
 
 namespace tarvo {
 
@@ -216,5 +218,7 @@ RelatorioEntInterestad::RelatorioEntInterestad(const Ambiente& ambiente)
 
 RelatorioSaiInterestad::RelatorioSaiInterestad(const Ambiente& ambiente)
     : RelatorioInterestad(Saidas, ambiente) {}
+
+RelatorioSaiInterestad::~RelatorioSaiInterestad() = default;
 
 }  // namespace tarvo

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
@@ -11,7 +12,7 @@ struct DescricaoInterestad;
 
 // The interstate operations of a declaration summed per state, in the order of the states' names,
 // with a total row: the one design of entries 04 and 05. From 2002 on with the tax column.
-class RelatorioInterestad : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioInterestad : public RelatorioDeclaracao {
   public:
     void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
 
@@ -20,18 +21,6 @@ class RelatorioInterestad : public RelatorioDeclaracao {
 
   private:
     const DescricaoInterestad& descricao_;
-};
-
-// Incoming operations by state of origin: entry 04.
-class RelatorioEntInterestad final : public RelatorioInterestad {
-  public:
-    explicit RelatorioEntInterestad(const Ambiente& ambiente = {});
-};
-
-// Outgoing operations by state of destination: entry 05.
-class RelatorioSaiInterestad final : public RelatorioInterestad {
-  public:
-    explicit RelatorioSaiInterestad(const Ambiente& ambiente = {});
 };
 
 }  // namespace tarvo

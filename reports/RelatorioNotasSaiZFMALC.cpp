@@ -88,6 +88,8 @@ std::string ConsultaNotas(std::int32_t NumeroDRQ, std::string_view CFOP) {
 RelatorioNotasSaiZFMALC::RelatorioNotasSaiZFMALC(const Ambiente& ambiente)
     : RelatorioDeclaracao(Notas, ambiente) {}
 
+RelatorioNotasSaiZFMALC::~RelatorioNotasSaiZFMALC() = default;
+
 void RelatorioNotasSaiZFMALC::Construir(BancoDados& BancoDados, const std::string& IE,
                                         std::int32_t NumeroDRQ) {
     const auto identificacao =

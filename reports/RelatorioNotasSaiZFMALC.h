@@ -3,15 +3,17 @@
 #include <cstdint>
 #include <string>
 
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
 
 // The outgoing invoices to the free-trade zones, grouped by CFOP with subtotals and a total: entry
 // 06 of the selection list. An invoice whose town or CFOP line is missing is not listed.
-class RelatorioNotasSaiZFMALC final : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeclaracao {
   public:
     explicit RelatorioNotasSaiZFMALC(const Ambiente& ambiente = {});
+    ~RelatorioNotasSaiZFMALC() override;
 
     void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
 

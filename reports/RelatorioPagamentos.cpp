@@ -51,6 +51,8 @@ double ValorParaSoma(const Valor& valor) {
 RelatorioPagamentos::RelatorioPagamentos(const Ambiente& ambiente)
     : RelatorioDeclaracao(Pagamentos, ambiente) {}
 
+RelatorioPagamentos::~RelatorioPagamentos() = default;
+
 void RelatorioPagamentos::Construir(BancoDados& BancoDados, const std::string& IE,
                                     std::int32_t NumeroDRQ) {
     const auto identificacao =

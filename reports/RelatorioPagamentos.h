@@ -3,15 +3,17 @@
 #include <cstdint>
 #include <string>
 
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
 
 // The payments of a declaration in two groups, own operations and substitution tax, each with its
 // total: entry 17 of the selection list.
-class RelatorioPagamentos final : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeclaracao {
   public:
     explicit RelatorioPagamentos(const Ambiente& ambiente = {});
+    ~RelatorioPagamentos() override;
 
     // A payment without an amount ends with error 94, after its line is drawn.
     void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;

@@ -27,6 +27,8 @@ constexpr EstiloTexto CelulaRegistro{.recuoX = 0, .horizontal = Alinhamento::Cen
 RelatorioRegExportacao::RelatorioRegExportacao(const Ambiente& ambiente)
     : RelatorioDeclaracao(Registros, ambiente) {}
 
+RelatorioRegExportacao::~RelatorioRegExportacao() = default;
+
 void RelatorioRegExportacao::Construir(BancoDados& BancoDados, const std::string& IE,
                                        std::int32_t NumeroDRQ) {
     const auto identificacao =

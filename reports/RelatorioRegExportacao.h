@@ -3,15 +3,17 @@
 #include <cstdint>
 #include <string>
 
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
 
 // The export registrations of a declaration, down five columns a page: entry 16 of the selection
 // list.
-class RelatorioRegExportacao final : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeclaracao {
   public:
     explicit RelatorioRegExportacao(const Ambiente& ambiente = {});
+    ~RelatorioRegExportacao() override;
 
     void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
 

@@ -12,6 +12,7 @@
 #include "reports/ReferenciaAtual.h"
 #include "reports/Somas.h"
 #include "reports/TabelaDeTrabalho.h"
+#include "reports/TipoResumo.h"
 
 namespace tarvo {
 
@@ -92,6 +93,9 @@ std::unique_ptr<Recordset> AbrirDetalhesCFOPs(BancoDados& banco, const FaixaCFOP
 }
 
 }  // namespace
+
+RelatorioResumoCFOPs::RelatorioResumoCFOPs(const TipoResumo& tipo, const Ambiente& ambiente)
+    : RelatorioDeTabela(tipo.identidade, tipo.formato, ambiente), tipo_(tipo) {}
 
 void RelatorioResumoCFOPs::Montar(BancoDados& banco, std::int32_t NumeroDRQ) {
     const auto& faixas = ReferenciaUsaCFOPsNovos(AmbienteDoRelatorio().configuracoes)

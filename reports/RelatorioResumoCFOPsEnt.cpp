@@ -1,5 +1,7 @@
 #include "reports/RelatorioResumoCFOPsEnt.h"
 
+#include "reports/TipoResumo.h"
+
 namespace tarvo {
 
 namespace {
@@ -24,5 +26,7 @@ constexpr TipoResumo Entradas{
 
 RelatorioResumoCFOPsEnt::RelatorioResumoCFOPsEnt(const Ambiente& ambiente)
     : RelatorioResumoCFOPs(Entradas, ambiente) {}
+
+RelatorioResumoCFOPsEnt::~RelatorioResumoCFOPsEnt() = default;
 
 }  // namespace tarvo

@@ -1,5 +1,7 @@
 #include "reports/RelatorioResumoCFOPsSai.h"
 
+#include "reports/TipoResumo.h"
+
 namespace tarvo {
 
 namespace {
@@ -24,5 +26,7 @@ constexpr TipoResumo Saidas{
 
 RelatorioResumoCFOPsSai::RelatorioResumoCFOPsSai(const Ambiente& ambiente)
     : RelatorioResumoCFOPs(Saidas, ambiente) {}
+
+RelatorioResumoCFOPsSai::~RelatorioResumoCFOPsSai() = default;
 
 }  // namespace tarvo

@@ -246,6 +246,8 @@ class Guia {
 
 RelatorioVELO::RelatorioVELO(const Ambiente& ambiente) : Relatorio(VELO, ambiente) {}
 
+RelatorioVELO::~RelatorioVELO() = default;
+
 void RelatorioVELO::Construir(BancoDados& BancoDados) {
     const auto dados =
         BancoDados.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);

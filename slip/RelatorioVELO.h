@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Publico.h"
 #include "document/Relatorio.h"
 
 namespace tarvo {
@@ -7,9 +8,10 @@ namespace tarvo {
 // The state tax payment slip on one A4 page: the taxpayer's copy above the bank's, each with its
 // cut line. It prints the first row of tblVELO, texts as stored; an empty table gives an empty
 // document. It is previewed, never printed directly.
-class RelatorioVELO final : public Relatorio {
+class TARVO_PUBLICO RelatorioVELO final : public Relatorio {
   public:
     explicit RelatorioVELO(const Ambiente& ambiente = {});
+    ~RelatorioVELO() override;
 
     void Construir(BancoDados& BancoDados);
 };

@@ -1,67 +1,20 @@
 #include "platform/arquivo/GravacaoSegura.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <string>
-#include <system_error>
 #include <utility>
 
-#include "data/CodigosDeErros.h"
+#include "platform/arquivo/Arquivos.h"
 
 namespace tarvo {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-NumeroErro NumeroDe(int erro) {
-    switch (erro) {
-        case ENOENT:
-        case ENOTDIR:
-        case ENAMETOOLONG:
-            return NumeroErro::CaminhoNaoEncontrado;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-        case ETXTBSY:
-            return NumeroErro::PermissaoNegada;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return NumeroErro::DiscoCheio;
-        default:
-            return NumeroErro::ErroDispositivo;
-    }
-}
-
-std::string MotivoDe(int erro) {
-    switch (erro) {
-        case EISDIR:
-            return "já existe uma pasta com esse nome";
-        case ENAMETOOLONG:
-            return "o nome é longo demais";
-        default:
-            break;
-    }
-    switch (NumeroDe(erro)) {
-        case NumeroErro::CaminhoNaoEncontrado:
-            return "a pasta não existe";
-        case NumeroErro::PermissaoNegada:
-            return "sem permissão de escrita";
-        case NumeroErro::DiscoCheio:
-            return "não há espaço no disco";
-        default:
-            return std::generic_category().message(erro);
-    }
-}
-
-[[noreturn]] void Lancar(const fs::path& arquivo, int erro) {
-    throw Erro(NumeroDe(erro),
-               "Não foi possível gravar \"" + arquivo.string() + "\": " + MotivoDe(erro) + ".");
-}
 
 fs::path PastaDe(const fs::path& arquivo) {
     return arquivo.has_parent_path() ? arquivo.parent_path() : fs::path(".");
@@ -73,12 +26,12 @@ GravacaoSegura::GravacaoSegura(fs::path arquivo) : arquivo_(std::move(arquivo)) 
     std::error_code ignorado;
     const auto estado = fs::status(arquivo_, ignorado);
     if (fs::is_directory(estado)) {
-        Lancar(arquivo_, EISDIR);
+        LancarErroDeArquivo(arquivo_, EISDIR);
     }
     if (fs::exists(estado) && !fs::is_regular_file(estado)) {
         descritor_ = ::open(arquivo_.c_str(), O_WRONLY | O_CLOEXEC);
         if (descritor_ < 0) {
-            Lancar(arquivo_, errno);
+            LancarErroDeArquivo(arquivo_, errno);
         }
         return;
     }
@@ -95,7 +48,7 @@ void GravacaoSegura::AbrirTemporario() {
                                            std::to_string(tentativa) + ".tmp");
         descritor_ = ::open(temporario_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (descritor_ < 0 && errno != EEXIST) {
-            Lancar(arquivo_, errno);
+            LancarErroDeArquivo(arquivo_, errno);
         }
     }
 }
@@ -119,7 +72,7 @@ void GravacaoSegura::Escrever(std::string_view bytes) {
         if (escritos >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(escritos));
         } else if (errno != EINTR) {
-            Lancar(arquivo_, errno);
+            LancarErroDeArquivo(arquivo_, errno);
         }
     }
 }
@@ -129,17 +82,16 @@ void GravacaoSegura::Confirmar() {
         Fechar();
         return;
     }
+    struct stat antigo {};
+    if (::stat(arquivo_.c_str(), &antigo) == 0) {
+        // Fails where the file is another user's; the new one then has our own permissions.
+        (void)::fchmod(descritor_, antigo.st_mode & 07777U);
+    }
     if (::fsync(descritor_) != 0 || ::close(std::exchange(descritor_, -1)) != 0 ||
         ::rename(temporario_.c_str(), arquivo_.c_str()) != 0) {
-        Lancar(arquivo_, errno);
+        LancarErroDeArquivo(arquivo_, errno);
     }
     temporario_.clear();
-    // The new name, too, is to survive a power failure.
-    const int pasta = ::open(PastaDe(arquivo_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (pasta >= 0) {
-        ::fsync(pasta);
-        ::close(pasta);
-    }
 }
 
 }  // namespace tarvo

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "data/CodigosDeErros.h"
-#include "platform/arquivos/ArquivoAtomico.h"
-#include "platform/arquivos/Descritor.h"
+#include "platform/arquivo/Arquivos.h"
+#include "platform/arquivo/Descritor.h"
 
 namespace tarvo {
 
@@ -166,17 +166,14 @@ void ConfiguracoesIni::Gravar(std::string_view aplicacao, std::string_view secao
     RecusarSeConter(secao, "]\r\n");
     RecusarSeConter(chave, "=\r\n");
     RecusarSeConter(valor, "\r\n");
-    std::error_code erro;
-    std::filesystem::create_directories(pasta_, erro);
+    CriarPasta(pasta_);
     // Held until the new file stands, so that two programs do not undo each other's keys.
     const Descritor pasta(::open(pasta_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (pasta.Valor() < 0) {
         LancarErroDeArquivo(pasta_, errno);
     }
     static_cast<void>(::flock(pasta.Valor(), LOCK_EX));
-    // A link to a file kept elsewhere stays a link.
-    const auto arquivo = std::filesystem::weakly_canonical(Arquivo(aplicacao), erro);
-    const auto& destino = erro ? Arquivo(aplicacao) : arquivo;
+    const auto destino = Arquivo(aplicacao);
     auto linhas = Linhas(LerArquivo(destino));
     Definir(linhas, secao, chave, valor);
     std::string texto;

@@ -104,7 +104,7 @@ TEST_F(ConfiguracoesIniTeste, RefusesWhatALineCannotHoldAndFoldersThatAreNone) {
                   std::filesystem::create_directory(pasta / "Outra.ini");
                   static_cast<void>(configuracoes.Ler("Outra", "a", "b", ""));
               }),
-              NumeroErro::ErroDispositivo);
+              NumeroErro::PermissaoNegada);
 }
 
 TEST_F(ConfiguracoesIniTeste, TwoWritersAtOnceLoseNoKey) {

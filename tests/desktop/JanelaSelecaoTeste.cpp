@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <functional>
 
+#include "dispatch/Catalogo.h"
+
 namespace tarvo {
 namespace {
 

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "dispatch/Catalogo.h"
+
 #include "dispatch/frmImpressaoRelatorios.h"
 
 namespace tarvo {

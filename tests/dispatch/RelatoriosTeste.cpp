@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "data/CodigosDeErros.h"
+#include "dispatch/Catalogo.h"
+#include "dispatch/frmImpressaoRelatorios.h"
 
 namespace tarvo {
 namespace {
