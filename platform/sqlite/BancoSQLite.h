@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "data/BancoDados.h"
+#include "data/Publico.h"
 
 struct sqlite3;
 
@@ -27,7 +28,7 @@ struct OpcoesAbertura {
 };
 
 // An open database. Thread rule of BancoDados: one thread at a time.
-class BancoSQLite : public BancoDados {
+class TARVO_PUBLICO BancoSQLite : public BancoDados {
   public:
     // Opens an existing file. Errors: 3024 no such file, 70 no permission, 3343 not a database or
     // a damaged one, 3260 locked. Never creates a file.
@@ -43,6 +44,6 @@ class BancoSQLite : public BancoDados {
 
 // Creates an empty declaration database; error 3204 when the file exists. On any error no file is
 // left behind.
-void CriarBanco(const std::filesystem::path& arquivo);
+TARVO_PUBLICO void CriarBanco(const std::filesystem::path& arquivo);
 
 }  // namespace tarvo
