@@ -39,6 +39,7 @@ enum class NumeroErro : int {
     ErroSintaxeConsulta = 3075,      // the query's text is outside the dialect
     TabelaInexistente = 3078,        //
     ColunaAmbigua = 3079,            // an unqualified column that two tables have
+    ForaDaAgregacao = 3122,          // a column neither grouped by nor summed
     BancoJaExiste = 3204,            //
     OperacaoInvalida = 3219,         //
     BancoOcupado = 3260,             // locked by another user
@@ -46,6 +47,7 @@ enum class NumeroErro : int {
     BancoIrreconhecivel = 3343,      // not a database, or a damaged one
     ObjetoInvalido = 3420,           // the recordset or database has been closed
     ConversaoDeDado = 3421,          // a stored value that does not fit its declared type
+    TipoIncompativelNaConsulta = 3464,  // a query compares a text with a number
     DocumentoContemObjetos = 20001,  // the four page-setup refusals of a report document
     PadraoDePaginaInvalido = 20002,
     PaginaInsuficiente = 20003,

@@ -3,14 +3,16 @@
 #include <filesystem>
 #include <ostream>
 
-#include "data/Formatos.h"
+#include "document/QuadroPagina.h"
 #include "host/Argumentos.h"
-#include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
+#include "host/Impressao.h"
 #include "host/Lote.h"
 #include "host/Mensagens.h"
+#include "host/Preparo.h"
 #include "host/ProgramaDeJanelas.h"
 #include "host/exemplo/Exemplo.h"
+#include "platform/configuracoes/ConfiguracoesIni.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {
@@ -64,46 +66,13 @@ int Listar(const Argumentos& a, std::ostream& saida) {
     return Feito;
 }
 
-// Says which taxpayer or declaration does not exist: their reports come out empty.
-void AvisarAusentes(BancoDados& banco, const Argumentos& a, std::ostream& erros) {
-    if (a.IE && !ExisteContribuinte(banco, *a.IE)) {
-        erros << "aviso: o contribuinte " << *a.IE << " não existe neste banco\n";
-    }
-    if (a.NumeroDRQ && !ExisteDeclaracao(banco, *a.NumeroDRQ)) {
-        erros << "aviso: a declaração " << *a.NumeroDRQ << " não existe neste banco\n";
-    }
-}
-
-void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoPDF& resultado) {
-    for (const auto& corte : resultado.cortados) {
-        erros << "aviso: " << nome << ", página " << corte.pagina << ", a "
-              << FormatarValor(Moeda::DeDouble(corte.caixa.x)) << " × "
-              << FormatarValor(Moeda::DeDouble(corte.caixa.y))
-              << " cm: o texto não coube e foi cortado: \"" << corte.texto << "\"\n";
-    }
-}
-
 int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
-    const auto banco = BancoSQLite::Abrir(a.banco);
-    AvisarAusentes(*banco, a, erros);
-    const ConfiguracoesDaChamada configuracoes(a.refAtual);
-    const Ambiente ambiente{.configuracoes = &configuracoes};
-    const Alvo alvo{a.IE.value_or(""), a.NumeroDRQ.value_or(0)};
-    int situacao = Feito;
-    for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, alvo.NumeroDRQ) : a.codigos) {
-        try {
-            const auto relatorio = ConstruirRelatorio(codigo, *banco, alvo, ambiente);
-            const ResultadoPDF resultado = Gravar(codigo, *relatorio, a.destino);
-            const std::string nome = NomeDoArquivo(codigo);
-            AvisarCortes(erros, nome, resultado);
-            saida << nome << "  " << resultado.paginas
-                  << (resultado.paginas == 1 ? " página\n" : " páginas\n");
-        } catch (const Erro& erro) {
-            DizerErro(erros, erro, "relatório " + codigo);
-            situacao = Falhou;
-        }
-    }
-    return situacao;
+    return ParaCadaRelatorio(a, erros, [&](const std::string& codigo, const Relatorio& relatorio) {
+        const ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
+        saida << NomeDoArquivo(codigo) << "  " << resultado.paginas
+              << (resultado.paginas == 1 ? " página\n" : " páginas\n");
+        return resultado;
+    });
 }
 
 int RefAtual(const Argumentos& a, std::ostream& saida) {
@@ -135,7 +104,7 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
         case Comando::RefAtual:
             return RefAtual(a, saida);
         case Comando::Imprimir:
-            return ImprimirRelatorios(a, erros);
+            return ImprimirRelatorios(a, saida, erros);
         case Comando::Selecionar:
         case Comando::Velo:
         case Comando::Janela:

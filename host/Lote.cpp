@@ -195,13 +195,27 @@ class Trabalhador {
         lote_.resumo.Acrescentar(linha);
     }
 
+    static LinhaResumo NovaLinha(const Declaracao& d, std::string relatorio, std::string arquivo) {
+        LinhaResumo linha;
+        linha.IE = d.IE.value_or("");
+        linha.NroDRQ = d.NroDRQ;
+        linha.referencia = d.referencia;
+        linha.relatorio = std::move(relatorio);
+        linha.arquivo = std::move(arquivo);
+        return linha;
+    }
+
+    // The file that stands for a report in the summary; of PNG pages, the first.
+    [[nodiscard]] std::string ArquivoPrincipal(const std::string& codigo) const {
+        const Formato formato = lote_.argumentos.destino.formato;
+        return NomeDoArquivo(codigo) + (formato == Formato::PNG ? "-001." : ".") +
+               std::string(Extensao(formato));
+    }
+
     void ProduzirRelatorio(const Declaracao& d, const std::string& pasta,
                            const std::string& codigo) {
         const Argumentos& a = lote_.argumentos;
-        LinhaResumo linha{d.IE.value_or(""), d.NroDRQ, d.referencia, codigo,
-                          pasta + "/" + NomeDoArquivo(codigo) +
-                              (a.destino.formato == Formato::PNG ? "-001." : ".") +
-                              std::string(Extensao(a.destino.formato))};
+        LinhaResumo linha = NovaLinha(d, codigo, pasta + "/" + ArquivoPrincipal(codigo));
         if (Interrompido || lote_.resumo.Produzido(linha.arquivo)) {
             return;
         }
@@ -215,14 +229,14 @@ class Trabalhador {
 
     void ProduzirUnico(const Declaracao& d, const std::string& nome,
                        const std::vector<std::string>& codigos) {
-        LinhaResumo linha{d.IE.value_or(""), d.NroDRQ, d.referencia, "todos", nome + ".pdf"};
+        LinhaResumo linha = NovaLinha(d, "todos", nome + ".pdf");
         if (lote_.resumo.Produzido(linha.arquivo)) {
             return;
         }
         std::vector<std::unique_ptr<Relatorio>> relatorios;
         std::vector<SecaoPDF> secoes;
         for (const auto& codigo : codigos) {
-            LinhaResumo falha{linha.IE, linha.NroDRQ, linha.referencia, codigo, ""};
+            LinhaResumo falha = NovaLinha(d, codigo, "");
             Tentar(falha, [&] {
                 relatorios.push_back(Construir(d, codigo));
                 secoes.push_back({&relatorios.back()->Documento(),

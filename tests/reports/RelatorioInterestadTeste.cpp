@@ -1,4 +1,5 @@
-#include "reports/RelatorioInterestad.h"
+#include "reports/RelatorioEntInterestad.h"
+#include "reports/RelatorioSaiInterestad.h"
 
 #include "tests/reports/PaginaEsperada.h"
 

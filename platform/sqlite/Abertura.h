@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "platform/sqlite/BancoSQLite.h"
+#include "platform/sqlite/Conexao.h"
+
+namespace tarvo {
+
+// Opens an existing database file, for reading alone where it cannot be written. See
+// BancoSQLite::Abrir for the errors.
+std::shared_ptr<Conexao> AbrirArquivo(const std::filesystem::path& arquivo, ModoAbertura modo);
+
+}  // namespace tarvo

@@ -1,0 +1,153 @@
+#include "platform/sqlite/Conexao.h"
+
+#include <sqlite3.h>
+
+#include <charconv>
+#include <new>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo {
+
+namespace {
+
+constexpr std::string_view MarcaDeErro = "tarvo#";
+
+std::string Entre(char aspa, std::string_view texto) {
+    std::string resultado(1, aspa);
+    for (const char c : texto) {
+        resultado += c;
+        if (c == aspa) {
+            resultado += c;
+        }
+    }
+    return resultado + aspa;
+}
+
+struct Traducao {
+    NumeroErro numero;
+    const char* descricao;
+};
+
+Traducao TraduzirCodigo(int codigo) {
+    switch (codigo) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return {NumeroErro::BancoOcupado, "O banco de dados está bloqueado por outro usuário"};
+        case SQLITE_READONLY:
+            return {NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura"};
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return {NumeroErro::BancoIrreconhecivel,
+                    "O arquivo não é um banco de dados ou está danificado"};
+        case SQLITE_FULL:
+            return {NumeroErro::DiscoCheio, "Disco cheio"};
+        case SQLITE_IOERR:
+            return {NumeroErro::ErroDispositivo, "Erro de leitura ou gravação"};
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+        case SQLITE_CANTOPEN:
+            return {NumeroErro::PermissaoNegada, "Permissão negada no banco de dados"};
+        case SQLITE_ERROR:
+            return {NumeroErro::ErroSintaxeConsulta, "Erro na consulta"};
+        default:
+            return {NumeroErro::OperacaoInvalida, "Operação inválida no banco de dados"};
+    }
+}
+
+}  // namespace
+
+std::string Nome(std::string_view nome) {
+    return Entre('"', nome);
+}
+
+std::string Texto(std::string_view texto) {
+    return Entre('\'', texto);
+}
+
+std::string CodificarErro(int numero, std::string_view descricao) {
+    return std::string(MarcaDeErro) + std::to_string(numero) + " " + std::string(descricao);
+}
+
+void LancarErroSQLite(sqlite3* db) {
+    const int codigo = sqlite3_extended_errcode(db);
+    if ((codigo & 0xFF) == SQLITE_NOMEM) {
+        throw std::bad_alloc();
+    }
+    const std::string mensagem = sqlite3_errmsg(db);
+    if (mensagem.starts_with(MarcaDeErro)) {
+        int numero = 0;
+        const char* fim = mensagem.data() + mensagem.size();
+        const auto lido = std::from_chars(mensagem.data() + MarcaDeErro.size(), fim, numero);
+        throw Erro(static_cast<NumeroErro>(numero), std::string(lido.ptr + 1, fim));
+    }
+    const auto [numero, descricao] = TraduzirCodigo(codigo & 0xFF);
+    throw Erro(numero, std::string(descricao) + " (" + mensagem + ").");
+}
+
+Conexao::~Conexao() {
+    if (posse_ == Posse::Propria) {
+        sqlite3_close(db_);
+        return;
+    }
+    for (const std::string& nome : temporarias_) {
+        sqlite3_exec(db_, ("DROP TABLE temp." + Nome(nome)).c_str(), nullptr, nullptr, nullptr);
+    }
+}
+
+void Conexao::Executar(const std::string& sql) {
+    if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        LancarErroSQLite(db_);
+    }
+}
+
+void Conexao::Desfazer(const std::string& ponto) noexcept {
+    sqlite3_exec(db_, ("ROLLBACK TO " + ponto + "; RELEASE " + ponto).c_str(), nullptr, nullptr,
+                 nullptr);
+}
+
+void Conexao::ExigirEscrita(const std::string& esquema) const {
+    const bool privada = esquema == "temp";
+    if (!privada && (proibida_ || sqlite3_db_readonly(db_, esquema.c_str()) == 1)) {
+        throw Erro(NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura.");
+    }
+}
+
+void Conexao::CriarTemporaria(const std::string& nome, const std::string& definicao) {
+    Executar("CREATE TEMP TABLE " + Nome(nome) + " (" + definicao + ")");
+    temporarias_.push_back(nome);
+}
+
+Instrucao::Instrucao(std::shared_ptr<Conexao> conexao, std::string_view sql)
+    : conexao_(std::move(conexao)) {
+    if (sqlite3_prepare_v3(conexao_->Db(), sql.data(), static_cast<int>(sql.size()), 0, &ponteiro_,
+                           nullptr) != SQLITE_OK) {
+        LancarErroSQLite(conexao_->Db());
+    }
+}
+
+Instrucao::~Instrucao() {
+    sqlite3_finalize(ponteiro_);
+}
+
+bool Instrucao::Passo() {
+    const int estado = sqlite3_step(ponteiro_);
+    if (estado != SQLITE_ROW && estado != SQLITE_DONE) {
+        LancarErroSQLite(conexao_->Db());
+    }
+    return estado == SQLITE_ROW;
+}
+
+void Instrucao::Executar() {
+    while (sqlite3_step(ponteiro_) == SQLITE_ROW) {
+    }
+    if (sqlite3_reset(ponteiro_) != SQLITE_OK) {
+        LancarErroSQLite(conexao_->Db());
+    }
+}
+
+void Instrucao::Reiniciar() {
+    sqlite3_reset(ponteiro_);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,1 @@
+#include "tests/sqlite/BancoDeTeste.h"
