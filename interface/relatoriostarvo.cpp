@@ -7,7 +7,7 @@
 #include "interface/Janelas.h"
 #include "interface/Objetos.h"
 #include "interface/Utf8.h"
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioCadastro.h"
@@ -33,7 +33,7 @@ T& Saida(T* ponteiro, const char* nome) {
     return *ponteiro;
 }
 
-std::string Texto(const char* texto, const char* nome) {
+std::string LerTexto(const char* texto, const char* nome) {
     if (texto == nullptr) {
         Recusar(std::string(nome) + " é nulo");
     }
@@ -183,7 +183,7 @@ int32_t tarvo_adotar_banco(sqlite3* conexao, uint32_t opcoes, tarvo_banco* banco
 int32_t tarvo_criar(const char* nome, tarvo_objeto* objeto) {
     return Proteger([&] {
         auto& saida = Saida(objeto, "objeto");
-        saida = Registrar<Objeto>(Texto(nome, "nome"));
+        saida = Registrar<Objeto>(LerTexto(nome, "nome"));
     });
 }
 
@@ -191,7 +191,7 @@ int32_t tarvo_definir_ref_atual(tarvo_objeto objeto, const char* mes_ano) {
     return Proteger([&] {
         const auto uso = Usar<Objeto>(objeto);
         uso->DefinirReferencia(mes_ano == nullptr ? std::nullopt
-                                                  : std::optional(Texto(mes_ano, "mes_ano")));
+                                                  : std::optional(LerTexto(mes_ano, "mes_ano")));
     });
 }
 
@@ -201,7 +201,7 @@ int32_t tarvo_executar(tarvo_objeto objeto, tarvo_banco banco, const char* ie, i
         const auto uso = Usar<Objeto>(objeto);
         const auto dados = Usar<Banco>(banco);
         Relatorios& relatorios = uso->EntradaDasClasses();
-        const std::string IE = Texto(ie, "ie");
+        const std::string IE = LerTexto(ie, "ie");
         uso->UsarJanelas();
         relatorios.Executar(**dados, IE, numero_drq, opcoes);
     });
@@ -212,7 +212,7 @@ int32_t tarvo_construir(tarvo_objeto objeto, tarvo_banco banco, const char* ie,
     return Proteger([&] {
         const auto uso = Usar<Objeto>(objeto);
         const auto dados = Usar<Banco>(banco);
-        const std::string IE = Texto(ie, "ie");
+        const std::string IE = LerTexto(ie, "ie");
         ParaConstruir<RelatorioDeclaracao>(*uso, "tarvo_construir")
             .Construir(**dados, IE, numero_drq);
     });
@@ -222,7 +222,7 @@ int32_t tarvo_construir_cadastro(tarvo_objeto objeto, tarvo_banco banco, const c
     return Proteger([&] {
         const auto uso = Usar<Objeto>(objeto);
         const auto dados = Usar<Banco>(banco);
-        const std::string IE = Texto(ie, "ie");
+        const std::string IE = LerTexto(ie, "ie");
         ParaConstruir<RelatorioCadastro>(*uso, "tarvo_construir_cadastro").Construir(**dados, IE);
     });
 }
