@@ -88,6 +88,7 @@ R& ParaConstruir(Objeto& objeto, std::string_view operacao) {
 
 std::string ComoJSON(const Relatorio& relatorio) {
     std::ostringstream json;
+    json.exceptions(std::ios::badbit);  // passes on what happens inside, such as lack of memory
     EscreverJSON(relatorio.Identidade().classe, relatorio.Documento(), json);
     return std::move(json).str();
 }
