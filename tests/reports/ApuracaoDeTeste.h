@@ -8,14 +8,15 @@
 // Rows and lines for the tests of the assessments.
 namespace tarvo::apoio {
 
-// SQL for sub-items of the item, "item.01" to "item.quantos" of 1,00 each.
+// SQL for sub-items of the item, "item.01" to "item.quantos" (at most 99), of 1,00 each.
 inline std::string Subitens(int NroDRQ, const std::string& item, int quantos, bool opProprias) {
     std::string sql;
     for (int i = 1; i <= quantos; ++i) {
         const std::string codigo = item + (i < 10 ? ".0" : ".") + std::to_string(i);
+        const std::string entrada = std::to_string(NroDRQ) + item + codigo.substr(4);
         sql +=
             "insert into tblOcorrências (NroDRQ, CódSubItem, Código, Valor, OpPróprias) values (" +
-            std::to_string(NroDRQ) + ", '" + codigo + "', " + std::to_string(i) + ", 10000, " +
+            std::to_string(NroDRQ) + ", '" + codigo + "', " + entrada + ", 10000, " +
             (opProprias ? "-1" : "0") + ");\n";
     }
     return sql;

@@ -2,15 +2,9 @@
 
 #include "tests/reports/ApuracaoDeTeste.h"
 
-namespace tarvo {
+namespace tarvo::apoio {
 namespace {
 
-using apoio::BancoDeTeste;
-using apoio::ErroDe;
-using apoio::LinhasDe;
-using apoio::Subitens;
-using apoio::TextosEm;
-using apoio::ValorDe;
 using testing::ElementsAre;
 using testing::SizeIs;
 
@@ -125,4 +119,4 @@ TEST(ApuracaoSubTrib, TheDeclarationIsMissedAtItsCreditBalance) {
 }
 
 }  // namespace
-}  // namespace tarvo
+}  // namespace tarvo::apoio

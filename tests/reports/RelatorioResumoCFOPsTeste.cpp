@@ -1,21 +1,13 @@
-#include <fstream>
-#include <sstream>
-
 #include "reports/FaixasCFOP.h"
 #include "reports/FormatosCFOP.h"
 #include "reports/ReferenciaAtual.h"
 #include "reports/RelatorioResumoCFOPsEnt.h"
 #include "reports/RelatorioResumoCFOPsSai.h"
-#include "tests/apoio/Apoio.h"
+#include "tests/reports/PaginaEsperada.h"
 
-namespace tarvo {
+namespace tarvo::apoio {
 namespace {
 
-using apoio::BancoDeTeste;
-using apoio::ConfiguracaoFixa;
-using apoio::ErroDe;
-using apoio::Operacoes;
-using apoio::TextosEm;
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
@@ -161,7 +153,7 @@ TEST(ResumoCFOPs, RangesAgreeWithTheirLabelsAndDoNotOverlap) {
 }
 
 TEST(ResumoCFOPs, TheCurrentPeriodChoosesTheCodesAndTheDeclarationsYearTheColumns) {
-    BancoDeTeste banco(std::string(Base));
+    BancoDeTeste banco(Base);
     struct Caso {
         std::int32_t NumeroDRQ;
         const char* refAtual;
@@ -182,6 +174,99 @@ TEST(ResumoCFOPs, TheCurrentPeriodChoosesTheCodesAndTheDeclarationsYearTheColumn
         EXPECT_THAT(TextosEm(c, 0, 7.7), SizeIs(caso.celulas));
         EXPECT_THAT(TextosEm(c, 0, 7.15), Contains(caso.isentas));
     }
+}
+
+// A page whose value columns are W cm wide.
+struct PaginaEsperada {
+    double W;
+
+    [[nodiscard]] Lista Titulo(const std::string& texto, int coluna, double y, int colunas,
+                               double altura) const {
+        return Celula({5.5 + coluna * W, y, colunas * W, altura}, TituloDeColuna, texto);
+    }
+    [[nodiscard]] Lista Linha(double y, const std::string& rotulo, const std::string& codigo,
+                              const Lista& valores) const {
+        Lista linha = Celula({0, y, 5.5, 0.6}, {"T EM Courier New 8b", 0.2}, rotulo) +
+                      Celula({0, y, 5.5, 0.6}, {"T DM Arial 6", 0.1}, codigo);
+        for (double x = 5.5; const auto& valor : valores) {
+            linha = linha + Celula({x, y, W, 0.6}, {"T DM Arial 6", 0.1}, valor);
+            x += W;
+        }
+        return linha;
+    }
+    // From the title frame to the footer, without the identification block.
+    static Lista De(const Conteudo& c) {
+        Lista operacoes = Curtas(c, 0);
+        operacoes.erase(operacoes.begin() + 9, operacoes.begin() + 30);
+        operacoes.erase(operacoes.begin(), operacoes.begin() + 7);
+        return operacoes;
+    }
+};
+
+const Lista RodapeEmPaisagem{"R 0 16.5 25.7 0.1 #808000 #808000",
+                             "T 0 16.7 8.5667 0.3 EM Arial 6 |%%D",
+                             "T 8.5667 16.7 8.5667 0.3 CM Arial 6 |%%H",
+                             "T 17.1333 16.7 8.5667 0.3 DM Arial 6 |Página %%p de %%P"};
+
+TEST(ResumoCFOPs, SalesSince2002HaveEightColumns) {
+    BancoDeTeste banco(Base + std::string("insert into tblDetalhesCFOPs values"
+                                          " (2, '5.101', 1, 2, 300, 4, 5, 6, 700, 800, 900);"));
+    const Conteudo c = Construir<RelatorioResumoCFOPsSai>(*banco, 2, "01/2003");
+    EXPECT_EQ(c.titulo,
+              "Relatório de Resumo dos CFOPs para as Operações / Prestações de Saída"
+              " (Grupos 5, 6 e 7)");
+    EXPECT_EQ(c.tituloResumido, "Resumo CFOPs Oper. Saída");
+    EXPECT_EQ(c.orientacao, 1);
+    const PaginaEsperada p{20.2 / 8};
+    const Lista vazios(8);
+    const Lista valores{"0,00", "0,00", "0,03", "0,00", "0,00", "0,07", "0,08", "0,09"};
+    EXPECT_EQ(
+        PaginaEsperada::De(c),
+        Celula({0, 2.9, 25.7, 0.7}, TituloDeQuadro, "Resumo por CFOPs - Saídas (Grupos 5, 6 e 7)") +
+            Celula({0, 5.9, 5.5, 1.8}, TituloDeColuna, "CÓDIGOS FISCAIS") +
+            p.Titulo("Valores Contábeis", 0, 5.9, 1, 1.8) +
+            p.Titulo("ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6) +
+            p.Titulo("Operações com Débito do Imposto", 1, 6.5, 2, 0.6) +
+            p.Titulo("Operações sem Débito do Imposto", 3, 6.5, 2, 0.6) +
+            p.Titulo("Base de Cálculo", 1, 7.1, 1, 0.6) +
+            p.Titulo("Imposto Debitado", 2, 7.1, 1, 0.6) +
+            p.Titulo("Isentas / Não Tribut.", 3, 7.1, 1, 0.6) + p.Titulo("Outras", 4, 7.1, 1, 0.6) +
+            p.Titulo("Imposto Retido por\r\nSubstituição Tributária", 5, 5.9, 2, 1.2) +
+            p.Titulo("Substituto", 5, 7.1, 1, 0.6) + p.Titulo("Substituído", 6, 7.1, 1, 0.6) +
+            p.Titulo("Outros Impostos", 7, 5.9, 1, 1.8) + p.Linha(7.7, " NO ESTADO", "", vazios) +
+            p.Linha(8.3, " Vendas                   ", "", vazios) +
+            p.Linha(8.9, "", "5.101", valores) + p.Linha(9.5, " DE OUTROS ESTADOS", "", vazios) +
+            p.Linha(10.1, " DO EXTERIOR", "", vazios) + p.Linha(10.7, " Total", "", valores) +
+            RodapeEmPaisagem);
+}
+
+TEST(ResumoCFOPs, PurchasesBefore2002HaveSevenColumns) {
+    BancoDeTeste banco(Base);
+    const Conteudo c = Construir<RelatorioResumoCFOPsEnt>(*banco, 1, "12/2002");
+    EXPECT_EQ(c.titulo,
+              "Relatório de Resumo dos CFOPs para as Operações / Prestações de Entrada"
+              " (Grupos 1, 2 e 3)");
+    EXPECT_EQ(c.tituloResumido, "Resumo CFOPs Oper. Entrada");
+    const PaginaEsperada p{20.2 / 7};
+    const Lista vazios(7);
+    EXPECT_EQ(PaginaEsperada::De(c),
+              Celula({0, 2.9, 25.7, 0.7}, TituloDeQuadro,
+                     "Resumo por CFOPs - Entradas (Grupos 1, 2 e 3)") +
+                  Celula({0, 5.9, 5.5, 1.8}, TituloDeColuna, "CÓDIGOS FISCAIS") +
+                  p.Titulo("Valores Contábeis", 0, 5.9, 1, 1.8) +
+                  p.Titulo("ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6) +
+                  p.Titulo("Operações com Crédito do Imposto", 1, 6.5, 2, 0.6) +
+                  p.Titulo("Operações sem Crédito do Imposto", 3, 6.5, 2, 0.6) +
+                  p.Titulo("Base de Cálculo", 1, 7.1, 1, 0.6) +
+                  p.Titulo("Imposto Creditado", 2, 7.1, 1, 0.6) +
+                  p.Titulo("Isentas / Não Tributadas", 3, 7.1, 1, 0.6) +
+                  p.Titulo("Outras", 4, 7.1, 1, 0.6) +
+                  p.Titulo("Imposto Retido por\r\nSubstituição Tributária", 5, 5.9, 1, 1.8) +
+                  p.Titulo("Outros Impostos", 6, 5.9, 1, 1.8) +
+                  p.Linha(7.7, " NO ESTADO", "", vazios) +
+                  p.Linha(8.3, " DE OUTROS ESTADOS", "", vazios) +
+                  p.Linha(8.9, " DO EXTERIOR", "", vazios) +
+                  p.Linha(9.5, " Total", "", Lista(7, "0,00")) + RodapeEmPaisagem);
 }
 
 TEST(ResumoCFOPs, APeriodThatIsNoMonthEndsTheBuildBeforeAnythingIsChanged) {
@@ -234,4 +319,4 @@ TEST(ResumoCFOPs, ADeclarationWithoutDetailsShowsTitlesAndZeroTotals) {
 }
 
 }  // namespace
-}  // namespace tarvo
+}  // namespace tarvo::apoio

@@ -1,1 +1,1 @@
-#include "tests/sqlite/BancoDeTeste.h"
+#include "tests/sqlite/LinhasDe.h"
