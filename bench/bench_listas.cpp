@@ -44,7 +44,8 @@ std::string Notas(std::int64_t quantas) {
 }
 
 double BytesEmUso() {
-    return static_cast<double>(mallinfo2().uordblks);
+    const auto uso = mallinfo2();
+    return static_cast<double>(uso.uordblks + uso.hblkhd);
 }
 
 template <class R, std::string (*Script)(std::int64_t)>

@@ -12,43 +12,43 @@ namespace tarvo {
 // What went wrong, as a number that a program can test. The database and conversion numbers are
 // those that the desktop engine and its language use for the same condition.
 enum class NumeroErro : int {
-    ChamadaInvalida = 5,             // an argument that the operation cannot take
-    Estouro = 6,                     // a value outside its type's range
-    MemoriaInsuficiente = 7,         //
-    TipoIncompativel = 13,           // a value that cannot be converted
-    Cancelado = 18,                  // the user cancelled
-    ErroInterno = 51,                // a fault of the library itself
-    ArquivoNaoEncontrado = 53,       //
-    ErroDispositivo = 57,            // reading or writing failed below the file system's rules
-    ArquivoJaExiste = 58,            //
-    DiscoCheio = 61,                 //
-    PermissaoNegada = 70,            //
-    CaminhoNaoEncontrado = 76,       // a folder on the way does not exist
-    ObjetoNaoDefinido = 91,          // no object where one must be
-    UsoInvalidoDeNull = 94,          // Null where a value must be
-    NaoPodeCriarObjeto = 429,        // no public class of that name
-    MembroNaoSuportado = 438,        // the object has no such operation
-    AcaoNaoSuportada = 445,          // the host did not provide what the operation needs
-    NumeroDeArgumentos = 450,        // the operation takes other arguments
-    ErroImpressora = 482,            //
-    RegistroAtualAusente = 3021,     // no current record
-    AtualizacaoSemAddNew = 3020,     // Update or a field's write without AddNew
-    BancoNaoEncontrado = 3024,       // no database file of that name
-    BancoSomenteLeitura = 3027,      // writing to a database opened read-only
-    ColunaDesconhecida = 3061,       // a query names an unknown column
-    ErroSintaxeConsulta = 3075,      // the query's text is outside the dialect
-    TabelaInexistente = 3078,        //
-    ColunaAmbigua = 3079,            // an unqualified column that two tables have
-    ForaDaAgregacao = 3122,          // a column neither grouped by nor summed
-    BancoJaExiste = 3204,            //
-    OperacaoInvalida = 3219,         //
-    BancoOcupado = 3260,             // locked by another user
-    ItemNaoEncontrado = 3265,        // item not found in this collection
-    BancoIrreconhecivel = 3343,      // not a database, or a damaged one
-    ObjetoInvalido = 3420,           // the recordset or database has been closed
-    ConversaoDeDado = 3421,          // a stored value that does not fit its declared type
+    ChamadaInvalida = 5,                // an argument that the operation cannot take
+    Estouro = 6,                        // a value outside its type's range
+    MemoriaInsuficiente = 7,            //
+    TipoIncompativel = 13,              // a value that cannot be converted
+    Cancelado = 18,                     // the user cancelled
+    ErroInterno = 51,                   // a fault of the library itself
+    ArquivoNaoEncontrado = 53,          //
+    ErroDispositivo = 57,               // reading or writing failed below the file system's rules
+    ArquivoJaExiste = 58,               //
+    DiscoCheio = 61,                    //
+    PermissaoNegada = 70,               //
+    CaminhoNaoEncontrado = 76,          // a folder on the way does not exist
+    ObjetoNaoDefinido = 91,             // no object where one must be
+    UsoInvalidoDeNull = 94,             // Null where a value must be
+    NaoPodeCriarObjeto = 429,           // no public class of that name
+    MembroNaoSuportado = 438,           // the object has no such operation
+    AcaoNaoSuportada = 445,             // the host did not provide what the operation needs
+    NumeroDeArgumentos = 450,           // the operation takes other arguments
+    ErroImpressora = 482,               //
+    RegistroAtualAusente = 3021,        // no current record
+    AtualizacaoSemAddNew = 3020,        // Update or a field's write without AddNew
+    BancoNaoEncontrado = 3024,          // no database file of that name
+    BancoSomenteLeitura = 3027,         // writing to a database opened read-only
+    ColunaDesconhecida = 3061,          // a query names an unknown column
+    ErroSintaxeConsulta = 3075,         // the query's text is outside the dialect
+    TabelaInexistente = 3078,           //
+    ColunaAmbigua = 3079,               // an unqualified column that two tables have
+    ForaDaAgregacao = 3122,             // a column neither grouped by nor summed
+    BancoJaExiste = 3204,               //
+    OperacaoInvalida = 3219,            //
+    BancoOcupado = 3260,                // locked by another user
+    ItemNaoEncontrado = 3265,           // item not found in this collection
+    BancoIrreconhecivel = 3343,         // not a database, or a damaged one
+    ObjetoInvalido = 3420,              // the recordset or database has been closed
+    ConversaoDeDado = 3421,             // a stored value that does not fit its declared type
     TipoIncompativelNaConsulta = 3464,  // a query compares a text with a number
-    DocumentoContemObjetos = 20001,  // the four page-setup refusals of a report document
+    DocumentoContemObjetos = 20001,     // the four page-setup refusals of a report document
     PadraoDePaginaInvalido = 20002,
     PaginaInsuficiente = 20003,
     MargensInvalidas = 20004,
@@ -77,7 +77,7 @@ extern const std::string_view DocumentoContemObjetos;
 extern const std::string_view PadraoDePaginaInvalido;
 extern const std::string_view PaginaInsuficiente;
 extern const std::string_view MargensInvalidas;
-}  // namespace CodigosDeErros
+}  // namespace TARVO_PUBLICO
 
 // Error 94, 13 and 6 with the operation that met them.
 [[noreturn]] TARVO_PUBLICO void LancarUsoInvalidoDeNull(std::string_view onde);

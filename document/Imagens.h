@@ -26,6 +26,6 @@ extern const Imagem imgIconeG;                 // window icon of the payment sli
 extern const Imagem imgTesoura;                // scissors at the slip's cut line
 extern const Imagem imgPortariaKEX_27_95;      // citation strip beside the slip
 extern const Imagem imgBrasaoVDMonocromatico;  // coat of arms in black and white, slip
-}  // namespace frmFiguras
+}  // namespace TARVO_PUBLICO
 
 }  // namespace tarvo

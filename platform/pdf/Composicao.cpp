@@ -206,14 +206,21 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
     texto = texto.substr(0, ultimo == std::u32string_view::npos ? 0 : ultimo + 1);
     Quebra quebra;
     int limite = 0;
-    bool cabe = false;
-    for (int escala = Inteiro; !cabe && escala >= MenorCondensacao; escala -= PassoReducao) {
+    const auto cabeEm = [&](int escala, bool partindo) {
         composto.corpo =
             static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * escala / Inteiro);
         limite = Limite(largura, composto.corpo, Inteiro);
         quebra = Quebrar(fonte, texto, limite);
-        cabe = !quebra.partiuPalavra &&
+        return (partindo || !quebra.partiuPalavra) &&
                AlturaDe(fonte, quebra.linhas.size(), composto.corpo) <= altura + Folga;
+    };
+    // Rather smaller than with a word broken; but where a word is too long at any size, as large
+    // as can be.
+    bool cabe = false;
+    for (const bool partindo : {false, true}) {
+        for (int escala = Inteiro; !cabe && escala >= MenorCondensacao; escala -= PassoReducao) {
+            cabe = cabeEm(escala, partindo);
+        }
     }
     auto linhas = quebra.linhas.size();
     while (linhas > 1 && AlturaDe(fonte, linhas, composto.corpo) > altura + Folga) {

@@ -1,17 +1,17 @@
 #include "platform/sqlite/Abertura.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
 #include <array>
-#include <cstdint>
 #include <fstream>
 #include <string>
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -23,49 +23,32 @@ constexpr int EsperaPorBloqueioMs = 2000;
     throw Erro(numero, "\"" + arquivo.string() + "\": " + std::string(problema) + ".");
 }
 
-// The first bytes of a database file.
-class Cabecalho {
-  public:
-    // Errors 3024, 70, 3343.
-    explicit Cabecalho(const fs::path& arquivo) {
-        std::error_code erro;
-        const fs::file_status estado = fs::status(arquivo, erro);
-        if (estado.type() == fs::file_type::not_found) {
-            Lancar(NumeroErro::BancoNaoEncontrado, arquivo, "o banco de dados não existe");
-        }
-        if (erro || access(arquivo.c_str(), R_OK) != 0) {
-            Lancar(NumeroErro::PermissaoNegada, arquivo, "permissão negada");
-        }
-        if (estado.type() != fs::file_type::regular) {
-            Lancar(NumeroErro::BancoIrreconhecivel, arquivo, "não é um arquivo de banco de dados");
-        }
-        std::ifstream(arquivo, std::ios::binary).read(bytes_.data(), bytes_.size());
-        if (std::string_view(bytes_.data(), Marca.size()) != Marca) {
-            Lancar(NumeroErro::BancoIrreconhecivel, arquivo, "não é um banco de dados");
-        }
+bool Permite(const fs::path& caminho, int modo) {
+    return faccessat(AT_FDCWD, caminho.c_str(), modo, AT_EACCESS) == 0;
+}
+
+// Reads the file's first bytes: True for a database in WAL mode. Errors 3024, 70, 3343.
+bool UsaWal(const fs::path& arquivo) {
+    constexpr std::string_view Marca{"SQLite format 3\0", 16};
+    constexpr std::size_t VersaoDeEscrita = 18;
+    constexpr char Wal = 2;
+    std::error_code erro;
+    const fs::file_status estado = fs::status(arquivo, erro);
+    if (estado.type() == fs::file_type::not_found) {
+        Lancar(NumeroErro::BancoNaoEncontrado, arquivo, "o banco de dados não existe");
     }
-
-    [[nodiscard]] bool UsaWal() const { return Numero(18, 1) == 2; }
-    // Bytes that the file must have; 0 when the header does not say.
-    [[nodiscard]] std::uint64_t Tamanho() const {
-        const std::uint64_t pagina = Numero(16, 2) == 1 ? 65536 : Numero(16, 2);
-        const bool valido = Numero(24, 4) == Numero(92, 4);
-        return valido ? pagina * Numero(28, 4) : 0;
+    if (erro || !Permite(arquivo, R_OK)) {
+        Lancar(NumeroErro::PermissaoNegada, arquivo, "permissão negada");
     }
-
-  private:
-    static constexpr std::string_view Marca{"SQLite format 3\0", 16};
-
-    [[nodiscard]] std::uint64_t Numero(std::size_t inicio, std::size_t bytes) const {
-        std::uint64_t numero = 0;
-        for (std::size_t i = 0; i < bytes; ++i) {
-            numero = numero << 8U | static_cast<unsigned char>(bytes_.at(inicio + i));
-        }
-        return numero;
+    std::array<char, VersaoDeEscrita + 1> inicio{};
+    if (estado.type() == fs::file_type::regular) {
+        std::ifstream(arquivo, std::ios::binary).read(inicio.data(), inicio.size());
     }
-
-    std::array<char, 100> bytes_{};
-};
+    if (std::string_view(inicio.data(), Marca.size()) != Marca) {
+        Lancar(NumeroErro::BancoIrreconhecivel, arquivo, "não é um banco de dados");
+    }
+    return inicio.back() == Wal;
+}
 
 bool TemWal(const fs::path& arquivo) {
     std::error_code ignorado;
@@ -73,8 +56,7 @@ bool TemWal(const fs::path& arquivo) {
 }
 
 bool PodeEscrever(const fs::path& arquivo) {
-    const fs::path pasta = fs::absolute(arquivo).parent_path();
-    return access(arquivo.c_str(), W_OK) == 0 && access(pasta.c_str(), W_OK) == 0;
+    return Permite(arquivo, W_OK) && Permite(fs::absolute(arquivo).parent_path(), W_OK);
 }
 
 // The file's name as a URI: everything but letters, digits and "/" is written in hexadecimal.
@@ -96,14 +78,10 @@ std::string Uri(const fs::path& arquivo) {
 }  // namespace
 
 std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo) {
-    const Cabecalho cabecalho(arquivo);
-    std::error_code ignorado;
-    if (!TemWal(arquivo) && fs::file_size(arquivo, ignorado) < cabecalho.Tamanho()) {
-        Lancar(NumeroErro::BancoIrreconhecivel, arquivo, "o banco de dados está truncado");
-    }
+    const bool wal = UsaWal(arquivo);
     // In WAL mode even a reader writes files beside the database. Where that cannot be, the file is
     // read as it is: without a -wal nobody has changes to it that it does not hold yet.
-    const bool imutavel = cabecalho.UsaWal() && !TemWal(arquivo) && !PodeEscrever(arquivo);
+    const bool imutavel = wal && !TemWal(arquivo) && !PodeEscrever(arquivo);
 
     // For reading alone, too, the file is opened for writing: only then does the last one to close
     // it take the -wal and -shm files away again. That nothing is written is seen to by Conexao.
@@ -119,7 +97,7 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
     }
     sqlite3_busy_timeout(db, EsperaPorBloqueioMs);
     conexao->Executar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_master");
-    if (cabecalho.UsaWal()) {
+    if (wal) {
         conexao->Executar("PRAGMA synchronous = NORMAL");
     }
     if (modo == ModoAbertura::SomenteLeitura) {
@@ -128,4 +106,4 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
     return conexao;
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -6,10 +6,10 @@
 #include "platform/sqlite/BancoSQLite.h"
 #include "platform/sqlite/Conexao.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // Opens an existing database file, for reading alone where it cannot be written. See
 // BancoSQLite::Abrir for the errors.
 std::shared_ptr<Conexao> AbrirArquivo(const std::filesystem::path& arquivo, ModoAbertura modo);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

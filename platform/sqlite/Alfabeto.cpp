@@ -8,7 +8,7 @@
 #include <array>
 #include <cstdint>
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -155,4 +155,4 @@ int Alfabeto::Comparar(std::string_view a, std::string_view b) const {
     return ordem != UCOL_EQUAL ? static_cast<int>(ordem) : Sinal(SemCaixa(a).compare(SemCaixa(b)));
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -8,7 +8,7 @@ struct UCollator;
 
 // How texts compare: without regard to case, in the order of the Portuguese alphabet, whatever
 // the machine's locale.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // The text without its differences of case. Letters outside ASCII never fold into ASCII, so that
 // a text of ASCII alone equals only what an ASCII comparison without case would find.
@@ -40,4 +40,4 @@ class Alfabeto {
     mutable std::unique_ptr<UCollator, Fechar> ordem_;
 };
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

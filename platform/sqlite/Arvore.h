@@ -7,7 +7,7 @@
 #include <vector>
 
 // A query as the grammar understood it; names are still as written.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 enum class Operacao {
     Coluna,  // nome, tabela when qualified
@@ -81,4 +81,4 @@ struct Exclusao {
 
 using Comando = std::variant<Selecao, Exclusao>;
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -14,6 +14,8 @@ namespace tarvo {
 
 namespace {
 
+using namespace sqlite;
+
 class Comandada final : public QueryDef {
   public:
     Comandada(std::shared_ptr<Conexao> conexao, std::shared_ptr<Esquema> esquema,

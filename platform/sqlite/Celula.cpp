@@ -11,7 +11,7 @@
 #include "data/Funcoes.h"
 #include "platform/sqlite/Alfabeto.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -257,4 +257,4 @@ void Vincular(sqlite3_stmt* instrucao, int parametro, const Valor& valor) {
     }
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

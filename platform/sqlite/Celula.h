@@ -9,7 +9,7 @@ struct sqlite3_stmt;
 struct sqlite3_value;
 
 // Values between SQLite's storage and the declared types.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // What a column holds. The numbers stand in generated SQL.
 enum class TipoColuna : int {
@@ -52,4 +52,4 @@ Valor ConverterParaColuna(const Valor& valor, TipoColuna tipo, const Origem& ori
 // Binds a value in the form in which its type is stored.
 void Vincular(sqlite3_stmt* instrucao, int parametro, const Valor& valor);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

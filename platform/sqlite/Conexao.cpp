@@ -7,62 +7,57 @@
 
 #include "data/CodigosDeErros.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
 constexpr std::string_view MarcaDeErro = "tarvo#";
 
-std::string Entre(char aspa, std::string_view texto) {
-    std::string resultado(1, aspa);
-    for (const char c : texto) {
-        resultado += c;
-        if (c == aspa) {
-            resultado += c;
-        }
-    }
-    return resultado + aspa;
-}
-
-struct Traducao {
+struct ErroTraduzido {
     NumeroErro numero;
     const char* descricao;
+    bool comDetalhe;  // SQLite's own text says more
 };
 
-Traducao TraduzirCodigo(int codigo) {
+ErroTraduzido TraduzirCodigo(int codigo) {
     switch (codigo) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return {NumeroErro::BancoOcupado, "O banco de dados está bloqueado por outro usuário"};
+            return {NumeroErro::BancoOcupado, "O banco de dados está bloqueado por outro usuário",
+                    false};
         case SQLITE_READONLY:
-            return {NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura"};
+            return {NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura",
+                    false};
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
             return {NumeroErro::BancoIrreconhecivel,
-                    "O arquivo não é um banco de dados ou está danificado"};
+                    "O arquivo não é um banco de dados ou está danificado", false};
         case SQLITE_FULL:
-            return {NumeroErro::DiscoCheio, "Disco cheio"};
-        case SQLITE_IOERR:
-            return {NumeroErro::ErroDispositivo, "Erro de leitura ou gravação"};
+            return {NumeroErro::DiscoCheio, "Disco cheio", false};
         case SQLITE_PERM:
         case SQLITE_AUTH:
         case SQLITE_CANTOPEN:
-            return {NumeroErro::PermissaoNegada, "Permissão negada no banco de dados"};
+            return {NumeroErro::PermissaoNegada, "Permissão negada no banco de dados", false};
+        case SQLITE_IOERR:
+            return {NumeroErro::ErroDispositivo, "Erro de leitura ou gravação", true};
         case SQLITE_ERROR:
-            return {NumeroErro::ErroSintaxeConsulta, "Erro na consulta"};
+            return {NumeroErro::ErroSintaxeConsulta, "Erro na consulta", true};
         default:
-            return {NumeroErro::OperacaoInvalida, "Operação inválida no banco de dados"};
+            return {NumeroErro::OperacaoInvalida, "Operação inválida no banco de dados", true};
     }
 }
 
 }  // namespace
 
-std::string Nome(std::string_view nome) {
-    return Entre('"', nome);
-}
-
-std::string Texto(std::string_view texto) {
-    return Entre('\'', texto);
+std::string NomeSql(std::string_view nome) {
+    std::string sql = "\"";
+    for (const char c : nome) {
+        sql += c;
+        if (c == '"') {
+            sql += c;
+        }
+    }
+    return sql + "\"";
 }
 
 std::string CodificarErro(int numero, std::string_view descricao) {
@@ -81,8 +76,8 @@ void LancarErroSQLite(sqlite3* db) {
         const auto lido = std::from_chars(mensagem.data() + MarcaDeErro.size(), fim, numero);
         throw Erro(static_cast<NumeroErro>(numero), std::string(lido.ptr + 1, fim));
     }
-    const auto [numero, descricao] = TraduzirCodigo(codigo & 0xFF);
-    throw Erro(numero, std::string(descricao) + " (" + mensagem + ").");
+    const ErroTraduzido erro = TraduzirCodigo(codigo & 0xFF);
+    throw Erro(erro.numero, erro.descricao + (erro.comDetalhe ? " (" + mensagem + ")." : "."));
 }
 
 Conexao::~Conexao() {
@@ -91,7 +86,7 @@ Conexao::~Conexao() {
         return;
     }
     for (const std::string& nome : temporarias_) {
-        sqlite3_exec(db_, ("DROP TABLE temp." + Nome(nome)).c_str(), nullptr, nullptr, nullptr);
+        sqlite3_exec(db_, ("DROP TABLE temp." + NomeSql(nome)).c_str(), nullptr, nullptr, nullptr);
     }
 }
 
@@ -114,7 +109,11 @@ void Conexao::ExigirEscrita(const std::string& esquema) const {
 }
 
 void Conexao::CriarTemporaria(const std::string& nome, const std::string& definicao) {
-    Executar("CREATE TEMP TABLE " + Nome(nome) + " (" + definicao + ")");
+    if (sqlite3_table_column_metadata(db_, "temp", nome.c_str(), nullptr, nullptr, nullptr, nullptr,
+                                      nullptr, nullptr) == SQLITE_OK) {
+        return;
+    }
+    Executar("CREATE TEMP TABLE " + NomeSql(nome) + " (" + definicao + ")");
     temporarias_.push_back(nome);
 }
 
@@ -150,4 +149,4 @@ void Instrucao::Reiniciar() {
     sqlite3_reset(ponteiro_);
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

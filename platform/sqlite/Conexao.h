@@ -9,7 +9,7 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 // The connection and its prepared statements.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // An open connection, shared by a database and its recordsets: the last of them closes it, so that
 // neither a statement nor the file's handle outlives its owner, whatever the order of destruction.
@@ -32,7 +32,8 @@ class Conexao {
     void ExigirEscrita(const std::string& esquema) const;
     void ProibirEscrita() { proibida_ = true; }
 
-    // A temporary table that goes with this object even when the connection stays.
+    // A temporary table, unless the connection has one of that name; it goes with this object even
+    // when the connection stays.
     void CriarTemporaria(const std::string& nome, const std::string& definicao);
 
   private:
@@ -63,8 +64,7 @@ class Instrucao {
 };
 
 // A name as SQLite quotes it.
-std::string Nome(std::string_view nome);
-std::string Texto(std::string_view texto);
+std::string NomeSql(std::string_view nome);
 
 // The connection's last error as an Erro.
 [[noreturn]] void LancarErroSQLite(sqlite3* db);
@@ -72,4 +72,4 @@ std::string Texto(std::string_view texto);
 // How a function that SQLite calls passes an Erro through it: the number stands in the text.
 std::string CodificarErro(int numero, std::string_view descricao);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

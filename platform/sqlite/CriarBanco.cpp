@@ -7,6 +7,8 @@
 #include <system_error>
 
 #include "data/CodigosDeErros.h"
+#include "platform/arquivo/Arquivos.h"
+#include "platform/arquivo/Descritor.h"
 #include "platform/sqlite/BancoSQLite.h"
 #include "platform/sqlite/Conexao.h"
 #include "platform/sqlite/Tabelas.h"
@@ -16,16 +18,20 @@ namespace tarvo {
 namespace {
 
 namespace fs = std::filesystem;
+using sqlite::Conexao;
+using sqlite::DefinicaoTabela;
+using sqlite::NomeSql;
 
 std::string Definicoes() {
     std::string sql = "BEGIN;";
-    for (const auto tabelas : {TabelasDoBanco(), TabelasRefeitas()}) {
+    for (const auto tabelas : {sqlite::TabelasDoBanco(), sqlite::TabelasRefeitas()}) {
         for (const DefinicaoTabela& tabela : tabelas) {
-            sql += "CREATE TABLE " + Nome(tabela.nome) + " (" + std::string(tabela.colunas) + ");";
+            sql +=
+                "CREATE TABLE " + NomeSql(tabela.nome) + " (" + std::string(tabela.colunas) + ");";
             if (!tabela.indice.empty()) {
                 sql += "CREATE INDEX " +
-                       Nome("idx" + std::string(tabela.nome) + std::string(tabela.indice)) +
-                       " ON " + Nome(tabela.nome) + " (" + Nome(tabela.indice) + ");";
+                       NomeSql("idx" + std::string(tabela.nome) + std::string(tabela.indice)) +
+                       " ON " + NomeSql(tabela.nome) + " (" + NomeSql(tabela.indice) + ");";
             }
         }
     }
@@ -33,25 +39,6 @@ std::string Definicoes() {
     return sql +
            "CREATE INDEX \"idxtblDetalhesCFOPsCFOP\" ON \"tblDetalhesCFOPs\" (\"CFOP\");"
            "COMMIT;";
-}
-
-[[noreturn]] void LancarNaoCriado(const fs::path& arquivo, int codigo) {
-    const std::string onde = "Não foi possível criar \"" + arquivo.string() + "\": ";
-    switch (codigo) {
-        case ENOENT:
-        case ENOTDIR:
-            throw Erro(NumeroErro::CaminhoNaoEncontrado, onde + "a pasta não existe.");
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            throw Erro(NumeroErro::PermissaoNegada, onde + "permissão negada.");
-        case ENOSPC:
-        case EDQUOT:
-            throw Erro(NumeroErro::DiscoCheio, onde + "disco cheio.");
-        default:
-            throw Erro(NumeroErro::ErroDispositivo,
-                       onde + std::generic_category().message(codigo) + ".");
-    }
 }
 
 [[noreturn]] void LancarJaExiste(const fs::path& arquivo) {
@@ -62,16 +49,18 @@ std::string Definicoes() {
 class Rascunho {
   public:
     explicit Rascunho(const fs::path& destino) {
-        int descritor = -1;
-        for (int n = 0; descritor < 0; ++n) {
+        for (int n = 0;; ++n) {
             arquivo_ = destino;
             arquivo_ += "." + std::to_string(getpid()) + "-" + std::to_string(n) + ".novo";
-            descritor = open(arquivo_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
-            if (descritor < 0 && errno != EEXIST) {
-                LancarNaoCriado(destino, errno);
+            const Descritor novo(
+                open(arquivo_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666));
+            if (novo.Valor() >= 0) {
+                return;
+            }
+            if (errno != EEXIST) {
+                LancarErroDeArquivo(destino, errno);
             }
         }
-        close(descritor);
     }
     ~Rascunho() {
         std::error_code ignorado;
@@ -95,7 +84,7 @@ class Rascunho {
             fs::rename(arquivo_, destino, erro);
         }
         if (erro) {
-            LancarNaoCriado(destino, erro.value());
+            LancarErroDeArquivo(destino, erro.value());
         }
     }
 
@@ -117,7 +106,7 @@ void CriarBanco(const fs::path& arquivo) {
             sqlite3_open_v2(rascunho.Arquivo().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
         Conexao conexao(db, Conexao::Posse::Propria);
         if (estado != SQLITE_OK) {
-            LancarErroSQLite(db);
+            sqlite::LancarErroSQLite(db);
         }
         conexao.Executar("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;" + Definicoes());
     }

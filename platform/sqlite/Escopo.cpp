@@ -6,7 +6,7 @@
 #include "platform/sqlite/Alfabeto.h"
 #include "platform/sqlite/Lexico.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -100,4 +100,4 @@ ColunaAchada Escopo::Exigir(const Expressao& coluna) const {
     return *achada;
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -12,7 +12,7 @@
 #include "platform/sqlite/Esquema.h"
 
 // The tables of one query and what its names mean in it.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 struct ColunaAchada {
     std::size_t tabela = 0;  // position in the FROM list
@@ -37,7 +37,7 @@ class Escopo {
         return tabelas_[achada.tabela]->colunas[achada.coluna];
     }
     [[nodiscard]] std::string Sql(ColunaAchada achada) const {
-        return Nome(Da(achada.tabela).nome) + "." + Nome(Da(achada).nome);
+        return NomeSql(Da(achada.tabela).nome) + "." + NomeSql(Da(achada).nome);
     }
 
     // The table of that name in the list; nothing when it is not there.
@@ -59,4 +59,4 @@ class Escopo {
 // Error 3078.
 std::shared_ptr<const Tabela> ExigirTabela(Esquema& esquema, std::string_view nome);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

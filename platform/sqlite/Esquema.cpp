@@ -2,9 +2,10 @@
 
 #include <sqlite3.h>
 
+#include "data/Consultas.h"
 #include "platform/sqlite/Alfabeto.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 Esquema::Esquema(std::shared_ptr<Conexao> conexao) : conexao_(std::move(conexao)) {}
 
@@ -36,7 +37,7 @@ void Esquema::Atualizar() {
 }
 
 void Esquema::LerNomes(const std::string& esquema) {
-    Instrucao nomes(conexao_, "SELECT name FROM " + Nome(esquema) +
+    Instrucao nomes(conexao_, "SELECT name FROM " + NomeSql(esquema) +
                                   ".sqlite_master WHERE type IN ('table', 'view')");
     while (nomes.Passo()) {
         Tabela tabela;
@@ -50,8 +51,8 @@ void Esquema::LerNomes(const std::string& esquema) {
 
 std::shared_ptr<const Tabela> Esquema::LerTabela(const Tabela& nomes) const {
     auto tabela = std::make_shared<Tabela>(nomes);
-    Instrucao colunas(conexao_, "SELECT name, type FROM pragma_table_info(" + Texto(nomes.nome) +
-                                    ", " + Texto(nomes.esquema) + ")");
+    Instrucao colunas(conexao_, "SELECT name, type FROM pragma_table_info(" + TextoSql(nomes.nome) +
+                                    ", " + TextoSql(nomes.esquema) + ")");
     const auto comparacao = [&](const std::string& coluna) -> std::string_view {
         const char* ordem = nullptr;
         const int estado = sqlite3_table_column_metadata(
@@ -72,4 +73,4 @@ std::shared_ptr<const Tabela> Esquema::LerTabela(const Tabela& nomes) const {
     return tabela;
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -11,7 +11,7 @@
 #include "platform/sqlite/Conexao.h"
 
 // The tables and columns of the open database.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 struct Coluna {
     std::string nome;
@@ -29,7 +29,7 @@ struct Tabela {
     bool temRowid = false;  // tables without it keep no order of addition
     std::vector<Coluna> colunas;
 
-    [[nodiscard]] std::string Sql() const { return Nome(esquema) + "." + Nome(nome); }
+    [[nodiscard]] std::string Sql() const { return NomeSql(esquema) + "." + NomeSql(nome); }
 };
 
 class Esquema {
@@ -52,4 +52,4 @@ class Esquema {
     std::map<std::string, std::shared_ptr<const Tabela>, std::less<>> tabelas_;
 };
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

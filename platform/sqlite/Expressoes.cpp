@@ -5,11 +5,12 @@
 #include <charconv>
 
 #include "data/CodigosDeErros.h"
+#include "data/Consultas.h"
 #include "data/Data.h"
 #include "platform/sqlite/Alfabeto.h"
 #include "platform/sqlite/Lexico.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -84,7 +85,7 @@ Traduzida Expressoes::Traduzir(const Expressao& expressao) const {
             return {escopo_.Sql(achada), escopo_.Da(achada).tipo, achada};
         }
         case Operacao::Texto:
-            return {Texto(expressao.nome), TipoColuna::Texto, {}};
+            return {TextoSql(expressao.nome), TipoColuna::Texto, {}};
         case Operacao::Numero:
             return {expressao.nome,
                     expressao.nome.find_first_of(".eE") == std::string::npos ? TipoColuna::Longo
@@ -203,8 +204,8 @@ std::string Expressoes::Chamada(const char* funcao, const Traduzida& valor) cons
     std::string sql = std::string(funcao) + "(" + valor.sql + ", " +
                       std::to_string(static_cast<int>(valor.tipo)) + ", ";
     if (valor.coluna) {
-        return sql + Texto(escopo_.Da(valor.coluna->tabela).nome) + ", " +
-               Texto(escopo_.Da(*valor.coluna).nome) + ")";
+        return sql + TextoSql(escopo_.Da(valor.coluna->tabela).nome) + ", " +
+               TextoSql(escopo_.Da(*valor.coluna).nome) + ")";
     }
     return sql + "'', '')";
 }
@@ -321,4 +322,4 @@ void Expressoes::MarcarTabelas(const Expressao& expressao, std::vector<bool>& ta
     }
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

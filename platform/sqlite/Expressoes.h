@@ -10,7 +10,7 @@
 #include "platform/sqlite/Escopo.h"
 
 // Values and conditions of the dialect in SQLite's.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // A value in SQLite's dialect and its type. Columns stand as they are stored; computed dates are
 // serials, computed Booleans any non-zero number or 0.
@@ -59,4 +59,4 @@ class Expressoes {
     std::string_view consulta_;
 };
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -12,7 +12,7 @@
 #include "platform/sqlite/Conexao.h"
 #include "platform/sqlite/Padrao.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -83,9 +83,12 @@ void TextoDoValor(sqlite3_context* contexto, int /*n*/, sqlite3_value** argument
     });
 }
 
+// Aligned as the memory that SQLite hands out.
+__extension__ typedef __int128 Inteiro128 __attribute__((aligned(8)));
+
 // A running sum. It lies in memory that SQLite hands out zeroed, which is an empty one.
 struct Soma {
-    __extension__ __int128 inteira;  // wide enough that only the result can overflow
+    Inteiro128 inteira;  // wide enough that only the result can overflow
     double real;
     std::int64_t parcelas;
     TipoColuna tipo;
@@ -190,4 +193,4 @@ void RegistrarFuncoes(sqlite3* db) {
     }
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -3,7 +3,7 @@
 struct sqlite3;
 
 // What generated SQL calls beyond SQLite's own functions.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // Registers, unless the connection has them already:
 //
@@ -18,4 +18,4 @@ namespace tarvo {
 // type is a number of TipoColuna; table and column are empty for computed values.
 void RegistrarFuncoes(sqlite3* db);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

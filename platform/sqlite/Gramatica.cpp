@@ -7,7 +7,7 @@
 #include "platform/sqlite/Alfabeto.h"
 #include "platform/sqlite/Lexico.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -402,4 +402,4 @@ Comando Analisar(std::string_view consulta) {
     return Analisador(consulta).Ler();
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

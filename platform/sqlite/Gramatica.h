@@ -14,9 +14,9 @@
 // blanks stands in brackets. Operators, loosest first: Or; And; Not; = <> < <= > >= Like, Between,
 // In, Is Null; &. Functions: Left, Sum, Count, Min, Max. Keywords and names are read without regard
 // to case.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // Error 3075 with the place for any other text.
 Comando Analisar(std::string_view consulta);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -4,7 +4,7 @@
 
 #include "data/CodigosDeErros.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -155,4 +155,4 @@ void LancarErroDeSintaxe(std::string_view consulta, std::size_t posicao,
                                                     std::string(problema) + ".");
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

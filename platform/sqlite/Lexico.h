@@ -6,7 +6,7 @@
 #include <vector>
 
 // The words of a query.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 enum class TipoSimbolo { Palavra, NomeEntreColchetes, Texto, Numero, Data, Sinal, Fim };
 
@@ -24,4 +24,4 @@ std::vector<Simbolo> Separar(std::string_view consulta);
 [[noreturn]] void LancarErroDeSintaxe(std::string_view consulta, std::size_t posicao,
                                       std::string_view problema);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -2,7 +2,7 @@
 
 #include "platform/sqlite/Alfabeto.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -106,4 +106,4 @@ bool Padrao::Casa(std::string_view texto) const {
     return p == passos_.size();
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -6,7 +6,7 @@
 
 // The patterns of Like: * any text, ? one character, # one digit, [a-z] one of, [!a-z] none of;
 // without regard to case, with regard to accents.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 class Padrao {
   public:
@@ -29,4 +29,4 @@ class Padrao {
     std::vector<Passo> passos_;
 };
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

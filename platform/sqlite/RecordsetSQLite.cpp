@@ -8,7 +8,7 @@
 #include "data/CodigosDeErros.h"
 #include "platform/sqlite/Alfabeto.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -152,7 +152,7 @@ void RecordsetSQLite::PrepararInsercao() {
     std::string colunas;
     std::string valores;
     for (const ColunaSaida& coluna : consulta_.colunas) {
-        colunas += (colunas.empty() ? "" : ", ") + Nome(coluna.coluna);
+        colunas += (colunas.empty() ? "" : ", ") + NomeSql(coluna.coluna);
         valores += valores.empty() ? "?" : ", ?";
     }
     insercao_ =
@@ -189,4 +189,4 @@ void RecordsetSQLite::Close() {
     conexao_.reset();
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -11,7 +11,7 @@
 
 struct sqlite3_value;
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // The rows of one translated query. A forward-only recordset reads them from its statement as it
 // goes; a dynaset takes them all when it is opened and holds no lock on the database afterwards,
@@ -60,4 +60,4 @@ class RecordsetSQLite final : public Recordset {
     mutable std::vector<std::pair<std::string, std::size_t>> procurados_;
 };
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

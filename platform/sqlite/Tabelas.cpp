@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -107,4 +107,4 @@ std::span<const DefinicaoTabela> TabelasRefeitas() {
     return Refeitas;
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

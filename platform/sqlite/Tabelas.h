@@ -5,7 +5,7 @@
 #include <string_view>
 
 // The tables of a declaration database as CriarBanco makes them.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 struct DefinicaoTabela {
     std::string_view nome;
@@ -17,4 +17,4 @@ std::span<const DefinicaoTabela> TabelasDoBanco();
 // The four that reports empty and refill.
 std::span<const DefinicaoTabela> TabelasRefeitas();
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

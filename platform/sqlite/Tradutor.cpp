@@ -8,7 +8,7 @@
 #include "platform/sqlite/Expressoes.h"
 #include "platform/sqlite/Lexico.h"
 
-namespace tarvo {
+namespace tarvo::sqlite {
 
 namespace {
 
@@ -129,10 +129,8 @@ class TradutorSelecao {
         if (!agregada_ || Expressoes::EhAgregacao(expressao)) {
             return;
         }
-        const bool agrupada =
-            !agrupadas_.empty() &&
-            std::ranges::find(agrupadas_, expressoes_.Traduzir(expressao).sql) != agrupadas_.end();
-        if (agrupada) {
+        const std::string sql = expressoes_.Traduzir(expressao).sql;
+        if (std::ranges::find(agrupadas_, sql) != agrupadas_.end()) {
             return;
         }
         if (expressao.operacao == Operacao::Coluna) {
@@ -255,7 +253,7 @@ class TradutorSelecao {
                 expressoes_.Chave(expressoes_.Traduzir(chave)) + (item.decrescente ? " DESC" : ""));
         }
         for (const std::size_t t : Desempate()) {
-            const std::string rowid = Nome(escopo_.Da(t).nome) + ".rowid";
+            const std::string rowid = NomeSql(escopo_.Da(t).nome) + ".rowid";
             if (!escopo_.Da(t).temRowid || (agregada_ && grupos_.empty())) {
                 continue;
             }
@@ -347,4 +345,4 @@ ExclusaoTraduzida Traduzir(const Exclusao& exclusao, Esquema& esquema, std::stri
             escopo.Da(0).esquema};
 }
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite

@@ -9,7 +9,7 @@
 #include "platform/sqlite/Esquema.h"
 
 // Whole queries of the dialect in SQLite's.
-namespace tarvo {
+namespace tarvo::sqlite {
 
 // A column of a query's rows.
 struct ColunaSaida {
@@ -45,4 +45,4 @@ struct ExclusaoTraduzida {
 
 ExclusaoTraduzida Traduzir(const Exclusao& exclusao, Esquema& esquema, std::string_view consulta);
 
-}  // namespace tarvo
+}  // namespace tarvo::sqlite
