@@ -19,9 +19,9 @@ struct Impressora {
 enum class Lados { ComoNaFila, Frente, FrenteEVerso, FrenteEVersoBordaCurta };
 
 struct TrabalhoImpressao {
-    std::string_view pdf;    // A4 pages, each in its own orientation; printed without scaling
-    std::string titulo;      // the job's name
-    std::string impressora;  // empty: the user's default printer
+    std::string_view pdf{};    // A4 pages, each in its own orientation; printed without scaling
+    std::string titulo{};      // the job's name
+    std::string impressora{};  // empty: the user's default printer
     int copias = 1;
     int primeiraPagina = 0;  // from 1; 0 prints all pages
     int ultimaPagina = 0;

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QProgressDialog>
+#include <memory>
+
+#include "document/Visualizador.h"
+
+namespace tarvo {
+
+// Shows the progress of a long build after its first second and lets the user cancel it. No
+// window answers before that, so that a short build cannot be interrupted by anything.
+class AndamentoQt final : public Andamento {
+  public:
+    bool PaginaConcluida(std::size_t paginas) override;
+    // The build is over: takes the window away.
+    void Concluir() { dialogo_.reset(); }
+
+  private:
+    QElapsedTimer tempo_;
+    qint64 ultimaPausa_ = 0;  // ms
+    std::unique_ptr<QProgressDialog> dialogo_;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QFutureWatcher>
+#include <QPromise>
+#include <QThreadPool>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <variant>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo {
+
+// Runs trabalho on another thread and hands its result, or its error, to depois on this thread;
+// depois is not called any more once dono is gone.
+template <class Trabalho, class Depois>
+void EmSegundoPlano(QObject* dono, Trabalho trabalho, Depois depois) {
+    using Resultado = std::variant<std::invoke_result_t<Trabalho>, Erro>;
+    auto promessa = std::make_shared<QPromise<Resultado>>();
+    auto* vigia = new QFutureWatcher<Resultado>(dono);
+    QObject::connect(vigia, &QFutureWatcherBase::finished, dono,
+                     [vigia, depois = std::move(depois)] {
+                         vigia->deleteLater();
+                         depois(vigia->result());
+                     });
+    vigia->setFuture(promessa->future());
+    promessa->start();
+    QThreadPool::globalInstance()->start([promessa, trabalho = std::move(trabalho)] {
+        try {
+            promessa->addResult(Resultado(trabalho()));
+        } catch (const Erro& erro) {
+            promessa->addResult(Resultado(erro));
+        }
+        promessa->finish();
+    });
+}
+
+}  // namespace tarvo

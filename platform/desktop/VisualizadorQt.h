@@ -1,0 +1,26 @@
+#pragma once
+
+#include "document/Visualizador.h"
+
+namespace tarvo {
+
+class AndamentoQt;
+class ConfiguracoesIni;
+
+// Makes the preview windows of the documents and prints them through the system's print queue.
+class FabricaVisualizadoresQt final : public FabricaVisualizadores {
+  public:
+    // Both may be null and outlive every preview: where windows keep their place, and the progress
+    // window that goes when a document is shown or printed.
+    explicit FabricaVisualizadoresQt(ConfiguracoesIni* preferencias = nullptr,
+                                     AndamentoQt* andamento = nullptr)
+        : preferencias_(preferencias), andamento_(andamento) {}
+
+    std::unique_ptr<Visualizador> Criar() override;
+
+  private:
+    ConfiguracoesIni* preferencias_;
+    AndamentoQt* andamento_;
+};
+
+}  // namespace tarvo
