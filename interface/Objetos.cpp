@@ -42,9 +42,16 @@ std::string Objeto::Ajustes::Ler(std::string_view aplicacao, std::string_view se
                : doUsuario_.Ler(aplicacao, secao, chave, padrao);
 }
 
-void Objeto::UsarJanelas() {
+void Objeto::UsarImpressao() {
     static_cast<void>(ExigirAreaDeTrabalho());
     comJanelas_ = true;
+}
+
+void Objeto::UsarJanelas() {
+    UsarImpressao();
+    if (!ExigirAreaDeTrabalho().TemTela()) {
+        throw Erro(NumeroErro::AcaoNaoSuportada, "Não há tela em que abrir janelas.");
+    }
 }
 
 void Objeto::ConferirLinhaDasJanelas() const {

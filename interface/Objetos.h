@@ -54,8 +54,9 @@ class Objeto final : public Recurso {
     // The host's current reference month in place of the user's setting; error 13 when it is none.
     void DefinirReferencia(std::optional<std::string> mesAno);
 
-    // Before anything that opens a window or prints: error 445 without a desktop, or in a thread
-    // that is not the windows'.
+    // Before printing, and before opening a window: error 445 without a desktop (for windows,
+    // without a screen), or in a thread that is not the windows'.
+    void UsarImpressao();
     void UsarJanelas();
     // Error 445 when it has windows and this is not their thread.
     void ConferirLinhaDasJanelas() const;

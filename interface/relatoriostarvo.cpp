@@ -257,7 +257,7 @@ int32_t tarvo_imprimir(tarvo_objeto objeto) {
     return Proteger([&] {
         const auto uso = Usar<Objeto>(objeto);
         auto& relatorio = uso->Como<RelatorioDeclaracao>();
-        uso->UsarJanelas();
+        uso->UsarImpressao();
         relatorio.Imprimir();
     });
 }

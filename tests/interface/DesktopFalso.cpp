@@ -38,6 +38,7 @@ class VisualizadorFalso final : public Visualizador {
 class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, public JanelaSelecao {
   public:
     [[nodiscard]] bool NestaLinha() const override { return std::this_thread::get_id() == linha_; }
+    [[nodiscard]] bool TemTela() const override { return ODesktopFalso().temTela; }
     FabricaVisualizadores& Visualizadores() override { return *this; }
     JanelaSelecao& Selecao() override { return *this; }
     std::size_t AguardarJanelas(std::chrono::milliseconds /*tempo*/) override {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "interface/AreaDeTrabalho.h"
+#include "platform/desktop/AreaDeTrabalho.h"
 
 namespace tarvo::teste {
 
@@ -13,6 +13,7 @@ namespace tarvo::teste {
 struct DesktopFalso {
     std::vector<std::string> pedidos;  // "Exibir Relatório de Pagamentos"
     std::size_t abertas = 0;
+    bool temTela = true;
     std::function<void(frmImpressaoRelatorios&)> usuario;  // acts on the selection dialog
 };
 

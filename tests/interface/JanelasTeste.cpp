@@ -56,6 +56,18 @@ TEST_F(Janelas, ExecutarBuildsAndShowsWhatTheUserChooses) {
     EXPECT_EQ(desktop.abertas, 0U);
 }
 
+TEST_F(Janelas, WithoutAScreenOnlyPrintingWorks) {
+    desktop.temTela = false;
+    const auto objeto = Criar("RelatorioPagamentos");
+    const auto relatorios = Criar("Relatorios");
+    EXPECT_EQ(tarvo_exibir(objeto), 445);
+    EXPECT_EQ(tarvo_executar(relatorios, banco, IE, DRQ, 0), 445);
+    EXPECT_EQ(tarvo_imprimir(objeto), 0) << tarvo_erro_texto();
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+    EXPECT_EQ(tarvo_liberar(relatorios), 0);
+    desktop.temTela = true;
+}
+
 // The host's own event handlers may call while the dialog is open.
 TEST_F(Janelas, CallsFromInsideTheDialogCannotPullAwayWhatItUses) {
     const auto relatorios = Criar("Relatorios");

@@ -19,6 +19,8 @@ class TARVO_PUBLICO AreaDeTrabalho {
 
     // Whether the calling thread is that one.
     [[nodiscard]] virtual bool NestaLinha() const = 0;
+    // False where the session has no screen: windows would be seen by nobody, printing works.
+    [[nodiscard]] virtual bool TemTela() const = 0;
     // For Ambiente::visualizadores.
     virtual FabricaVisualizadores& Visualizadores() = 0;
     // For Relatorios.
@@ -28,9 +30,10 @@ class TARVO_PUBLICO AreaDeTrabalho {
     virtual std::size_t AguardarJanelas(std::chrono::milliseconds tempo) = 0;
 };
 
-// The area of the process, made at the first call and kept to its end. Makes a Qt application where
-// the host has none. Error 445 where none can be made. Under this very name, because the C
-// interface loads the desktop library only once something must be shown or printed.
+// The area of the process, made at the first call and kept to its end. It lives in the host's Qt
+// application, or makes one where the host has none; error 445 when the host's cannot have windows.
+// Under this very name, because the C interface loads the desktop library only once something must
+// be shown or printed.
 extern "C" TARVO_PUBLICO AreaDeTrabalho& AbrirAreaDeTrabalho();
 
 }  // namespace tarvo
