@@ -4,12 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "data/Publico.h"
+
 // The query texts that several reports share, and the only place where values enter a query.
 namespace tarvo {
 
 // A text value between single quotes, with the quotes inside it doubled, so that no value can
 // change the query's meaning.
-std::string TextoSql(std::string_view valor);
+TARVO_PUBLICO std::string TextoSql(std::string_view valor);
 
 // The one taxpayer row (registration report).
 std::string ConsultaContribuinte(std::string_view IE);
