@@ -91,6 +91,7 @@ TEST_F(Abertura, CriarNuncaSubstituiNemDeixaRestos) {
     fs::permissions(pasta_.Caminho(), fs::perms(0555));
     EXPECT_EQ(NumeroSemPrivilegio([&] { CriarBanco(pasta_ / "x.tarvo"); }), 70);
     EXPECT_EQ(Entradas(pasta_.Caminho()), 1U);
+    fs::permissions(pasta_.Caminho(), fs::perms(0755));
     LerEEsvaziar(banco_);
     EXPECT_EQ(Entradas(pasta_.Caminho()), 1U) << "no -wal and no -shm stays";
 }
