@@ -7,7 +7,7 @@
 #include <QProgressDialog>
 #include <QTimer>
 
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/desktop/ApoioQt.h"
 #include "platform/desktop/SegundoPlano.h"
 #include "platform/impressao/FilaImpressao.h"

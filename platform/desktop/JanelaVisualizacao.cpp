@@ -18,7 +18,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/arquivos/ArquivoAtomico.h"
+#include "platform/arquivo/Arquivos.h"
 #include "platform/configuracoes/ConfiguracoesIni.h"
 #include "platform/desktop/ApoioQt.h"
 #include "platform/desktop/BarraDeBusca.h"

@@ -109,8 +109,9 @@ insert into tblDetalhesCFOPs values
 
 TEST(ResumoCFOPs, CodesAreFormattedByTheirTable) {
     const std::pair<const char*, const char*> novos[] = {
-        {"5.101", "5.101"}, {"5101", "5.101"}, {"55101", "55.101"}, {"5.11", "0.511"},
-        {"", ""},           {"511", ""},       {"5.101.1", ""},     {"5.1a", "5.1a"}};
+        {"5.101", "5.101"}, {"5101", "5.101"}, {"55101", "55.101"},
+        {"00511", "0.511"}, {"5.11", "0.511"}, {"", ""},
+        {"511", ""},        {"5.101.1", ""},   {"5.1a", "5.1a"}};
     for (const auto& [codigo, formatado] : novos) {
         EXPECT_EQ(FormatarCFOPNovo(codigo), formatado) << codigo;
     }

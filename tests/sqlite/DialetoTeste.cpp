@@ -151,6 +151,7 @@ TEST_F(Dialeto, OsErrosTemNumeroENomeiamOQueFalta) {
         {"SELECT Mid(IE, 1) FROM tblDRQ", 3075, "função desconhecida"},
         {"SELECT Left(IE) FROM tblDRQ", 3075, "Left espera"},
         {"SELECT * FROM tblDRQ WHERE Ref1 = #2003-05-01#", 3075, "esperava #mês/dia/ano#"},
+        {"SELECT * FROM tblDRQ WHERE Ref1 = #2/30/2003#", 3075, "calendário"},
         {"SELECT * FROM tblDRQ WHERE Sum(Tipo) = 1", 3075, "agregação"},
         {"SELECT * FROM tblDRQ, tblDRQ", 3075, "tabela repetida"},
         {"SELECT * FROM tblDRQ WHERE " + std::string(5000, '('), 3075, "aninhada demais"},

@@ -1,0 +1,105 @@
+#include "host/desktop/ProgramaComJanelas.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <ostream>
+
+#include "dispatch/Relatorios.h"
+#include "host/Argumentos.h"
+#include "host/Mensagens.h"
+#include "host/desktop/AreaDeTrabalho.h"
+#include "host/desktop/JanelaPrincipal.h"
+#include "host/desktop/Tela.h"
+#include "platform/desktop/ApoioQt.h"
+#include "platform/desktop/JanelaSelecaoQt.h"
+#include "platform/sqlite/BancoSQLite.h"
+#include "slip/RelatorioVELO.h"
+
+namespace tarvo::host {
+
+namespace {
+
+// Until the last window is closed; at once when none is open.
+void EsperarPelasJanelas() {
+    const auto janelas = QApplication::topLevelWidgets();
+    if (std::any_of(janelas.begin(), janelas.end(),
+                    [](const QWidget* janela) { return janela->isVisible(); })) {
+        QApplication::setQuitOnLastWindowClosed(true);
+        QApplication::exec();
+    }
+}
+
+// Windows that were opened before an error stay until the user closes them.
+template <class Acao>
+int ComAsJanelas(std::ostream& erros, Acao&& acao) {
+    int situacao = Feito;
+    try {
+        acao();
+    } catch (const Erro& erro) {
+        DizerErro(erros, erro);
+        situacao = Falhou;
+    }
+    EsperarPelasJanelas();
+    return situacao;
+}
+
+int Selecionar(const Argumentos& a, std::ostream& erros) {
+    const auto banco = BancoSQLite::Abrir(a.banco);
+    AreaDeTrabalho area(a.refAtual);
+    JanelaSelecaoQt janela;
+    Relatorios relatorios(area.AmbienteDosRelatorios(), janela);
+    return ComAsJanelas(erros, [&] {
+        const auto fim = area.ConcluirAndamentoNoFim();
+        relatorios.Executar(*banco, a.IE.value_or(""), a.NumeroDRQ.value_or(0), a.opcoes);
+    });
+}
+
+int MostrarVelo(const Argumentos& a, std::ostream& erros) {
+    const auto banco = BancoSQLite::Abrir(a.banco);
+    AreaDeTrabalho area(a.refAtual);
+    RelatorioVELO velo(area.AmbienteDosRelatorios());
+    return ComAsJanelas(erros, [&] {
+        velo.Construir(*banco);
+        velo.Exibir();
+    });
+}
+
+int AbrirJanela(const Argumentos& a) {
+    AreaDeTrabalho area(a.refAtual);
+    JanelaPrincipal janela(area);
+    janela.show();
+    if (!a.banco.empty()) {
+        janela.Abrir(a.banco);
+    }
+    EsperarPelasJanelas();
+    return Feito;
+}
+
+}  // namespace
+
+int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
+    try {
+        const Argumentos a = LerArgumentos({argv + 1, argv + argc});
+        ExigirTela();
+        const QApplication aplicacao(argc, argv);
+        QApplication::setApplicationName(QStringLiteral("relatorios-tarvo"));
+        QApplication::setQuitOnLastWindowClosed(false);
+        InstalarTraducao();
+        switch (a.comando) {
+            case Comando::Selecionar:
+                return Selecionar(a, erros);
+            case Comando::Velo:
+                return MostrarVelo(a, erros);
+            default:
+                return AbrirJanela(a);
+        }
+    } catch (const UsoErrado& uso) {
+        DizerUsoErrado(erros, uso.what());
+        return Incompreendido;
+    } catch (const Erro& erro) {
+        DizerErro(erros, erro);
+        return Falhou;
+    }
+}
+
+}  // namespace tarvo::host

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+
+#include "tests/apoio/Apoio.h"
+
+namespace tarvo::apoio {
+
+// Output of a shell command; fails the test when the command fails.
+std::string Saida(const std::string& comando);
+
+// A CUPS scheduler and a printer of the test's own, the print service of this process while the
+// object lives. Queues: Laser (prepares the pages), Direta (bytes as sent), Parada (stopped),
+// Recusa (accepts no jobs); no default printer.
+class ServicoDeImpressao {
+  public:
+    ServicoDeImpressao();
+    ~ServicoDeImpressao();
+    ServicoDeImpressao(const ServicoDeImpressao&) = delete;
+    ServicoDeImpressao& operator=(const ServicoDeImpressao&) = delete;
+
+    // The file that the printer got as that job; waits for it. Fails the test after 30 s.
+    [[nodiscard]] std::filesystem::path Chegada(const std::string& nomeDoTrabalho) const;
+    // How many jobs the service has ever taken.
+    [[nodiscard]] std::ptrdiff_t Trabalhos() const;
+
+  private:
+    PastaTemporaria pasta_;
+    pid_t processo_ = -1;
+    int entrada_ = -1;
+};
+
+}  // namespace tarvo::apoio
