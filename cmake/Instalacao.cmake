@@ -90,7 +90,8 @@ O comando relatorios-tarvo, que exporta e imprime os relatórios, e as
 bibliotecas com que outros programas os produzem. Não precisa de janelas.")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME relatoriostarvo-desktop)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "relatoriostarvo ${mesma_versao}")
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS
+    "relatoriostarvo ${mesma_versao}, qt6-translations-l10n")
 set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "Relatórios da declaração de ICMS (DRQ): janelas
 A seleção de relatórios, a visualização e a impressão.")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME relatoriostarvo-dev)
