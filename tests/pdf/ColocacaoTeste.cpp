@@ -21,14 +21,16 @@ TEST(Colocacao, BothAlignmentCodesPlaceALineInItsExactBox) {
     const double topo = (Margem + C.y) * PontosPorCm;
     for (int codigo = 0; codigo < 9; ++codigo) {
         const auto palavras = arquivo.Palavras(codigo + 1);
+        const int passosX = codigo % 3;
+        const int passosY = codigo / 3;
         ASSERT_EQ(palavras.size(), 1U);
         const auto& p = palavras[0];
         EXPECT_EQ(p.texto, "Ágil");
         // Half of what the box leaves free stands before the text for each step of the code.
         const double livreX = C.largura * PontosPorCm - (p.x1 - p.x0);
         const double livreY = C.altura * PontosPorCm - (p.y1 - p.y0);
-        EXPECT_NEAR(p.x0, esquerda + livreX * (codigo % 3) / 2, Folga) << codigo;
-        EXPECT_NEAR(p.y0, topo + livreY * (codigo / 3) / 2, Folga) << codigo;
+        EXPECT_NEAR(p.x0, esquerda + livreX * passosX / 2, Folga) << codigo;
+        EXPECT_NEAR(p.y0, topo + livreY * passosY / 2, Folga) << codigo;
         // Line height and width from the font's own metrics, at 8 points.
         EXPECT_NEAR(p.y1 - p.y0, 8 * (0.905 + 0.212), Folga);
         EXPECT_NEAR(p.x1 - p.x0, 8 * (0.667 + 0.556 + 0.222 + 0.222), Folga);

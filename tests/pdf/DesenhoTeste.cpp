@@ -52,8 +52,8 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
     const auto trocas = [&](double y) {
         int n = 0;
         bool escuro = false;
-        for (double x = 1; x < 9; x += 0.01) {
-            const bool agora = arquivo.Cor(1, x, y)[0] < 128;
+        for (int centesimo = 100; centesimo < 900; ++centesimo) {
+            const bool agora = arquivo.Cor(1, centesimo / 100.0, y)[0] < 128;
             n += agora != escuro ? 1 : 0;
             escuro = agora;
         }
@@ -161,8 +161,8 @@ TEST(Desenho, UnderlinedTextCarriesALineInItsColour) {
     }));
     // Baseline at 0.905 of 20 points, the line about a tenth below it; between the words, too.
     int vermelhos = 0;
-    for (double y = 0.64; y < 0.8; y += 0.01) {
-        vermelhos += arquivo.Cor(1, 0.85, y) == Vermelho ? 1 : 0;
+    for (int centesimo = 64; centesimo < 80; ++centesimo) {
+        vermelhos += arquivo.Cor(1, 0.85, centesimo / 100.0) == Vermelho ? 1 : 0;
     }
     EXPECT_GE(vermelhos, 2);
     EXPECT_THAT(Executar("pdffonts " + arquivo.Nome()).texto,

@@ -91,6 +91,7 @@ TEST_F(Abertura, CriarNuncaSubstituiNemDeixaRestos) {
     fs::permissions(pasta_.Caminho(), fs::perms(0555));
     EXPECT_EQ(NumeroSemPrivilegio([&] { CriarBanco(pasta_ / "x.tarvo"); }), 70);
     EXPECT_EQ(Entradas(pasta_.Caminho()), 1U);
+    fs::permissions(pasta_.Caminho(), fs::perms(0755));
     LerEEsvaziar(banco_);
     EXPECT_EQ(Entradas(pasta_.Caminho()), 1U) << "no -wal and no -shm stays";
 }
@@ -180,11 +181,17 @@ TEST_F(Abertura, UmBancoDeOutrosGuardaOSeuModo) {
     sqlite3* db = nullptr;
     const fs::path outro = pasta_ / "outro.db";
     ASSERT_EQ(sqlite3_open(outro.c_str(), &db), SQLITE_OK);
-    // Another encoding, another order of columns, a column more, no keys, other capitals.
-    sqlite3_exec(db,
-                 "PRAGMA encoding = 'UTF-16'; CREATE TABLE TBLDRQ (x, \"RÉF\" TEXT, nrodrq INT);"
-                 "INSERT INTO tbldrq VALUES (1, 'maçã', 2), ('dois', 'Maca', 1);",
-                 nullptr, nullptr, nullptr);
+    // Another encoding, another order of columns, a column more, no keys, other capitals; a table
+    // without rowid, a view.
+    ASSERT_EQ(sqlite3_exec(
+                  db,
+                  "PRAGMA encoding = 'UTF-16'; CREATE TABLE TBLDRQ (x, \"RÉF\" TEXT, nrodrq INT);"
+                  "INSERT INTO tbldrq VALUES (1, 'maçã', 2), ('dois', 'Maca', 1);"
+                  "CREATE TABLE est (Código TEXT PRIMARY KEY, nome TEXT) WITHOUT ROWID;"
+                  "INSERT INTO est VALUES ('b', 'Bahia'), ('a', 'Acre');"
+                  "CREATE VIEW tblEstados AS SELECT Código, nome AS Estado FROM est",
+                  nullptr, nullptr, nullptr),
+              SQLITE_OK);
     sqlite3_close(db);
     {
         const auto banco =
@@ -192,6 +199,11 @@ TEST_F(Abertura, UmBancoDeOutrosGuardaOSeuModo) {
         const auto rs = banco->OpenRecordset(
             "SELECT * FROM tblDRQ WHERE Réf > 'MACA' OR NroDRQ = 1", TipoRecordset::ForwardOnly);
         EXPECT_EQ(LinhasDe(*rs, {"X", "Réf", "NroDRQ"}), "1|maçã|2\ndois|Maca|1");
+        const auto juntos = banco->OpenRecordset(
+            "SELECT est.*, tblEstados.Estado FROM est, tblEstados WHERE "
+            "est.Código = tblEstados.Código AND tblEstados.Código = 'B'",
+            TipoRecordset::ForwardOnly);
+        EXPECT_EQ(LinhasDe(*juntos, {"Código", "nome", "Estado"}), "b|Bahia|Bahia");
         LerEEsvaziar(outro, TabelasDeTrabalho::Privadas);
     }
     EXPECT_EQ(Conteudo(outro)[18], '\1') << "no WAL";
