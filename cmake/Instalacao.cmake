@@ -46,7 +46,7 @@ add_custom_command(OUTPUT relatorios-tarvo.1.gz
 add_custom_target(manual ALL DEPENDS relatorios-tarvo.1.gz)
 install(FILES ${PROJECT_BINARY_DIR}/relatorios-tarvo.1.gz
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT nucleo)
-if(TARGET relatorios-tarvo-janela)
+if(TARVO_DESKTOP)
     # The command looks for it here.
     install(TARGETS relatorios-tarvo-janela
         RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/relatoriostarvo COMPONENT desktop)
