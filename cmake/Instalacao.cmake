@@ -46,7 +46,7 @@ add_custom_command(OUTPUT relatorios-tarvo.1.gz
 add_custom_target(manual ALL DEPENDS relatorios-tarvo.1.gz)
 install(FILES ${PROJECT_BINARY_DIR}/relatorios-tarvo.1.gz
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT nucleo)
-if(TARGET relatorios-tarvo-janela)
+if(TARVO_DESKTOP)
     # The command looks for it here.
     install(TARGETS relatorios-tarvo-janela
         RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/relatoriostarvo COMPONENT desktop)
@@ -90,7 +90,8 @@ O comando relatorios-tarvo, que exporta e imprime os relatórios, e as
 bibliotecas com que outros programas os produzem. Não precisa de janelas.")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME relatoriostarvo-desktop)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "relatoriostarvo ${mesma_versao}")
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS
+    "relatoriostarvo ${mesma_versao}, qt6-translations-l10n")
 set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "Relatórios da declaração de ICMS (DRQ): janelas
 A seleção de relatórios, a visualização e a impressão.")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME relatoriostarvo-dev)

@@ -11,8 +11,9 @@ function(tarvo_teste nome bibliotecas)
     target_link_libraries(teste_${nome} PRIVATE ${bibliotecas} GTest::gmock GTest::gtest_main)
     target_include_directories(teste_${nome} PRIVATE ${PROJECT_SOURCE_DIR})
     add_test(NAME ${nome} COMMAND teste_${nome})
+    set(vazamentos "suppressions=${PROJECT_SOURCE_DIR}/tests/vazamentos.txt:print_suppressions=0")
     set_tests_properties(${nome} PROPERTIES ENVIRONMENT
-        "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1")
+        "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=${vazamentos}")
 endfunction()
 
 # tarvo_embutir(TARGET FILE...): each file becomes a byte array of its own name in the namespace
