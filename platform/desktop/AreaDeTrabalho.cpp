@@ -64,7 +64,7 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
     JanelaSelecao& Selecao() override { return selecao_; }
 
     std::size_t AguardarJanelas(std::chrono::milliseconds tempo) override {
-        QCoreApplication::processEvents();
+        Atender(QEventLoop::AllEvents);
         bool venceu = tempo.count() == 0;
         QTimer prazo;
         QObject::connect(&prazo, &QTimer::timeout, [&venceu] { venceu = true; });
@@ -72,12 +72,18 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
             prazo.start(tempo);
         }
         while (!venceu && VisualizacoesAbertas() > 0) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            Atender(QEventLoop::WaitForMoreEvents);
         }
         return VisualizacoesAbertas();
     }
 
   private:
+    // What was to be deleted later is deleted by an event loop alone, and the host may have none.
+    static void Atender(QEventLoop::ProcessEventsFlags quais) {
+        QCoreApplication::processEvents(quais);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     bool temTela_ = true;
     ConfiguracoesIni preferencias_;
     FabricaVisualizadoresQt visualizadores_{&preferencias_};
