@@ -59,11 +59,11 @@ class Laco {
         QFont fonte(QString::fromStdString(conteudo_.fontes[t.fonte]));
         fonte.setPointSizeF(t.tamanho);
         fonte.setBold(t.negrito);
-        constexpr Qt::Alignment Horizontais[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
-        constexpr Qt::Alignment Verticais[] = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
+        constexpr int Horizontais[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+        constexpr int Verticais[] = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
         pintor_.setFont(fonte);
         pintor_.setPen(Cor(t.cor));
-        const int opcoes = (Horizontais[t.horizontal] | Verticais[t.vertical]).toInt() |
+        const int opcoes = Horizontais[t.horizontal] | Verticais[t.vertical] |
                            (t.multilinha ? Qt::TextWordWrap : Qt::TextSingleLine);
         pintor_.drawText(Retangulo(t.caixa), opcoes, Substituir(t.texto));
     }

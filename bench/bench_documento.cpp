@@ -69,7 +69,7 @@ void Paginas(benchmark::State& estado, std::size_t quantas) {
 
 void RegistrarMilPaginas(benchmark::State& estado) {
     const PaginasDeExemplo exemplo(Mil);
-    for (auto _ : estado) {
+    for ([[maybe_unused]] auto _ : estado) {
         DocumentoRelatorio doc;
         exemplo.Registrar(doc);
     }
@@ -86,7 +86,7 @@ void RenderizarMilPaginas(benchmark::State& estado) {
     DocumentoRelatorio doc;
     PaginasDeExemplo(Mil).Registrar(doc);
     std::size_t tamanho = 0;
-    for (auto _ : estado) {
+    for ([[maybe_unused]] auto _ : estado) {
         tamanho = Renderizar(doc.Registrado());
     }
     Paginas(estado, Mil);
@@ -99,7 +99,7 @@ void RenderizarUmaPagina(benchmark::State& estado) {
     DocumentoRelatorio doc;
     PaginasDeExemplo(1).Registrar(doc);
     std::size_t tamanho = 0;
-    for (auto _ : estado) {
+    for ([[maybe_unused]] auto _ : estado) {
         tamanho = Renderizar(doc.Registrado());
     }
     estado.counters["bytes"] = static_cast<double>(tamanho);
@@ -112,7 +112,7 @@ void MemoriaDeDezMilPaginas(benchmark::State& estado) {
     DocumentoRelatorio doc;
     PaginasDeExemplo(DezMil).Registrar(doc);
     double pico = 0;
-    for (auto _ : estado) {
+    for ([[maybe_unused]] auto _ : estado) {
         ZerarPico();
         const double antes = Memoria("VmRSS");
         Renderizar(doc.Registrado());
@@ -129,7 +129,7 @@ void ContraQPainter(benchmark::State& estado) {
     std::vector<double> laco;
     std::vector<double> registro;
     std::size_t tamanhoDoLaco = 0;
-    for (auto _ : estado) {
+    for ([[maybe_unused]] auto _ : estado) {
         DocumentoRelatorio doc;
         registro.push_back(Segundos([&] { exemplo.Registrar(doc); }));
         nosso.push_back(Segundos([&] { Renderizar(doc.Registrado()); }));

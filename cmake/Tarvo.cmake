@@ -11,8 +11,16 @@ function(tarvo_teste nome bibliotecas)
     target_link_libraries(teste_${nome} PRIVATE ${bibliotecas} GTest::gmock GTest::gtest_main)
     target_include_directories(teste_${nome} PRIVATE ${PROJECT_SOURCE_DIR})
     add_test(NAME ${nome} COMMAND teste_${nome})
+    set(vazamentos "suppressions=${PROJECT_SOURCE_DIR}/tests/vazamentos.txt:print_suppressions=0")
     set_tests_properties(${nome} PROPERTIES ENVIRONMENT
-        "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1")
+        "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=${vazamentos}")
+endfunction()
+
+# tarvo_com_fios(NAME): that test uses threads; it runs under the thread sanitizer too. What Qt does
+# is not for it: Qt's own locks are invisible to the sanitizer.
+function(tarvo_com_fios nome)
+    set_property(TEST ${nome} APPEND PROPERTY LABELS fios)
+    add_dependencies(testes_com_fios teste_${nome})
 endfunction()
 
 # tarvo_embutir(TARGET FILE...): each file becomes a byte array of its own name in the namespace
@@ -30,4 +38,40 @@ function(tarvo_embutir alvo)
         target_sources(${alvo} PRIVATE ${saida})
     endforeach()
     target_include_directories(${alvo} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
+# tarvo_instalada(COMPONENT FOLDERS f... HEADERS h... [SOURCES s...] [LINK l...]): an installed shared
+# library of the objects of those folders, which are not compiled again; what the folders link from
+# outside the project it links too. Programs find it as RelatoriosTarvo::COMPONENT.
+function(tarvo_instalada componente)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE" "FOLDERS;HEADERS;SOURCES;LINK")
+    set(alvo tarvo_instalada_${componente})
+    if(componente STREQUAL Nucleo)
+        set(nome RelatoriosTarvo)
+    else()
+        set(nome RelatoriosTarvo${componente})
+    endif()
+    if(NOT arg_BASE)
+        set(arg_BASE ${PROJECT_SOURCE_DIR})
+    endif()
+    add_library(${alvo} SHARED ${arg_SOURCES})
+    add_library(RelatoriosTarvo::${componente} ALIAS ${alvo})
+    set_target_properties(${alvo} PROPERTIES
+        OUTPUT_NAME ${nome}
+        EXPORT_NAME ${componente}
+        LINKER_LANGUAGE CXX
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        BUILD_RPATH $ORIGIN
+        INSTALL_RPATH $ORIGIN)
+    target_link_options(${alvo} PRIVATE -Wl,-z,defs)
+    foreach(pasta ${arg_FOLDERS})
+        target_sources(${alvo} PRIVATE $<TARGET_OBJECTS:tarvo_${pasta}>)
+        target_link_libraries(${alvo} PRIVATE
+            $<FILTER:$<TARGET_PROPERTY:tarvo_${pasta},LINK_LIBRARIES>,EXCLUDE,^tarvo_>)
+    endforeach()
+    list(TRANSFORM arg_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/)
+    target_sources(${alvo} PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_BASE} FILES ${arg_HEADERS})
+    target_link_libraries(${alvo} PUBLIC ${arg_LINK})
+    target_compile_features(${alvo} INTERFACE cxx_std_20)
 endfunction()

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/BancoDados.h"
+#include "data/Publico.h"
 #include "data/Valor.h"
 
 // The readers through which every report takes every field value: Null never fails, it reads as
@@ -12,18 +13,18 @@ namespace tarvo {
 
 // A text as stored; numbers, dates and Booleans in the Brazilian convention ("1234,5",
 // "05/03/2001", "Verdadeiro").
-std::string TextoCampo(const Valor& valor);
+TARVO_PUBLICO std::string TextoCampo(const Valor& valor);
 // Fractions round halves to even; True is -1.
-std::int32_t LongCampo(const Valor& valor);
+TARVO_PUBLICO std::int32_t LongCampo(const Valor& valor);
 // More than four decimals round halves to even.
-Moeda MoedaCampo(const Valor& valor);
+TARVO_PUBLICO Moeda MoedaCampo(const Valor& valor);
 // A number is a date serial (days since 30/12/1899); a text is read as day/month/year.
-Data DataCampo(const Valor& valor);
+TARVO_PUBLICO Data DataCampo(const Valor& valor);
 // Zero is False, any other number True.
-bool BooleanoCampo(const Valor& valor);
+TARVO_PUBLICO bool BooleanoCampo(const Valor& valor);
 
 // The heading of a group of MIDAX codes: the heading of the first code that begins with codigo,
 // without its final full stop; "" when there is none.
-std::string CabecalhoCodigoMIDAX(BancoDados& BancoDados, const std::string& codigo);
+TARVO_PUBLICO std::string CabecalhoCodigoMIDAX(BancoDados& BancoDados, const std::string& codigo);
 
 }  // namespace tarvo

@@ -37,7 +37,7 @@ struct Subcomando {
 std::vector<Subcomando> DeclararSubcomandos(CLI::App& app, Textos& t) {
     std::vector<Subcomando> lista;
     const auto novo = [&](Comando comando, const char* nome, const char* descricao) {
-        lista.push_back({comando, app.add_subcommand(nome, descricao)});
+        lista.push_back({comando, app.add_subcommand(nome, descricao)->group("Comandos")});
         return lista.back().app;
     };
     const auto comBanco = [&](CLI::App* sub) {
@@ -95,6 +95,7 @@ std::vector<Subcomando> DeclararSubcomandos(CLI::App& app, Textos& t) {
 }
 
 void Traduzir(CLI::App& app) {
+    app.option_defaults()->group("Opções");
     app.set_help_flag("-h,--ajuda,--help", "mostra esta ajuda");
     const auto formato = app.get_formatter();
     formato->label("Usage", "Uso");

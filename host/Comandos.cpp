@@ -68,7 +68,7 @@ int Listar(const Argumentos& a, std::ostream& saida) {
 
 int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     return ParaCadaRelatorio(a, erros, [&](const std::string& codigo, const Relatorio& relatorio) {
-        const ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
+        ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
         saida << NomeDoArquivo(codigo) << "  " << resultado.paginas
               << (resultado.paginas == 1 ? " página\n" : " páginas\n");
         return resultado;

@@ -1,5 +1,7 @@
 #include "host/Preparo.h"
 
+#include <unistd.h>
+
 #include <ostream>
 
 #include "data/Formatos.h"
@@ -31,12 +33,22 @@ void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoP
     }
 }
 
+// A database that cannot be written is read all the same, with work tables of this call alone.
+std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo) {
+    const auto pasta = arquivo.has_parent_path() ? arquivo.parent_path() : ".";
+    if (::access(arquivo.c_str(), W_OK) == 0 && ::access(pasta.c_str(), W_OK) == 0) {
+        return BancoSQLite::Abrir(arquivo);
+    }
+    return BancoSQLite::Abrir(arquivo, {.modo = ModoAbertura::SomenteLeitura,
+                                        .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+}
+
 }  // namespace
 
 int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
                       const std::function<ResultadoPDF(const std::string& codigo,
                                                        const Relatorio& relatorio)>& usar) {
-    const auto banco = BancoSQLite::Abrir(a.banco);
+    const auto banco = AbrirBanco(a.banco);
     AvisarAusentes(*banco, a, erros);
     const ConfiguracoesDaChamada configuracoes(a.refAtual);
     const Ambiente ambiente{.configuracoes = &configuracoes};

@@ -35,8 +35,8 @@ constexpr double LarguraValores = LarguraPaisagem - XValores;
 struct TituloColuna {
     std::string_view texto;
     int coluna;
-    double y;  // cm
     int colunas;
+    double y;       // cm
     double altura;  // cm
 };
 
@@ -57,16 +57,16 @@ constexpr std::string_view TituloST = "Imposto Retido por\r\nSubstituição Trib
 constexpr std::string_view CamposAte2001[] = {"ValorContábil",  "BaseCálculo", "Imposto",
                                               "IsentasNãoTrib", "Outras",      "ImpostoRetidoST",
                                               "OutrosImpostos"};
-constexpr TituloColuna TitulosAte2001[] = {{TituloST, 5, 5.9, 1, 1.8},
-                                           {"Outros Impostos", 6, 5.9, 1, 1.8}};
+constexpr TituloColuna TitulosAte2001[] = {{TituloST, 5, 1, 5.9, 1.8},
+                                           {"Outros Impostos", 6, 1, 5.9, 1.8}};
 
 constexpr std::string_view CamposDesde2002[] = {
     "ValorContábil", "BaseCálculo",        "Imposto",           "IsentasNãoTrib",
     "Outras",        "ImpRetSubstitutoST", "ImpRetSubstituido", "OutrosImpostos"};
-constexpr TituloColuna TitulosDesde2002[] = {{TituloST, 5, 5.9, 2, 1.2},
-                                             {"Substituto", 5, 7.1, 1, 0.6},
-                                             {"Substituído", 6, 7.1, 1, 0.6},
-                                             {"Outros Impostos", 7, 5.9, 1, 1.8}};
+constexpr TituloColuna TitulosDesde2002[] = {{TituloST, 5, 2, 5.9, 1.2},
+                                             {"Substituto", 5, 1, 7.1, 0.6},
+                                             {"Substituído", 6, 1, 7.1, 0.6},
+                                             {"Outros Impostos", 7, 1, 5.9, 1.8}};
 
 constexpr ConjuntoDeColunas Ate2001{CamposAte2001, "Isentas / Não Tributadas", TitulosAte2001};
 constexpr ConjuntoDeColunas Desde2002{CamposDesde2002, "Isentas / Não Tribut.", TitulosDesde2002};
@@ -155,10 +155,10 @@ void RelatorioResumoCFOPs::AdicionarTotal(BancoDados& banco, TabelaDeTrabalho& t
 void RelatorioResumoCFOPs::ImprimirTitulosColunas(Recordset& identificacao) {
     const ConjuntoDeColunas& colunas = ColunasDaDeclaracao(identificacao);
     const TituloColuna comuns[] = {
-        {"Valores Contábeis", 0, 5.9, 1, 1.8},    {"ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6},
-        {tipo_.tituloComImposto, 1, 6.5, 2, 0.6}, {tipo_.tituloSemImposto, 3, 6.5, 2, 0.6},
-        {"Base de Cálculo", 1, 7.1, 1, 0.6},      {tipo_.tituloImposto, 2, 7.1, 1, 0.6},
-        {colunas.tituloIsentas, 3, 7.1, 1, 0.6},  {"Outras", 4, 7.1, 1, 0.6},
+        {"Valores Contábeis", 0, 1, 5.9, 1.8},    {"ICMS - VALORES FISCAIS", 1, 4, 5.9, 0.6},
+        {tipo_.tituloComImposto, 1, 2, 6.5, 0.6}, {tipo_.tituloSemImposto, 3, 2, 6.5, 0.6},
+        {"Base de Cálculo", 1, 1, 7.1, 0.6},      {tipo_.tituloImposto, 2, 1, 7.1, 0.6},
+        {colunas.tituloIsentas, 3, 1, 7.1, 0.6},  {"Outras", 4, 1, 7.1, 0.6},
     };
     const auto imprimir = [&](const TituloColuna& t) {
         Celula(Desenho(), CelulaTitulo, colunas.X(t.coluna), t.y, t.colunas * colunas.Largura(),

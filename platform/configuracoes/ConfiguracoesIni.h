@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/Publico.h"
 #include "document/Visualizador.h"
 
 namespace tarvo {
@@ -12,7 +13,7 @@ namespace tarvo {
 // folder, UTF-8, sections and keys without regard to case. Every call goes to the file, so that
 // other programs' changes are seen. Errors: 70 no permission, 61 no space, 76 no such folder, 57
 // anything else that the file system refuses.
-class ConfiguracoesIni final : public Configuracoes {
+class TARVO_PUBLICO ConfiguracoesIni final : public Configuracoes {
   public:
     // $XDG_CONFIG_HOME, or ~/.config when that is unset or not absolute.
     static std::filesystem::path PastaDoUsuario();

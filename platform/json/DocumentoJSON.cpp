@@ -16,32 +16,42 @@ std::string Escrito(const Json& json) {
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
+// Written value by value: the destructor of a Json list allocates, which without memory would end
+// the process.
+template <class... Valores>
+std::string Lista(const Valores&... valores) {
+    std::string lista = "[";
+    ((lista += Escrito(valores), lista += ','), ...);
+    lista.back() = ']';
+    return lista;
+}
+
 // The arguments of every operation begin with its box.
 template <class... Argumentos>
-Json Lista(const char* operacao, const Caixa& c, const Argumentos&... argumentos) {
-    return Json::array({operacao, c.x, c.y, c.largura, c.altura, argumentos...});
+std::string Lista(const char* operacao, const Caixa& c, const Argumentos&... argumentos) {
+    return Lista(operacao, c.x, c.y, c.largura, c.altura, argumentos...);
 }
 
 struct Operacao {
     const Conteudo& conteudo;
 
-    Json operator()(const Linha& l) const {
+    std::string operator()(const Linha& l) const {
         return Lista("DesenharLinha", l.caixa, l.reservado1, l.reservado2, l.espessura, l.estilo);
     }
-    Json operator()(const Retangulo& r) const {
+    std::string operator()(const Retangulo& r) const {
         return Lista("DesenharRetangulo", r.caixa, r.preenchido, r.corBorda, r.corPreenchimento,
                      r.espessura);
     }
-    Json operator()(const RetanguloArredondado& r) const {
+    std::string operator()(const RetanguloArredondado& r) const {
         return Lista("DesenharRetanguloArredondado", r.caixa, r.preenchido, r.raio, r.corBorda,
                      r.corPreenchimento, r.espessura);
     }
-    Json operator()(const Texto& t) const {
+    std::string operator()(const Texto& t) const {
         return Lista(t.multilinha ? "EscreverTextoMultilinha" : "EscreverTexto", t.caixa, t.texto,
                      t.horizontal, t.vertical, conteudo.fontes.at(t.fonte), t.tamanho, t.negrito,
                      t.italico, t.sublinhado, t.cor);
     }
-    Json operator()(const Figura& f) const {
+    std::string operator()(const Figura& f) const {
         return Lista("DesenharFigura", f.caixa, std::string(f.imagem->nome), f.proporcional);
     }
 };
@@ -49,12 +59,12 @@ struct Operacao {
 }  // namespace
 
 void EscreverJSON(std::string_view classe, const Conteudo& c, std::ostream& saida) {
-    const Json margens{c.margens.esquerda, c.margens.direita, c.margens.superior,
-                       c.margens.inferior};
+    const std::string margens =
+        Lista(c.margens.esquerda, c.margens.direita, c.margens.superior, c.margens.inferior);
     saida << "{ \"classe\": " << Escrito(classe) << ",\n  \"titulo\": " << Escrito(c.titulo)
           << ",\n  \"tituloResumido\": " << Escrito(c.tituloResumido) << ",\n  \"icone\": "
           << (c.icone != nullptr ? Escrito(std::string(c.icone->nome)) : "null")
-          << ",\n  \"orientacao\": " << c.orientacao << ",\n  \"margens\": " << Escrito(margens)
+          << ",\n  \"orientacao\": " << c.orientacao << ",\n  \"margens\": " << margens
           << ",\n  \"paginas\": [";
     const char* entrePaginas = "\n    [";
     for (const Pagina& pagina : c.paginas) {
@@ -74,7 +84,7 @@ void EscreverJSON(std::string_view classe, const Conteudo& c, std::ostream& said
 }
 
 std::string OperacaoJSON(const Conteudo& conteudo, const Primitiva& primitiva) {
-    return Escrito(std::visit(Operacao{conteudo}, primitiva));
+    return std::visit(Operacao{conteudo}, primitiva);
 }
 
 }  // namespace tarvo

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/pdf/Fonte.h"
 #include "platform/pdf/Numeros.h"
+#include "platform/pdf/Regua.h"
 
 // How a text is made to fit its box: what is too wide is condensed or, when it wraps, set smaller,
 // down to 60 %; what still does not fit is cut and ends in "…".
@@ -14,11 +14,6 @@ namespace tarvo::pdf {
 constexpr int Inteiro = 10000;  // 100 % in hundredths of a per cent
 constexpr int MenorCondensacao = 6000;
 
-struct LinhaComposta {
-    std::u32string texto;
-    int largura = 0;  // thousandths of the font size, not condensed
-};
-
 struct TextoComposto {
     Centesimos corpo = 0;       // font size
     int condensacao = Inteiro;  // horizontal
@@ -26,22 +21,12 @@ struct TextoComposto {
     std::vector<LinhaComposta> linhas;
 };
 
-// A run of characters that are written the same way: by code, or by glyph number.
-struct Trecho {
-    std::u32string_view texto;
-    bool porCodigo = true;
-};
-std::vector<Trecho> DividirEmTrechos(const Fonte& fonte, std::u32string_view texto);
-
-// Width in thousandths of the font size. The Limite form may stop early with any width above it.
-int Largura(Fonte& fonte, std::u32string_view texto);
-
 // The font size at which one line of the face stands in a box of that height: tamanho, or less
-// when even its capitals and descenders would stand outside.
+// when even its capitals and descenders would stand outside. cortado is set when they still do.
 Centesimos CorpoParaAltura(const Fonte& fonte, Centesimos tamanho, Centesimos altura,
                            bool& cortado);
 
-TextoComposto ComporLinha(Fonte& fonte, std::u32string_view texto, Centesimos tamanho,
+TextoComposto ComporLinha(Fonte& fonte, std::u32string_view linha, Centesimos tamanho,
                           Centesimos largura, Centesimos altura);
 TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos tamanho,
                           Centesimos largura, Centesimos altura);

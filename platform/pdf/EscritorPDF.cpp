@@ -8,7 +8,7 @@ namespace tarvo::pdf {
 
 namespace {
 
-constexpr std::size_t TamanhoSaida = 256 * 1024;
+constexpr std::size_t TamanhoSaida = std::size_t{256} * 1024;
 constexpr int ObjetosPorLote = 200;
 constexpr std::size_t ColunasTabela = 8;  // type 1, place 5, index 2 bytes
 

@@ -104,20 +104,12 @@ std::uint8_t Fonte::Codigo(char32_t c) const {
 }
 
 bool Fonte::Codificar(std::string_view texto, std::string& codigos) const {
-    for (std::size_t i = 0; i < texto.size(); ++i) {
+    for (std::size_t i = 0; i < texto.size();) {
         auto codigo = static_cast<std::uint8_t>(texto[i]);
-        if (codigo >= 0x80) {
-            // Two bytes from C2 A1 to C3 BF are Latin-1, whose codes are the characters' numbers.
-            const auto segundo =
-                i + 1 < texto.size() ? static_cast<std::uint8_t>(texto[i + 1]) : std::uint8_t{0};
-            if ((codigo != 0xC2 && codigo != 0xC3) || (segundo & 0xC0U) != 0x80) {
-                return false;
-            }
-            codigo = static_cast<std::uint8_t>(((codigo & 3U) << 6U) | (segundo & 0x3FU));
-            if (codigo < 0xA1) {
-                return false;
-            }
+        if (codigo < 0x80) {
             ++i;
+        } else {
+            codigo = Codigo(LerCaractere(texto, i));
         }
         if (avancos_[codigo] < 0) {
             return false;
@@ -163,10 +155,7 @@ int Fonte::LarguraCodigos(std::string_view codigos) {
     std::uint8_t anterior = 0;
     for (const char c : codigos) {
         const auto codigo = static_cast<std::uint8_t>(c);
-        largura += avancos_[codigo];
-        if (!larguraFixa_ && anterior != 0) {
-            largura += Kern(anterior, codigo);
-        }
+        largura += AvancoDepoisDe(anterior, codigo);
         anterior = codigo;
     }
     return largura;

@@ -42,10 +42,15 @@ class Fonte {
 
     [[nodiscard]] const MetricasFonte& Metricas() const { return metricas_; }
 
-    // The one-byte codes of a UTF-8 text, appended; false when some character has none (or would
-    // need more care), with codigos as far as it came.
+    // The one-byte codes of a UTF-8 text, appended; false when some character has none (or needs
+    // more care), with codigos as far as it came.
     bool Codificar(std::string_view texto, std::string& codigos) const;
     int LarguraCodigos(std::string_view codigos);
+    // Width of a code that follows another (0 for none), kerning included.
+    int AvancoDepoisDe(std::uint8_t anterior, std::uint8_t codigo) {
+        const int kern = larguraFixa_ || anterior == 0 ? 0 : Kern(anterior, codigo);
+        return avancos_[codigo] + kern;
+    }
     // "(text)Tj" or "[(te)12(xt)]TJ"; marks the codes as used.
     void AnexarCodigos(std::string& saida, std::string_view codigos);
 

@@ -29,7 +29,8 @@ Forma FazerRetangulo(const R& r, TipoForma tipo, Centesimos x, Centesimos yTopo)
             .espessura = Espessura(r.espessura)};
 }
 
-// What has been set so far in one run of shapes. Dashes are off before and after it.
+// What has been set so far in one run of shapes. Lines are solid with square ends before and after
+// it, so that lines that meet in a corner close it.
 class Pincel {
   public:
     explicit Pincel(std::string& saida) : saida_(saida) {}
@@ -65,7 +66,7 @@ class Pincel {
         if (ponto > 0) {
             AnexarOperandos(saida_, ponto, 2 * ponto);
         }
-        saida_ += "]0 d\n";
+        saida_ += ponto > 0 ? "]0 d 0 J\n" : "]0 d 2 J\n";
         ponto_ = ponto;
     }
 

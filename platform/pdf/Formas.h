@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "document/Conteudo.h"
@@ -54,8 +55,12 @@ Forma FazerForma(const RetanguloArredondado& retangulo, Centesimos x, Centesimos
 // A colour without the bits that are no colour.
 std::int32_t SoRGB(std::int32_t cor);
 
+// How a page begins: lines end square, so that those that meet in a corner close it.
+constexpr std::string_view IniciarTraco = "2 J\n";
+
 // Appends the operators of shapes, moved by (-x0, -y0), and sets colours, width and dashes where
-// they change. Of the graphics state before nothing is known but that lines are solid.
+// they change. Of the graphics state before nothing is known but that lines are solid and end
+// square (IniciarTraco).
 void AnexarFormas(std::string& saida, std::span<const Forma> formas, Centesimos x0, Centesimos y0);
 
 }  // namespace tarvo::pdf

@@ -62,7 +62,7 @@ Raster LerGIF(const Imagem& imagem) {
     Raster raster;
     raster.largura = gif->SWidth;
     raster.altura = gif->SHeight;
-    constexpr std::int64_t MaximoDePontos = 64 * 1024 * 1024;
+    constexpr std::int64_t MaximoDePontos = std::int64_t{64} * 1024 * 1024;
     const auto pontos = std::int64_t{raster.largura} * raster.altura;
     if (cores == nullptr || pontos < 1 || pontos > MaximoDePontos) {
         LancarIlegivel(imagem);

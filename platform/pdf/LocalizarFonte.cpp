@@ -32,8 +32,9 @@ const FcChar8* Fc(const char* texto) {
 
 // The machine's fonts, read once in a process; fontconfig's matching is thread-safe.
 FcConfig* Configuracao() {
-    static FcConfig* const configuracao = FcInitLoadConfigAndFonts();
-    return configuracao;
+    static const std::unique_ptr<FcConfig, void (*)(FcConfig*)> configuracao(
+        FcInitLoadConfigAndFonts(), FcConfigDestroy);
+    return configuracao.get();
 }
 
 bool TemFamilia(const FcPattern& padrao, const char* familia) {

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "data/Publico.h"
+
 namespace tarvo::pdf {
 
 // What the placeholders in a text stand for.
@@ -14,6 +16,7 @@ struct Substituicoes {
 };
 
 // The text with its placeholders replaced: texto itself when it has none, otherwise kept in espaco.
-std::string_view Substituir(std::string_view texto, const Substituicoes& por, std::string& espaco);
+TARVO_PUBLICO std::string_view Substituir(std::string_view texto, const Substituicoes& por,
+                                          std::string& espaco);
 
 }  // namespace tarvo::pdf

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "data/Data.h"
+#include "data/Publico.h"
 
 namespace tarvo::pdf {
 
@@ -12,7 +13,7 @@ struct Momento {
     int deslocamento = 0;  // minutes east of UTC
 
     // Error 5 when SOURCE_DATE_EPOCH is set to something that is no number of seconds.
-    static Momento Agora();
+    TARVO_PUBLICO static Momento Agora();
 
     [[nodiscard]] std::string FormatoPDF() const;  // "D:20240131235959-03'00'"
     [[nodiscard]] std::string FormatoXMP() const;  // "2024-01-31T23:59:59-03:00"

@@ -9,8 +9,8 @@ namespace tarvo::pdf {
 using Centesimos = std::int32_t;  // hundredths of a typographic point
 
 constexpr Centesimos Arredondar(double valor) {
-    // Nothing drawn that far outside (100 m) can be seen; the bound keeps sums within the type.
-    constexpr double Maximo = 28'346'457.0;
+    // The largest page of a PDF, 14,400 points: nothing drawn farther outside can be seen.
+    constexpr double Maximo = 1'440'000.0;
     if (!(valor > -Maximo)) {
         return static_cast<Centesimos>(-Maximo);
     }

@@ -12,7 +12,7 @@ const std::string& PaginaPDF::Desenhar(const Pagina& pagina, const Substituicoes
                                        std::vector<TextoCortado>& cortados) {
     substituicoes_ = &substituicoes;
     cortados_ = &cortados;
-    saida_.clear();
+    saida_ = IniciarTraco;
     escrita_.Reiniciar();
     for (const auto& primitiva : pagina) {
         std::visit([this](const auto& p) { Desenhar(p); }, primitiva);
@@ -25,7 +25,10 @@ void PaginaPDF::Acrescentar(const Forma& forma) {
     if (CobreAlgo(forma)) {
         EncerrarCamada();
     }
-    formas_.push_back(forma);
+    // Two cells in one place draw one frame twice, which would only make it look thicker.
+    if (formas_.empty() || formas_.back() != forma) {
+        formas_.push_back(forma);
+    }
 }
 
 bool PaginaPDF::CobreAlgo(const Forma& forma) const {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/Publico.h"
 #include "document/Conteudo.h"
 
 // The one rendering of report documents: a PDF/A-2b file that preview, printer and archive share.
@@ -37,11 +38,14 @@ struct SecaoPDF {
 using DestinoPDF = std::function<void(std::string_view bytes)>;
 
 // Error 20005 when a font is missing (names the package that brings it).
-ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino);
-ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes);
+TARVO_PUBLICO ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes,
+                                         const DestinoPDF& destino);
+TARVO_PUBLICO ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes);
 // Writes to a temporary name beside the file and renames it, so that the old file stays whole until
 // the new one is. Errors 76, 70, 61 and 57 for folder, permission, space and device.
-ResultadoPDF GravarPDF(const Conteudo& conteudo, const std::filesystem::path& arquivo);
-ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo);
+TARVO_PUBLICO ResultadoPDF GravarPDF(const Conteudo& conteudo,
+                                     const std::filesystem::path& arquivo);
+TARVO_PUBLICO ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes,
+                                     const std::filesystem::path& arquivo);
 
 }  // namespace tarvo

@@ -94,7 +94,11 @@ void PaginaPDF::EscreverComposto(const Texto& texto, const Letra& letra,
         const Centesimos x =
             X(texto.caixa.x) + Alinhar(texto.horizontal, DeCm(texto.caixa.largura), ocupada);
         const Centesimos y = topo - alturaDe(i) - Escalar(m.ascendente, usada.corpo);
-        escrita_.Linha(usada, x, y, linha.texto);
+        if (linha.codigos.empty()) {
+            escrita_.Linha(usada, x, y, std::u32string_view(linha.texto));
+        } else {
+            escrita_.Linha(usada, x, y, std::string_view(linha.codigos));
+        }
         if (texto.sublinhado) {
             escrita_.Sublinhado(usada, x, y, ocupada);
         }

@@ -21,7 +21,19 @@ constexpr bool EhContinuacao(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-// The character at i, which moves behind it; Substituto for bytes that are no UTF-8.
+bool EhIgnorado(char32_t c) {
+    const bool controle = c < 0x20 || (c >= 0x7F && c < 0xA0);
+    // Soft hyphen, zero-width and direction marks, byte order mark: they have no picture.
+    const bool invisivel = c == 0xAD || (c >= 0x200B && c <= 0x200F) ||
+                           (c >= 0x202A && c <= 0x202E) || (c >= 0x2060 && c <= 0x2064) ||
+                           (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
+    // Not characters.
+    const bool reservado = (c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFEU) == 0xFFFE;
+    return controle || invisivel || reservado;
+}
+
+}  // namespace
+
 char32_t LerCaractere(std::string_view texto, std::size_t& i) {
     const auto primeiro = static_cast<unsigned char>(texto[i++]);
     if (primeiro < 0x80) {
@@ -42,19 +54,6 @@ char32_t LerCaractere(std::string_view texto, std::size_t& i) {
     const bool substituto = c >= 0xD800 && c <= 0xDFFF;
     return c < Minimos[continuacoes] || c > 0x10FFFF || substituto ? Substituto : c;
 }
-
-bool EhIgnorado(char32_t c) {
-    const bool controle = c < 0x20 || (c >= 0x7F && c < 0xA0);
-    // Soft hyphen, zero-width and direction marks, byte order mark: they have no picture.
-    const bool invisivel = c == 0xAD || (c >= 0x200B && c <= 0x200F) ||
-                           (c >= 0x202A && c <= 0x202E) || (c >= 0x2060 && c <= 0x2064) ||
-                           (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
-    // Not characters.
-    const bool reservado = (c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFEU) == 0xFFFE;
-    return controle || invisivel || reservado;
-}
-
-}  // namespace
 
 bool EhMarcaCombinante(char32_t c) {
     if (c < 0x300) {

@@ -91,7 +91,9 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
                         SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX |
                             (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE),
                         nullptr);
+    std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
     auto conexao = std::make_shared<Conexao>(db, Conexao::Posse::Propria);
+    static_cast<void>(semDono.release());
     if (estado != SQLITE_OK) {
         LancarErroSQLite(db);
     }

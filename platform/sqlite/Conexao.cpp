@@ -85,8 +85,8 @@ Conexao::~Conexao() {
         sqlite3_close(db_);
         return;
     }
-    for (const std::string& nome : temporarias_) {
-        sqlite3_exec(db_, ("DROP TABLE temp." + NomeSql(nome)).c_str(), nullptr, nullptr, nullptr);
+    for (const std::string& remocao : remocoes_) {
+        sqlite3_exec(db_, remocao.c_str(), nullptr, nullptr, nullptr);
     }
 }
 
@@ -97,8 +97,9 @@ void Conexao::Executar(const std::string& sql) {
 }
 
 void Conexao::Desfazer(const std::string& ponto) noexcept {
-    sqlite3_exec(db_, ("ROLLBACK TO " + ponto + "; RELEASE " + ponto).c_str(), nullptr, nullptr,
-                 nullptr);
+    const std::unique_ptr<char, decltype(&sqlite3_free)> sql(
+        sqlite3_mprintf("ROLLBACK TO %s; RELEASE %s", ponto.c_str(), ponto.c_str()), sqlite3_free);
+    sqlite3_exec(db_, sql.get(), nullptr, nullptr, nullptr);
 }
 
 void Conexao::ExigirEscrita(const std::string& esquema) const {
@@ -113,8 +114,10 @@ void Conexao::CriarTemporaria(const std::string& nome, const std::string& defini
                                       nullptr, nullptr) == SQLITE_OK) {
         return;
     }
+    std::string remocao = "DROP TABLE temp." + NomeSql(nome);
+    remocoes_.reserve(remocoes_.size() + 1);
     Executar("CREATE TEMP TABLE " + NomeSql(nome) + " (" + definicao + ")");
-    temporarias_.push_back(nome);
+    remocoes_.push_back(std::move(remocao));
 }
 
 Instrucao::Instrucao(std::shared_ptr<Conexao> conexao, std::string_view sql)

@@ -40,7 +40,7 @@ class Conexao {
     sqlite3* db_;
     Posse posse_;
     bool proibida_ = false;
-    std::vector<std::string> temporarias_;
+    std::vector<std::string> remocoes_;  // ready to run: the destructor must not allocate
 };
 
 // A prepared statement; finalized with this object.

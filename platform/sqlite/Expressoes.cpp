@@ -299,8 +299,12 @@ Traduzida Expressoes::DataLiteral(const Expressao& expressao) const {
         }
         p = lido.ptr + 1;
     }
-    const Data data = Data::DeCivil({.ano = campos[2], .mes = campos[0], .dia = campos[1]});
-    return {std::to_string(static_cast<long>(data.Serial())), TipoColuna::Data, {}};
+    try {
+        const Data data = Data::DeCivil({.ano = campos[2], .mes = campos[0], .dia = campos[1]});
+        return {std::to_string(static_cast<long>(data.Serial())), TipoColuna::Data, {}};
+    } catch (const Erro&) {
+        LancarErroDeSintaxe(consulta_, expressao.posicao, "data que o calendário não tem");
+    }
 }
 
 bool Expressoes::EhAgregacao(const Expressao& expressao) {

@@ -60,12 +60,12 @@ TEST_F(RelatorioDetSubitens, PrintsEachEntryWithItsRowsAndItsDeclaredValue) {
             (1, '002.18', 13, 10000, 0), (1, '002.19', 14, 10000, -1), (1, '002.20', 15, 10000, -1),
             (2, '002.18', 16, 10000, -1);
         insert into tblIEsRemetente (Código, IERemetente, Valor) values
-            (11, 'b', 20000), (12, null, null), (11, 'A', 10000), (13, 'x', 10000);)sql");
+            (11, 'b', 10000), (12, null, null), (11, 'A', 20000), (13, 'x', 10000);)sql");
     relatorio_.Construir(*banco_, "1", 1);
     EXPECT_THAT(Curtas(relatorio_.Documento(), 0),
                 ElementsAreArray(
                     Cabecalho(TituloCentralizacao) + Subitem(6.6, "002.18", "Recebida", "art. 1") +
-                    Transferencia(8.4, "A", "1,00") + Transferencia(9.0, "b", "2,00") +
+                    Transferencia(8.4, "A", "2,00") + Transferencia(9.0, "b", "1,00") +
                     Soma(9.6, "Subtotal", "1.234,56") + Subitem(10.8, "007.29", "", "") +
                     Transferencia(12.6, "", "0,00") + Soma(13.2, "Subtotal", "0,00") +
                     Soma(14.4, "Total", "1.234,56") + RodapeEsperado()));
@@ -169,6 +169,38 @@ TEST_F(RelatorioDetSubitens, RefundRowsCarryAnInvoiceUnlessTheSubItemHasNone) {
                                                 valor);
     ConferirLinha<RelatorioDetResSubstitut>(titulo15, "007.02", false, substituido,
                                             Caixa(8.5, 8.4, 4.25, ieSubstituido, "9") + valor);
+}
+
+TEST_F(RelatorioDetSubitens, RefundRowsStandInTheOrderOfRegistrationAndInvoice) {
+    const auto notas = [](RelatorioDeclaracao& relatorio, const std::string& subitem,
+                          const std::string& op, const std::string& linhas) {
+        const std::string s = "'" + subitem + "', " + op;
+        BancoDeTeste banco(DuasDeclaracoes +
+                           ("insert into tblQuadroOcorrências (CódSubItem, OpPróprias) values (" +
+                            s +
+                            "); insert into tblOcorrências (NroDRQ, Código, CódSubItem, "
+                            "OpPróprias) values (1, 1, " +
+                            s + "); insert into " + linhas +
+                            " values (1, 'b', '1'), (1, 'A', '3'), (1, 'A', '2');"));
+        relatorio.Construir(*banco, "1", 1);
+        Lista pares;
+        for (const auto& linha : LinhasDesde(8.3, relatorio.Documento(), 0)) {
+            for (const std::string par :
+                 {"A Nota Fiscal 2", "A Nota Fiscal 3", "b Nota Fiscal 1"}) {
+                if (linha.find(par) != std::string::npos) {
+                    pares.push_back(par);
+                }
+            }
+        }
+        return pares;
+    };
+    const Lista ordem = {"A Nota Fiscal 2", "A Nota Fiscal 3", "b Nota Fiscal 1"};
+    RelatorioDetResSubstitui entrada13;
+    EXPECT_EQ(notas(entrada13, "002.10", "-1", "tblIESubstituto (Código, IESubstituto, NF)"),
+              ordem);
+    RelatorioDetResSubstitut entrada15;
+    EXPECT_EQ(notas(entrada15, "007.01", "0", "tblIESubstituido (Código, IESubstituido, NF)"),
+              ordem);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ using testing::ElementsAreArray;
 // Three states in each direction; what must not be counted stands last.
 constexpr const char* Operacoes = R"sql(
 insert into tblEstados (Código, UF, Estado) values
-    ('1', 'PR', 'Paraná'), ('2', 'PB', 'Paraíba'), ('3', 'PA', 'Pará');
+    ('1', 'PR', 'Paraná'), ('2', 'PB', 'Paraíba'), ('3', 'RA', 'Pará');
 insert into tblDetalhesInterUFs (NroDRQ, CFOP, UF, ValorContábil_1, ValorContábil_2, BaseCálculo_1,
     BaseCálculo_2, Imposto, Outras, PetróleoEnergia, OutrosProdutos, ICMSCobradoST) values
     (1, '6101', '1', 10000000, 20000000, 30000000, 40000000, 50000000, 60000000, 1, 1, 70000000),
@@ -68,7 +68,7 @@ TEST(RelatorioSaiInterestad, PrintsTheSumsOfEachStateInPortugueseOrderOfTheirNam
             Titulo(3.2 + 4 * w, 6.1, w, 1.5, "Imposto") +
             Titulo(3.2 + 5 * w, 6.1, w, 1.5, "Outras") +
             Titulo(3.2 + 6 * w, 6.1, w, 1.5, "ICMS Cobrado por\r\nSubstituição\r\nTributária") +
-            Linha(7.6, 3.2, Estado, "PA. Pará", Lista(7, "0,00")) +
+            Linha(7.6, 3.2, Estado, "RA. Pará", Lista(7, "0,00")) +
             Linha(8.2, 3.2, Estado, "PB. Paraíba",
                   {"0,10", "0,20", "0,30", "0,40", "0,50", "0,60", "0,70"}) +
             Linha(8.8, 3.2, Estado, "PR. Paraná",

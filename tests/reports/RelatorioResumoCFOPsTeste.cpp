@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <numeric>
+
 #include "reports/FaixasCFOP.h"
 #include "reports/FormatosCFOP.h"
 #include "reports/ReferenciaAtual.h"
@@ -11,7 +14,6 @@ namespace {
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr const char* Saidas = "tblResumoCFOPsSaídas";
@@ -61,19 +63,14 @@ TEST(ResumoCFOPs, OldCodesStandUnderTheRangeInWhichTheirTextSorts) {
     BancoDeTeste banco(Base + Detalhes(1, {"5.99.1", "5.99.9", "5.99", "5.95", "5.96", "5.97.1",
                                            "5.94", "5.81", "6.19", "7.99.9", "7.99", "1.11"}));
     Construir<RelatorioResumoCFOPsSai>(*banco, 1, "12/2002");
-    EXPECT_THAT(Rotulos(banco, Saidas),
-                ElementsAre(" NO ESTADO",                                        //
-                            " Sist.Integração      5.81", "[5.81]",              //
-                            " Outras          5.91/5.94", "[5.94]",              //
-                            " Outras        5.96/5.99.9",                        //
-                            "[5.99.9]", "[5.99]", "[5.96]", "[5.97.1]",          //
-                            " Outras               5.95", "[5.95]",              //
-                            " Outras             5.99.1", "[5.99.1]",            //
-                            " DE OUTROS ESTADOS",                                //
-                            " Vendas          6.11/6.19", "[6.19]",              //
-                            " DO EXTERIOR",                                      //
-                            " Outras        7.99/7.99.9", "[7.99.9]", "[7.99]",  //
-                            " Total"));
+    EXPECT_THAT(
+        Rotulos(banco, Saidas),
+        ElementsAre(" NO ESTADO", " Sist.Integração      5.81", "[5.81]",
+                    " Outras          5.91/5.94", "[5.94]", " Outras        5.96/5.99.9",
+                    "[5.99.9]", "[5.99]", "[5.96]", "[5.97.1]", " Outras               5.95",
+                    "[5.95]", " Outras             5.99.1", "[5.99.1]", " DE OUTROS ESTADOS",
+                    " Vendas          6.11/6.19", "[6.19]", " DO EXTERIOR",
+                    " Outras        7.99/7.99.9", "[7.99.9]", "[7.99]", " Total"));
 }
 
 TEST(ResumoCFOPs, GroupLabelsOfNewCodesAreFilledUpAndTitlesAreNot) {
@@ -81,13 +78,10 @@ TEST(ResumoCFOPs, GroupLabelsOfNewCodesAreFilledUpAndTitlesAreNot) {
                                            "3.399", "2451", "2.451", "5.101"}));
     Construir<RelatorioResumoCFOPsEnt>(*banco, 1, "01/2003");
     EXPECT_THAT(Rotulos(banco, Entradas),
-                ElementsAre(" NO ESTADO",                                        //
-                            " Compras                  ", "[1.101]", "[1.149]",  //
-                            " Aquis Serviços Transporte", "[1.351]",             //
-                            " DE OUTROS ESTADOS", " DO EXTERIOR",                //
-                            " Comb Deriv/Não Petr e Lub", "[3.653]",             //
-                            " Aquis Serviços Transporte", "[3.399]",             //
-                            " Total"));
+                ElementsAre(" NO ESTADO", " Compras                  ", "[1.101]", "[1.149]",
+                            " Aquis Serviços Transporte", "[1.351]", " DE OUTROS ESTADOS",
+                            " DO EXTERIOR", " Comb Deriv/Não Petr e Lub", "[3.653]",
+                            " Aquis Serviços Transporte", "[3.399]", " Total"));
     EXPECT_EQ(banco.Linhas("select ValorContábil, BaseCálculo, Imposto from " +
                                std::string(Entradas) + " where Linha = ' Total'",
                            3),
@@ -115,8 +109,9 @@ insert into tblDetalhesCFOPs values
 
 TEST(ResumoCFOPs, CodesAreFormattedByTheirTable) {
     const std::pair<const char*, const char*> novos[] = {
-        {"5.101", "5.101"}, {"5101", "5.101"}, {"55101", "55.101"}, {"5.11", "0.511"},
-        {"", ""},           {"511", ""},       {"5.101.1", ""},     {"5.1a", "5.1a"}};
+        {"5.101", "5.101"}, {"5101", "5.101"}, {"55101", "55.101"},
+        {"00511", "0.511"}, {"5.11", "0.511"}, {"", ""},
+        {"511", ""},        {"5.101.1", ""},   {"5.1a", "5.1a"}};
     for (const auto& [codigo, formatado] : novos) {
         EXPECT_EQ(FormatarCFOPNovo(codigo), formatado) << codigo;
     }
@@ -129,13 +124,18 @@ TEST(ResumoCFOPs, CodesAreFormattedByTheirTable) {
     }
 }
 
-// The label of a three-digit group ends with its bounds; four-digit groups follow one another.
+std::ptrdiff_t Caracteres(std::string_view utf8) {
+    return std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; });
+}
+
+// The label of a three-digit group fills its cell and ends with its bounds.
 TEST(ResumoCFOPs, RangesAgreeWithTheirLabelsAndDoNotOverlap) {
     for (const auto& faixas : {FaixasCFOP::EntradasAntigas, FaixasCFOP::SaidasAntigas}) {
         for (const FaixaCFOP& f : faixas) {
             const std::string fim(f.extra.empty() ? f.ate : f.extra);
             const std::string codigos = f.de == fim ? fim : std::string(f.de) + "/" + fim;
             EXPECT_TRUE(f.EhTitulo() || f.rotulo.ends_with(codigos)) << f.rotulo;
+            EXPECT_TRUE(f.EhTitulo() || Caracteres(f.rotulo) == 25) << f.rotulo;
         }
     }
     for (const auto& faixas : {FaixasCFOP::EntradasAntigas, FaixasCFOP::SaidasAntigas,
@@ -153,36 +153,43 @@ TEST(ResumoCFOPs, RangesAgreeWithTheirLabelsAndDoNotOverlap) {
 }
 
 TEST(ResumoCFOPs, TheCurrentPeriodChoosesTheCodesAndTheDeclarationsYearTheColumns) {
-    BancoDeTeste banco(Base);
+    BancoDeTeste banco(Base + Detalhes(1, {"5.11", "5.101"}) + Detalhes(2, {"5.11", "5.101"}) +
+                       Detalhes(3, {"5.11", "5.101"}));
     struct Caso {
         std::int32_t NumeroDRQ;
         const char* refAtual;
-        std::size_t celulas;  // texts of a row: label, code and amounts
-        const char* isentas;
+        bool novos;
+        std::size_t colunas;
     };
-    for (const Caso& caso : {Caso{1, "12/2002", 9, "Isentas / Não Tributadas"},
-                             Caso{2, "12/02", 10, "Isentas / Não Tribut."},
-                             Caso{3, "1/2003", 9, "Isentas / Não Tributadas"},
-                             Caso{2, "01/03", 10, "Isentas / Não Tribut."}}) {
+    for (const Caso& caso : {Caso{1, "12/2002", false, 7}, Caso{2, "12/02", false, 8},
+                             Caso{3, "1/2003", true, 7}, Caso{2, "01/03", true, 8}}) {
         SCOPED_TRACE(caso.refAtual);
-        banco.Executar("delete from tblDetalhesCFOPs;" +
-                       Detalhes(caso.NumeroDRQ, {"5.11", "5.101", "5.102"}));
         const Conteudo c =
             Construir<RelatorioResumoCFOPsSai>(*banco, caso.NumeroDRQ, caso.refAtual);
-        const bool novos = caso.refAtual[1] == '/' || caso.refAtual[1] == '1';
-        EXPECT_THAT(Rotulos(banco, Saidas), Contains(novos ? "[5.101]" : "[5.11]"));
-        EXPECT_THAT(TextosEm(c, 0, 7.7), SizeIs(caso.celulas));
-        EXPECT_THAT(TextosEm(c, 0, 7.15), Contains(caso.isentas));
+        EXPECT_THAT(Rotulos(banco, Saidas), Contains(caso.novos ? "[5.101]" : "[5.11]"));
+        EXPECT_THAT(TextosEm(c, 0, 7.7), SizeIs(2 + caso.colunas));
     }
 }
 
 // A page whose value columns are W cm wide.
-struct PaginaEsperada {
+struct PaginaDeResumo {
     double W;
 
     [[nodiscard]] Lista Titulo(const std::string& texto, int coluna, double y, int colunas,
                                double altura) const {
         return Celula({5.5 + coluna * W, y, colunas * W, altura}, TituloDeColuna, texto);
+    }
+    // The title frame and the headings that all pages have.
+    [[nodiscard]] Lista Titulos(const std::string& titulo, const std::string& comImposto,
+                                const std::string& semImposto, const std::string& imposto,
+                                const std::string& isentas) const {
+        return Celula({0, 2.9, 25.7, 0.7}, TituloDeQuadro, titulo) +
+               Celula({0, 5.9, 5.5, 1.8}, TituloDeColuna, "CÓDIGOS FISCAIS") +
+               Titulo("Valores Contábeis", 0, 5.9, 1, 1.8) +
+               Titulo("ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6) +
+               Titulo(comImposto, 1, 6.5, 2, 0.6) + Titulo(semImposto, 3, 6.5, 2, 0.6) +
+               Titulo("Base de Cálculo", 1, 7.1, 1, 0.6) + Titulo(imposto, 2, 7.1, 1, 0.6) +
+               Titulo(isentas, 3, 7.1, 1, 0.6) + Titulo("Outras", 4, 7.1, 1, 0.6);
     }
     [[nodiscard]] Lista Linha(double y, const std::string& rotulo, const std::string& codigo,
                               const Lista& valores) const {
@@ -194,19 +201,20 @@ struct PaginaEsperada {
         }
         return linha;
     }
-    // From the title frame to the footer, without the identification block.
-    static Lista De(const Conteudo& c) {
-        Lista operacoes = Curtas(c, 0);
-        operacoes.erase(operacoes.begin() + 9, operacoes.begin() + 30);
-        operacoes.erase(operacoes.begin(), operacoes.begin() + 7);
-        return operacoes;
+    [[nodiscard]] static Lista Rodape() {
+        return {"R 0 16.5 25.7 0.1 #808000 #808000", "T 0 16.7 8.5667 0.3 EM Arial 6 |%%D",
+                "T 8.5667 16.7 8.5667 0.3 CM Arial 6 |%%H",
+                "T 17.1333 16.7 8.5667 0.3 DM Arial 6 |Página %%p de %%P"};
     }
 };
 
-const Lista RodapeEmPaisagem{"R 0 16.5 25.7 0.1 #808000 #808000",
-                             "T 0 16.7 8.5667 0.3 EM Arial 6 |%%D",
-                             "T 8.5667 16.7 8.5667 0.3 CM Arial 6 |%%H",
-                             "T 17.1333 16.7 8.5667 0.3 DM Arial 6 |Página %%p de %%P"};
+// The first page from the title frame on, without the identification block.
+Lista SemIdentificacao(const Conteudo& c) {
+    Lista operacoes = Curtas(c, 0);
+    operacoes.erase(operacoes.begin() + 9, operacoes.begin() + 30);
+    operacoes.erase(operacoes.begin(), operacoes.begin() + 7);
+    return operacoes;
+}
 
 TEST(ResumoCFOPs, SalesSince2002HaveEightColumns) {
     BancoDeTeste banco(Base + std::string("insert into tblDetalhesCFOPs values"
@@ -217,56 +225,44 @@ TEST(ResumoCFOPs, SalesSince2002HaveEightColumns) {
               " (Grupos 5, 6 e 7)");
     EXPECT_EQ(c.tituloResumido, "Resumo CFOPs Oper. Saída");
     EXPECT_EQ(c.orientacao, 1);
-    const PaginaEsperada p{20.2 / 8};
-    const Lista vazios(8);
+    const PaginaDeResumo p{20.2 / 8};
     const Lista valores{"0,00", "0,00", "0,03", "0,00", "0,00", "0,07", "0,08", "0,09"};
     EXPECT_EQ(
-        PaginaEsperada::De(c),
-        Celula({0, 2.9, 25.7, 0.7}, TituloDeQuadro, "Resumo por CFOPs - Saídas (Grupos 5, 6 e 7)") +
-            Celula({0, 5.9, 5.5, 1.8}, TituloDeColuna, "CÓDIGOS FISCAIS") +
-            p.Titulo("Valores Contábeis", 0, 5.9, 1, 1.8) +
-            p.Titulo("ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6) +
-            p.Titulo("Operações com Débito do Imposto", 1, 6.5, 2, 0.6) +
-            p.Titulo("Operações sem Débito do Imposto", 3, 6.5, 2, 0.6) +
-            p.Titulo("Base de Cálculo", 1, 7.1, 1, 0.6) +
-            p.Titulo("Imposto Debitado", 2, 7.1, 1, 0.6) +
-            p.Titulo("Isentas / Não Tribut.", 3, 7.1, 1, 0.6) + p.Titulo("Outras", 4, 7.1, 1, 0.6) +
+        SemIdentificacao(c),
+        p.Titulos("Resumo por CFOPs - Saídas (Grupos 5, 6 e 7)", "Operações com Débito do Imposto",
+                  "Operações sem Débito do Imposto", "Imposto Debitado", "Isentas / Não Tribut.") +
             p.Titulo("Imposto Retido por\r\nSubstituição Tributária", 5, 5.9, 2, 1.2) +
             p.Titulo("Substituto", 5, 7.1, 1, 0.6) + p.Titulo("Substituído", 6, 7.1, 1, 0.6) +
-            p.Titulo("Outros Impostos", 7, 5.9, 1, 1.8) + p.Linha(7.7, " NO ESTADO", "", vazios) +
-            p.Linha(8.3, " Vendas                   ", "", vazios) +
-            p.Linha(8.9, "", "5.101", valores) + p.Linha(9.5, " DE OUTROS ESTADOS", "", vazios) +
-            p.Linha(10.1, " DO EXTERIOR", "", vazios) + p.Linha(10.7, " Total", "", valores) +
-            RodapeEmPaisagem);
+            p.Titulo("Outros Impostos", 7, 5.9, 1, 1.8) + p.Linha(7.7, " NO ESTADO", "", Lista(8)) +
+            p.Linha(8.3, " Vendas                   ", "", Lista(8)) +
+            p.Linha(8.9, "", "5.101", valores) + p.Linha(9.5, " DE OUTROS ESTADOS", "", Lista(8)) +
+            p.Linha(10.1, " DO EXTERIOR", "", Lista(8)) + p.Linha(10.7, " Total", "", valores) +
+            p.Rodape());
 }
 
 TEST(ResumoCFOPs, PurchasesBefore2002HaveSevenColumns) {
     BancoDeTeste banco(Base);
+    Construir<RelatorioResumoCFOPsEnt>(*banco, 2, "12/2002");
     const Conteudo c = Construir<RelatorioResumoCFOPsEnt>(*banco, 1, "12/2002");
     EXPECT_EQ(c.titulo,
               "Relatório de Resumo dos CFOPs para as Operações / Prestações de Entrada"
               " (Grupos 1, 2 e 3)");
     EXPECT_EQ(c.tituloResumido, "Resumo CFOPs Oper. Entrada");
-    const PaginaEsperada p{20.2 / 7};
-    const Lista vazios(7);
-    EXPECT_EQ(PaginaEsperada::De(c),
-              Celula({0, 2.9, 25.7, 0.7}, TituloDeQuadro,
-                     "Resumo por CFOPs - Entradas (Grupos 1, 2 e 3)") +
-                  Celula({0, 5.9, 5.5, 1.8}, TituloDeColuna, "CÓDIGOS FISCAIS") +
-                  p.Titulo("Valores Contábeis", 0, 5.9, 1, 1.8) +
-                  p.Titulo("ICMS - VALORES FISCAIS", 1, 5.9, 4, 0.6) +
-                  p.Titulo("Operações com Crédito do Imposto", 1, 6.5, 2, 0.6) +
-                  p.Titulo("Operações sem Crédito do Imposto", 3, 6.5, 2, 0.6) +
-                  p.Titulo("Base de Cálculo", 1, 7.1, 1, 0.6) +
-                  p.Titulo("Imposto Creditado", 2, 7.1, 1, 0.6) +
-                  p.Titulo("Isentas / Não Tributadas", 3, 7.1, 1, 0.6) +
-                  p.Titulo("Outras", 4, 7.1, 1, 0.6) +
+    const PaginaDeResumo p{20.2 / 7};
+    EXPECT_EQ(SemIdentificacao(c),
+              p.Titulos("Resumo por CFOPs - Entradas (Grupos 1, 2 e 3)",
+                        "Operações com Crédito do Imposto", "Operações sem Crédito do Imposto",
+                        "Imposto Creditado", "Isentas / Não Tributadas") +
                   p.Titulo("Imposto Retido por\r\nSubstituição Tributária", 5, 5.9, 1, 1.8) +
                   p.Titulo("Outros Impostos", 6, 5.9, 1, 1.8) +
-                  p.Linha(7.7, " NO ESTADO", "", vazios) +
-                  p.Linha(8.3, " DE OUTROS ESTADOS", "", vazios) +
-                  p.Linha(8.9, " DO EXTERIOR", "", vazios) +
-                  p.Linha(9.5, " Total", "", Lista(7, "0,00")) + RodapeEmPaisagem);
+                  p.Linha(7.7, " NO ESTADO", "", Lista(7)) +
+                  p.Linha(8.3, " DE OUTROS ESTADOS", "", Lista(7)) +
+                  p.Linha(8.9, " DO EXTERIOR", "", Lista(7)) +
+                  p.Linha(9.5, " Total", "", Lista(7, "0,00")) + p.Rodape());
+    EXPECT_THAT(banco.Linhas("select NroDRQ from " + std::string(Entradas), 1), Each("1"));
+    EXPECT_EQ(Construir<RelatorioResumoCFOPsEnt>(*banco, 9, "12/2002").paginas,
+              std::vector<Pagina>(1));
+    EXPECT_THAT(Rotulos(banco, Entradas), SizeIs(4));
 }
 
 TEST(ResumoCFOPs, APeriodThatIsNoMonthEndsTheBuildBeforeAnythingIsChanged) {
@@ -287,11 +283,8 @@ TEST(ResumoCFOPs, APeriodThatIsNoMonthEndsTheBuildBeforeAnythingIsChanged) {
 }
 
 TEST(ResumoCFOPs, FourteenRowsFillAPageAndTheNextOneOpensAnother) {
-    std::string sql = Base;
-    for (int i = 0; i < 9; ++i) {
-        sql += Detalhe(2, "5.101", 10000);
-    }
-    BancoDeTeste banco(sql);
+    const Lista nove(9, Detalhe(2, "5.101", 10000));
+    BancoDeTeste banco(std::accumulate(nove.begin(), nove.end(), std::string(Base)));
     Conteudo c = Construir<RelatorioResumoCFOPsSai>(*banco, 2, "01/2003");
     ASSERT_THAT(c.paginas, SizeIs(1));
     EXPECT_EQ(TextosEm(c, 0, 15.5).at(0), " Total");
@@ -300,22 +293,9 @@ TEST(ResumoCFOPs, FourteenRowsFillAPageAndTheNextOneOpensAnother) {
     c = Construir<RelatorioResumoCFOPsSai>(*banco, 2, "01/2003");
     ASSERT_THAT(c.paginas, SizeIs(2));
     EXPECT_EQ(TextosEm(c, 0, 15.5).at(0), " DO EXTERIOR");
-    EXPECT_THAT(TextosEm(c, 1, 7.7), ElementsAre(" Total", "", "10,00", "20,00", "0,00", "0,00",
-                                                 "0,00", "0,00", "0,00", "0,00"));
+    EXPECT_EQ(TextosEm(c, 1, 7.7).at(2), "10,00");
     EXPECT_THAT(TextosEm(c, 1, 5.95), Contains("CÓDIGOS FISCAIS"));
-    EXPECT_THAT(TextosEm(c, 1, 16.7), ElementsAre("%%D", "%%H", "Página %%p de %%P"));
-}
-
-TEST(ResumoCFOPs, ADeclarationWithoutDetailsShowsTitlesAndZeroTotals) {
-    BancoDeTeste banco(Base);
-    Construir<RelatorioResumoCFOPsEnt>(*banco, 2, "12/2002");
-    Construir<RelatorioResumoCFOPsEnt>(*banco, 1, "12/2002");
-    EXPECT_THAT(Rotulos(banco, Entradas),
-                ElementsAre(" NO ESTADO", " DE OUTROS ESTADOS", " DO EXTERIOR", " Total"));
-    EXPECT_THAT(banco.Linhas("select NroDRQ from " + std::string(Entradas), 1), Each("1"));
-    const Conteudo semDeclaracao = Construir<RelatorioResumoCFOPsEnt>(*banco, 9, "12/2002");
-    EXPECT_EQ(semDeclaracao.paginas, std::vector<Pagina>(1));
-    EXPECT_THAT(Rotulos(banco, Entradas), SizeIs(4));
+    EXPECT_THAT(TextosEm(c, 1, 16.7), SizeIs(3));
 }
 
 }  // namespace

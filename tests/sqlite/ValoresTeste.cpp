@@ -1,1 +1,141 @@
+#include <limits>
+#include <string>
+#include <vector>
+
 #include "tests/sqlite/LinhasDe.h"
+
+namespace tarvo {
+
+namespace {
+
+class Valores : public testing::Test {
+  protected:
+    std::unique_ptr<Recordset> Abrir(const std::string& consulta,
+                                     TipoRecordset tipo = TipoRecordset::Dynaset) {
+        return banco_->OpenRecordset(consulta, tipo);
+    }
+    Valor Soma(const std::string& valores) {
+        banco_.Executar(
+            "DELETE FROM tblPagamento; INSERT INTO tblPagamento (NroDRQ, Valor) VALUES " + valores);
+        const auto soma = Abrir(
+            "SELECT Sum(Valor) AS [Soma De Valor] FROM tblPagamento GROUP BY NroDRQ HAVING "
+            "NroDRQ = 7");
+        return soma->Fields("Soma de Valor");
+    }
+
+    apoio::BancoDeTeste banco_;
+};
+
+constexpr auto Maior = std::numeric_limits<std::int64_t>::max();
+
+TEST_F(Valores, SomasDeMoedaSaoExatas) {
+    EXPECT_EQ(Soma("(7, 1), (7, NULL), (7, 2)"), Valor(Moeda::DeDecimosMilesimos(3)));
+    EXPECT_EQ(Soma("(7, NULL), (7, NULL)"), Valor(Nulo{}));
+    const std::string maior = "(7, " + std::to_string(Maior) + ")";
+    EXPECT_EQ(Soma("(7, -1), " + maior), Valor(Moeda::DeDecimosMilesimos(Maior - 1)));
+    EXPECT_EQ(Soma(maior + ", (7, 1), (7, -1)"), Valor(Moeda::DeDecimosMilesimos(Maior)));
+    EXPECT_EQ(apoio::ErroDe([&] { Soma(maior + ", (7, 1)"); }).Numero(), NumeroErro::Estouro);
+}
+
+TEST_F(Valores, UmaSomaNomeiaOQueNaoEMoeda) {
+    for (const char* valor : {"'abc'", "0.5", "x'41'"}) {
+        const Erro erro = apoio::ErroDe([&] { Soma("(7, 1), (7, " + std::string(valor) + ")"); });
+        EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
+        EXPECT_NE(erro.Descricao().find("\"Valor\" da tabela \"tblPagamento\""), std::string::npos)
+            << erro.Descricao();
+    }
+    EXPECT_EQ(Soma("(7, 1), (8, 'abc')"), Valor(Moeda::DeDecimosMilesimos(1)))
+        << "another declaration's fault";
+}
+
+TEST_F(Valores, OQueNaoCabeNoTipoDeclaradoEErroQueONomeia) {
+    struct Caso {
+        const char* tabela;
+        const char* coluna;
+        const char* valor;
+        const char* mostrado;
+    };
+    const std::vector<Caso> casos = {
+        {"tblPagamento", "Valor", "'doze'", "doze"},
+        {"tblPagamento", "Valor", "1.25", "1,25"},
+        {"tblPagamento", "Valor", "1e30", "1e+30"},
+        {"tblPagamento", "Data", "'2003-02-30'", "2003-02-30"},
+        {"tblPagamento", "Data", "'05/03/2001'", "05/03/2001"},
+        {"tblPagamento", "Data", "37000", "37000"},
+        {"tblPagamento", "OpPróprias", "'sim'", "sim"},
+        {"tblDRQ", "Tipo", "2147483648", "2147483648"},
+        {"tblDRQ", "Tipo", "1.5", "1,5"},
+        {"tblDRQ", "RegTrib", "x'3031'", "dados binários"},
+        {"tblDRQ", "RegTrib", "CAST(x'E1' AS TEXT)", "texto que não é UTF-8"},
+    };
+    int numero = 0;
+    for (const Caso& caso : casos) {
+        SCOPED_TRACE(std::string(caso.coluna) + " = " + caso.valor);
+        const std::string n = std::to_string(++numero);
+        banco_.Executar("INSERT INTO " + std::string(caso.tabela) + " (NroDRQ, \"" + caso.coluna +
+                        "\") VALUES (" + n + ", " + caso.valor + ")");
+        const std::string consulta =
+            "SELECT * FROM " + std::string(caso.tabela) + " WHERE NroDRQ = " + n;
+        for (const auto tipo : {TipoRecordset::ForwardOnly, TipoRecordset::Dynaset}) {
+            const auto registros = Abrir(consulta, tipo);
+            const Erro erro = apoio::ErroDe([&] { Valor(registros->Fields(caso.coluna)); });
+            EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
+            for (const char* nome : {caso.tabela, caso.coluna, caso.mostrado}) {
+                EXPECT_NE(erro.Descricao().find("\"" + std::string(nome) + "\""), std::string::npos)
+                    << erro.Descricao();
+            }
+            EXPECT_EQ(Valor(registros->Fields("NroDRQ")), Valor(std::int32_t{numero}));
+        }
+    }
+    EXPECT_EQ(apoio::ErroDe([&] {
+                  Abrir("SELECT * FROM tblPagamento WHERE OpPróprias = TRUE");
+              }).Numero(),
+              NumeroErro::ConversaoDeDado)
+        << "no row is left out because its value cannot be read";
+}
+
+TEST_F(Valores, AEscritaConverteParaOTipoDaColuna) {
+    const auto pagamentos = Abrir("SELECT * FROM tblPagamento");
+    const auto acrescentar = [&](const Valor& numero, const Valor& proprias, const Valor& data,
+                                 const Valor& valor) {
+        pagamentos->AddNew();
+        pagamentos->Fields("NroDRQ") = numero;
+        pagamentos->Fields("OpPróprias") = proprias;
+        pagamentos->Fields("Data") = data;
+        pagamentos->Fields("Valor") = valor;
+        pagamentos->Update();
+    };
+    acrescentar(std::string("7"), true, Data::DeTexto("05/03/2001 10:20:30"),
+                std::string("1.234,56"));
+    acrescentar(2.5, std::int32_t{2}, std::string("5/3/01"), 0.00005);
+    acrescentar(Nulo{}, Nulo{}, Nulo{}, Nulo{});
+    const auto lidos = Abrir("SELECT * FROM tblPagamento");
+    EXPECT_EQ(LinhasDe(*lidos, {"NroDRQ", "OpPróprias", "Data", "Valor"}),
+              "7|Verdadeiro|05/03/2001 10:20:30|1234,56\n2|Verdadeiro|05/03/2001|0\n"
+              "Null|Null|Null|Null");
+
+    pagamentos->AddNew();
+    const Erro erro =
+        apoio::ErroDe([&] { pagamentos->Fields("valor") = std::string("dois reais"); });
+    EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
+    EXPECT_NE(erro.Descricao().find("\"dois reais\" da coluna \"Valor\" da tabela"),
+              std::string::npos);
+}
+
+TEST_F(Valores, OArquivoGuardaAsFormasDoContrato) {
+    const auto pagamentos = Abrir("SELECT * FROM tblPagamento");
+    pagamentos->AddNew();
+    pagamentos->Fields("OpPróprias") = true;
+    pagamentos->Fields("Data") = Data::DeCivil({.ano = 2003, .mes = 5, .dia = 1});
+    pagamentos->Fields("Valor") = Moeda::DeTexto("1.234,56");
+    pagamentos->Update();
+    banco_.Executar(
+        "INSERT INTO tblVELO (Contribuinte) SELECT typeof(OpPróprias) || OpPróprias || "
+        "' ' || Data || ' ' || typeof(Valor) || Valor FROM tblPagamento");
+    EXPECT_EQ(banco_.Linhas("SELECT * FROM tblVELO", 1).front(),
+              "integer-1 2003-05-01 integer12345600");
+}
+
+}  // namespace
+
+}  // namespace tarvo

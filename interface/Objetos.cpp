@@ -1,0 +1,67 @@
+#include "interface/Objetos.h"
+
+#include "data/CodigosDeErros.h"
+#include "interface/Janelas.h"
+#include "reports/ReferenciaAtual.h"
+
+namespace tarvo::c {
+
+Objeto::Objeto(std::string_view nome)
+    : nome_(nome),
+      objeto_(CriarObjeto(
+          nome, {.visualizadores = &VisualizadoresSobDemanda(), .configuracoes = &ajustes_},
+          &SelecaoSobDemanda())) {}
+
+Relatorios& Objeto::EntradaDasClasses() {
+    auto* relatorios = std::get_if<std::unique_ptr<Relatorios>>(&objeto_);
+    if (relatorios == nullptr) {
+        RecusarOperacao();
+    }
+    return **relatorios;
+}
+
+Relatorio& Objeto::DeRelatorio() {
+    auto* relatorio = std::get_if<std::unique_ptr<Relatorio>>(&objeto_);
+    if (relatorio == nullptr) {
+        RecusarOperacao();
+    }
+    return **relatorio;
+}
+
+void Objeto::DefinirReferencia(std::optional<std::string> mesAno) {
+    if (mesAno) {
+        static_cast<void>(DataDeReferencia(*mesAno));
+    }
+    ajustes_.referencia = std::move(mesAno);
+}
+
+std::string Objeto::Ajustes::Ler(std::string_view aplicacao, std::string_view secao,
+                                 std::string_view chave, std::string_view padrao) const {
+    return referencia && chave == AjusteRefAtual::Chave
+               ? *referencia
+               : doUsuario_.Ler(aplicacao, secao, chave, padrao);
+}
+
+void Objeto::UsarImpressao() {
+    static_cast<void>(ExigirAreaDeTrabalho());
+    comJanelas_ = true;
+}
+
+void Objeto::UsarJanelas() {
+    UsarImpressao();
+    if (!ExigirAreaDeTrabalho().TemTela()) {
+        throw Erro(NumeroErro::AcaoNaoSuportada, "Não há tela em que abrir janelas.");
+    }
+}
+
+void Objeto::ConferirLinhaDasJanelas() const {
+    if (comJanelas_) {
+        static_cast<void>(ExigirAreaDeTrabalho());
+    }
+}
+
+void Objeto::RecusarOperacao() const {
+    throw Erro(NumeroErro::MembroNaoSuportado, "A classe " + nome_ + " não tem essa operação.");
+}
+
+}  // namespace tarvo::c

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+#include "data/Publico.h"
+#include "dispatch/frmImpressaoRelatorios.h"
+#include "document/Visualizador.h"
+
+// The desktop: previews, printing and the selection dialog, for hosts with and without a user
+// interface of their own.
+namespace tarvo {
+
+// Everything that has to do with windows and printing happens in one thread: the one that opened
+// the area first, or the one of the host's own Qt application.
+class TARVO_PUBLICO AreaDeTrabalho {
+  public:
+    virtual ~AreaDeTrabalho() = default;
+
+    // Whether the calling thread is that one.
+    [[nodiscard]] virtual bool NestaLinha() const = 0;
+    // False where the session has no screen: windows would be seen by nobody, printing works.
+    [[nodiscard]] virtual bool TemTela() const = 0;
+    // For Ambiente::visualizadores.
+    virtual FabricaVisualizadores& Visualizadores() = 0;
+    // For Relatorios.
+    virtual JanelaSelecao& Selecao() = 0;
+    // Serves the windows until none is open or the time is over; returns how many are open. A
+    // negative time is no limit; zero serves what is waiting and returns.
+    virtual std::size_t AguardarJanelas(std::chrono::milliseconds tempo) = 0;
+};
+
+// The area of the process, made at the first call and kept to its end. It lives in the host's Qt
+// application, or makes one where the host has none; error 445 when the host's cannot have windows.
+// Under this very name, because the C interface loads the desktop library only once something must
+// be shown or printed.
+extern "C" TARVO_PUBLICO AreaDeTrabalho& AbrirAreaDeTrabalho();
+
+}  // namespace tarvo

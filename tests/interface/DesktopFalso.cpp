@@ -1,0 +1,62 @@
+#include "tests/interface/DesktopFalso.h"
+
+#include <memory>
+#include <thread>
+
+#include "document/Conteudo.h"
+
+namespace tarvo {
+namespace teste {
+
+DesktopFalso& ODesktopFalso() {
+    static DesktopFalso desktop;
+    return desktop;
+}
+
+namespace {
+
+class VisualizadorFalso final : public Visualizador {
+  public:
+    ~VisualizadorFalso() override { VisualizadorFalso::Ocultar(); }
+    void Exibir(const Conteudo& conteudo) override {
+        ODesktopFalso().pedidos.push_back("Exibir " + conteudo.titulo);
+        ODesktopFalso().abertas += aberta_ ? 0 : 1;
+        aberta_ = true;
+    }
+    void Ocultar() override {
+        ODesktopFalso().abertas -= aberta_ ? 1 : 0;
+        aberta_ = false;
+    }
+    void Imprimir(const Conteudo& conteudo, bool /*perguntar*/) override {
+        ODesktopFalso().pedidos.push_back("Imprimir " + conteudo.titulo);
+    }
+
+  private:
+    bool aberta_ = false;
+};
+
+class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, public JanelaSelecao {
+  public:
+    [[nodiscard]] bool NestaLinha() const override { return std::this_thread::get_id() == linha_; }
+    [[nodiscard]] bool TemTela() const override { return ODesktopFalso().temTela; }
+    FabricaVisualizadores& Visualizadores() override { return *this; }
+    JanelaSelecao& Selecao() override { return *this; }
+    std::size_t AguardarJanelas(std::chrono::milliseconds /*tempo*/) override {
+        return ODesktopFalso().abertas;
+    }
+    std::unique_ptr<Visualizador> Criar() override { return std::make_unique<VisualizadorFalso>(); }
+    void ExibirModal(frmImpressaoRelatorios& dialogo) override { ODesktopFalso().usuario(dialogo); }
+
+  private:
+    std::thread::id linha_ = std::this_thread::get_id();
+};
+
+}  // namespace
+}  // namespace teste
+
+AreaDeTrabalho& AbrirAreaDeTrabalho() {
+    static teste::AreaFalsa area;
+    return area;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/AreaDeTrabalho.h"
+
+namespace tarvo::teste {
+
+// What the desktop was asked for, and what its user does.
+struct DesktopFalso {
+    std::vector<std::string> pedidos;  // "Exibir Relatório de Pagamentos"
+    std::size_t abertas = 0;
+    bool temTela = true;
+    std::function<void(frmImpressaoRelatorios&)> usuario;  // acts on the selection dialog
+};
+
+// Of the process. Opened by the first call that needs a desktop.
+TARVO_PUBLICO DesktopFalso& ODesktopFalso();
+
+}  // namespace tarvo::teste

@@ -1,0 +1,52 @@
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <clocale>
+#include <fstream>
+#include <sstream>
+
+#include "tests/interface/Exemplo.h"
+
+namespace tarvo::teste {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+std::string BibliotecasCarregadas() {
+    std::ostringstream mapas;
+    mapas << std::ifstream("/proc/self/maps").rdbuf();
+    return mapas.str();
+}
+
+using DesktopReal = ComExemplo;
+
+TEST_F(DesktopReal, IsLoadedOnlyWhenSomethingIsShown) {
+    const auto banco = Abrir();
+    const auto objeto = Criar("RelatorioPagamentos");
+    ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0);
+    Exportar(objeto, TARVO_PDF);
+    EXPECT_EQ(tarvo_ocultar(objeto), 0);
+    EXPECT_EQ(tarvo_aguardar_janelas(-1, nullptr), 0);
+    EXPECT_THAT(BibliotecasCarregadas(), Not(HasSubstr("libQt")));
+    EXPECT_THAT(BibliotecasCarregadas(), Not(HasSubstr("libcups")));
+
+    ASSERT_EQ(tarvo_exibir(objeto), 0) << tarvo_erro_texto();
+    EXPECT_THAT(BibliotecasCarregadas(), HasSubstr("libQt6Widgets"));
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+    std::size_t abertas = 0;
+    const auto inicio = std::chrono::steady_clock::now();
+    EXPECT_EQ(tarvo_aguardar_janelas(200, &abertas), 0);
+    EXPECT_GE(std::chrono::steady_clock::now() - inicio, std::chrono::milliseconds(190));
+    EXPECT_EQ(abertas, 1U);
+    EXPECT_EQ(tarvo_ocultar(objeto), 0);
+    EXPECT_EQ(tarvo_aguardar_janelas(-1, &abertas), 0);
+    EXPECT_EQ(abertas, 0U);
+    EXPECT_EQ(tarvo_exibir(objeto), 0);
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+    EXPECT_EQ(tarvo_aguardar_janelas(-1, &abertas), 0);
+    EXPECT_EQ(tarvo_liberar(banco), 0);
+}
+
+}  // namespace
+}  // namespace tarvo::teste

@@ -1,0 +1,221 @@
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "platform/json/DocumentoJSON.h"
+#include "reports/RelatorioApuracaoSubTrib.h"
+#include "tests/interface/Exemplo.h"
+
+namespace tarvo::teste {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string ConteudoDe(const std::string& arquivo) {
+    std::ifstream entrada(arquivo, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << entrada.rdbuf();
+    return bytes.str();
+}
+
+class InterfaceC : public ComExemplo {
+  protected:
+    tarvo_banco banco = Abrir();
+    ~InterfaceC() override { EXPECT_EQ(tarvo_liberar(banco), 0) << tarvo_erro_texto(); }
+};
+
+TEST_F(InterfaceC, BuildsTheSameDocumentAsTheClasses) {
+    RelatorioApuracaoSubTrib relatorio;
+    relatorio.Construir(*BancoSQLite::Abrir(Arquivo()), IE, DRQ);
+    std::ostringstream esperado;
+    EscreverJSON("RelatorioApuracaoSubTrib", relatorio.Documento(), esperado);
+
+    const auto objeto = Criar("RelatorioApuracaoSubTrib");
+    ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0) << tarvo_erro_texto();
+    EXPECT_EQ(Exportar(objeto, TARVO_JSON), esperado.str());
+    std::size_t paginas = 0;
+    EXPECT_EQ(tarvo_paginas(objeto, &paginas), 0);
+    EXPECT_EQ(paginas, relatorio.Documento().paginas.size());
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+TEST_F(InterfaceC, EachClassIsBuiltByItsOwnOperation) {
+    for (const auto* nome :
+         {"RelatorioResumoCFOPsEnt", "RelatorioResumoCFOPsSai", "RelatorioSaiInterestad",
+          "RelatorioNotasSaiZFMALC", "RelatorioApuracaoOpProp", "RelatorioApuracaoSubTrib",
+          "RelatorioRegExportacao", "RelatorioPagamentos"}) {
+        const auto objeto = Criar(nome);
+        EXPECT_EQ(tarvo_definir_ref_atual(objeto, "07/2003"), 0);
+        EXPECT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0) << nome << tarvo_erro_texto();
+        EXPECT_THAT(Exportar(objeto, TARVO_JSON), HasSubstr("Metalúrgica Serra Dourada S.A."));
+        EXPECT_EQ(tarvo_construir_cadastro(objeto, banco, IE), 450);
+        EXPECT_EQ(tarvo_construir_velo(objeto, banco), 450);
+        EXPECT_THAT(tarvo_erro_texto(), HasSubstr("tarvo_construir."));
+        EXPECT_EQ(tarvo_liberar(objeto), 0);
+    }
+    const auto cadastro = Criar("RelatorioCadastro");
+    EXPECT_EQ(tarvo_construir(cadastro, banco, IE, DRQ), 450);
+    EXPECT_EQ(tarvo_construir_velo(cadastro, banco), 450);
+    EXPECT_EQ(tarvo_construir_cadastro(cadastro, banco, IE), 0) << tarvo_erro_texto();
+    EXPECT_THAT(Exportar(cadastro, TARVO_JSON), HasSubstr("41.207.336/0001-58"));
+    const auto guia = Criar("RelatorioVELO");
+    EXPECT_EQ(tarvo_construir(guia, banco, IE, DRQ), 450);
+    EXPECT_EQ(tarvo_construir_cadastro(guia, banco, IE), 450);
+    EXPECT_EQ(tarvo_construir_velo(guia, banco), 0) << tarvo_erro_texto();
+    EXPECT_THAT(Exportar(guia, TARVO_JSON), HasSubstr("VIA CONTRIBUINTE"));
+    EXPECT_EQ(tarvo_liberar(cadastro), 0);
+    EXPECT_EQ(tarvo_liberar(guia), 0);
+}
+
+TEST_F(InterfaceC, ExportsTheSameBytesToFilesAndMemory) {
+    setenv("SOURCE_DATE_EPOCH", "1060000000", 1);
+    const auto objeto = Criar("RelatorioPagamentos");
+    ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0);
+    for (const auto& [formato, nome] : {std::pair{TARVO_PDF, "p.pdf"}, {TARVO_JSON, "p.json"}}) {
+        ASSERT_EQ(tarvo_exportar_arquivo(objeto, formato, Saida(nome).c_str()), 0)
+            << tarvo_erro_texto();
+        EXPECT_EQ(Exportar(objeto, formato), ConteudoDe(Saida(nome)));
+    }
+    EXPECT_THAT(ConteudoDe(Saida("p.pdf")), StartsWith("%PDF-"));
+    EXPECT_THAT(ConteudoDe(Saida("p.json")), StartsWith("{"));
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+TEST_F(InterfaceC, AnObjectThatWasNeverBuiltIsAnEmptyDocument) {
+    const auto objeto = Criar("RelatorioPagamentos");
+    EXPECT_THAT(Exportar(objeto, TARVO_JSON), EndsWith("\"paginas\": [\n    []] }\n"));
+    EXPECT_THAT(Exportar(objeto, TARVO_PDF), StartsWith("%PDF-"));
+    ASSERT_EQ(tarvo_construir(objeto, banco, "000", 999), 0);
+    EXPECT_THAT(Exportar(objeto, TARVO_JSON), EndsWith("\"paginas\": [\n    []] }\n"));
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+TEST_F(InterfaceC, TheHostsReferenceMonthStandsInForTheUsersSetting) {
+    setenv("XDG_CONFIG_HOME", Saida("ajustes").c_str(), 1);
+    const auto objeto = Criar("RelatorioResumoCFOPsSai");
+    EXPECT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 13);
+    EXPECT_EQ(tarvo_definir_ref_atual(objeto, "agora"), 13);
+    EXPECT_EQ(tarvo_definir_ref_atual(objeto, "07/2003"), 0);
+    ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0) << tarvo_erro_texto();
+    EXPECT_THAT(Exportar(objeto, TARVO_JSON), HasSubstr("5.101"));
+    EXPECT_EQ(tarvo_definir_ref_atual(objeto, nullptr), 0);
+    EXPECT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 13);
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+    unsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(InterfaceC, GivesTheFieldsOfTheSubstitutionAssessment) {
+    const auto objeto = Criar("RelatorioApuracaoSubTrib");
+    const RelatorioApuracaoSubTrib relatorio;
+    const auto dados = BancoSQLite::Abrir(Arquivo());
+    char texto[32];
+    const auto campo = [&](int numero, tarvo_banco de) -> std::string {
+        EXPECT_EQ(tarvo_campo_st(objeto, numero, de, DRQ, texto, sizeof texto), 0);
+        return texto;
+    };
+    EXPECT_EQ(campo(51, banco), relatorio.Campo051st(dados.get(), DRQ));
+    EXPECT_EQ(campo(52, banco), relatorio.Campo052st(dados.get(), DRQ));
+    EXPECT_EQ(campo(53, banco), relatorio.Campo053st(dados.get(), DRQ));
+    EXPECT_EQ(campo(56, banco), relatorio.Campo056st(dados.get(), DRQ));
+    EXPECT_EQ(campo(57, banco), relatorio.Campo057st(dados.get(), DRQ));
+    EXPECT_EQ(campo(58, banco), relatorio.Campo058st(dados.get(), DRQ));
+    EXPECT_NE(campo(51, banco), "0,00");
+    EXPECT_EQ(campo(51, 0), "");
+    EXPECT_EQ(tarvo_campo_st(objeto, 51, banco, DRQ, texto, 5), 5);
+    EXPECT_STREQ(texto, "");
+    EXPECT_EQ(tarvo_campo_st(objeto, 54, banco, DRQ, texto, sizeof texto), 5);
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+TEST_F(InterfaceC, DrawsATotalLineOnThePayments) {
+    const auto objeto = Criar("RelatorioPagamentos");
+    ASSERT_EQ(tarvo_adicionar_total_op(objeto, 0, 6, 1234.5), 0) << tarvo_erro_texto();
+    EXPECT_THAT(Exportar(objeto, TARVO_JSON), HasSubstr(R"("1.234,50")"));
+    EXPECT_EQ(tarvo_adicionar_total_op(objeto, 0, 6, 1e300), 6);
+    EXPECT_EQ(tarvo_adicionar_total_op(objeto, 0, NAN, 1), 5);
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+TEST_F(InterfaceC, UsesAConnectionOfTheHostAndLeavesItOpen) {
+    sqlite3* conexao = nullptr;
+    ASSERT_EQ(sqlite3_open(Arquivo().c_str(), &conexao), SQLITE_OK);
+    tarvo_banco adotado = 0;
+    ASSERT_EQ(tarvo_adotar_banco(conexao, TARVO_TABELAS_PRIVADAS, &adotado), 0)
+        << tarvo_erro_texto();
+    const auto objeto = Criar("RelatorioApuracaoOpProp");
+    EXPECT_EQ(tarvo_construir(objeto, adotado, IE, DRQ), 0) << tarvo_erro_texto();
+    EXPECT_EQ(tarvo_liberar(adotado), 0);
+    EXPECT_EQ(sqlite3_exec(conexao, "SELECT * FROM tblDRQ", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(sqlite3_close(conexao), SQLITE_OK);
+    EXPECT_EQ(tarvo_adotar_banco(nullptr, 0, &adotado), 5);
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+TEST_F(InterfaceC, PrivateWorkTablesLeaveTheFileAsItWas) {
+    const std::string antes = ConteudoDe(Arquivo());
+    const auto privado = Abrir(TARVO_SOMENTE_LEITURA | TARVO_TABELAS_PRIVADAS);
+    const auto objeto = Criar("RelatorioApuracaoOpProp");
+    EXPECT_EQ(tarvo_construir(objeto, privado, IE, DRQ), 0) << tarvo_erro_texto();
+    EXPECT_EQ(ConteudoDe(Arquivo()), antes);
+    const auto leitura = Abrir(TARVO_SOMENTE_LEITURA);
+    EXPECT_EQ(tarvo_construir(objeto, leitura, IE, DRQ), 3027);
+    for (const auto id : {privado, leitura, objeto}) {
+        EXPECT_EQ(tarvo_liberar(id), 0);
+    }
+}
+
+TEST_F(InterfaceC, ThreadsWithTheirOwnIdentifiersWorkAtTheSameTime) {
+    const auto trabalhar = [this](std::string& json) {
+        const auto meu = Abrir(TARVO_SOMENTE_LEITURA | TARVO_TABELAS_PRIVADAS);
+        const auto objeto = Criar("RelatorioApuracaoOpProp");
+        for (int i = 0; i < 5; ++i) {
+            EXPECT_EQ(tarvo_construir(objeto, meu, IE, DRQ), 0) << tarvo_erro_texto();
+            EXPECT_THAT(Exportar(objeto, TARVO_PDF), EndsWith("%%EOF\n"));
+        }
+        json = Exportar(objeto, TARVO_JSON);
+        EXPECT_EQ(tarvo_liberar(objeto), 0);
+        EXPECT_EQ(tarvo_liberar(meu), 0);
+    };
+    std::string um;
+    std::string outro;
+    std::thread linha(trabalhar, std::ref(um));
+    trabalhar(outro);
+    linha.join();
+    EXPECT_EQ(um, outro);
+    EXPECT_NE(um, "");
+}
+
+TEST_F(InterfaceC, TellsWhichTextsWereCut) {
+    auto dados = BancoSQLite::Abrir(Arquivo());
+    const std::string longa = "Rua que não acaba " + std::string(400, 'M');
+    dados->ExecutarScript("UPDATE tblContribuinte SET Bairro = '" + longa + "'");
+    const auto objeto = Criar("RelatorioCadastro");
+    ASSERT_EQ(tarvo_construir_cadastro(objeto, banco, IE), 0);
+    std::size_t quantos = 9;
+    EXPECT_EQ(tarvo_textos_cortados(objeto, &quantos), 0);
+    EXPECT_EQ(quantos, 0U);
+    Exportar(objeto, TARVO_PDF);
+    EXPECT_EQ(tarvo_textos_cortados(objeto, &quantos), 0);
+    ASSERT_EQ(quantos, 1U);
+    std::size_t pagina = 0;
+    tarvo_memoria texto = 0;
+    ASSERT_EQ(tarvo_texto_cortado(objeto, 1, &pagina, &texto), 0) << tarvo_erro_texto();
+    EXPECT_EQ(pagina, 1U);
+    const char* bytes = nullptr;
+    std::size_t tamanho = 0;
+    EXPECT_EQ(tarvo_memoria_bytes(texto, &bytes, &tamanho), 0);
+    EXPECT_EQ(bytes, longa);
+    EXPECT_EQ(tarvo_liberar(texto), 0);
+    EXPECT_EQ(tarvo_texto_cortado(objeto, 2, &pagina, &texto), 5);
+    EXPECT_EQ(tarvo_texto_cortado(objeto, 0, &pagina, &texto), 5);
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+}
+
+}  // namespace
+}  // namespace tarvo::teste

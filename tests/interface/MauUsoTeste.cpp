@@ -1,0 +1,201 @@
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <functional>
+#include <thread>
+
+#include "tests/interface/Exemplo.h"
+
+namespace tarvo::teste {
+namespace {
+
+using testing::HasSubstr;
+
+class MauUso : public ComExemplo {
+  protected:
+    tarvo_banco banco = Abrir();
+    tarvo_objeto pagamentos = Criar("RelatorioPagamentos");
+    tarvo_objeto relatorios = Criar("Relatorios");
+    tarvo_objeto guia = Criar("RelatorioVELO");
+
+    ~MauUso() override {
+        for (const auto id : {banco, pagamentos, relatorios, guia}) {
+            EXPECT_EQ(tarvo_liberar(id), 0);
+        }
+    }
+
+    // Every operation that takes an object, with good arguments otherwise.
+    using Operacao = std::function<std::int32_t(tarvo_objeto)>;
+    std::vector<Operacao> OperacoesDeObjetos() {
+        return {
+            [&](auto o) { return tarvo_definir_ref_atual(o, "07/2003"); },
+            [&](auto o) { return tarvo_executar(o, banco, IE, DRQ, 0); },
+            [&](auto o) { return tarvo_construir(o, banco, IE, DRQ); },
+            [&](auto o) { return tarvo_construir_cadastro(o, banco, IE); },
+            [&](auto o) { return tarvo_construir_velo(o, banco); },
+            [](auto o) { return tarvo_exibir(o); },
+            [](auto o) { return tarvo_ocultar(o); },
+            [](auto o) { return tarvo_imprimir(o); },
+            [&](auto o) { return tarvo_paginas(o, &tamanho); },
+            [&](auto o) { return tarvo_exportar_arquivo(o, TARVO_PDF, Saida("x.pdf").c_str()); },
+            [&](auto o) { return tarvo_exportar_memoria(o, TARVO_JSON, &memoria); },
+            [&](auto o) { return tarvo_textos_cortados(o, &tamanho); },
+            [&](auto o) { return tarvo_texto_cortado(o, 1, &tamanho, &memoria); },
+            [&](auto o) { return tarvo_campo_st(o, 51, banco, DRQ, texto, sizeof texto); },
+            [](auto o) { return tarvo_adicionar_total_op(o, 0, 0, 0); },
+        };
+    }
+
+    std::size_t tamanho = 0;
+    tarvo_memoria memoria = 0;
+    char texto[32] = "";
+};
+
+TEST_F(MauUso, NoOperationTakesWhatIsNoObject) {
+    const auto liberado = Criar("RelatorioPagamentos");
+    ASSERT_EQ(tarvo_liberar(liberado), 0);
+    for (const auto& operacao : OperacoesDeObjetos()) {
+        EXPECT_EQ(operacao(0), 91);
+        EXPECT_EQ(operacao(UINT64_MAX), 91);
+        EXPECT_EQ(operacao(liberado), 91);
+        EXPECT_THAT(tarvo_erro_texto(), HasSubstr("já foi liberado"));
+        EXPECT_EQ(operacao(banco), 13);
+    }
+    EXPECT_EQ(memoria, 0U);
+}
+
+TEST_F(MauUso, NoOperationTakesWhatIsNoDatabase) {
+    const auto liberado = Abrir();
+    ASSERT_EQ(tarvo_liberar(liberado), 0);
+    const auto cadastro = Criar("RelatorioCadastro");
+    const auto st = Criar("RelatorioApuracaoSubTrib");
+    for (const auto& [id, numero] :
+         {std::pair<tarvo_banco, int>{0, 91}, {liberado, 91}, {pagamentos, 13}}) {
+        EXPECT_EQ(tarvo_construir(pagamentos, id, IE, DRQ), id == pagamentos ? 20006 : numero);
+        EXPECT_EQ(tarvo_construir_cadastro(cadastro, id, IE), numero);
+        EXPECT_EQ(tarvo_construir_velo(guia, id), numero);
+        EXPECT_EQ(tarvo_executar(relatorios, id, IE, DRQ, 0), numero);
+        if (id != 0) {
+            EXPECT_EQ(tarvo_campo_st(st, 51, id, DRQ, texto, sizeof texto), numero);
+        }
+    }
+    EXPECT_EQ(tarvo_liberar(cadastro), 0);
+    EXPECT_EQ(tarvo_liberar(st), 0);
+}
+
+TEST_F(MauUso, ClassesRefuseTheOperationsOfOthers) {
+    EXPECT_EQ(tarvo_executar(pagamentos, banco, IE, DRQ, 0), 438);
+    EXPECT_EQ(tarvo_campo_st(pagamentos, 51, banco, DRQ, texto, sizeof texto), 438);
+    EXPECT_EQ(tarvo_adicionar_total_op(guia, 0, 0, 0), 438);
+    EXPECT_EQ(tarvo_imprimir(guia), 438);
+    EXPECT_THAT(tarvo_erro_texto(), HasSubstr("RelatoriosTarvo.RelatorioVELO"));
+    EXPECT_EQ(tarvo_construir(relatorios, banco, IE, DRQ), 438);
+    EXPECT_EQ(tarvo_exibir(relatorios), 438);
+    EXPECT_EQ(tarvo_exportar_memoria(relatorios, TARVO_PDF, &memoria), 438);
+    EXPECT_EQ(tarvo_paginas(relatorios, &tamanho), 438);
+}
+
+TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
+    EXPECT_EQ(tarvo_abrir_banco(nullptr, 0, &memoria), 5);
+    EXPECT_EQ(tarvo_abrir_banco("", 0, &memoria), 5);
+    EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), 0, nullptr), 5);
+    EXPECT_EQ(tarvo_criar(nullptr, &memoria), 5);
+    EXPECT_EQ(tarvo_criar("RelatoriosTarvo.RelatorioVELO", nullptr), 5);
+    EXPECT_EQ(tarvo_construir(pagamentos, banco, nullptr, DRQ), 5);
+    EXPECT_EQ(tarvo_executar(relatorios, banco, nullptr, DRQ, 0), 5);
+    EXPECT_EQ(tarvo_paginas(pagamentos, nullptr), 5);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, nullptr), 5);
+    EXPECT_EQ(tarvo_exportar_memoria(pagamentos, TARVO_PDF, nullptr), 5);
+    EXPECT_EQ(tarvo_memoria_bytes(1, nullptr, &tamanho), 5);
+    EXPECT_EQ(tarvo_textos_cortados(pagamentos, nullptr), 5);
+    EXPECT_EQ(tarvo_texto_cortado(pagamentos, 1, nullptr, &memoria), 5);
+    EXPECT_EQ(tarvo_campo_st(pagamentos, 51, banco, DRQ, nullptr, 9), 5);
+    EXPECT_EQ(tarvo_campo_st(pagamentos, 51, banco, DRQ, texto, 0), 5);
+    EXPECT_EQ(tarvo_aguardar_janelas(0, nullptr), 0);
+}
+
+TEST_F(MauUso, UnknownOptionsAndFormsAreRefused) {
+    EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), 4, &memoria), 5);
+    EXPECT_EQ(tarvo_exportar_memoria(pagamentos, 0, &memoria), 5);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, 3, Saida("x").c_str()), 5);
+    EXPECT_FALSE(std::filesystem::exists(Saida("x")));
+}
+
+TEST_F(MauUso, TextsThatAreNotUtf8AreRefused) {
+    for (const auto* ruim : {"\x80", "a\xC3", "\xC0\xAF", "\xE2\x82", "\xED\xA0\x80",
+                             "\xF4\x90\x80\x80", "\xFF", "\xF0\x80\x80\xAF"}) {
+        EXPECT_EQ(tarvo_construir(pagamentos, banco, ruim, DRQ), 5);
+        EXPECT_EQ(tarvo_criar(ruim, &memoria), 5);
+    }
+    EXPECT_EQ(tarvo_construir(pagamentos, banco, "São João € 𝄞", DRQ), 0) << tarvo_erro_texto();
+}
+
+TEST_F(MauUso, FilesThatCannotBeReadOrWrittenAreErrors) {
+    EXPECT_EQ(tarvo_abrir_banco(Saida("nenhum").c_str(), 0, &memoria), 3024);
+    EXPECT_THAT(tarvo_erro_texto(), HasSubstr("nenhum"));
+    EXPECT_EQ(memoria, 0U);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, Saida("sem/pasta.pdf").c_str()), 76);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_JSON, Saida("sem/pasta.json").c_str()), 76);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, "/dev/full"), 61);
+}
+
+TEST_F(MauUso, ReleasingTwiceIsAnErrorAndZeroIsNot) {
+    const auto objeto = Criar("RelatorioCadastro");
+    EXPECT_EQ(tarvo_liberar(objeto), 0);
+    EXPECT_EQ(tarvo_liberar(objeto), 91);
+    EXPECT_EQ(tarvo_liberar(0), 0);
+    EXPECT_EQ(tarvo_erro_numero(), 91);
+}
+
+TEST_F(MauUso, ADatabaseReleasedAfterABuildIsNoLongerNeeded) {
+    const auto passageiro = Abrir();
+    ASSERT_EQ(tarvo_construir(pagamentos, passageiro, IE, DRQ), 0);
+    ASSERT_EQ(tarvo_liberar(passageiro), 0);
+    EXPECT_THAT(Exportar(pagamentos, TARVO_JSON), HasSubstr("Datas de Pagamento"));
+    EXPECT_EQ(tarvo_construir(pagamentos, passageiro, IE, DRQ), 91);
+}
+
+TEST_F(MauUso, EachThreadHasItsOwnLastError) {
+    EXPECT_EQ(tarvo_criar("nenhuma", &memoria), 429);
+    std::thread([] {
+        EXPECT_EQ(tarvo_erro_numero(), 0);
+        EXPECT_STREQ(tarvo_erro_texto(), "");
+        EXPECT_EQ(tarvo_liberar(12345678), 91);
+    }).join();
+    EXPECT_EQ(tarvo_erro_numero(), 429);
+    EXPECT_THAT(tarvo_erro_texto(), HasSubstr("nenhuma"));
+}
+
+TEST_F(MauUso, ALongErrorTextIsCutAtACharacter) {
+    std::string nome = "a";
+    for (int i = 0; i < 3000; ++i) {
+        nome += "ção";
+    }
+    EXPECT_EQ(tarvo_criar(nome.c_str(), &memoria), 429);
+    const std::string cortado = tarvo_erro_texto();
+    EXPECT_THAT(cortado, testing::EndsWith("…"));
+    EXPECT_GT(cortado.size(), 2000U);
+    EXPECT_EQ(tarvo_criar(cortado.c_str(), &memoria), 429) << "the text is no longer UTF-8";
+}
+
+// Two threads share identifiers against the rules: every call ends, with its result or an error.
+TEST_F(MauUso, IdentifiersSharedBetweenThreadsEndInErrorsOnly) {
+    std::atomic<int> feitas = 0;
+    const auto abusar = [&] {
+        for (int i = 0; i < 40; ++i) {
+            const int erro = tarvo_construir(pagamentos, banco, IE, DRQ);
+            EXPECT_TRUE(erro == 0 || erro == 20006) << tarvo_erro_texto();
+            feitas += erro == 0 ? 1 : 0;
+            std::size_t paginas = 0;
+            const int outro = tarvo_paginas(pagamentos, &paginas);
+            EXPECT_TRUE(outro == 20006 || paginas >= 1);
+        }
+    };
+    std::thread linha(abusar);
+    abusar();
+    linha.join();
+    EXPECT_GT(feitas, 0);
+}
+
+}  // namespace
+}  // namespace tarvo::teste
