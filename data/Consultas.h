@@ -6,8 +6,6 @@
 
 #include "data/Publico.h"
 
-#include "data/Publico.h"
-
 // The query texts that several reports share, and the only place where values enter a query.
 namespace tarvo {
 
