@@ -68,7 +68,7 @@ int Listar(const Argumentos& a, std::ostream& saida) {
 
 int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     return ParaCadaRelatorio(a, erros, [&](const std::string& codigo, const Relatorio& relatorio) {
-        const ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
+        ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
         saida << NomeDoArquivo(codigo) << "  " << resultado.paginas
               << (resultado.paginas == 1 ? " página\n" : " páginas\n");
         return resultado;
@@ -116,15 +116,7 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
 }  // namespace
 
 int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, std::ostream& erros) {
-    try {
-        return Despachar(argumentos, saida, erros);
-    } catch (const UsoErrado& uso) {
-        DizerUsoErrado(erros, uso.what());
-        return Incompreendido;
-    } catch (const Erro& erro) {
-        DizerErro(erros, erro);
-        return Falhou;
-    }
+    return DizendoErros(erros, [&] { return Despachar(argumentos, saida, erros); });
 }
 
 }  // namespace tarvo::host

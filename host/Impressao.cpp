@@ -11,7 +11,7 @@ namespace tarvo::host {
 int ImprimirRelatorios(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     return ParaCadaRelatorio(a, erros, [&](const std::string& codigo, const Relatorio& relatorio) {
         std::string pdf;
-        const ResultadoPDF resultado = RenderizarPDF(relatorio.Documento(), pdf);
+        ResultadoPDF resultado = RenderizarPDF(relatorio.Documento(), pdf);
         const int trabalho = EnviarTrabalho({.pdf = pdf,
                                              .titulo = relatorio.Documento().tituloResumido,
                                              .impressora = a.impressora});

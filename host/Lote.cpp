@@ -284,6 +284,7 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
     const CapturaDeSinais captura;
     {
         std::vector<std::jthread> trabalhadores;
+        trabalhadores.reserve(static_cast<std::size_t>(a.trabalhos));
         for (int i = 0; i < a.trabalhos; ++i) {
             trabalhadores.emplace_back([&lote] { Trabalhar(lote); });
         }

@@ -91,7 +91,7 @@ Comandos::Comandos(QMainWindow& janela, const std::function<void(Comando)>& acao
     QMenu* menu = nullptr;
     const char* titulo = nullptr;
     for (const auto& descricao : Tabela) {
-        if (titulo != descricao.menu) {
+        if (menu == nullptr || titulo != descricao.menu) {
             titulo = descricao.menu;
             menu = janela.menuBar()->addMenu(ParaQt(titulo));
         }

@@ -11,7 +11,7 @@ namespace {
 constexpr Centesimos Folga = 2;
 // Longer than any word of the language: such a thing is broken rather than the block set smaller.
 constexpr std::size_t MaiorPalavra = 30;
-constexpr int PassoReducao = 500;  // hundredths of a per cent
+constexpr int PassoReducao = 200;  // hundredths of a per cent
 
 Centesimos Reduzir(Centesimos tamanho, int escala) {
     return static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * escala / Inteiro);

@@ -159,7 +159,7 @@ class TradutorSelecao {
                 !std::ranges::all_of(condicao.partes, ehColuna)) {
                 continue;
             }
-            for (const std::size_t lado : {0, 1}) {
+            for (const std::size_t lado : {0U, 1U}) {
                 const ColunaAchada conhecida = escopo_.Exigir(condicao.partes[1 - lado]);
                 for (const auto& [coluna, texto] : conhecidas) {
                     if (coluna == conhecida) {
