@@ -12,7 +12,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "host/desktop/AreaDeTrabalho.h"
+#include "host/desktop/AmbienteComJanelas.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo::host {
@@ -32,8 +32,8 @@ class JanelaPrincipalTeste : public apoio::Previas {
   protected:
     JanelaPrincipalTeste() {
         setenv("XDG_CONFIG_HOME", pasta.Caminho().c_str(), 1);
-        area = std::make_unique<AreaDeTrabalho>(std::nullopt);
-        janela = std::make_unique<JanelaPrincipal>(*area);
+        pecas = std::make_unique<AmbienteComJanelas>(std::nullopt);
+        janela = std::make_unique<JanelaPrincipal>(*pecas);
         janela->show();
         janela->Abrir(banco.Arquivo());
         lista = janela->findChild<QTableView*>(u"declaracoes"_s);
@@ -60,7 +60,7 @@ class JanelaPrincipalTeste : public apoio::Previas {
     }
 
     BancoDeTeste banco{Script};
-    std::unique_ptr<AreaDeTrabalho> area;
+    std::unique_ptr<AmbienteComJanelas> pecas;
     std::unique_ptr<JanelaPrincipal> janela;
     QTableView* lista = nullptr;
     QLineEdit* busca = nullptr;
