@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "host/Exportacao.h"
+#include "host/Mensagens.h"
 
 // The command line, read and checked.
 namespace tarvo::host {
@@ -44,12 +44,6 @@ struct Argumentos {
     int trabalhos = 1;     // threads
     bool unico = false;    // one PDF per declaration, with an outline
     bool retomar = false;  // go on where an earlier call stopped
-};
-
-// The command line cannot be understood; what() says why, in Portuguese.
-class UsoErrado : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
 };
 
 // argumentos: without the program's name. Raises UsoErrado.

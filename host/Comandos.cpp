@@ -116,15 +116,7 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
 }  // namespace
 
 int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, std::ostream& erros) {
-    try {
-        return Despachar(argumentos, saida, erros);
-    } catch (const UsoErrado& uso) {
-        DizerUsoErrado(erros, uso.what());
-        return Incompreendido;
-    } catch (const Erro& erro) {
-        DizerErro(erros, erro);
-        return Falhou;
-    }
+    return DizendoErros(erros, [&] { return Despachar(argumentos, saida, erros); });
 }
 
 }  // namespace tarvo::host

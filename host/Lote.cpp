@@ -11,11 +11,11 @@
 #include <thread>
 
 #include "data/Formatos.h"
-#include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
 #include "host/Mensagens.h"
 #include "host/ResumoLote.h"
 #include "platform/arquivo/Arquivos.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {

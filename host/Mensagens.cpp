@@ -44,8 +44,16 @@ void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto)
     }
 }
 
-void DizerUsoErrado(std::ostream& erros, std::string_view motivo) {
-    erros << "uso incorreto: " << motivo << "\n  Veja relatorios-tarvo --ajuda\n";
+int DizendoErros(std::ostream& erros, const std::function<int()>& comando) {
+    try {
+        return comando();
+    } catch (const UsoErrado& uso) {
+        erros << "uso incorreto: " << uso.what() << "\n  Veja relatorios-tarvo --ajuda\n";
+        return Incompreendido;
+    } catch (const Erro& erro) {
+        DizerErro(erros, erro);
+        return Falhou;
+    }
 }
 
 }  // namespace tarvo::host

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
+#include <stdexcept>
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
@@ -18,6 +20,14 @@ enum Situacao : int {
 // "erro NÚMERO: descrição", and a second line with what to do where there is something to do.
 // contexto, when not empty, comes before the description ("10-RelatorioApuracaoOpProp").
 void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "");
-void DizerUsoErrado(std::ostream& erros, std::string_view motivo);
+
+// The command line cannot be understood; what() says why, in Portuguese.
+class UsoErrado : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// Runs a command and returns its exit status; the error that ends it is said.
+int DizendoErros(std::ostream& erros, const std::function<int()>& comando);
 
 }  // namespace tarvo::host

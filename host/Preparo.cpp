@@ -5,9 +5,9 @@
 #include <ostream>
 
 #include "data/Formatos.h"
-#include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
 #include "host/Mensagens.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/ConfiguracoesDaChamada.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/configuracoes/ConfiguracoesIni.h"
 #include "platform/desktop/AndamentoQt.h"
 #include "platform/desktop/VisualizadorQt.h"

@@ -78,7 +78,7 @@ int AbrirJanela(const Argumentos& a) {
 }  // namespace
 
 int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
-    try {
+    return DizendoErros(erros, [&] {
         const Argumentos a = LerArgumentos({argv + 1, argv + argc});
         ExigirTela();
         const QApplication aplicacao(argc, argv);
@@ -93,13 +93,7 @@ int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
             default:
                 return AbrirJanela(a);
         }
-    } catch (const UsoErrado& uso) {
-        DizerUsoErrado(erros, uso.what());
-        return Incompreendido;
-    } catch (const Erro& erro) {
-        DizerErro(erros, erro);
-        return Falhou;
-    }
+    });
 }
 
 }  // namespace tarvo::host
