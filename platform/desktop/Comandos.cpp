@@ -113,9 +113,10 @@ Comandos::Comandos(QMainWindow& janela, const std::function<void(Comando)>& acao
 QString Comandos::ListaDeAtalhos() {
     QString linhas;
     for (const auto& descricao : Tabela) {
-        linhas += AtalhoMostrado(descricao) + u'\t' + SemMnemonico(descricao.texto) + u'\n';
+        linhas += u"<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>"_s.arg(
+            AtalhoMostrado(descricao).toHtmlEscaped(), SemMnemonico(descricao.texto));
     }
-    return linhas;
+    return u"<table>"_s + linhas + u"</table>"_s;
 }
 
 }  // namespace tarvo

@@ -46,7 +46,7 @@ class Comandos {
     [[nodiscard]] QAction& operator[](Comando comando) const {
         return *acoes_.at(static_cast<std::size_t>(comando));
     }
-    // "Ctrl+P" and the command's name, a line each.
+    // Shortcut and name of every command, as a table of rich text.
     static QString ListaDeAtalhos();
 
   private:

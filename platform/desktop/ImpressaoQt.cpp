@@ -1,11 +1,13 @@
 #include "platform/desktop/ImpressaoQt.h"
 
-#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QTimer>
+#include <climits>
 
 #include "platform/arquivo/Arquivos.h"
 #include "platform/desktop/ApoioQt.h"
@@ -82,7 +84,12 @@ void ImpressaoQt::AbrirDialogo() {
     dialogo_->setFromTo(1, documento_.paginas);
     connect(dialogo_, &QDialog::accepted, this, [this] { AceitarDialogo(*dialogo_); });
     connect(dialogo_, &QDialog::rejected, this, [this] { Terminar(ErroCancelado()); });
-    dialogo_->open();
+    if (dialogoBloqueia_) {
+        dialogo_->setModal(true);
+        dialogo_->show();
+    } else {
+        dialogo_->open();
+    }
 }
 
 void ImpressaoQt::AceitarDialogo(QPrintDialog& dialogo) {
@@ -142,39 +149,48 @@ void ImpressaoQt::Terminar(const std::optional<Erro>& erro) {
     }
 }
 
+// The program's windows take no input meanwhile: until it is clear that it takes long by leaving
+// the user's actions waiting, then by the window that offers to cancel.
 void ImpressaoQt::ImprimirEEsperar(QWidget* janela, const DocumentoImpresso& documento,
                                    bool perguntar) {
-    constexpr int Paciencia = 800;  // ms before the user is told that it takes long
-    QEventLoop espera;
+    constexpr int Paciencia = 800;  // ms
+    bool terminou = false;
     std::optional<Erro> resultado;
     ImpressaoQt impressao(nullptr);
     impressao.janela_ = janela;
+    impressao.dialogoBloqueia_ = true;
     impressao.aoTerminar = [&](const std::optional<Erro>& erro) {
         resultado = erro;
-        espera.quit();
+        terminou = true;
     };
     QProgressDialog aviso(u"Enviando à impressora…"_s, u"Cancelar"_s, 0, 0, janela);
+    aviso.setObjectName(u"avisoImpressao"_s);
     aviso.setWindowModality(Qt::ApplicationModal);
     aviso.setWindowTitle(ParaQt(documento.titulo));
-    aviso.setMinimumDuration(0);
-    aviso.reset();
-    QObject::connect(&aviso, &QProgressDialog::canceled, &impressao,
-                     [&impressao] { impressao.Cancelar(); });
-    QTimer demora;
-    demora.setSingleShot(true);
-    QObject::connect(&demora, &QTimer::timeout, &aviso, [&] {
-        // The print dialog says enough while it is open.
-        if (impressao.dialogo_ == nullptr) {
-            aviso.show();
-        }
+    aviso.setMinimumDuration(INT_MAX);
+    connect(&aviso, &QProgressDialog::canceled, &impressao, [&] {
+        impressao.Cancelar();
+        aviso.setLabelText(u"Cancelando…"_s);
     });
-    demora.start(Paciencia);
+    QElapsedTimer tempo;
+    tempo.start();
+    QTimer relogio;
+    relogio.start(100);
     if (perguntar) {
         impressao.Perguntar(documento);
-        espera.exec();
     } else {
         impressao.Enviar(documento);
-        espera.exec();
+    }
+    while (!terminou) {
+        const bool perguntando = impressao.dialogo_ != nullptr && impressao.dialogo_->isVisible();
+        aviso.setVisible(!perguntando && tempo.elapsed() > Paciencia);
+        if (perguntando) {
+            tempo.restart();
+        }
+        QCoreApplication::processEvents(perguntando || aviso.isVisible()
+                                            ? QEventLoop::WaitForMoreEvents
+                                            : QEventLoop::WaitForMoreEvents |
+                                                  QEventLoop::ExcludeUserInputEvents);
     }
     if (resultado) {
         throw Erro(*resultado);

@@ -59,6 +59,7 @@ class ImpressaoQt final : public QObject {
     std::shared_ptr<std::atomic<bool>> cancelar_;
     QPointer<QPrintDialog> dialogo_;
     bool emCurso_ = false;
+    bool dialogoBloqueia_ = false;  // all windows, not only janela_
 };
 
 }  // namespace tarvo

@@ -176,7 +176,7 @@ void JanelaVisualizacao::Executar(Comando comando) {
             campoPagina_->setFocus();
             return campoPagina_->selectAll();
         case Comando::Atalhos:
-            return DizerErro(Comandos::ListaDeAtalhos());
+            return Dizer(QMessageBox::Information, Comandos::ListaDeAtalhos());
         default:
             ExecutarNaVista(comando);
             AtualizarEstado();
@@ -265,13 +265,13 @@ void JanelaVisualizacao::GravarEm(const QString& arquivo) {
         GravarArquivo(arquivo.toStdString(), *documento_.pdf);
         statusBar()->showMessage(u"Salvo em %1"_s.arg(arquivo), 5000);
     } catch (const Erro& erro) {
-        DizerErro(TextoDoErro(erro));
+        Dizer(QMessageBox::Warning, TextoDoErro(erro));
     }
 }
 
-void JanelaVisualizacao::DizerErro(const QString& texto) {
-    auto* caixa =
-        new QMessageBox(QMessageBox::Warning, windowTitle(), texto, QMessageBox::Ok, this);
+void JanelaVisualizacao::Dizer(int icone, const QString& texto) {
+    auto* caixa = new QMessageBox(static_cast<QMessageBox::Icon>(icone), windowTitle(), texto,
+                                  QMessageBox::Ok, this);
     caixa->setAttribute(Qt::WA_DeleteOnClose);
     caixa->open();
 }

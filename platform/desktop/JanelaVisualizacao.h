@@ -68,7 +68,7 @@ class JanelaVisualizacao final : public QMainWindow {
     void AbrirBusca();
     void FecharBusca();
     void LerAmpliacao();
-    void DizerErro(const QString& texto);
+    void Dizer(int icone, const QString& texto);  // QMessageBox::Icon
     void LerPreferencias();
     void GuardarPreferencias();
     void Afastar();  // from other previews at the same place

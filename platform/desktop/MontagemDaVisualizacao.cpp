@@ -2,6 +2,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QToolBar>
@@ -133,7 +134,7 @@ void JanelaVisualizacao::CriarImpressao() {
             statusBar()->showMessage(ParaQt(erro->Descricao()), 5000);
         } else {
             statusBar()->clearMessage();
-            DizerErro(TextoDoErro(*erro));
+            Dizer(QMessageBox::Warning, TextoDoErro(*erro));
         }
     };
 }

@@ -111,5 +111,27 @@ TEST_F(ImpressaoDaPrevia, TheWindowPrintsAndTellsHowItEnded) {
     EXPECT_THAT(caixa()->text().toStdString(), HasSubstr("parada"));
 }
 
+TEST(ImpressaoComServicoMudo, NoWindowFreezesAndTheUserCanCancel) {
+    const apoio::ServicoMudo mudo;
+    FabricaVisualizadoresQt fabrica;
+    DocumentoRelatorio documento({.visualizadores = &fabrica});
+    MontarTabela(documento, 1);
+    int batidas = 0;
+    QTimer relogio;
+    QObject::connect(&relogio, &QTimer::timeout, [&] {
+        ++batidas;
+        for (auto* janela : QApplication::topLevelWidgets()) {
+            if (janela->objectName() == u"avisoImpressao"_s && janela->isVisible()) {
+                QTest::mouseClick(janela->findChild<QPushButton*>(), Qt::LeftButton);
+            }
+        }
+    });
+    relogio.start(50);
+    bool perguntar = false;
+    const Erro erro = ErroDe([&] { documento.Imprimir(perguntar); });
+    EXPECT_EQ(erro.Numero(), NumeroErro::Cancelado) << erro.Descricao();
+    EXPECT_GT(batidas, 10);
+}
+
 }  // namespace
 }  // namespace tarvo

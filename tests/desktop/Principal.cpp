@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QThreadPool>
 
 #include "platform/desktop/ApoioQt.h"
 
@@ -10,5 +11,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     QApplication aplicacao(argc, argv);
     tarvo::InstalarTraducao();
+    // Every printing gets a new thread, which looks for the print service of its test.
+    QThreadPool::globalInstance()->setExpiryTimeout(0);
     return RUN_ALL_TESTS();
 }

@@ -161,6 +161,7 @@ class RelatoriosTeste : public testing::Test {
 TEST_F(RelatoriosTeste, CreatesAndReleasesTheReportsInListOrder) {
     relatorios.reset();
     std::vector<std::string> liberados;
+    liberados.reserve(18);
     for (int i = 0; i < 18; ++i) {
         liberados.push_back("liberar " + std::to_string(i));
     }

@@ -1,9 +1,5 @@
 #include "platform/impressao/FilaImpressao.h"
 
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <fstream>
 #include <future>
@@ -139,32 +135,6 @@ TEST_F(FilaImpressao, ListsThePrintersThatCanBeChosen) {
     EXPECT_FALSE(impressoras[1].padrao);
 }
 
-// Answers connections and then says nothing.
-class ServicoMudo {
-  public:
-    ServicoMudo() {
-        sockaddr_in endereco{.sin_family = AF_INET,
-                             .sin_port = 0,
-                             .sin_addr = {htonl(INADDR_LOOPBACK)},
-                             .sin_zero = {}};
-        socklen_t tamanho = sizeof endereco;
-        auto* geral = reinterpret_cast<sockaddr*>(&endereco);
-        EXPECT_EQ(bind(escuta_, geral, tamanho), 0);
-        EXPECT_EQ(listen(escuta_, 8), 0);
-        getsockname(escuta_, geral, &tamanho);
-        setenv("CUPS_SERVER", ("127.0.0.1:" + std::to_string(ntohs(endereco.sin_port))).c_str(), 1);
-    }
-    ~ServicoMudo() {
-        close(escuta_);
-        unsetenv("CUPS_SERVER");
-    }
-    ServicoMudo(const ServicoMudo&) = delete;
-    ServicoMudo& operator=(const ServicoMudo&) = delete;
-
-  private:
-    int escuta_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-};
-
 // The print library reads where its service is once per thread.
 template <class Acao>
 Erro ErroEmOutraThread(Acao acao) {
@@ -181,7 +151,7 @@ TEST(FilaImpressaoSemServico, AnUnreachableServiceIsSaid) {
 
 TEST(FilaImpressaoSemServico, WaitingForASilentServiceCanBeCancelled) {
     using namespace std::chrono_literals;
-    const ServicoMudo mudo;
+    const apoio::ServicoMudo mudo;
     std::atomic<bool> cancelar = false;
     std::thread usuario([&] {
         std::this_thread::sleep_for(500ms);

@@ -1,7 +1,9 @@
 #include "tests/impressao/ServicoDeImpressao.h"
 
 #include <fcntl.h>
+#include <netinet/in.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -94,6 +96,23 @@ std::filesystem::path ServicoDeImpressao::Chegada(const std::string& nomeDoTraba
 std::ptrdiff_t ServicoDeImpressao::Trabalhos() const {
     const auto lista = Saida("lpstat -W all -o");
     return std::count(lista.begin(), lista.end(), '\n');
+}
+
+ServicoMudo::ServicoMudo() : escuta_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in endereco{
+        .sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
+    socklen_t tamanho = sizeof endereco;
+    auto* geral = reinterpret_cast<sockaddr*>(&endereco);
+    if (bind(escuta_, geral, tamanho) != 0 || listen(escuta_, 8) != 0) {
+        throw std::runtime_error("no socket");
+    }
+    getsockname(escuta_, geral, &tamanho);
+    setenv("CUPS_SERVER", ("127.0.0.1:" + std::to_string(ntohs(endereco.sin_port))).c_str(), 1);
+}
+
+ServicoMudo::~ServicoMudo() {
+    close(escuta_);
+    unsetenv("CUPS_SERVER");
 }
 
 }  // namespace tarvo::apoio

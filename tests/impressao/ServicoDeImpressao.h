@@ -33,4 +33,17 @@ class ServicoDeImpressao {
     int entrada_ = -1;
 };
 
+// A print service that takes connections and then says nothing; that of this process while the
+// object lives. The print library reads where its service is once per thread.
+class ServicoMudo {
+  public:
+    ServicoMudo();
+    ~ServicoMudo();
+    ServicoMudo(const ServicoMudo&) = delete;
+    ServicoMudo& operator=(const ServicoMudo&) = delete;
+
+  private:
+    int escuta_;
+};
+
 }  // namespace tarvo::apoio
