@@ -49,8 +49,9 @@ class TARVO_PUBLICO BancoSQLite : public BancoDados {
     virtual void ExecutarScript(std::string_view sql) = 0;
 };
 
-// Creates an empty declaration database, in WAL mode. Errors: 3204 the file exists, 76 no such
-// folder, 70 no permission, 61 no space. On any error no file is left behind.
-TARVO_PUBLICO void CriarBanco(const std::filesystem::path& arquivo);
+// Creates a declaration database, in WAL mode: empty, or filled by a script of SQLite's dialect.
+// The file appears once it is complete. Errors: 3204 the file exists, 76 no such folder, 70 no
+// permission, 61 no space. On any error no file is left behind.
+TARVO_PUBLICO void CriarBanco(const std::filesystem::path& arquivo, std::string_view script = {});
 
 }  // namespace tarvo
