@@ -113,19 +113,13 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
 }  // namespace
 
 int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, std::ostream& erros) {
-    try {
+    return DizendoErros(erros, [&] {
         const int situacao = Despachar(argumentos, saida, erros);
         if (!saida.flush()) {
             throw Erro(NumeroErro::ErroDispositivo, "A saída padrão não pôde ser escrita.");
         }
         return situacao;
-    } catch (const UsoErrado& uso) {
-        DizerUsoErrado(erros, uso.what());
-        return Incompreendido;
-    } catch (...) {
-        DizerErro(erros, ErroCorrente());
-        return Falhou;
-    }
+    });
 }
 
 }  // namespace tarvo::host

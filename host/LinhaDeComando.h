@@ -1,8 +1,9 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "host/Mensagens.h"
 
 // The grammar of the command line: which commands there are, which options each takes, and their
 // help. What the options' values mean is read from them in Argumentos.
@@ -41,12 +42,6 @@ struct LinhaDeComando {
     bool exemplo = false;
     bool unico = false;
     bool retomar = false;
-};
-
-// The command line cannot be understood; what() says why, in Portuguese.
-class UsoErrado : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
 };
 
 // argumentos: without the program's name. Raises UsoErrado.

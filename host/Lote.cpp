@@ -9,7 +9,6 @@
 #include <thread>
 
 #include "data/Formatos.h"
-#include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
 #include "host/Interrupcao.h"
 #include "host/LotesAnteriores.h"
@@ -18,6 +17,7 @@
 #include "host/ResumoLote.h"
 #include "host/SelecaoLote.h"
 #include "platform/arquivo/Arquivos.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {

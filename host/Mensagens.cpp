@@ -75,8 +75,16 @@ void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto,
     DizerConselho(erros, erro, configuracoes);
 }
 
-void DizerUsoErrado(std::ostream& erros, std::string_view motivo) {
-    erros << "uso incorreto: " << motivo << "\n  Veja relatorios-tarvo --ajuda\n";
+int DizendoErros(std::ostream& erros, const std::function<int()>& comando) {
+    try {
+        return comando();
+    } catch (const UsoErrado& uso) {
+        erros << "uso incorreto: " << uso.what() << "\n  Veja relatorios-tarvo --ajuda\n";
+        return Incompreendido;
+    } catch (...) {
+        DizerErro(erros, ErroCorrente());
+        return Falhou;
+    }
 }
 
 }  // namespace tarvo::host

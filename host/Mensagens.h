@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
+#include <stdexcept>
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
@@ -30,6 +32,14 @@ void DizerConselho(std::ostream& erros, const Erro& erro,
 // Both.
 void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "",
                const Configuracoes* configuracoes = nullptr);
-void DizerUsoErrado(std::ostream& erros, std::string_view motivo);
+
+// The command line cannot be understood; what() says why, in Portuguese.
+class UsoErrado : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// Runs a command and returns its exit status; the error that ends it is said.
+int DizendoErros(std::ostream& erros, const std::function<int()>& comando);
 
 }  // namespace tarvo::host

@@ -6,9 +6,9 @@
 #include <ostream>
 
 #include "data/Formatos.h"
-#include "host/ConfiguracoesDaChamada.h"
 #include "host/Declaracoes.h"
 #include "host/Mensagens.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/sqlite/BancoSQLite.h"
 
 namespace tarvo::host {

@@ -9,7 +9,7 @@ namespace tarvo::c {
 Objeto::Objeto(std::string_view nome)
     : nome_(nome),
       objeto_(CriarObjeto(
-          nome, {.visualizadores = &VisualizadoresSobDemanda(), .configuracoes = &ajustes_},
+          nome, {.visualizadores = &VisualizadoresSobDemanda(), .configuracoes = &configuracoes_},
           &SelecaoSobDemanda())) {}
 
 Relatorios& Objeto::EntradaDasClasses() {
@@ -32,14 +32,7 @@ void Objeto::DefinirReferencia(std::optional<std::string> mesAno) {
     if (mesAno) {
         static_cast<void>(DataDeReferencia(*mesAno));
     }
-    ajustes_.referencia = std::move(mesAno);
-}
-
-std::string Objeto::Ajustes::Ler(std::string_view aplicacao, std::string_view secao,
-                                 std::string_view chave, std::string_view padrao) const {
-    return referencia && chave == AjusteRefAtual::Chave
-               ? *referencia
-               : doUsuario_.Ler(aplicacao, secao, chave, padrao);
+    configuracoes_ = ConfiguracoesDaChamada(std::move(mesAno));
 }
 
 void Objeto::UsarImpressao() {

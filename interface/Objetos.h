@@ -9,7 +9,7 @@
 
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
-#include "platform/configuracoes/ConfiguracoesIni.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/pdf/RenderizadorPDF.h"
 #include "platform/sqlite/BancoSQLite.h"
 
@@ -66,21 +66,10 @@ class Objeto final : public Recurso {
     std::vector<TextoCortado> cortados;
 
   private:
-    class Ajustes final : public Configuracoes {
-      public:
-        std::optional<std::string> referencia;
-        [[nodiscard]] std::string Ler(std::string_view aplicacao, std::string_view secao,
-                                      std::string_view chave,
-                                      std::string_view padrao) const override;
-
-      private:
-        ConfiguracoesIni doUsuario_;
-    };
-
     [[noreturn]] void RecusarOperacao() const;
 
     std::string nome_;
-    Ajustes ajustes_;
+    ConfiguracoesDaChamada configuracoes_;
     bool comJanelas_ = false;
     ObjetoPublico objeto_;
 };

@@ -148,6 +148,8 @@ std::string CampoST(const RelatorioApuracaoSubTrib& relatorio, std::int32_t camp
 
 }  // namespace
 
+static_assert(TARVO_VERSAO == TARVO_VERSAO_DO_PROJETO);
+
 int32_t tarvo_versao(void) {
     return TARVO_VERSAO;
 }

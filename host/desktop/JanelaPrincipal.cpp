@@ -18,7 +18,7 @@
 
 #include "document/Imagens.h"
 #include "host/Declaracoes.h"
-#include "host/desktop/AreaDeTrabalho.h"
+#include "host/desktop/AmbienteComJanelas.h"
 #include "host/desktop/Recentes.h"
 #include "platform/desktop/ApoioQt.h"
 
@@ -33,8 +33,8 @@ constexpr int LarguraMaxima = 340;  // of a column; the tool tip shows what is c
 
 }  // namespace
 
-JanelaPrincipal::JanelaPrincipal(AreaDeTrabalho& area)
-    : area_(area), selecao_(this), filtradas_(modelo_) {
+JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
+    : ambiente_(ambiente), selecao_(this), filtradas_(modelo_) {
     setObjectName(u"janelaPrincipal"_s);
     setWindowTitle(u"Relatórios Tarvo"_s);
     setWindowIcon(IconeDe(&frmFiguras::imgIconeR));
@@ -132,7 +132,7 @@ void JanelaPrincipal::EscolherArquivo() {
 
 void JanelaPrincipal::MostrarRecentes(QMenu& menu) {
     menu.clear();
-    for (const auto& recente : LerRecentes(area_.Preferencias())) {
+    for (const auto& recente : LerRecentes(ambiente_.Preferencias())) {
         menu.addAction(QString(recente).replace(u'&', u"&&"_s), this,
                        [this, recente] { Abrir(recente.toStdString()); });
     }
@@ -150,13 +150,13 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
         modelo_.Ler(*banco);
         relatorios_.reset();
         banco_ = std::move(banco);
-        relatorios_ = std::make_unique<Relatorios>(area_.AmbienteDosRelatorios(), selecao_);
+        relatorios_ = std::make_unique<Relatorios>(ambiente_.DosRelatorios(), selecao_);
     } catch (const Erro& erro) {
         return DizerErro(erro);
     }
     const QFileInfo nome(ParaQt(arquivo.string()));
     setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
-    AcrescentarRecente(area_.Preferencias(), nome.absoluteFilePath());
+    AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
     lista_->resizeColumnsToContents();
     for (int coluna = 0; coluna < ModeloDeclaracoes::Colunas; ++coluna) {
         lista_->setColumnWidth(coluna, std::min(lista_->columnWidth(coluna), LarguraMaxima));
@@ -179,7 +179,7 @@ void JanelaPrincipal::AbrirDeclaracao(const QModelIndex& indice) {
     const std::int32_t numero = *linha.NroDRQ;
     ocupada_ = true;
     try {
-        const auto fim = area_.ConcluirAndamentoNoFim();
+        const auto fim = ambiente_.ConcluirAndamentoNoFim();
         const auto IE = linha.IE.empty() ? PerguntarContribuinte() : linha.IE;
         if (!IE.empty()) {
             relatorios_->Executar(*banco_, IE, numero, 0);
@@ -203,7 +203,7 @@ std::string JanelaPrincipal::PerguntarContribuinte() {
 
 void JanelaPrincipal::DefinirRefAtual() {
     try {
-        auto& preferencias = area_.Preferencias();
+        auto& preferencias = ambiente_.Preferencias();
         auto texto = ParaQt(preferencias.Ler("Tarvo", "pRef", "RefAtual", ""));
         bool aceito = true;
         do {
@@ -241,7 +241,7 @@ void JanelaPrincipal::DizerErro(const Erro& erro) {
 // Losing the window's place is no error.
 void JanelaPrincipal::LerGeometria() {
     try {
-        const auto geometria = area_.Preferencias().Ler("Tarvo", Secao, "Geometria", "");
+        const auto geometria = ambiente_.Preferencias().Ler("Tarvo", Secao, "Geometria", "");
         restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometria)));
     } catch (const Erro&) {
         return;
@@ -251,8 +251,8 @@ void JanelaPrincipal::LerGeometria() {
 void JanelaPrincipal::closeEvent(QCloseEvent* evento) {
     QMainWindow::closeEvent(evento);
     try {
-        area_.Preferencias().Gravar("Tarvo", Secao, "Geometria",
-                                    saveGeometry().toBase64().toStdString());
+        ambiente_.Preferencias().Gravar("Tarvo", Secao, "Geometria",
+                                        saveGeometry().toBase64().toStdString());
     } catch (const Erro&) {
         return;
     }

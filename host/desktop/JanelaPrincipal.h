@@ -16,14 +16,14 @@ class QTableView;
 
 namespace tarvo::host {
 
-class AreaDeTrabalho;
+class AmbienteComJanelas;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
 // selection dialog. Errors are told in a box and leave the window as it was.
 class JanelaPrincipal final : public QMainWindow {
   public:
-    // area outlives the window.
-    explicit JanelaPrincipal(AreaDeTrabalho& area);
+    // ambiente outlives the window.
+    explicit JanelaPrincipal(AmbienteComJanelas& ambiente);
     ~JanelaPrincipal() override;
 
     // Puts another database in the place of the open one and closes its previews.
@@ -45,7 +45,7 @@ class JanelaPrincipal final : public QMainWindow {
     void DizerQuantas();
     void DizerErro(const Erro& erro);
 
-    AreaDeTrabalho& area_;
+    AmbienteComJanelas& ambiente_;
     JanelaSelecaoQt selecao_;
     std::unique_ptr<BancoSQLite> banco_;
     std::unique_ptr<Relatorios> relatorios_;

@@ -7,7 +7,7 @@
 #include "dispatch/Relatorios.h"
 #include "host/Argumentos.h"
 #include "host/Mensagens.h"
-#include "host/desktop/AreaDeTrabalho.h"
+#include "host/desktop/AmbienteComJanelas.h"
 #include "host/desktop/JanelaPrincipal.h"
 #include "host/desktop/Tela.h"
 #include "platform/desktop/ApoioQt.h"
@@ -45,19 +45,19 @@ int ComAsJanelas(std::ostream& erros, Acao&& acao) {
 
 int Selecionar(const Argumentos& a, std::ostream& erros) {
     const auto banco = BancoSQLite::Abrir(a.banco);
-    AreaDeTrabalho area(a.refAtual);
+    AmbienteComJanelas ambiente(a.refAtual);
     JanelaSelecaoQt janela;
-    Relatorios relatorios(area.AmbienteDosRelatorios(), janela);
+    Relatorios relatorios(ambiente.DosRelatorios(), janela);
     return ComAsJanelas(erros, [&] {
-        const auto fim = area.ConcluirAndamentoNoFim();
+        const auto fim = ambiente.ConcluirAndamentoNoFim();
         relatorios.Executar(*banco, a.IE.value_or(""), a.NumeroDRQ.value_or(0), a.opcoes);
     });
 }
 
 int MostrarVelo(const Argumentos& a, std::ostream& erros) {
     const auto banco = BancoSQLite::Abrir(a.banco);
-    AreaDeTrabalho area(a.refAtual);
-    RelatorioVELO velo(area.AmbienteDosRelatorios());
+    AmbienteComJanelas ambiente(a.refAtual);
+    RelatorioVELO velo(ambiente.DosRelatorios());
     return ComAsJanelas(erros, [&] {
         velo.Construir(*banco);
         velo.Exibir();
@@ -65,8 +65,8 @@ int MostrarVelo(const Argumentos& a, std::ostream& erros) {
 }
 
 int AbrirJanela(const Argumentos& a) {
-    AreaDeTrabalho area(a.refAtual);
-    JanelaPrincipal janela(area);
+    AmbienteComJanelas ambiente(a.refAtual);
+    JanelaPrincipal janela(ambiente);
     janela.show();
     if (!a.banco.empty()) {
         janela.Abrir(a.banco);
@@ -78,7 +78,7 @@ int AbrirJanela(const Argumentos& a) {
 }  // namespace
 
 int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
-    try {
+    return DizendoErros(erros, [&] {
         const Argumentos a = LerArgumentos({argv + 1, argv + argc});
         ExigirTela();
         const QApplication aplicacao(argc, argv);
@@ -93,13 +93,7 @@ int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
             default:
                 return AbrirJanela(a);
         }
-    } catch (const UsoErrado& uso) {
-        DizerUsoErrado(erros, uso.what());
-        return Incompreendido;
-    } catch (const Erro& erro) {
-        DizerErro(erros, erro);
-        return Falhou;
-    }
+    });
 }
 
 }  // namespace tarvo::host

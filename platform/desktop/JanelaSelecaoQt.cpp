@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "document/Imagens.h"
 #include "platform/desktop/ApoioQt.h"
@@ -33,6 +34,12 @@ class EntradaMarcada final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& opcao,
+                                 const QModelIndex& indice) const override {
+        constexpr QSize Folga(0, 4);
+        return QStyledItemDelegate::sizeHint(opcao, indice) + Folga;
+    }
+
   protected:
     void initStyleOption(QStyleOptionViewItem* opcao, const QModelIndex& indice) const override {
         QStyledItemDelegate::initStyleOption(opcao, indice);
@@ -52,7 +59,7 @@ class Janela final : public QDialog {
   private:
     void CriarLista();
     QPushButton* CriarBotao(const QString& nome, const QString& rotulo,
-                            void (frmImpressaoRelatorios::*acao)());
+                            const std::function<void()>& acao);
     void MostrarMarcas();
     void LerMarcas();
 
@@ -71,12 +78,12 @@ Janela::Janela(frmImpressaoRelatorios& dialogo, QWidget* pai) : QDialog(pai), di
     rotulo->setBuddy(lista_);
     CriarLista();
     auto* visualizar = CriarBotao(u"cmdVisualizar"_s, u"&Visualizar Relatórios Selecionados"_s,
-                                  &frmImpressaoRelatorios::cmdVisualizar);
+                                  [this] { dialogo_.cmdVisualizar(); });
     visualizar->setDefault(true);
     auto* imprimir = CriarBotao(u"cmdImprimir"_s, u"&Imprimir Relatórios Selecionados"_s,
-                                &frmImpressaoRelatorios::cmdImprimir);
+                                [this] { dialogo_.cmdImprimir(); });
     auto* todos = CriarBotao(u"cmdSelecionarTodos"_s, u"&Selecionar / Limpar Todos os Relatórios"_s,
-                             &frmImpressaoRelatorios::cmdSelecionarTodos);
+                             [this] { dialogo_.cmdSelecionarTodos(); });
 
     auto* botoes = new QHBoxLayout;
     botoes->addWidget(visualizar);
@@ -119,12 +126,12 @@ void Janela::CriarLista() {
 }
 
 QPushButton* Janela::CriarBotao(const QString& nome, const QString& rotulo,
-                                void (frmImpressaoRelatorios::*acao)()) {
+                                const std::function<void()>& acao) {
     auto* botao = new QPushButton(rotulo, this);
     botao->setObjectName(nome);
     botao->setFont(Negrito({u"Arial"_s, u"Liberation Sans"_s}, 9));
     connect(botao, &QPushButton::clicked, this, [this, acao] {
-        (dialogo_.*acao)();
+        acao();
         MostrarMarcas();
         if (!dialogo_.Visivel()) {
             accept();

@@ -348,7 +348,8 @@ void JanelaVisualizacao::Afastar() {
     const auto janelas = QApplication::topLevelWidgets();
     const auto outraNoLugar = [&] {
         return std::any_of(janelas.begin(), janelas.end(), [this](const QWidget* outra) {
-            return outra != this && outra->isVisible() && outra->pos() == pos() &&
+            return outra != this && outra->isVisible() &&
+                   outra->geometry().topLeft() == geometry().topLeft() &&
                    outra->objectName() == objectName();
         });
     };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/desktop/SegundoPlano.h"
+
 namespace tarvo {
 
 namespace {
@@ -28,11 +30,7 @@ PintorPaginas::PintorPaginas(std::shared_ptr<const std::string> pdf)
     leitura_.open(QIODevice::ReadOnly);
     documento_.load(&leitura_);
     pontos_ = documento_.pagePointSize(0);
-    pintura_.setRenderMode(QPdfPageRenderer::RenderMode::MultiThreaded);
-    pintura_.setDocument(&documento_);
-    QObject::connect(&pintura_, &QPdfPageRenderer::pageRendered, &documento_,
-                     [this](int, QSize, const QImage& imagem, QPdfDocumentRenderOptions,
-                            quint64 pedido) { Receber(imagem, pedido); });
+    linha_.setMaxThreadCount(1);
 }
 
 PintorPaginas::~PintorPaginas() = default;
@@ -67,18 +65,22 @@ void PintorPaginas::Avancar() {
     }
     emCurso_ = Proximo();
     if (emCurso_) {
-        QPdfDocumentRenderOptions opcoes;
-        opcoes.setScaledSize(emCurso_->escala);
-        // The component takes the rectangle's last column and row for its width and height.
-        opcoes.setScaledClipRect(emCurso_->area.adjusted(0, 0, 1, 1));
-        pedido_ = pintura_.requestPage(emCurso_->pagina, emCurso_->area.size(), opcoes);
+        EmSegundoPlano(
+            &contexto_, linha_,
+            [this, recorte = *emCurso_] {
+                QPdfDocumentRenderOptions opcoes;
+                opcoes.setScaledSize(recorte.escala);
+                // The component takes the rectangle's last column and row for width and height.
+                opcoes.setScaledClipRect(recorte.area.adjusted(0, 0, 1, 1));
+                return documento_.render(recorte.pagina, recorte.area.size(), opcoes);
+            },
+            [this](const std::variant<QImage, Erro>& pintado) {
+                Receber(std::get<QImage>(pintado));
+            });
     }
 }
 
-void PintorPaginas::Receber(const QImage& imagem, quint64 pedido) {
-    if (!emCurso_ || pedido != pedido_) {
-        return;
-    }
+void PintorPaginas::Receber(const QImage& imagem) {
     const Recorte pronta = *emCurso_;
     emCurso_.reset();
     imagens_.insert(pronta, new QImage(imagem), CustoKB(imagem));

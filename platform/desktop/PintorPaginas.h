@@ -4,7 +4,7 @@
 #include <QCache>
 #include <QImage>
 #include <QPdfDocument>
-#include <QPdfPageRenderer>
+#include <QThreadPool>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -50,7 +50,7 @@ class PintorPaginas {
   private:
     void Avancar();
     std::optional<Recorte> Proximo();
-    void Receber(const QImage& imagem, quint64 pedido);
+    void Receber(const QImage& imagem);
 
     std::shared_ptr<const std::string> pdf_;
     QByteArray bytes_;  // pdf_'s, not copied
@@ -61,8 +61,8 @@ class PintorPaginas {
     std::vector<Recorte> paraVista_;
     std::vector<Recorte> miniaturas_;
     std::optional<Recorte> emCurso_;
-    quint64 pedido_ = 0;
-    QPdfPageRenderer pintura_;  // ends its thread before the document goes
+    QObject contexto_;   // what is being painted is of no use without it
+    QThreadPool linha_;  // one thread, which ends before the document goes
 };
 
 }  // namespace tarvo

@@ -79,10 +79,12 @@ void VistaPaginas::PintarMarcas(QPainter& pintura, int pagina, const QRect& area
         }
     };
     if (busca_ != nullptr && busca_->Total() > 0) {
-        pintar(busca_->Marcas(pagina), CorDoAchado);
-        if (busca_->Atual()->pagina == pagina) {
-            pintar(busca_->MarcaAtual(), CorDoAchadoAtual);
-        }
+        const bool temAtual = busca_->Atual()->pagina == pagina;
+        const auto atual = temAtual ? busca_->MarcaAtual() : QList<QPolygonF>();
+        auto marcas = busca_->Marcas(pagina);
+        marcas.removeIf([&](const QPolygonF& marca) { return atual.contains(marca); });
+        pintar(marcas, CorDoAchado);
+        pintar(atual, CorDoAchadoAtual);
     }
     if (selecao_ && selecao_->pagina == pagina && celulas_ != nullptr) {
         pintura.setBrush(palette().color(QPalette::Highlight).lighter(170));

@@ -12,10 +12,10 @@
 
 namespace tarvo {
 
-// Runs trabalho on another thread and hands its result, or its error, to depois on this thread;
+// Runs trabalho on a thread of fila and hands its result, or its error, to depois on this thread;
 // depois is not called any more once dono is gone.
 template <class Trabalho, class Depois>
-void EmSegundoPlano(QObject* dono, Trabalho trabalho, Depois depois) {
+void EmSegundoPlano(QObject* dono, QThreadPool& fila, Trabalho trabalho, Depois depois) {
     using Resultado = std::variant<std::invoke_result_t<Trabalho>, Erro>;
     auto promessa = std::make_shared<QPromise<Resultado>>();
     auto* vigia = new QFutureWatcher<Resultado>(dono);
@@ -26,7 +26,7 @@ void EmSegundoPlano(QObject* dono, Trabalho trabalho, Depois depois) {
                      });
     vigia->setFuture(promessa->future());
     promessa->start();
-    QThreadPool::globalInstance()->start([promessa, trabalho = std::move(trabalho)] {
+    fila.start([promessa, trabalho = std::move(trabalho)] {
         try {
             promessa->addResult(Resultado(trabalho()));
         } catch (const Erro& erro) {
@@ -34,6 +34,11 @@ void EmSegundoPlano(QObject* dono, Trabalho trabalho, Depois depois) {
         }
         promessa->finish();
     });
+}
+
+template <class Trabalho, class Depois>
+void EmSegundoPlano(QObject* dono, Trabalho trabalho, Depois depois) {
+    EmSegundoPlano(dono, *QThreadPool::globalInstance(), std::move(trabalho), std::move(depois));
 }
 
 }  // namespace tarvo

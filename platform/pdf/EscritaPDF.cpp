@@ -38,8 +38,9 @@ void EscritaPDF::Linha(const Letra& letra, Centesimos x, Centesimos y, std::u32s
 
 void EscritaPDF::Sublinhado(const Letra& letra, Centesimos x, Centesimos y, Centesimos largura) {
     const auto& m = letra.fonte->fonte.Metricas();
-    const Centesimos espessura = Arredondar(m.espessuraSublinhado * letra.corpo / 1000.0);
-    const Centesimos meio = Arredondar(m.posicaoSublinhado * letra.corpo / 1000.0);
+    const double milesimo = letra.corpo / 1000.0;
+    const Centesimos espessura = Arredondar(m.espessuraSublinhado * milesimo);
+    const Centesimos meio = Arredondar(m.posicaoSublinhado * milesimo);
     Fechar();
     EscolherCor(letra.cor);
     AnexarOperandos(operadores_, x, y + meio - espessura / 2, largura, espessura);

@@ -13,6 +13,12 @@ namespace tarvo::pdf {
 
 namespace {
 
+// Of every text, whatever the process's locale; looked up once for all threads.
+hb_language_t Lingua() {
+    static const hb_language_t lingua = hb_language_from_string("pt", -1);
+    return lingua;
+}
+
 constexpr std::int16_t KernDesconhecido = std::numeric_limits<std::int16_t>::min();
 
 constexpr bool EhDigito(std::uint8_t c) {
@@ -138,7 +144,7 @@ int Fonte::MedirKern(std::uint8_t a, std::uint8_t b) {
     hb_buffer_add_utf32(buffer_.get(), par, 2, 0, 2);
     hb_buffer_set_direction(buffer_.get(), HB_DIRECTION_LTR);
     hb_buffer_set_script(buffer_.get(), HB_SCRIPT_LATIN);
-    hb_buffer_set_language(buffer_.get(), hb_language_from_string("pt", -1));
+    hb_buffer_set_language(buffer_.get(), Lingua());
     hb_shape(fonte_.get(), buffer_.get(), semLigaduras, 2);
     unsigned quantos = 0;
     const auto* const posicoes = hb_buffer_get_glyph_positions(buffer_.get(), &quantos);
@@ -211,6 +217,7 @@ std::vector<Fonte::Glifo> Fonte::Formar(std::u32string_view texto) {
     hb_buffer_clear_contents(buffer_.get());
     hb_buffer_add_utf32(buffer_.get(), reinterpret_cast<const std::uint32_t*>(conhecidos.data()),
                         static_cast<int>(conhecidos.size()), 0, -1);
+    hb_buffer_set_language(buffer_.get(), Lingua());
     hb_buffer_guess_segment_properties(buffer_.get());
     hb_shape(fonte_.get(), buffer_.get(), nullptr, 0);
     unsigned quantos = 0;

@@ -1,22 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Funcoes.h"
+#include "tests/data/NumeroDe.h"
 
 namespace tarvo {
 namespace {
-
-NumeroErro NumeroDe(const std::function<void()>& acao) {
-    try {
-        acao();
-    } catch (const Erro& erro) {
-        return erro.Numero();
-    }
-    return NumeroErro{};
-}
 
 Data Dia(int ano, int mes, int dia) {
     return Data::DeCivil({.ano = ano, .mes = mes, .dia = dia});

@@ -2,25 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 
-#include "data/CodigosDeErros.h"
+#include "tests/data/NumeroDe.h"
 
 namespace tarvo {
 namespace {
 
 Moeda M(std::int64_t unidades) {
     return Moeda::DeDecimosMilesimos(unidades);
-}
-
-NumeroErro NumeroDe(const std::function<void()>& acao) {
-    try {
-        acao();
-    } catch (const Erro& erro) {
-        return erro.Numero();
-    }
-    return NumeroErro{};
 }
 
 TEST(Formatos, AmountsRoundHalvesAwayFromZeroAndNeverShowANegativeZero) {

@@ -166,6 +166,8 @@ TEST(Ajuste, BoxesAndSizesOfNoSenseAreDrawnWithoutHarm) {
                 Escrever(doc, {1, 1, 5, 5}, "texto",
                          {.tamanho = std::abs(medida) + 1e-3, .multilinha = multilinha});
             }
+            doc.EscreverTexto(0, 0, 1e300, 1e300, "texto", 0, 0, "Arial", std::abs(medida) + 1e-3,
+                              false, false, true, 0);
             doc.DesenharRetangulo(1, 1, medida, medida, true, 0, 255, 1);
             doc.DesenharRetanguloArredondado(1, 1, medida, medida, false, 1e300, 0, 255, -1);
             doc.DesenharLinha(1, 1, medida, medida, 0, 0, 0, 2);

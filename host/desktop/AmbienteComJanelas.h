@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/ConfiguracoesDaChamada.h"
+#include "platform/configuracoes/ConfiguracoesDaChamada.h"
 #include "platform/configuracoes/ConfiguracoesIni.h"
 #include "platform/desktop/AndamentoQt.h"
 #include "platform/desktop/VisualizadorQt.h"
@@ -13,12 +13,12 @@ namespace tarvo::host {
 
 // What this host hands to the library: previews, printing, settings, progress. Outlives every
 // report object made with it.
-class AreaDeTrabalho {
+class AmbienteComJanelas {
   public:
-    explicit AreaDeTrabalho(const std::optional<std::string>& refAtual)
+    explicit AmbienteComJanelas(const std::optional<std::string>& refAtual)
         : configuracoes_(refAtual) {}
 
-    [[nodiscard]] Ambiente AmbienteDosRelatorios();
+    [[nodiscard]] Ambiente DosRelatorios();
     [[nodiscard]] ConfiguracoesIni& Preferencias() { return preferencias_; }
 
     // Takes the progress window away when the returned object goes, however the build has ended.

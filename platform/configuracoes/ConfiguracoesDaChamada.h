@@ -2,17 +2,20 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include "data/Publico.h"
 #include "platform/configuracoes/ConfiguracoesIni.h"
 #include "reports/ReferenciaAtual.h"
 
-namespace tarvo::host {
+namespace tarvo {
 
-// The user's settings, with --ref-atual in place of the stored month where it was given.
-class ConfiguracoesDaChamada final : public Configuracoes {
+// The user's settings, with a reference month ("07/2003") in place of the stored one where it is
+// given. Text that is no month is error 13 when a report reads it.
+class TARVO_PUBLICO ConfiguracoesDaChamada final : public Configuracoes {
   public:
-    explicit ConfiguracoesDaChamada(std::optional<std::string> refAtual)
+    explicit ConfiguracoesDaChamada(std::optional<std::string> refAtual = {})
         : refAtual_(std::move(refAtual)) {}
 
     [[nodiscard]] std::string Ler(std::string_view aplicacao, std::string_view secao,
@@ -26,4 +29,4 @@ class ConfiguracoesDaChamada final : public Configuracoes {
     ConfiguracoesIni doUsuario_;
 };
 
-}  // namespace tarvo::host
+}  // namespace tarvo

@@ -1,8 +1,8 @@
-#include "host/desktop/AreaDeTrabalho.h"
+#include "host/desktop/AmbienteComJanelas.h"
 
 namespace tarvo::host {
 
-Ambiente AreaDeTrabalho::AmbienteDosRelatorios() {
+Ambiente AmbienteComJanelas::DosRelatorios() {
     return {.visualizadores = &visualizadores_,
             .configuracoes = &configuracoes_,
             .andamento = &andamento_};

@@ -1,0 +1,137 @@
+#include "host/desktop/JanelaPrincipal.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include "host/desktop/AmbienteComJanelas.h"
+#include "tests/desktop/Previas.h"
+
+namespace tarvo::host {
+namespace {
+
+using apoio::BancoDeTeste;
+using namespace Qt::StringLiterals;
+
+constexpr const char* Script = R"sql(
+insert into tblContribuinte (IE, RazãoSocial) values
+    ('1', 'Padaria São João'), ('2', 'Ótica Bela Vista'), ('3', 'Sem Declaração');
+insert into tblDRQ (NroDRQ, Ref1, IE) values
+    (9, '2003-01-01', '1'), (10, '2001-02-01', '1'), (11, '2003-03-01', '2'), (12, '2003-04-01', null);
+)sql";
+
+class JanelaPrincipalTeste : public apoio::Previas {
+  protected:
+    JanelaPrincipalTeste() {
+        setenv("XDG_CONFIG_HOME", pasta.Caminho().c_str(), 1);
+        pecas = std::make_unique<AmbienteComJanelas>(std::nullopt);
+        janela = std::make_unique<JanelaPrincipal>(*pecas);
+        janela->show();
+        janela->Abrir(banco.Arquivo());
+        lista = janela->findChild<QTableView*>(u"declaracoes"_s);
+        busca = janela->findChild<QLineEdit*>(u"campoBusca"_s);
+    }
+    [[nodiscard]] std::vector<std::string> Numeros() const {
+        std::vector<std::string> numeros;
+        for (int i = 0; i < lista->model()->rowCount(); ++i) {
+            numeros.push_back(lista->model()
+                                  ->index(i, ModeloDeclaracoes::Numero)
+                                  .data()
+                                  .toString()
+                                  .toStdString());
+        }
+        return numeros;
+    }
+    // Answers the selection dialog that the action opens.
+    static void NoDialogo(const std::function<void(QDialog&)>& usuario) {
+        QTimer::singleShot(0, [usuario] {
+            auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialogo, nullptr);
+            usuario(*dialogo);
+        });
+    }
+
+    BancoDeTeste banco{Script};
+    std::unique_ptr<AmbienteComJanelas> pecas;
+    std::unique_ptr<JanelaPrincipal> janela;
+    QTableView* lista = nullptr;
+    QLineEdit* busca = nullptr;
+};
+
+using testing::ElementsAre;
+
+TEST_F(JanelaPrincipalTeste, ListsSearchesAndSorts) {
+    EXPECT_THAT(Numeros(), ElementsAre("12", "11", "10", "9", ""));
+    lista->sortByColumn(ModeloDeclaracoes::Numero, Qt::AscendingOrder);
+    EXPECT_THAT(Numeros(), ElementsAre("", "9", "10", "11", "12"));
+    lista->sortByColumn(ModeloDeclaracoes::Referencia, Qt::DescendingOrder);
+    EXPECT_THAT(Numeros(), ElementsAre("12", "11", "9", "10", ""));
+    QTest::keyClicks(busca, u"sao joao 2001"_s);
+    EXPECT_THAT(Numeros(), ElementsAre("10"));
+    EXPECT_EQ(janela->findChild<QLabel*>(u"situacao"_s)->text(), u"1 de 5 linhas"_s);
+    busca->setText(u"nada"_s);
+    EXPECT_THAT(Numeros(), ElementsAre());
+    busca->clear();
+    EXPECT_EQ(Numeros().size(), 5U);
+}
+
+TEST_F(JanelaPrincipalTeste, EnterOpensTheDialogOfTheDeclarationAndPreviewsItsReports) {
+    QTest::keyClicks(busca, u"joao 2001"_s);
+    NoDialogo([](QDialog& dialogo) {
+        auto* entradas = dialogo.findChild<QListWidget*>();
+        EXPECT_EQ(entradas->count(), 17);
+        entradas->item(0)->setSelected(true);
+        QTest::keyClick(entradas, Qt::Key_Return);
+    });
+    QTest::keyClick(busca, Qt::Key_Return);
+    ASSERT_EQ(Abertas().size(), 1U);
+    EXPECT_EQ(Abertas()[0]->windowTitle(), u"Relatório de Cadastro do Contribuinte"_s);
+    // Opening another database closes the previews of this one.
+    janela->Abrir(banco.Arquivo());
+    EXPECT_TRUE(Abertas().empty());
+}
+
+TEST_F(JanelaPrincipalTeste, DoubleClickOpensTheDialogToo) {
+    bool visto = false;
+    NoDialogo([&](QDialog& dialogo) {
+        visto = true;
+        EXPECT_EQ(dialogo.findChild<QListWidget*>()->count(), 18);
+        dialogo.reject();
+    });
+    const auto otica = lista->model()->index(1, 0);
+    QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, lista->visualRect(otica).center());
+    QTest::mouseDClick(lista->viewport(), Qt::LeftButton, {}, lista->visualRect(otica).center());
+    EXPECT_TRUE(visto);
+}
+
+TEST_F(JanelaPrincipalTeste, AnErrorIsToldAndLeavesTheOpenDatabase) {
+    janela->Abrir("/nenhum/banco.tarvo");
+    auto* caixa = janela->findChild<QMessageBox*>();
+    ASSERT_NE(caixa, nullptr);
+    EXPECT_TRUE(caixa->text().startsWith(u"erro 3024: "_s));
+    caixa->close();
+    EXPECT_EQ(Numeros().size(), 5U);
+}
+
+TEST_F(JanelaPrincipalTeste, OffersTheDatabasesOpenedLast) {
+    const BancoDeTeste outro;
+    janela->Abrir(outro.Arquivo());
+    auto* recentes = janela->findChild<QMenu*>(u"recentes"_s);
+    Q_EMIT recentes->aboutToShow();
+    ASSERT_EQ(recentes->actions().size(), 2);
+    EXPECT_EQ(recentes->actions()[0]->text().toStdString(), outro.Arquivo().string());
+    EXPECT_EQ(Numeros().size(), 0U);
+    recentes->actions()[1]->trigger();
+    EXPECT_EQ(Numeros().size(), 5U);
+}
+
+}  // namespace
+}  // namespace tarvo::host

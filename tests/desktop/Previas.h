@@ -1,0 +1,48 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QMainWindow>
+#include <QTest>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "document/DocumentoRelatorio.h"
+#include "platform/configuracoes/ConfiguracoesIni.h"
+#include "platform/desktop/VisualizadorQt.h"
+#include "tests/apoio/Apoio.h"
+
+// What the tests of the preview share.
+namespace tarvo::apoio {
+
+// Pages of a small table: rows "linha L" and "valor P.L" on each page P, title "Apuração", footer.
+void MontarTabela(DocumentoRelatorio& documento, int paginas, std::int32_t orientacao = 0);
+
+// Previews that keep their settings in a folder of the test's own.
+class Previas : public testing::Test {
+  protected:
+    Previas();
+    // The windows that are open, in the order of their titles.
+    static std::vector<QMainWindow*> Abertas();
+    static QMainWindow& Unica();
+    template <class T>
+    static T& Parte(const char* nome) {
+        auto* parte = Unica().findChild<T*>(QString::fromUtf8(nome));
+        EXPECT_NE(parte, nullptr) << nome;
+        return *parte;
+    }
+    static std::string Situacao();  // "Página 3 de 12"
+    static std::string Ampliacao();
+    static void Teclar(const char* atalho, QWidget* onde = nullptr);
+    static bool Esperar(const std::function<bool()>& condicao) {
+        return QTest::qWaitFor(condicao, 10'000);
+    }
+
+    PastaTemporaria pasta;
+    ConfiguracoesIni ini{pasta.Caminho()};
+    FabricaVisualizadoresQt fabrica{&ini};
+    Ambiente ambiente{.visualizadores = &fabrica};
+};
+
+}  // namespace tarvo::apoio

@@ -1,0 +1,342 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <ctime>
+#include <fstream>
+#include <iterator>
+
+#include "document/QuadroPagina.h"
+#include "platform/pdf/RenderizadorPDF.h"
+#include "tests/desktop/Previas.h"
+
+namespace tarvo {
+namespace {
+
+using apoio::MontarTabela;
+using namespace Qt::StringLiterals;
+
+class Visualizacao : public apoio::Previas {
+  protected:
+    void Mostrar(int paginas, std::int32_t orientacao = 0) {
+        MontarTabela(documento, paginas, orientacao);
+        documento.Exibir();
+        Unica().resize(900, 700);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&Unica()));
+    }
+    static QWidget& Area() {
+        return *qobject_cast<QAbstractScrollArea*>(&Parte<QWidget>("paginas"))->viewport();
+    }
+    // A place of the first page (cm) at 100 % when the page's corner is in the view.
+    static QPoint Ponto(double x, double y) {
+        return QPoint(12, 12) + (QPointF(x + 2, y + 2) * 96 / 2.54).toPoint();
+    }
+    // How many pixels of the view have about that colour.
+    static int Pixels(QRgb cor) {
+        const QImage tela = Area().grab().toImage();
+        int quantos = 0;
+        for (int y = 0; y < tela.height(); ++y) {
+            for (int x = 0; x < tela.width(); ++x) {
+                const QRgb p = tela.pixel(x, y);
+                quantos += std::abs(qRed(p) - qRed(cor)) + std::abs(qGreen(p) - qGreen(cor)) +
+                               std::abs(qBlue(p) - qBlue(cor)) <
+                           30;
+            }
+        }
+        return quantos;
+    }
+
+    DocumentoRelatorio documento{ambiente};
+};
+
+constexpr QRgb Achado = qRgb(255, 235, 90);
+constexpr QRgb AchadoAtual = qRgb(255, 160, 40);
+
+TEST_F(Visualizacao, ShowsTitleIconPageAndWhatWasCut) {
+    MontarTabela(documento, 3);
+    EscreverEmCaixa(documento, {}, 0, 8, 1, 0.4, "um texto que não cabe nesta caixa estreita");
+    documento.Exibir();
+    EXPECT_EQ(Unica().windowTitle(), u"Relatório de Apuração"_s);
+    EXPECT_FALSE(Unica().windowIcon().isNull());
+    EXPECT_EQ(Situacao(), "Página 1 de 3");
+    auto& cortes = Parte<QToolButton>("situacaoCortes");
+    EXPECT_EQ(cortes.text(), u"1 texto cortado"_s);
+    QTest::mouseClick(&cortes, Qt::LeftButton);
+    auto* lista = Unica().findChild<QTableWidget*>();
+    ASSERT_NE(lista, nullptr);
+    EXPECT_EQ(lista->item(0, 1)->text(), u"um texto que não cabe nesta caixa estreita"_s);
+    lista->selectRow(0);
+    EXPECT_EQ(Situacao(), "Página 3 de 3");
+    // The page is painted: the footer's teal bar, 17 cm wide.
+    Teclar("Ctrl+1");
+    EXPECT_TRUE(Esperar([] { return Pixels(qRgb(0, 128, 128)) > 500; }));
+}
+
+TEST_F(Visualizacao, GoesThroughThePagesByKeysAndByNumber) {
+    Mostrar(12);
+    const std::pair<const char*, const char*> teclas[] = {
+        {"PgDown", "Página 2 de 12"}, {"PgDown", "Página 3 de 12"},  {"PgUp", "Página 2 de 12"},
+        {"End", "Página 12 de 12"},   {"PgDown", "Página 12 de 12"}, {"Home", "Página 1 de 12"}};
+    for (const char* modo : {"contínuo", "página a página"}) {
+        for (const auto& [tecla, situacao] : teclas) {
+            Teclar(tecla);
+            EXPECT_EQ(Situacao(), situacao) << modo << " " << tecla;
+        }
+        Teclar("Ctrl+G");
+        auto& campo = Parte<QSpinBox>("campoPagina");
+        EXPECT_TRUE(campo.hasFocus());
+        QTest::keyClicks(&campo, u"7"_s);
+        QTest::keyClick(&campo, Qt::Key_Return);
+        EXPECT_EQ(Situacao(), "Página 7 de 12");
+        EXPECT_TRUE(Parte<QWidget>("paginas").hasFocus());
+        Teclar("Home");
+        Teclar("Ctrl+3");
+    }
+}
+
+TEST_F(Visualizacao, ScrollingTellsThePageAndTurnsItWhenPagesStandAlone) {
+    Mostrar(4);
+    auto& barra =
+        *qobject_cast<QAbstractScrollArea*>(&Parte<QWidget>("paginas"))->verticalScrollBar();
+    barra.setValue(barra.maximum() / 2);
+    EXPECT_EQ(Situacao(), "Página 3 de 4");
+    Teclar("Ctrl+3");
+    Teclar("Ctrl+1");
+    EXPECT_EQ(Situacao(), "Página 3 de 4");
+    Teclar("Space");
+    EXPECT_EQ(Situacao(), "Página 4 de 4");
+    Teclar("Shift+Space");
+    EXPECT_EQ(Situacao(), "Página 3 de 4");
+    QWheelEvent roda({50, 50}, Area().mapToGlobal(QPointF(50, 50)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Area(), &roda);
+    EXPECT_EQ(Situacao(), "Página 4 de 4");
+}
+
+TEST_F(Visualizacao, MagnifiesByKeysWheelAndNumberWithinItsLimits) {
+    Mostrar(2);
+    Teclar("Ctrl+0");
+    EXPECT_EQ(Ampliacao(), "100 %");
+    Teclar("Ctrl++");
+    EXPECT_EQ(Ampliacao(), "110 %");
+    Teclar("Ctrl+-");
+    Teclar("Ctrl+-");
+    EXPECT_EQ(Ampliacao(), "90 %");
+    auto& campo = Parte<QComboBox>("campoAmpliacao");
+    for (const auto& [digitado, mostrado] :
+         {std::pair{"130", "130 %"}, {"5 %", "25 %"}, {"9999", "800 %"}, {"nada", "800 %"}}) {
+        campo.lineEdit()->selectAll();
+        QTest::keyClicks(campo.lineEdit(), QString::fromUtf8(digitado));
+        QTest::keyClick(campo.lineEdit(), Qt::Key_Return);
+        EXPECT_EQ(Ampliacao(), mostrado);
+    }
+    Teclar("Ctrl+0");
+    QWheelEvent roda({300, 300}, Area().mapToGlobal(QPointF(300, 300)), {}, {0, 120}, Qt::NoButton,
+                     Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Area(), &roda);
+    EXPECT_EQ(Ampliacao(), "120 %");
+    Teclar("Ctrl+2");
+    const auto largura = Ampliacao();
+    Unica().resize(1200, 700);
+    EXPECT_TRUE(Esperar([&] { return Ampliacao() != largura; }));
+    Teclar("Ctrl+1");
+    const auto inteira = QString::fromStdString(Ampliacao()).remove(u" %"_s).toInt();
+    EXPECT_NEAR(29.7 * 96 / 2.54 * inteira / 100, Area().height() - 24, 8);
+}
+
+TEST_F(Visualizacao, FindsWithoutAccentsAndMarksEveryHit) {
+    Mostrar(5);
+    Teclar("Ctrl+0");
+    Teclar("Ctrl+F");
+    auto& campo = Parte<QLineEdit>("campoBusca");
+    auto& situacao = Parte<QLabel>("situacaoBusca");
+    EXPECT_TRUE(campo.hasFocus());
+    QTest::keyClicks(&campo, u"APURACAO"_s);
+    EXPECT_TRUE(Esperar([&] { return situacao.text() == u"1 de 5"_s; }));
+    EXPECT_TRUE(Esperar([] { return Pixels(AchadoAtual) > 100; }));
+    QTest::keyClick(&campo, Qt::Key_Return);
+    EXPECT_EQ(situacao.text(), u"2 de 5"_s);
+    EXPECT_EQ(Situacao(), "Página 2 de 5");
+    Teclar("Shift+F3", &campo);
+    Teclar("Shift+F3", &campo);
+    EXPECT_EQ(situacao.text(), u"5 de 5"_s);
+    EXPECT_EQ(Situacao(), "Página 5 de 5");
+    Teclar("F3", &campo);
+    EXPECT_EQ(Situacao(), "Página 1 de 5");
+
+    campo.selectAll();
+    QTest::keyClicks(&campo, u"linha"_s);
+    EXPECT_TRUE(Esperar([&] { return situacao.text() == u"1 de 15"_s; }));
+    EXPECT_TRUE(Esperar([] { return Pixels(Achado) > 100 && Pixels(AchadoAtual) > 100; }));
+    campo.selectAll();
+    QTest::keyClicks(&campo, u"inexistente"_s);
+    EXPECT_TRUE(Esperar([&] { return situacao.text() == u"Nenhum resultado"_s; }));
+    QTest::keyClick(&campo, Qt::Key_Escape);
+    EXPECT_FALSE(campo.isVisible());
+    EXPECT_EQ(Pixels(Achado) + Pixels(AchadoAtual), 0);
+}
+
+TEST_F(Visualizacao, CopiesTheCellsUnderTheMouseAsRowsAndColumns) {
+    Mostrar(2);
+    Teclar("Ctrl+0");
+    QTest::mousePress(&Area(), Qt::LeftButton, {}, Ponto(1, 1.2));
+    QTest::mouseMove(&Area(), Ponto(3, 1.4));
+    QTest::mouseMove(&Area(), Ponto(6, 2.3));
+    QTest::mouseRelease(&Area(), Qt::LeftButton, {}, Ponto(6, 2.3));
+    Teclar("Ctrl+C");
+    EXPECT_EQ(QApplication::clipboard()->text(), u"linha 1\tvalor 1.1\nlinha 2\tvalor 1.2"_s);
+    QTest::mouseDClick(&Area(), Qt::LeftButton, {}, Ponto(5, 3.3));
+    Teclar("Ctrl+C");
+    EXPECT_EQ(QApplication::clipboard()->text(), u"valor 1.3"_s);
+    Teclar("Ctrl+A");
+    Teclar("Ctrl+C");
+    EXPECT_TRUE(
+        QApplication::clipboard()->text().endsWith(u"09/09/2001\t01:46:40\tPágina 1 de 2"_s));
+    QTest::mouseClick(&Area(), Qt::LeftButton, {}, Ponto(10, 10));
+    Teclar("Ctrl+C");
+    EXPECT_TRUE(QApplication::clipboard()->text().endsWith(u"Página 1 de 2"_s));
+}
+
+TEST_F(Visualizacao, SavesTheVeryBytesThatAreShown) {
+    Mostrar(2, 1);
+    std::string esperado;
+    RenderizarPDF(documento.Registrado(), esperado);
+    Teclar("Ctrl+S");
+    auto* dialogo = Unica().findChild<QFileDialog*>();
+    ASSERT_NE(dialogo, nullptr);
+    EXPECT_EQ(dialogo->selectedFiles().value(0).section(u'/', -1), u"Apuração - Teste.pdf"_s);
+    const auto arquivo = pasta / "saída.pdf";
+    dialogo->selectFile(QString::fromStdString(arquivo.string()));
+    QMetaObject::invokeMethod(dialogo, "accept");
+    std::ifstream gravado(arquivo, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(gravado), {}), esperado);
+}
+
+TEST_F(Visualizacao, ThumbnailsFollowThePageAndLeadToIt) {
+    Mostrar(6);
+    Teclar("F9");
+    auto& miniaturas = Parte<QListView>("miniaturas");
+    ASSERT_TRUE(miniaturas.isVisible());
+    Teclar("End");
+    EXPECT_EQ(miniaturas.currentIndex().row(), 5);
+    const auto primeira = miniaturas.model()->index(0, 0);
+    miniaturas.scrollTo(primeira);
+    QTest::mouseClick(miniaturas.viewport(), Qt::LeftButton, {},
+                      miniaturas.visualRect(primeira).center());
+    EXPECT_EQ(Situacao(), "Página 1 de 6");
+    Teclar("F9");
+    EXPECT_FALSE(miniaturas.isVisible());
+}
+
+TEST_F(Visualizacao, ShownAgainItHasTheNewDocumentAtItsFirstPage) {
+    Mostrar(5);
+    Teclar("End");
+    documento.Exibir();
+    EXPECT_EQ(Situacao(), "Página 1 de 5");
+    Teclar("End");
+    documento.Ocultar();
+    EXPECT_TRUE(Abertas().empty());
+    MontarTabela(documento, 2, 1);
+    documento.Exibir();
+    EXPECT_EQ(Situacao(), "Página 1 de 2");
+    Teclar("Ctrl+W");
+    EXPECT_TRUE(Abertas().empty());
+    documento.Exibir();
+    EXPECT_EQ(Situacao(), "Página 1 de 2");
+}
+
+TEST_F(Visualizacao, SeveralStandSideBySideAndGoWithTheirOwners) {
+    Mostrar(1);
+    Unica().setGeometry(60, 70, 810, 620);
+    documento.Ocultar();  // and the place is remembered
+    documento.Exibir();
+    auto outro = std::make_unique<DocumentoRelatorio>(ambiente);
+    MontarTabela(*outro, 400);
+    outro->DefinirTitulo("Relatório de Zeladoria");
+    outro->Exibir();
+    ASSERT_EQ(Abertas().size(), 2U);
+    EXPECT_EQ(Abertas()[0]->geometry().topLeft(), QPoint(60, 70));
+    EXPECT_EQ(Abertas()[1]->geometry().topLeft(), QPoint(88, 98));
+    // Released in the middle of painting, of a search and of a question to the user.
+    auto* segunda = Abertas()[1];
+    segunda->findChild<QLineEdit*>(u"campoBusca"_s)->setText(u"linha"_s);
+    QTest::keyClick(segunda->findChild<QWidget*>(u"paginas"_s), Qt::Key_S, Qt::ControlModifier);
+    outro.reset();
+    EXPECT_EQ(Abertas().size(), 1U);
+    QTest::qWait(50);
+    EXPECT_EQ(Situacao(), "Página 1 de 1");
+}
+
+TEST_F(Visualizacao, RemembersPlaceAndMagnification) {
+    Mostrar(3);
+    Unica().setGeometry(60, 70, 810, 620);
+    Teclar("Ctrl+0");
+    Teclar("Ctrl++");
+    Teclar("Ctrl+3");
+    Teclar("F9");
+    documento.Ocultar();
+    DocumentoRelatorio outro(ambiente);
+    MontarTabela(outro, 2);
+    outro.Exibir();
+    EXPECT_EQ(Unica().geometry(), QRect(60, 70, 810, 620));
+    EXPECT_EQ(Ampliacao(), "110 %");
+    EXPECT_TRUE(Parte<QListView>("miniaturas").isVisible());
+    Teclar("PgDown");
+    EXPECT_EQ(Parte<QWidget>("paginas").findChild<QScrollBar*>()->maximum() > 0, true);
+    outro.Ocultar();
+    ini.Gravar("Tarvo", "Visualizacao", "Ampliacao", "pagina");
+    ini.Gravar("Tarvo", "Visualizacao", "Geometria", "lixo");
+    DocumentoRelatorio terceiro(ambiente);
+    MontarTabela(terceiro, 2);
+    terceiro.Exibir();
+    EXPECT_NE(Ampliacao(), "110 %");
+}
+
+TEST_F(Visualizacao, EveryCommandTellsItsShortcutWhereItIsOffered) {
+    Mostrar(1);
+    int comandos = 0;
+    for (auto* menu : Unica().menuBar()->actions()) {
+        for (auto* acao : menu->menu()->actions()) {
+            if (!acao->isSeparator()) {
+                ++comandos;
+                EXPECT_FALSE(acao->shortcut().isEmpty()) << acao->text().toStdString();
+                EXPECT_TRUE(
+                    acao->toolTip().contains(acao->shortcut().toString(QKeySequence::NativeText)));
+            }
+        }
+    }
+    EXPECT_EQ(comandos, 21);
+}
+
+TEST_F(Visualizacao, AThousandPagesAreThereWithinHalfASecond) {
+    MontarTabela(documento, 1);
+    documento.Exibir();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Unica()));
+    documento.Ocultar();
+    MontarTabela(documento, 1000);
+    // Processor time, so that a busy machine does not fail the test.
+    const auto inicio = std::clock();
+    documento.Exibir();
+    Teclar("Ctrl+1");
+    ASSERT_TRUE(Esperar([] { return Pixels(qRgb(0, 128, 128)) > 500; }));
+    const double segundos = double(std::clock() - inicio) / CLOCKS_PER_SEC;
+#if defined(__SANITIZE_ADDRESS__)
+    EXPECT_LT(segundos, 10);
+#else
+    EXPECT_LT(segundos, 0.5);
+#endif
+    EXPECT_EQ(Situacao(), "Página 1 de 1000");
+}
+
+}  // namespace
+}  // namespace tarvo
