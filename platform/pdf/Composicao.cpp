@@ -98,12 +98,13 @@ Quebra Quebrar(const Regua& regua, int limite) {
 Centesimos CorpoParaAltura(const Fonte& fonte, Centesimos tamanho, Centesimos altura,
                            bool& cortado) {
     const auto minima = AlturaDe(fonte, 1, tamanho);
-    if (minima <= altura + Folga) {
+    const Centesimos disponivel = std::max(altura, 0);
+    if (minima <= disponivel + Folga) {
         return tamanho;
     }
     const auto menor = Reduzir(tamanho, MenorCondensacao);
     const auto cabe =
-        static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * std::max(altura, 0) / minima);
+        static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * disponivel / minima);
     cortado = cortado || cabe < menor;
     return std::max(cabe, menor);
 }
