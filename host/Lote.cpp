@@ -223,6 +223,7 @@ void Trabalhar(Lote& lote, std::size_t trabalhos) {
 }  // namespace
 
 int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
+    PrepararParaVariosFios();
     const auto declaracoes = EscolherDeclaracoes(*AbrirParaLer(a), a);
     if (declaracoes.empty()) {
         erros << "aviso: nenhuma declaração corresponde ao que foi pedido\n";
