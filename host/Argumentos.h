@@ -7,22 +7,17 @@
 #include <vector>
 
 #include "host/Exportacao.h"
-#include "host/Mensagens.h"
+#include "host/LinhaDeComando.h"
 
 // The command line, read and checked.
 namespace tarvo::host {
 
-enum class Comando {
-    Ajuda,
-    Criar,
-    Listar,
-    Exportar,
-    Lote,
-    Selecionar,
-    Imprimir,
-    Velo,
-    RefAtual,
-    Janela
+// A month of a year.
+struct MesAno {
+    int mes = 1;  // 1 to 12
+    int ano = 100;
+    // In the order of time.
+    [[nodiscard]] int Ordem() const { return ano * 12 + mes; }
 };
 
 struct Argumentos {
@@ -39,8 +34,8 @@ struct Argumentos {
     std::string impressora;               // empty: the user's default printer
     std::optional<std::string> refAtual;  // "MM/AAAA"
     // Of a batch:
-    std::optional<std::string> de;  // first and last month of reference, "MM/AAAA"
-    std::optional<std::string> ate;
+    std::optional<MesAno> de;  // first and last month of reference
+    std::optional<MesAno> ate;
     int trabalhos = 1;     // threads
     bool unico = false;    // one PDF per declaration, with an outline
     bool retomar = false;  // go on where an earlier call stopped

@@ -1,6 +1,6 @@
 #include "host/Comandos.h"
 
-#include <filesystem>
+#include <map>
 #include <ostream>
 
 #include "document/QuadroPagina.h"
@@ -14,54 +14,49 @@
 #include "host/exemplo/Exemplo.h"
 #include "platform/configuracoes/ConfiguracoesIni.h"
 #include "platform/sqlite/BancoSQLite.h"
+#include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
 
 namespace {
 
-int Criar(const Argumentos& a) {
-    CriarBanco(a.banco);
-    if (a.exemplo) {
-        try {
-            BancoSQLite::Abrir(a.banco)->ExecutarScript(ScriptDeExemplo());
-        } catch (...) {
-            std::error_code ignorado;
-            std::filesystem::remove(a.banco, ignorado);
-            throw;
-        }
-    }
-    return Feito;
-}
-
 void EscreverDeclaracao(std::ostream& saida, const Declaracao& d) {
-    saida << "  DRQ " << d.NroDRQ << "  " << d.referencia << "  "
-          << (RegimeTributario(d.regime).empty() ? std::string_view(d.regime)
-                                                 : RegimeTributario(d.regime))
-          << "  " << d.tipo << (d.consistente ? "" : "  não consistida") << "\n";
+    const std::string_view regime = RegimeTributario(d.regime);
+    saida << "  DRQ " << d.NroDRQ;
+    for (const std::string_view parte :
+         {std::string_view(d.referencia), regime.empty() ? std::string_view(d.regime) : regime,
+          std::string_view(d.tipo), std::string_view(d.consistente ? "" : "não consistida")}) {
+        saida << (parte.empty() ? "" : "  ") << parte;
+    }
+    saida << "\n";
 }
 
-int Listar(const Argumentos& a, std::ostream& saida) {
+int Listar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     const auto banco = BancoSQLite::Abrir(a.banco, {.modo = ModoAbertura::SomenteLeitura});
-    const auto declaracoes = LerDeclaracoes(*banco);
-    std::vector<bool> escritas(declaracoes.size());
-    for (const auto& contribuinte : LerContribuintes(*banco)) {
+    const auto contribuintes = LerContribuintes(*banco);
+    std::map<std::optional<std::string>, std::vector<Declaracao>> declaracoes;
+    for (auto& declaracao : LerDeclaracoes(*banco)) {
+        declaracoes[declaracao.IE].push_back(std::move(declaracao));
+    }
+    if (contribuintes.empty() && declaracoes.empty()) {
+        erros << "aviso: o banco não tem contribuintes nem declarações\n";
+    }
+    const auto escrever = [&](const std::vector<Declaracao>& lista) {
+        for (const auto& declaracao : lista) {
+            EscreverDeclaracao(saida, declaracao);
+        }
+    };
+    for (const auto& contribuinte : contribuintes) {
         saida << contribuinte.IE << "  " << contribuinte.razaoSocial << "\n";
-        for (std::size_t i = 0; i < declaracoes.size(); ++i) {
-            if (declaracoes[i].IE == contribuinte.IE) {
-                EscreverDeclaracao(saida, declaracoes[i]);
-                escritas[i] = true;
-            }
+        const auto dele = declaracoes.extract(contribuinte.IE);
+        if (!dele.empty()) {
+            escrever(dele.mapped());
         }
     }
-    bool titulo = false;
-    for (std::size_t i = 0; i < declaracoes.size(); ++i) {
-        if (!escritas[i]) {
-            if (!titulo) {
-                saida << "Declarações sem contribuinte no banco (informe --ie)\n";
-                titulo = true;
-            }
-            EscreverDeclaracao(saida, declaracoes[i]);
-        }
+    for (const auto& [IE, lista] : declaracoes) {
+        saida << (IE ? *IE + "  (contribuinte ausente do banco)\n"
+                     : "Declarações sem contribuinte no banco (informe --ie)\n");
+        escrever(lista);
     }
     return Feito;
 }
@@ -76,11 +71,12 @@ int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
 }
 
 int RefAtual(const Argumentos& a, std::ostream& saida) {
+    using namespace AjusteRefAtual;
     ConfiguracoesIni configuracoes;
     if (a.refAtual) {
-        configuracoes.Gravar("Tarvo", "pRef", "RefAtual", *a.refAtual);
+        configuracoes.Gravar(Aplicacao, Secao, Chave, *a.refAtual);
     } else {
-        const std::string atual = configuracoes.Ler("Tarvo", "pRef", "RefAtual", "");
+        const std::string atual = configuracoes.Ler(Aplicacao, Secao, Chave, "");
         saida << (atual.empty() ? "não definido" : atual) << "\n";
     }
     return Feito;
@@ -94,9 +90,10 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
             saida << a.ajuda;
             return Feito;
         case Comando::Criar:
-            return Criar(a);
+            CriarBanco(a.banco, a.exemplo ? ScriptDeExemplo() : "");
+            return Feito;
         case Comando::Listar:
-            return Listar(a, saida);
+            return Listar(a, saida, erros);
         case Comando::Exportar:
             return Exportar(a, saida, erros);
         case Comando::Lote:
@@ -116,7 +113,13 @@ int Despachar(const std::vector<std::string>& argumentos, std::ostream& saida,
 }  // namespace
 
 int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, std::ostream& erros) {
-    return DizendoErros(erros, [&] { return Despachar(argumentos, saida, erros); });
+    return DizendoErros(erros, [&] {
+        const int situacao = Despachar(argumentos, saida, erros);
+        if (!saida.flush()) {
+            throw Erro(NumeroErro::ErroDispositivo, "A saída padrão não pôde ser escrita.");
+        }
+        return situacao;
+    });
 }
 
 }  // namespace tarvo::host

@@ -41,15 +41,19 @@ std::vector<Contribuinte> LerContribuintes(BancoDados& banco) {
     return lista;
 }
 
-std::vector<Declaracao> LerDeclaracoes(BancoDados& banco) {
-    std::vector<Declaracao> lista;
-    const auto rs = banco.OpenRecordset("select * from tblDRQ order by Ref1, NroDRQ",
-                                        TipoRecordset::ForwardOnly);
-    const bool temIE = TemColuna(*rs, "IE");
+void PercorrerDeclaracoes(BancoDados& banco,
+                          const std::function<void(const Declaracao& declaracao)>& visitar) {
+    const bool temIE = TemColuna(
+        *banco.OpenRecordset("select * from tblDRQ where NroDRQ = 0", TipoRecordset::ForwardOnly),
+        "IE");
+    const auto rs = banco.OpenRecordset(
+        std::string("select ") + (temIE ? "IE, " : "") +
+            "NroDRQ, Ref1, RegTrib, Tipo, Consistente from tblDRQ order by Ref1, NroDRQ",
+        TipoRecordset::ForwardOnly);
     for (; !rs->EOF_(); rs->MoveNext()) {
         Declaracao d;
-        if (temIE && !EhNulo(rs->Fields("IE"))) {
-            d.IE = TextoCampo(rs->Fields("IE"));
+        if (std::string IE = temIE ? TextoCampo(rs->Fields("IE")) : ""; !IE.empty()) {
+            d.IE = std::move(IE);
         }
         d.NroDRQ = LongCampo(rs->Fields("NroDRQ"));
         d.ref1 = DataCampo(rs->Fields("Ref1"));
@@ -57,8 +61,13 @@ std::vector<Declaracao> LerDeclaracoes(BancoDados& banco) {
         d.regime = TextoCampo(rs->Fields("RegTrib"));
         d.tipo = TipoDaDRQ(LongCampo(rs->Fields("Tipo")));
         d.consistente = BooleanoCampo(rs->Fields("Consistente"));
-        lista.push_back(std::move(d));
+        visitar(d);
     }
+}
+
+std::vector<Declaracao> LerDeclaracoes(BancoDados& banco) {
+    std::vector<Declaracao> lista;
+    PercorrerDeclaracoes(banco, [&](const Declaracao& d) { lista.push_back(d); });
     return lista;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,6 +31,9 @@ struct Declaracao {
 std::vector<Contribuinte> LerContribuintes(BancoDados& banco);
 // In order of reference, then number.
 std::vector<Declaracao> LerDeclaracoes(BancoDados& banco);
+// The same one by one, for who does not keep them.
+void PercorrerDeclaracoes(BancoDados& banco,
+                          const std::function<void(const Declaracao& declaracao)>& visitar);
 
 bool ExisteContribuinte(BancoDados& banco, const std::string& IE);
 bool ExisteDeclaracao(BancoDados& banco, std::int32_t NroDRQ);

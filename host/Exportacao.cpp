@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cctype>
+#include <map>
 #include <sstream>
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
 #include "platform/arquivo/Arquivos.h"
+#include "platform/arquivo/GravacaoSegura.h"
 #include "platform/json/DocumentoJSON.h"
 #include "platform/png/PaginasPNG.h"
 #include "slip/RelatorioVELO.h"
@@ -24,11 +26,12 @@ const EntradaCatalogo* Procurar(std::string_view codigo) {
     return nullptr;
 }
 
-std::string EmMaiusculas(std::string_view texto) {
-    std::string maiusculas(texto);
-    std::transform(maiusculas.begin(), maiusculas.end(), maiusculas.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return maiusculas;
+void Confirmar(GravacaoSegura& gravacao, Espera espera) {
+    if (espera == Espera::PeloDisco) {
+        gravacao.Confirmar();
+    } else {
+        gravacao.ConfirmarSemEsperar();
+    }
 }
 
 // PNG pages that an earlier, longer document left.
@@ -46,20 +49,28 @@ void RemoverPaginasAlem(const std::filesystem::path& pasta, const std::string& n
 
 }  // namespace
 
-std::vector<std::string> LerListaDeCodigos(std::string_view lista) {
+std::string EmMaiusculas(std::string_view texto) {
+    std::string maiusculas(texto);
+    std::transform(maiusculas.begin(), maiusculas.end(), maiusculas.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return maiusculas;
+}
+
+std::vector<std::string> SepararCodigos(std::string_view lista) {
     std::vector<std::string> codigos;
-    while (!lista.empty()) {
-        const auto virgula = std::min(lista.find(','), lista.size());
-        const std::string codigo = EmMaiusculas(lista.substr(0, virgula));
-        lista.remove_prefix(std::min(virgula + 1, lista.size()));
-        if (codigo != CodigoVELO && Procurar(codigo) == nullptr) {
-            return {};
-        }
+    for (std::size_t inicio = 0; inicio <= lista.size();) {
+        const std::size_t virgula = std::min(lista.find(',', inicio), lista.size());
+        const std::string codigo = EmMaiusculas(lista.substr(inicio, virgula - inicio));
         if (std::find(codigos.begin(), codigos.end(), codigo) == codigos.end()) {
             codigos.push_back(codigo);
         }
+        inicio = virgula + 1;
     }
     return codigos;
+}
+
+bool ExisteCodigo(std::string_view codigo) {
+    return codigo == CodigoVELO || Procurar(codigo) != nullptr;
 }
 
 std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ) {
@@ -107,10 +118,28 @@ std::string_view Extensao(Formato formato) {
 }
 
 std::string NomeDoArquivo(std::string_view codigo) {
-    const std::string_view classe = codigo == CodigoVELO
-                                        ? RelatorioVELO().Identidade().classe
-                                        : Procurar(codigo)->criar({})->Identidade().classe;
-    return std::string(codigo) + "-" + std::string(classe);
+    static const auto nomes = [] {
+        std::map<std::string, std::string, std::less<>> lista;
+        const auto acrescentar = [&](std::string_view um, const Relatorio& relatorio) {
+            lista[std::string(um)] =
+                std::string(um) + "-" + std::string(relatorio.Identidade().classe);
+        };
+        for (const auto& entrada : Catalogo()) {
+            acrescentar(entrada.codigo, *entrada.criar({}));
+        }
+        acrescentar(CodigoVELO, RelatorioVELO());
+        return lista;
+    }();
+    return nomes.find(codigo)->second;
+}
+
+ResultadoPDF GravarSecoes(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo,
+                          Espera espera) {
+    GravacaoSegura gravacao(arquivo);
+    ResultadoPDF resultado =
+        RenderizarPDF(secoes, [&](std::string_view bytes) { gravacao.Escrever(bytes); });
+    Confirmar(gravacao, espera);
+    return resultado;
 }
 
 ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino) {
@@ -118,11 +147,13 @@ ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const D
     const Conteudo& conteudo = relatorio.Documento();
     const std::string nome = NomeDoArquivo(codigo);
     switch (destino.formato) {
-        case Formato::PDF:
-            return GravarPDF(conteudo, destino.pasta / (nome + ".pdf"));
+        case Formato::PDF: {
+            const SecaoPDF secao{.conteudo = &conteudo, .marcador = conteudo.titulo};
+            return GravarSecoes({&secao, 1}, destino.pasta / (nome + ".pdf"), destino.espera);
+        }
         case Formato::PNG: {
             std::string pdf;
-            ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
+            const ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
             RemoverPaginasAlem(destino.pasta, nome,
                                GravarPNG(pdf, destino.pasta, nome, destino.dpi).size());
             return resultado;
@@ -130,7 +161,9 @@ ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const D
         case Formato::JSON: {
             std::ostringstream json;
             EscreverJSON(relatorio.Identidade().classe, conteudo, json);
-            GravarArquivo(destino.pasta / (nome + ".json"), json.str());
+            GravacaoSegura gravacao(destino.pasta / (nome + ".json"));
+            gravacao.Escrever(json.view());
+            Confirmar(gravacao, destino.espera);
             return {.paginas = conteudo.paginas.size(), .cortados = {}};
         }
     }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,9 +19,12 @@ namespace tarvo::host {
 // A report that the command can build: an entry of the selection list, or the payment slip.
 constexpr std::string_view CodigoVELO = "VELO";
 
-// The codes of a list as the user writes it ("01,11A,VELO", without regard to case), in the order
-// given, each once; empty when a code is unknown or the list has none.
-std::vector<std::string> LerListaDeCodigos(std::string_view lista);
+std::string EmMaiusculas(std::string_view texto);  // of ASCII letters
+
+// The codes of a list as the user writes it ("01,11a,velo"), in capitals, in the order given, each
+// once.
+std::vector<std::string> SepararCodigos(std::string_view lista);
+bool ExisteCodigo(std::string_view codigo);
 
 // The codes that the selection dialog offers for a declaration. Error 3021 when it does not exist.
 std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ);
@@ -37,7 +41,7 @@ struct Alvo {
     std::int32_t NumeroDRQ = 0;
 };
 
-// The built report of that code (one of LerListaDeCodigos). The report's own errors reach the
+// The built report of that code (one that exists). The report's own errors reach the
 // caller. What ambiente points to outlives it.
 std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
                                               const Alvo& alvo, const Ambiente& ambiente);
@@ -45,10 +49,14 @@ std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDado
 enum class Formato { PDF, PNG, JSON };
 std::optional<Formato> LerFormato(std::string_view nome);
 
+// Whether writing returns only once the file would outlast a power failure.
+enum class Espera { PeloDisco, Nenhuma };
+
 struct Destino {
     std::filesystem::path pasta;
     Formato formato = Formato::PDF;
     int dpi = 150;  // of PNG pages
+    Espera espera = Espera::PeloDisco;
 };
 
 // "pdf"
@@ -58,8 +66,12 @@ std::string_view Extensao(Formato formato);
 std::string NomeDoArquivo(std::string_view codigo);
 
 // Writes a built report into the folder, which is made when it is missing. On an error no new file
-// is left, and a file of an earlier run stays as it was.
-// Pages of an earlier run that the document no longer has are removed.
+// is left, and a file of an earlier run stays as it was. Pages of an earlier run that the document
+// no longer has are removed.
 ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino);
+
+// Writes several documents as one PDF with an outline.
+ResultadoPDF GravarSecoes(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo,
+                          Espera espera);
 
 }  // namespace tarvo::host

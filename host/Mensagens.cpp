@@ -1,6 +1,10 @@
 #include "host/Mensagens.h"
 
+#include <new>
 #include <ostream>
+#include <string>
+
+#include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
 
@@ -26,22 +30,49 @@ constexpr Conselho Conselhos[] = {
     {NumeroErro::RegistroAtualAusente,
      "A declaração não existe; relatorios-tarvo listar BANCO mostra as que existem."},
     {NumeroErro::TabelaInexistente, "O banco não tem todas as tabelas de um banco de declarações."},
+    {NumeroErro::ArquivoJaExiste,
+     "Acrescente --retomar para continuar esse lote, ou escolha outra pasta."},
     {NumeroErro::ErroImpressora, "Confira a impressora e o serviço de impressão (CUPS)."},
 };
 
 }  // namespace
 
-void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto) {
-    erros << "erro " << static_cast<int>(erro.Numero()) << ": ";
-    if (!contexto.empty()) {
-        erros << contexto << ": ";
+Erro ErroCorrente() {
+    try {
+        throw;
+    } catch (const Erro& erro) {
+        return erro;
+    } catch (const std::bad_alloc&) {
+        return {NumeroErro::MemoriaInsuficiente, "Memória insuficiente."};
+    } catch (const std::exception& excecao) {
+        return {NumeroErro::ErroInterno, std::string("Erro interno: ") + excecao.what()};
     }
-    erros << erro.Descricao() << "\n";
+}
+
+void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto) {
+    erros << "erro " << static_cast<int>(erro.Numero()) << ": " << contexto
+          << (contexto.empty() ? "" : ": ") << erro.Descricao() << "\n";
+}
+
+void DizerConselho(std::ostream& erros, const Erro& erro, const Configuracoes* configuracoes) {
     for (const auto& conselho : Conselhos) {
         if (conselho.numero == erro.Numero()) {
             erros << "  " << conselho.texto << "\n";
         }
     }
+    // The CFOP summaries need a setting that a new user has not made yet.
+    if (erro.Numero() == NumeroErro::TipoIncompativel && configuracoes != nullptr) {
+        using namespace AjusteRefAtual;
+        if (configuracoes->Ler(Aplicacao, Secao, Chave, "").empty()) {
+            erros << "  Informe o mês: relatorios-tarvo ref-atual MM/AAAA, ou --ref-atual\n";
+        }
+    }
+}
+
+void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto,
+               const Configuracoes* configuracoes) {
+    DizerLinhaDeErro(erros, erro, contexto);
+    DizerConselho(erros, erro, configuracoes);
 }
 
 int DizendoErros(std::ostream& erros, const std::function<int()>& comando) {
@@ -50,8 +81,8 @@ int DizendoErros(std::ostream& erros, const std::function<int()>& comando) {
     } catch (const UsoErrado& uso) {
         erros << "uso incorreto: " << uso.what() << "\n  Veja relatorios-tarvo --ajuda\n";
         return Incompreendido;
-    } catch (const Erro& erro) {
-        DizerErro(erros, erro);
+    } catch (...) {
+        DizerErro(erros, ErroCorrente());
         return Falhou;
     }
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
+#include "document/Visualizador.h"
 
 // What the command says when something is wrong, and how it ends.
 namespace tarvo::host {
@@ -17,9 +18,20 @@ enum Situacao : int {
     Incompreendido = 2,  // wrong usage
 };
 
-// "erro NÚMERO: descrição", and a second line with what to do where there is something to do.
-// contexto, when not empty, comes before the description ("10-RelatorioApuracaoOpProp").
-void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "");
+// The exception that is being handled, as an Erro: 7 when memory is out, 51 for what is none of
+// ours.
+Erro ErroCorrente();
+
+// "erro NÚMERO: descrição". contexto, when not empty, comes before the description ("relatório
+// 10").
+void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "");
+// A second line with what to do, where there is something to do. configuracoes, when there are
+// some, are those that the reports read.
+void DizerConselho(std::ostream& erros, const Erro& erro,
+                   const Configuracoes* configuracoes = nullptr);
+// Both.
+void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "",
+               const Configuracoes* configuracoes = nullptr);
 
 // The command line cannot be understood; what() says why, in Portuguese.
 class UsoErrado : public std::runtime_error {

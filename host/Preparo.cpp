@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <ostream>
 
 #include "data/Formatos.h"
@@ -14,14 +15,25 @@ namespace tarvo::host {
 
 namespace {
 
-// Says which taxpayer or declaration does not exist: their reports come out empty.
+// Says which taxpayer or declaration does not exist, of those that the reports need: their
+// documents come out empty.
 void AvisarAusentes(BancoDados& banco, const Argumentos& a, std::ostream& erros) {
-    if (a.IE && !ExisteContribuinte(banco, *a.IE)) {
+    const auto precisa = [&](bool (*de)(std::string_view)) {
+        return a.todos || std::any_of(a.codigos.begin(), a.codigos.end(), de);
+    };
+    if (a.IE && precisa(PrecisaDeContribuinte) && !ExisteContribuinte(banco, *a.IE)) {
         erros << "aviso: o contribuinte " << *a.IE << " não existe neste banco\n";
     }
-    if (a.NumeroDRQ && !ExisteDeclaracao(banco, *a.NumeroDRQ)) {
+    if (a.NumeroDRQ && precisa(PrecisaDeDeclaracao) && !ExisteDeclaracao(banco, *a.NumeroDRQ)) {
         erros << "aviso: a declaração " << *a.NumeroDRQ << " não existe neste banco\n";
     }
+}
+
+// On one line, as a message shows it.
+std::string EmUmaLinha(std::string texto) {
+    std::replace_if(
+        texto.begin(), texto.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    return texto;
 }
 
 void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoPDF& resultado) {
@@ -29,18 +41,20 @@ void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoP
         erros << "aviso: " << nome << ", página " << corte.pagina << ", a "
               << FormatarValor(Moeda::DeDouble(corte.caixa.x)) << " × "
               << FormatarValor(Moeda::DeDouble(corte.caixa.y))
-              << " cm: o texto não coube e foi cortado: \"" << corte.texto << "\"\n";
+              << " cm: o texto não coube e foi cortado: \"" << EmUmaLinha(corte.texto) << "\"\n";
     }
 }
 
 // A database that cannot be written is read all the same, with work tables of this call alone.
-std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo) {
+std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo, std::ostream& erros) {
     const auto pasta = arquivo.has_parent_path() ? arquivo.parent_path() : ".";
     if (::access(arquivo.c_str(), W_OK) == 0 && ::access(pasta.c_str(), W_OK) == 0) {
         return BancoSQLite::Abrir(arquivo);
     }
-    return BancoSQLite::Abrir(arquivo, {.modo = ModoAbertura::SomenteLeitura,
-                                        .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    auto banco = BancoSQLite::Abrir(arquivo, {.modo = ModoAbertura::SomenteLeitura,
+                                              .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    erros << "aviso: o banco não pode ser alterado; as tabelas de trabalho são só desta chamada\n";
+    return banco;
 }
 
 }  // namespace
@@ -48,7 +62,7 @@ std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo) {
 int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
                       const std::function<ResultadoPDF(const std::string& codigo,
                                                        const Relatorio& relatorio)>& usar) {
-    const auto banco = AbrirBanco(a.banco);
+    const auto banco = AbrirBanco(a.banco, erros);
     AvisarAusentes(*banco, a, erros);
     const ConfiguracoesDaChamada configuracoes(a.refAtual);
     const Ambiente ambiente{.configuracoes = &configuracoes};
@@ -58,8 +72,8 @@ int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
         try {
             const auto relatorio = ConstruirRelatorio(codigo, *banco, alvo, ambiente);
             AvisarCortes(erros, NomeDoArquivo(codigo), usar(codigo, *relatorio));
-        } catch (const Erro& erro) {
-            DizerErro(erros, erro, "relatório " + codigo);
+        } catch (...) {
+            DizerErro(erros, ErroCorrente(), "relatório " + codigo, &configuracoes);
             situacao = Falhou;
         }
     }

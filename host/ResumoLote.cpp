@@ -1,21 +1,29 @@
 #include "host/ResumoLote.h"
 
-#include <sstream>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <charconv>
+#include <fstream>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "data/CodigosDeErros.h"
 #include "platform/arquivo/Arquivos.h"
+#include "platform/arquivo/GravacaoSegura.h"
 
 namespace tarvo::host {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::string_view Cabecalho =
-    "\xEF\xBB\xBFinscrição;declaração;referência;relatório;arquivo;páginas;cortados;erro;"
+    "\xEF\xBB\xBFinscrição;declaração;referência;relatório;arquivo;bytes;páginas;cortados;erro;"
     "descrição\r\n";
-constexpr std::size_t ColunaArquivo = 4;
-constexpr std::size_t ColunaErro = 7;
-constexpr std::size_t Colunas = 9;
+constexpr std::size_t Colunas = 10;
 
 std::string Citado(std::string_view texto) {
     if (texto.find_first_of(";\"\r\n") == std::string_view::npos) {
@@ -31,7 +39,13 @@ std::string Citado(std::string_view texto) {
     return citado + "\"";
 }
 
-// The columns of one line of the summary.
+std::string Escrita(const LinhaResumo& l) {
+    return Citado(l.IE) + ';' + std::to_string(l.NroDRQ) + ';' + l.referencia + ';' + l.relatorio +
+           ';' + Citado(l.arquivo) + ';' + std::to_string(l.bytes) + ';' +
+           std::to_string(l.paginas) + ';' + std::to_string(l.cortados) + ';' +
+           std::to_string(l.erro) + ';' + Citado(l.descricao) + "\r\n";
+}
+
 std::vector<std::string> Separar(std::string_view linha) {
     std::vector<std::string> colunas(1);
     bool citado = false;
@@ -51,48 +65,100 @@ std::vector<std::string> Separar(std::string_view linha) {
     return colunas;
 }
 
-}  // namespace
-
-ResumoLote::ResumoLote(const std::filesystem::path& pasta, bool retomar)
-    : arquivo_(pasta / "resumo.csv") {
-    std::string conteudo(Cabecalho);
-    if (std::filesystem::exists(arquivo_)) {
-        if (!retomar) {
-            throw Erro(NumeroErro::ArquivoJaExiste,
-                       "A pasta \"" + pasta.string() +
-                           "\" já tem o resumo de um lote; use --retomar ou outra pasta.");
-        }
-        std::ifstream anterior(arquivo_, std::ios::binary);
-        std::string linha;
-        std::getline(anterior, linha);
-        // A line that a kill cut short has no end and is not believed.
-        while (std::getline(anterior, linha) && !anterior.eof()) {
-            if (linha.ends_with('\r')) {
-                linha.pop_back();
-            }
-            const auto colunas = Separar(linha);
-            if (colunas.size() == Colunas && colunas[ColunaErro] == "0" &&
-                std::filesystem::exists(pasta / colunas[ColunaArquivo])) {
-                produzidos_.insert(colunas[ColunaArquivo]);
-                conteudo += linha + "\r\n";
-            }
-        }
-    }
-    GravarArquivo(arquivo_, conteudo);
-    saida_.open(arquivo_, std::ios::binary | std::ios::app);
+template <class Inteiro>
+bool LerNumero(const std::string& texto, Inteiro& numero) {
+    const char* const fim = texto.data() + texto.size();
+    const auto lido = std::from_chars(texto.data(), fim, numero);
+    return lido.ec == std::errc() && lido.ptr == fim;
 }
 
+std::optional<LinhaResumo> Lida(std::string_view texto) {
+    const auto c = Separar(texto);
+    LinhaResumo l;
+    if (c.size() != Colunas || !LerNumero(c[1], l.NroDRQ) || !LerNumero(c[5], l.bytes) ||
+        !LerNumero(c[6], l.paginas) || !LerNumero(c[7], l.cortados) || !LerNumero(c[8], l.erro)) {
+        return std::nullopt;
+    }
+    l.IE = c[0];
+    l.referencia = c[2];
+    l.relatorio = c[3];
+    l.arquivo = c[4];
+    l.descricao = c[9];
+    return l;
+}
+
+fs::path ArquivoDoResumo(const fs::path& pasta) {
+    return pasta / "resumo.csv";
+}
+
+bool Existe(const fs::path& arquivo) {
+    std::error_code ignorado;
+    return fs::exists(fs::symlink_status(arquivo, ignorado));
+}
+
+// The file to write to, with its header.
+int Abrir(const fs::path& arquivo, bool continuar) {
+    if (!Existe(arquivo)) {
+        GravarArquivo(arquivo, Cabecalho);
+    } else if (!continuar) {
+        throw Erro(NumeroErro::ArquivoJaExiste,
+                   "\"" + arquivo.string() + "\" já existe: a pasta tem o resumo de um lote.");
+    }
+    const int descritor = ::open(arquivo.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    if (descritor < 0) {
+        LancarErroDeArquivo(arquivo, errno);
+    }
+    return descritor;
+}
+
+}  // namespace
+
+void FiltrarResumo(const fs::path& pasta,
+                   const std::function<bool(const LinhaResumo& linha)>& manter) {
+    const fs::path arquivo = ArquivoDoResumo(pasta);
+    if (!Existe(arquivo)) {
+        return;
+    }
+    std::ifstream anterior(arquivo, std::ios::binary);
+    std::string linha;
+    std::getline(anterior, linha);
+    if (linha + "\n" != Cabecalho) {
+        throw Erro(NumeroErro::ChamadaInvalida,
+                   "\"" + arquivo.string() + "\" não é o resumo de um lote; use outra pasta.");
+    }
+    GravacaoSegura nova(arquivo);
+    nova.Escrever(Cabecalho);
+    // A line without its end was cut short.
+    while (std::getline(anterior, linha) && !anterior.eof()) {
+        if (!linha.ends_with('\r')) {
+            continue;
+        }
+        linha.pop_back();
+        const auto lida = Lida(linha);
+        if (lida && manter(*lida)) {
+            nova.Escrever(linha + "\r\n");
+        }
+    }
+    if (anterior.bad()) {
+        LancarErroDeArquivo(arquivo, EIO);
+    }
+    nova.Confirmar();
+}
+
+ResumoLote::ResumoLote(const fs::path& pasta, bool continuar)
+    : arquivo_(ArquivoDoResumo(pasta)), saida_(Abrir(arquivo_, continuar)) {}
+
 void ResumoLote::Acrescentar(const LinhaResumo& l) {
-    std::ostringstream linha;
-    linha.imbue(std::locale::classic());
-    linha << Citado(l.IE) << ';' << l.NroDRQ << ';' << l.referencia << ';' << l.relatorio << ';'
-          << Citado(l.arquivo) << ';' << l.paginas << ';' << l.cortados << ';' << l.erro << ';'
-          << Citado(l.descricao) << "\r\n";
+    const std::string linha = Escrita(l);
+    std::string_view resto = linha;
     const std::lock_guard trava(mutex_);
-    saida_ << linha.str();
-    if (!saida_.flush()) {
-        throw Erro(NumeroErro::DiscoCheio,
-                   "O resumo \"" + arquivo_.string() + "\" não pôde ser gravado.");
+    while (!resto.empty()) {
+        const ssize_t escritos = ::write(saida_.Valor(), resto.data(), resto.size());
+        if (escritos >= 0) {
+            resto.remove_prefix(static_cast<std::size_t>(escritos));
+        } else if (errno != EINTR) {
+            LancarErroDeArquivo(arquivo_, errno);
+        }
     }
 }
 

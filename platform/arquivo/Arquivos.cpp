@@ -90,6 +90,13 @@ void GravarArquivo(const std::filesystem::path& arquivo, std::string_view bytes)
     gravacao.Confirmar();
 }
 
+void EsperarPeloDisco(const std::filesystem::path& pasta) {
+    const Descritor aberta(::open(pasta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (aberta.Valor() < 0 || ::syncfs(aberta.Valor()) != 0) {
+        LancarErroDeArquivo(pasta, errno);
+    }
+}
+
 void CriarPasta(const std::filesystem::path& pasta) {
     std::error_code erro;
     std::filesystem::create_directories(pasta, erro);

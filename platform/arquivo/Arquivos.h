@@ -17,6 +17,9 @@ std::string LerArquivo(const std::filesystem::path& arquivo);
 // Replaces the file as a whole (see GravacaoSegura).
 void GravarArquivo(const std::filesystem::path& arquivo, std::string_view bytes);
 
+// Returns once everything that was written to the file system of that folder is on the disk.
+void EsperarPeloDisco(const std::filesystem::path& pasta);
+
 // With the folders on the way to it, where they are missing.
 void CriarPasta(const std::filesystem::path& pasta);
 

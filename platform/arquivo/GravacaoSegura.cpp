@@ -20,6 +20,11 @@ fs::path PastaDe(const fs::path& arquivo) {
     return arquivo.has_parent_path() ? arquivo.parent_path() : fs::path(".");
 }
 
+// The way to an open file that has no name.
+std::string CaminhoDoDescritor(int descritor) {
+    return "/proc/self/fd/" + std::to_string(descritor);
+}
+
 }  // namespace
 
 GravacaoSegura::GravacaoSegura(fs::path arquivo) : arquivo_(std::move(arquivo)) {
@@ -33,6 +38,7 @@ GravacaoSegura::GravacaoSegura(fs::path arquivo) : arquivo_(std::move(arquivo)) 
         if (descritor_ < 0) {
             LancarErroDeArquivo(arquivo_, errno);
         }
+        direta_ = true;
         return;
     }
     // A link stays a link: what it points to is replaced.
@@ -42,15 +48,33 @@ GravacaoSegura::GravacaoSegura(fs::path arquivo) : arquivo_(std::move(arquivo)) 
     AbrirTemporario();
 }
 
-void GravacaoSegura::AbrirTemporario() {
-    for (unsigned tentativa = 0; descritor_ < 0; ++tentativa) {
-        temporario_ = PastaDe(arquivo_) / (".tarvo-" + std::to_string(::getpid()) + "-" +
-                                           std::to_string(tentativa) + ".tmp");
-        descritor_ = ::open(temporario_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (descritor_ < 0 && errno != EEXIST) {
+// Runs the step with one temporary name after another until one is free.
+template <class Passo>
+void GravacaoSegura::ComNomeLivre(Passo&& passo) {
+    for (unsigned tentativa = 0;; ++tentativa) {
+        fs::path nome = PastaDe(arquivo_) / (".tarvo-" + std::to_string(::getpid()) + "-" +
+                                             std::to_string(tentativa) + ".tmp");
+        if (passo(nome)) {
+            temporario_ = std::move(nome);
+            return;
+        }
+        if (errno != EEXIST) {
             LancarErroDeArquivo(arquivo_, errno);
         }
     }
+}
+
+void GravacaoSegura::AbrirTemporario() {
+    // Without a name nothing is left even of a killed process. Not every file system can do it.
+    descritor_ = ::open(PastaDe(arquivo_).c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666);
+    if (descritor_ >= 0 && ::access(CaminhoDoDescritor(descritor_).c_str(), F_OK) == 0) {
+        return;
+    }
+    Fechar();
+    ComNomeLivre([this](const fs::path& nome) {
+        descritor_ = ::open(nome.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        return descritor_ >= 0;
+    });
 }
 
 GravacaoSegura::~GravacaoSegura() {
@@ -78,7 +102,14 @@ void GravacaoSegura::Escrever(std::string_view bytes) {
 }
 
 void GravacaoSegura::Confirmar() {
-    if (temporario_.empty()) {
+    if (!direta_ && ::fsync(descritor_) != 0) {
+        LancarErroDeArquivo(arquivo_, errno);
+    }
+    ConfirmarSemEsperar();
+}
+
+void GravacaoSegura::ConfirmarSemEsperar() {
+    if (direta_) {
         Fechar();
         return;
     }
@@ -87,11 +118,28 @@ void GravacaoSegura::Confirmar() {
         // Fails where the file is another user's; the new one then has our own permissions.
         (void)::fchmod(descritor_, antigo.st_mode & 07777U);
     }
-    if (::fsync(descritor_) != 0 || ::close(std::exchange(descritor_, -1)) != 0 ||
+    if (temporario_.empty() && !Nomear()) {
+        return;
+    }
+    if (::close(std::exchange(descritor_, -1)) != 0 ||
         ::rename(temporario_.c_str(), arquivo_.c_str()) != 0) {
         LancarErroDeArquivo(arquivo_, errno);
     }
     temporario_.clear();
+}
+
+bool GravacaoSegura::Nomear() {
+    const std::string origem = CaminhoDoDescritor(descritor_);
+    const auto ligar = [&](const fs::path& nome) {
+        return ::linkat(AT_FDCWD, origem.c_str(), AT_FDCWD, nome.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    };
+    if (ligar(arquivo_)) {
+        Fechar();
+        return false;
+    }
+    // A name that is taken is replaced by renaming.
+    ComNomeLivre(ligar);
+    return true;
 }
 
 }  // namespace tarvo

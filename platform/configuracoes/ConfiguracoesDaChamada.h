@@ -7,6 +7,7 @@
 
 #include "data/Publico.h"
 #include "platform/configuracoes/ConfiguracoesIni.h"
+#include "reports/ReferenciaAtual.h"
 
 namespace tarvo {
 
@@ -19,7 +20,7 @@ class TARVO_PUBLICO ConfiguracoesDaChamada final : public Configuracoes {
 
     [[nodiscard]] std::string Ler(std::string_view aplicacao, std::string_view secao,
                                   std::string_view chave, std::string_view padrao) const override {
-        const bool substituida = refAtual_ && chave == "RefAtual";
+        const bool substituida = refAtual_ && chave == AjusteRefAtual::Chave;
         return substituida ? *refAtual_ : doUsuario_.Ler(aplicacao, secao, chave, padrao);
     }
 

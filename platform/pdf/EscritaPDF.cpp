@@ -131,7 +131,7 @@ void EscritaPDF::Glifos(Fonte& fonte, Centesimos corpo, std::u32string_view text
         operadores_ += '<';
         AnexarHex(operadores_, g.glifo, 4);
         operadores_ += '>';
-        ajustar(g.avanco - g.dx - fonte.AvancoGlifo(g.glifo));
+        ajustar(g.avanco - g.dx - fonte.AFace().AvancoGlifo(g.glifo));
         fonte.MarcarGlifo(g);
     }
     operadores_ += elevacao != 0 ? "]TJ 0 Ts\n" : "]TJ\n";

@@ -70,6 +70,10 @@ void EscritorPDF::Fluxo(int numero, std::string_view dicionario, std::string_vie
     EscreverFluxo(numero, dicionario, compressor_.Comprimir(dados), true);
 }
 
+void EscritorPDF::FluxoComprimido(int numero, std::string_view dicionario, std::string_view dados) {
+    EscreverFluxo(numero, dicionario, dados, true);
+}
+
 void EscritorPDF::FluxoAberto(int numero, std::string_view dicionario, std::string_view dados) {
     EscreverFluxo(numero, dicionario, dados, false);
 }

@@ -25,6 +25,8 @@ class EscritorPDF {
     void Objeto(int numero, std::string_view corpo);
     // dicionario: the entries besides Length and Filter.
     void Fluxo(int numero, std::string_view dicionario, std::string_view dados);
+    // dados: compressed already.
+    void FluxoComprimido(int numero, std::string_view dicionario, std::string_view dados);
     void FluxoAberto(int numero, std::string_view dicionario, std::string_view dados);
     // The cross-reference stream and the end of the file.
     void Terminar(int raiz, int informacao);

@@ -1,5 +1,11 @@
 #include "platform/pdf/Figuras.h"
 
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "platform/pdf/Compressor.h"
 #include "platform/pdf/LeitorGIF.h"
 #include "platform/pdf/Numeros.h"
 
@@ -42,24 +48,60 @@ std::string Paleta(const Raster& raster) {
     return hex + ">";
 }
 
+// What a picture is in a file. The same for every file: kept for the process, as reports bear the
+// same few pictures.
+struct Figura {
+    FormatoImagem formato;
+    std::vector<unsigned char> origem;
+    std::string dicionario;
+    std::string dados;  // compressed
+};
+
+std::shared_ptr<const Figura> Preparar(const Imagem& imagem) {
+    const Raster raster = LerGIF(imagem);
+    const int bits = BitsPorPonto(raster.paleta.size());
+    std::string d = "/Type/XObject/Subtype/Image/Width ";
+    d += std::to_string(raster.largura) + "/Height " + std::to_string(raster.altura);
+    d += "/BitsPerComponent " + std::to_string(bits) + "/ColorSpace[/Indexed/DeviceRGB " +
+         std::to_string(raster.paleta.size() - 1) + " " + Paleta(raster) + "]";
+    if (raster.transparente.has_value()) {
+        const std::string indice = std::to_string(*raster.transparente);
+        d += "/Mask[" + indice + " " + indice + "]";
+    }
+    return std::make_shared<Figura>(
+        Figura{.formato = imagem.formato,
+               .origem = {imagem.bytes.begin(), imagem.bytes.end()},
+               .dicionario = std::move(d),
+               .dados = std::string(Compressor().Comprimir(Empacotar(raster, bits)))});
+}
+
+std::shared_ptr<const Figura> Pronta(const Imagem& imagem) {
+    constexpr std::size_t Lembradas = 16;
+    static std::mutex mutex;
+    static std::vector<std::shared_ptr<const Figura>> prontas;
+    const std::lock_guard trava(mutex);
+    const auto achada = std::ranges::find_if(prontas, [&](const auto& figura) {
+        return figura->formato == imagem.formato &&
+               std::ranges::equal(figura->origem, imagem.bytes);
+    });
+    if (achada != prontas.end()) {
+        return *achada;
+    }
+    auto figura = Preparar(imagem);
+    if (prontas.size() < Lembradas) {
+        prontas.push_back(figura);
+    }
+    return figura;
+}
+
 }  // namespace
 
 const std::string& FigurasPDF::Obter(const Imagem& imagem) {
     auto& nome = nomes_[imagem.bytes.data()];
     if (nome.empty()) {
-        const Raster raster = LerGIF(imagem);
-        const int bits = BitsPorPonto(raster.paleta.size());
-        std::string dicionario = "/Type/XObject/Subtype/Image/Width ";
-        dicionario += std::to_string(raster.largura) + "/Height " + std::to_string(raster.altura);
-        dicionario += "/BitsPerComponent " + std::to_string(bits) +
-                      "/ColorSpace[/Indexed/DeviceRGB " + std::to_string(raster.paleta.size() - 1) +
-                      " " + Paleta(raster) + "]";
-        if (raster.transparente.has_value()) {
-            const std::string indice = std::to_string(*raster.transparente);
-            dicionario += "/Mask[" + indice + " " + indice + "]";
-        }
+        const auto figura = Pronta(imagem);
         const int objeto = escritor_.Reservar();
-        escritor_.Fluxo(objeto, dicionario, Empacotar(raster, bits));
+        escritor_.FluxoComprimido(objeto, figura->dicionario, figura->dados);
         nome = "I" + std::to_string(nomes_.size() - 1);
         recursos_ += "/" + nome + " " + Referencia(objeto);
     }

@@ -70,10 +70,10 @@ std::string Subconjunto(const Fonte& fonte) {
           HB_TAG('k', 'e', 'r', 'n'), HB_TAG('n', 'a', 'm', 'e'), HB_TAG('D', 'S', 'I', 'G')}) {
         hb_set_add(fora, tabela);
     }
-    hb_face_t* const reduzida = hb_subset_or_fail(fonte.Face(), pedido.get());
+    hb_face_t* const reduzida = hb_subset_or_fail(fonte.AFace().Hb(), pedido.get());
     if (reduzida == nullptr) {
         throw Erro(NumeroErro::FonteAusente,
-                   "A fonte " + fonte.NomePostScript() + " não pôde ser embutida.");
+                   "A fonte " + fonte.AFace().NomePostScript() + " não pôde ser embutida.");
     }
     hb_blob_t* const blob = hb_face_reference_blob(reduzida);
     unsigned tamanho = 0;
@@ -89,7 +89,7 @@ std::string NomeDoSubconjunto(const FonteDoArquivo& f) {
     std::string marca = "TARVOA";
     marca[5] = static_cast<char>('A' + f.numero % 26);
     marca[4] = static_cast<char>('A' + f.numero / 26 % 26);
-    return marca + "+" + f.fonte.NomePostScript();
+    return marca + "+" + f.fonte.AFace().NomePostScript();
 }
 
 std::string Descritor(const Fonte& fonte, const std::string& nome, int arquivo) {
@@ -117,7 +117,7 @@ FonteDoArquivo& FontesPDF::Obter(std::string_view nome, bool negrito, bool itali
     chave += italico ? 'I' : 'i';
     auto*& fonte = porNome_[chave];
     if (fonte == nullptr) {
-        auto nova = std::make_unique<FonteDoArquivo>(LocalizarFonte(nome, negrito, italico));
+        auto nova = std::make_unique<FonteDoArquivo>(Face::Obter(nome, negrito, italico));
         nova->numero = static_cast<int>(fontes_.size());
         nova->objetoCodigos = escritor_.Reservar();
         nova->objetoGlifos = escritor_.Reservar();
@@ -168,7 +168,7 @@ void FontesPDF::EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome,
                 larguras += "0 ";
             }
             pares.push_back({codigo, UnicodeDeWinAnsi(byte)});
-            larguras += std::to_string(f.fonte.AvancoCodigo(byte)) + " ";
+            larguras += std::to_string(f.fonte.AFace().Avanco(byte)) + " ";
         }
     }
     const int mapa = escritor_.Reservar();
@@ -185,7 +185,8 @@ void FontesPDF::EmbutirGlifos(FonteDoArquivo& f, const std::string& nome, int de
     std::vector<CodigoUnicode> pares;
     std::string larguras;
     for (const auto& [glifo, unicode] : f.fonte.GlifosUsados()) {
-        larguras += std::to_string(glifo) + "[" + std::to_string(f.fonte.AvancoGlifo(glifo)) + "]";
+        larguras +=
+            std::to_string(glifo) + "[" + std::to_string(f.fonte.AFace().AvancoGlifo(glifo)) + "]";
         if (unicode != 0) {
             pares.push_back({glifo, unicode});
         }

@@ -14,7 +14,7 @@ namespace tarvo::pdf {
 // A face of the file with its number, which gives its names in content streams: "F" for one-byte
 // text, "G" for text by glyph number.
 struct FonteDoArquivo {
-    explicit FonteDoArquivo(const ArquivoFonte& arquivo) : fonte(arquivo) {}
+    explicit FonteDoArquivo(std::shared_ptr<const Face> face) : fonte(std::move(face)) {}
 
     Fonte fonte;
     int numero = 0;

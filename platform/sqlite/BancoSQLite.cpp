@@ -1,5 +1,7 @@
 #include "platform/sqlite/BancoSQLite.h"
 
+#include <sqlite3.h>
+
 #include "data/CodigosDeErros.h"
 #include "platform/sqlite/Abertura.h"
 #include "platform/sqlite/Conexao.h"
@@ -94,6 +96,11 @@ class Banco final : public BancoSQLite {
 };
 
 }  // namespace
+
+void PrepararParaVariosFios() {
+    // Refused, and not needed, where the process has used SQLite before.
+    sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
 
 std::unique_ptr<BancoSQLite> BancoSQLite::Abrir(const std::filesystem::path& arquivo,
                                                 const OpcoesAbertura& opcoes) {

@@ -49,8 +49,14 @@ class TARVO_PUBLICO BancoSQLite : public BancoDados {
     virtual void ExecutarScript(std::string_view sql) = 0;
 };
 
-// Creates an empty declaration database, in WAL mode. Errors: 3204 the file exists, 76 no such
-// folder, 70 no permission, 61 no space. On any error no file is left behind.
-TARVO_PUBLICO void CriarBanco(const std::filesystem::path& arquivo);
+// For a program that reads with several threads at once, called before the first database is open:
+// SQLite then keeps no account of its memory, which would make all threads wait for each other. For
+// the whole process, so not the library's to decide.
+TARVO_PUBLICO void PrepararParaVariosFios();
+
+// Creates a declaration database, in WAL mode: empty, or filled by a script of SQLite's dialect.
+// The file appears once it is complete. Errors: 3204 the file exists, 76 no such folder, 70 no
+// permission, 61 no space. On any error no file is left behind.
+TARVO_PUBLICO void CriarBanco(const std::filesystem::path& arquivo, std::string_view script = {});
 
 }  // namespace tarvo

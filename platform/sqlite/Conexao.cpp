@@ -1,6 +1,7 @@
 #include "platform/sqlite/Conexao.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <charconv>
 #include <new>
@@ -80,9 +81,20 @@ void LancarErroSQLite(sqlite3* db) {
     throw Erro(erro.numero, erro.descricao + (erro.comDetalhe ? " (" + mensagem + ")." : "."));
 }
 
+void Conexao::Fechar() noexcept {
+    // What another program left in the -wal stays there when we are not to write: the last
+    // connection would move it into the file.
+    const char* const arquivo = proibida_ ? sqlite3_db_filename(db_, "main") : nullptr;
+    struct stat wal {};
+    if (arquivo != nullptr && ::stat(sqlite3_filename_wal(arquivo), &wal) == 0 && wal.st_size > 0) {
+        sqlite3_db_config(db_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
+    sqlite3_close(db_);
+}
+
 Conexao::~Conexao() {
     if (posse_ == Posse::Propria) {
-        sqlite3_close(db_);
+        Fechar();
         return;
     }
     for (const std::string& remocao : remocoes_) {

@@ -37,6 +37,8 @@ class Conexao {
     void CriarTemporaria(const std::string& nome, const std::string& definicao);
 
   private:
+    void Fechar() noexcept;
+
     sqlite3* db_;
     Posse posse_;
     bool proibida_ = false;

@@ -94,7 +94,7 @@ class Rascunho {
 
 }  // namespace
 
-void CriarBanco(const fs::path& arquivo) {
+void CriarBanco(const fs::path& arquivo, std::string_view script) {
     std::error_code ignorado;
     if (fs::exists(fs::symlink_status(arquivo, ignorado))) {
         LancarJaExiste(arquivo);
@@ -108,7 +108,8 @@ void CriarBanco(const fs::path& arquivo) {
         if (estado != SQLITE_OK) {
             sqlite::LancarErroSQLite(db);
         }
-        conexao.Executar("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;" + Definicoes());
+        conexao.Executar("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;" + Definicoes() +
+                         "BEGIN;" + std::string(script) + "\n;COMMIT");
     }
     rascunho.Publicar(arquivo);
 }

@@ -1,10 +1,8 @@
 #include <sys/resource.h>
 
-#include <fstream>
-#include <sstream>
+#include <nlohmann/json.hpp>
 
 #include "host/Exportacao.h"
-#include "platform/json/DocumentoJSON.h"
 #include "tests/host/Programa.h"
 
 namespace tarvo::host {
@@ -32,14 +30,30 @@ TEST_F(Exportacao, FilesBearCodeAndClassInEveryFormat) {
     EXPECT_FALSE(std::filesystem::exists(Saida() + "/17-RelatorioPagamentos-002.png"));
 }
 
-TEST_F(Exportacao, TheJsonFileIsTheRecordedDocument) {
+TEST_F(Exportacao, TheJsonFileReadsBackAsTheRecordedDocument) {
     ASSERT_EQ(Exportar("09", "json").situacao, 0);
+    const auto json = nlohmann::json::parse(Conteudo(Saida() + "/09-RelatorioMIDAXBCodigo3.json"));
     const auto banco = BancoSQLite::Abrir(Banco());
     const auto relatorio = ConstruirRelatorio("09", *banco, {"250114377019", 101}, {});
-    std::ostringstream esperado;
-    EscreverJSON("RelatorioMIDAXBCodigo3", relatorio->Documento(), esperado);
-    EXPECT_EQ(Conteudo(Saida() + "/09-RelatorioMIDAXBCodigo3.json"), esperado.str());
-    EXPECT_GT(relatorio->Documento().paginas.size(), 1U);
+    const auto& documento = relatorio->Documento();
+    EXPECT_EQ(json["classe"], "RelatorioMIDAXBCodigo3");
+    EXPECT_EQ(json["titulo"], documento.titulo);
+    EXPECT_EQ(json["margens"], nlohmann::json({2, 2, 2, 2}));
+    ASSERT_GT(documento.paginas.size(), 1U);
+    ASSERT_EQ(json["paginas"].size(), documento.paginas.size());
+    for (std::size_t p = 0; p < documento.paginas.size(); ++p) {
+        ASSERT_EQ(json["paginas"][p].size(), documento.paginas[p].size());
+        for (std::size_t i = 0; i < documento.paginas[p].size(); ++i) {
+            const auto& operacao = json["paginas"][p][i];
+            const Caixa caixa =
+                std::visit([](const auto& o) { return o.caixa; }, documento.paginas[p][i]);
+            EXPECT_EQ(operacao[1].get<double>(), caixa.x);
+            EXPECT_EQ(operacao[2].get<double>(), caixa.y);
+            if (const auto* texto = std::get_if<Texto>(&documento.paginas[p][i])) {
+                EXPECT_EQ(operacao[5], texto->texto);
+            }
+        }
+    }
 }
 
 TEST_F(Exportacao, AllReportsAreWhatTheDialogOffers) {
@@ -80,6 +94,7 @@ TEST_F(Exportacao, AReportThatFailsLeavesNoFileAndStopsNoOther) {
                "--formato", "pdf", "--saida", Saida()});
     EXPECT_EQ(semReferencia.situacao, 1);
     EXPECT_THAT(semReferencia.erros, HasSubstr("erro 13: relatório 02: "));
+    EXPECT_THAT(semReferencia.erros, HasSubstr("ref-atual MM/AAAA"));
 }
 
 TEST_F(Exportacao, TextsThatWereCutAreSaid) {
@@ -91,31 +106,63 @@ TEST_F(Exportacao, TextsThatWereCutAreSaid) {
 }
 
 TEST_F(Exportacao, AFolderThatCannotBeWrittenIsToldAndNothingIsLeft) {
-    std::filesystem::create_directory(Saida());
-    std::filesystem::permissions(Saida(), std::filesystem::perms::owner_all |
-                                              std::filesystem::perms::others_read |
-                                              std::filesystem::perms::others_exec);
-    const Execucao e =
-        Rodar({"exportar", Banco(), "--relatorios", "VELO", "--formato", "pdf", "--saida", Saida()},
-              true);
-    EXPECT_EQ(e.situacao, 1);
-    EXPECT_THAT(e.erros, HasSubstr("erro 70: "));
+    CriarPastaProtegida(Saida());
+    for (const char* formato : {"pdf", "png", "json"}) {
+        const Execucao e = Exportar("17", formato, "101", "250114377019", {.comoNinguem = true});
+        EXPECT_EQ(e.situacao, 1);
+        EXPECT_THAT(e.erros, HasSubstr("erro 70: "));
+    }
     EXPECT_THAT(Arquivos(Saida()), IsEmpty());
+}
+
+TEST_F(Exportacao, AFullDiskLeavesTheOldFileWhole) {
+    ASSERT_EQ(Exportar("06", "json").situacao, 0);
+    const std::string arquivo = "06-RelatorioNotasSaiZFMALC.json";
+    const std::string antes = Conteudo(Saida() + "/" + arquivo);
+    for (const char* formato : {"png", "json"}) {
+        const Execucao e =
+            Exportar("06", formato, "101", "250114377019", {.limiteDeArquivo = 40'000});
+        EXPECT_EQ(e.situacao, 1);
+        EXPECT_THAT(e.erros, HasSubstr("erro 61: relatório 06: "));
+    }
+    EXPECT_THAT(Arquivos(Saida()), ElementsAre(arquivo));
+    EXPECT_EQ(Conteudo(Saida() + "/" + arquivo), antes);
+}
+
+// The reports that refill a work table, in a database that has none to offer.
+void EsperarTabelasPrivadas(const Execucao& e, const std::string& saida) {
+    EXPECT_EQ(e.situacao, 0) << e.erros;
+    EXPECT_THAT(e.erros, HasSubstr("não pode ser alterado"));
+    EXPECT_THAT(Arquivos(saida), SizeIs(4));
 }
 
 TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
     std::filesystem::create_directory(Saida());
     std::filesystem::permissions(Saida(), std::filesystem::perms::all);
-    std::filesystem::permissions(
-        Banco(), std::filesystem::perms::owner_read | std::filesystem::perms::others_read);
     const std::string antes = Conteudo(Banco());
-    const Execucao e =
-        Rodar({"exportar", Banco(), "--ie", "250114377019", "--drq", "101", "--ref-atual",
-               "07/2003", "--relatorios", "02,10,14", "--formato", "pdf", "--saida", Saida()},
-              true);
-    EXPECT_EQ(e.situacao, 0) << e.erros;
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(3));
+    const Condicoes ninguem{.comoNinguem = true};
+    std::filesystem::permissions(Banco(), std::filesystem::perms(0444));
+    EsperarTabelasPrivadas(Exportar("02,03,10,14", "pdf", "101", "250114377019", ninguem), Saida());
+    std::filesystem::permissions(Banco(), std::filesystem::perms(0666));
+    std::filesystem::permissions(pasta.Caminho(), std::filesystem::perms(0555));
+    EsperarTabelasPrivadas(Exportar("02,03,10,14", "pdf", "101", "250114377019", ninguem), Saida());
+    std::filesystem::permissions(pasta.Caminho(), std::filesystem::perms::all);
     EXPECT_EQ(Conteudo(Banco()), antes);
+}
+
+TEST_F(Exportacao, ALockedDatabaseStopsOnlyWhatNeedsTheLock) {
+    {
+        const OutroPrograma escrevendo(Banco(), "BEGIN IMMEDIATE");
+        const Execucao e = Exportar("10,17");
+        EXPECT_EQ(e.situacao, 1);
+        EXPECT_THAT(e.erros, HasSubstr("erro 3260: relatório 10: "));
+        EXPECT_THAT(e.erros, HasSubstr("Feche o outro programa"));
+        EXPECT_THAT(Arquivos(Saida()), ElementsAre("17-RelatorioPagamentos.pdf"));
+    }
+    const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
+    const Execucao e = Exportar("17");
+    EXPECT_EQ(e.situacao, 1);
+    EXPECT_THAT(e.erros, StartsWith("erro 3260: "));
 }
 
 TEST_F(Exportacao, OneReportCostsLittleProcessorTime) {

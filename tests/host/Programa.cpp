@@ -1,12 +1,15 @@
 #include "tests/host/Programa.h"
 
 #include <fcntl.h>
+#include <grp.h>
+#include <sqlite3.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -14,23 +17,25 @@ namespace tarvo::host {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr uid_t Ninguem = 65534;
 
-void Redirecionar(const std::filesystem::path& arquivo, int descritor) {
-    const int fd = ::open(arquivo.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+void Redirecionar(const fs::path& arquivo, int descritor) {
+    const int fd = ::open(arquivo.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY, 0666);
     ::dup2(fd, descritor);
 }
 
-[[noreturn]] void Substituir(const std::vector<std::string>& argumentos, bool comoNinguem,
-                             long limiteDeArquivo) {
-    if (comoNinguem && ::geteuid() == 0 && (::setgid(Ninguem) != 0 || ::setuid(Ninguem) != 0)) {
+[[noreturn]] void Substituir(const std::vector<std::string>& argumentos,
+                             const Condicoes& condicoes) {
+    if (condicoes.comoNinguem && ::geteuid() == 0 &&
+        (::setgroups(0, nullptr) != 0 || ::setgid(Ninguem) != 0 || ::setuid(Ninguem) != 0)) {
         ::_exit(127);
     }
-    if (limiteDeArquivo > 0) {
-        const rlimit limite{static_cast<rlim_t>(limiteDeArquivo),
-                            static_cast<rlim_t>(limiteDeArquivo)};
+    if (condicoes.limiteDeArquivo > 0) {
+        const auto bytes = static_cast<rlim_t>(condicoes.limiteDeArquivo);
+        const rlimit limite{bytes, bytes};
         ::setrlimit(RLIMIT_FSIZE, &limite);
-        std::signal(SIGXFSZ, SIG_IGN);
     }
     std::vector<char*> lista{const_cast<char*>(TARVO_PROGRAMA)};
     for (const auto& argumento : argumentos) {
@@ -43,14 +48,14 @@ void Redirecionar(const std::filesystem::path& arquivo, int descritor) {
 
 }  // namespace
 
-Programa::Programa(const std::vector<std::string>& argumentos, bool comoNinguem,
-                   long limiteDeArquivo) {
+Programa::Programa(const std::vector<std::string>& argumentos, const Condicoes& condicoes) {
     processo_ = ::fork();
     if (processo_ == 0) {
-        Redirecionar(pasta_ / "saida", STDOUT_FILENO);
+        Redirecionar(condicoes.saida.empty() ? pasta_ / "saida" : fs::path(condicoes.saida),
+                     STDOUT_FILENO);
         Redirecionar(pasta_ / "erros", STDERR_FILENO);
         ::setenv("XDG_CONFIG_HOME", pasta_.Caminho().c_str(), 0);
-        Substituir(argumentos, comoNinguem, limiteDeArquivo);
+        Substituir(argumentos, condicoes);
     }
 }
 
@@ -65,22 +70,70 @@ Execucao Programa::Esperar() {
             Conteudo(pasta_ / "saida"), Conteudo(pasta_ / "erros")};
 }
 
-Execucao Rodar(const std::vector<std::string>& argumentos, bool comoNinguem) {
-    return Programa(argumentos, comoNinguem).Esperar();
+Execucao Rodar(const std::vector<std::string>& argumentos, const Condicoes& condicoes) {
+    return Programa(argumentos, condicoes).Esperar();
+}
+
+std::string RodarNoTerminal(const std::vector<std::string>& argumentos) {
+    const int mestre = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (mestre < 0 || ::grantpt(mestre) != 0 || ::unlockpt(mestre) != 0) {
+        ADD_FAILURE() << "no terminal";
+        return "";
+    }
+    const std::string terminal = ::ptsname(mestre);
+    // Kept open, so that what was written waits to be read.
+    const int aberto = ::open(terminal.c_str(), O_RDWR | O_NOCTTY);
+    EXPECT_EQ(Rodar(argumentos, {.saida = terminal}).situacao, 0);
+    std::string escrito(65'536, '\0');
+    const auto lidos = ::read(mestre, escrito.data(), escrito.size());
+    escrito.resize(static_cast<std::size_t>(std::max<ssize_t>(lidos, 0)));
+    ::close(aberto);
+    ::close(mestre);
+    return escrito;
 }
 
 void ComExemplo::SetUp() {
     ASSERT_EQ(Rodar({"criar", Banco(), "--exemplo"}).situacao, 0);
-    std::filesystem::permissions(pasta.Caminho(), std::filesystem::perms::all);
-    std::filesystem::permissions(Banco(), std::filesystem::perms::all);
+    fs::permissions(pasta.Caminho(), fs::perms::all);
+    fs::permissions(Banco(), fs::perms::all);
 }
 
-std::vector<std::string> Arquivos(const std::filesystem::path& pasta) {
+OutroPrograma::OutroPrograma(const std::string& banco, const std::string& sql) {
+    int pronto[2];
+    EXPECT_EQ(::pipe(pronto), 0);
+    processo_ = ::fork();
+    if (processo_ == 0) {
+        sqlite3* db = nullptr;
+        const bool feito = sqlite3_open(banco.c_str(), &db) == SQLITE_OK &&
+                           sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+        (void)!::write(pronto[1], feito ? "s" : "n", 1);
+        for (;;) {
+            ::pause();
+        }
+    }
+    char resposta = 'n';
+    EXPECT_EQ(::read(pronto[0], &resposta, 1), 1);
+    EXPECT_EQ(resposta, 's') << sql;
+    ::close(pronto[0]);
+    ::close(pronto[1]);
+}
+
+OutroPrograma::~OutroPrograma() {
+    ::kill(processo_, SIGKILL);
+    ::waitpid(processo_, nullptr, 0);
+}
+
+void CriarPastaProtegida(const fs::path& pasta) {
+    fs::create_directory(pasta);
+    fs::permissions(pasta, fs::perms(0755));
+}
+
+std::vector<std::string> Arquivos(const fs::path& pasta) {
     std::vector<std::string> nomes;
-    if (std::filesystem::exists(pasta)) {
-        for (const auto& item : std::filesystem::recursive_directory_iterator(pasta)) {
+    if (fs::exists(pasta)) {
+        for (const auto& item : fs::recursive_directory_iterator(pasta)) {
             if (item.is_regular_file()) {
-                nomes.push_back(std::filesystem::relative(item.path(), pasta).string());
+                nomes.push_back(fs::relative(item.path(), pasta).string());
             }
         }
     }
@@ -88,7 +141,7 @@ std::vector<std::string> Arquivos(const std::filesystem::path& pasta) {
     return nomes;
 }
 
-std::string Conteudo(const std::filesystem::path& arquivo) {
+std::string Conteudo(const fs::path& arquivo) {
     std::ostringstream texto;
     texto << std::ifstream(arquivo, std::ios::binary).rdbuf();
     return texto.str();

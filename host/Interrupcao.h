@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <csignal>
+
+#include "document/Visualizador.h"
+
+// Stopping a long command from outside.
+namespace tarvo::host {
+
+// Catches SIGINT, SIGTERM and SIGHUP for its lifetime; those that the process was told to ignore
+// stay ignored. One at a time in a process.
+class CapturaDeInterrupcao {
+  public:
+    CapturaDeInterrupcao();
+    ~CapturaDeInterrupcao();
+    CapturaDeInterrupcao(const CapturaDeInterrupcao&) = delete;
+    CapturaDeInterrupcao& operator=(const CapturaDeInterrupcao&) = delete;
+
+  private:
+    static constexpr std::array Sinais{SIGINT, SIGTERM, SIGHUP};
+    std::array<struct sigaction, Sinais.size()> anteriores_{};
+};
+
+// Whether one of the signals has come. Any thread may ask.
+bool Interrompido();
+
+// Cancels the build of a report at the next page.
+class CancelaSeInterrompido final : public Andamento {
+  public:
+    bool PaginaConcluida(std::size_t /*paginas*/) override { return !Interrompido(); }
+};
+
+}  // namespace tarvo::host
