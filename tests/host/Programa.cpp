@@ -125,7 +125,7 @@ OutroPrograma::~OutroPrograma() {
 
 void CriarPastaProtegida(const fs::path& pasta) {
     fs::create_directory(pasta);
-    fs::permissions(pasta, fs::perms(0755));
+    fs::permissions(pasta, fs::perms(0555));
 }
 
 std::vector<std::string> Arquivos(const fs::path& pasta) {

@@ -71,7 +71,7 @@ class OutroPrograma {
     pid_t processo_;
 };
 
-// Makes a folder that others may read and not write.
+// Makes a folder that nobody but root may write.
 void CriarPastaProtegida(const std::filesystem::path& pasta);
 
 // Names of the files below a folder, relative to it and sorted.
