@@ -92,9 +92,9 @@ TEST(RelatorioSaiInterestad, PrintsTheSumsOfEachStateInPortugueseOrderOfTheirNam
                                         "6.000,61", "7.000,21"})));
 }
 
-// Declaration 1, since 2002, and declaration 2.
-TEST(RelatorioInterestad, Before2002TheTaxHasNoColumn) {
-    BancoDeTeste banco(std::string(DuasDeclaracoes) + Operacoes);
+TEST(RelatorioInterestad, TheTaxHasAColumnFrom2002On) {
+    BancoDeTeste banco(std::string(DuasDeclaracoes) + Operacoes +
+                       "update tblDRQ set Ref1 = '2002-01-01' where NroDRQ = 1;");
     const auto linhas = [](double primeira, const Lista& valores) {
         return Linha(7.6, primeira, Estado, "PB. Paraíba", valores) +
                Linha(8.2, primeira, Total, "Total", valores);

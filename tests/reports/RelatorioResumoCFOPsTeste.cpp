@@ -252,16 +252,6 @@ TEST(ResumoCFOPs, PurchasesBefore2002HaveSevenColumns) {
              {" Total", "", Lista(7, "0,00")}}));
 }
 
-TEST(ResumoCFOPs, TheWorkTableIsRefilledEvenWithoutTaxpayer) {
-    BancoDeTeste banco(Base);
-    for (const int NumeroDRQ : {2, 1, 9}) {
-        const Conteudo c = ConstruirEm<RelatorioResumoCFOPsEnt>(banco, NumeroDRQ, "12/2002");
-        EXPECT_EQ(c.paginas == std::vector<Pagina>(1), NumeroDRQ == 9);
-        EXPECT_EQ(banco.Linhas("select NroDRQ from tblResumoCFOPsEntradas", 1),
-                  Lista(4, std::to_string(NumeroDRQ)));
-    }
-}
-
 TEST(ResumoCFOPs, APeriodThatIsNoMonthEndsTheBuildBeforeAnythingIsChanged) {
     BancoDeTeste banco(Base);
     ConstruirEm<RelatorioResumoCFOPsSai>(banco, 1, "01/2003");

@@ -57,7 +57,6 @@ INSERT INTO "tblPagamento" VALUES
 INSERT INTO "tblRegistroExportação" VALUES (7, 'b2'), (7, 'B10'), (9, 'a'), (7, 'A3');
 INSERT INTO "tblVELO" ("Contribuinte", "ValorTotal") VALUES ('primeiro', '1'), ('segundo', '2');
 INSERT INTO "tblResumoCFOPsSaídas" ("NroDRQ", "Linha") VALUES (7, 'z'), (9, 'm'), (7, 'a');
-INSERT INTO "tblApuraçãoOperaçõesPróprias" ("NroDRQ", "Linha") VALUES (7, 'z'), (9, 'm'), (7, 'a');
 )";
 
 struct Consulta {
@@ -235,20 +234,6 @@ TEST_F(ConsultasDosRelatorios, SignificamOQueDizem) {
             ADD_FAILURE() << erro.Descricao();
         }
     }
-}
-
-TEST_F(ConsultasDosRelatorios, DevolvemOsTiposDeclarados) {
-    const auto pagamento = banco_->OpenRecordset(
-        "select * from tblPagamento where NroDRQ = 7 order by data", TipoRecordset::Dynaset);
-    EXPECT_EQ(Valor(pagamento->Fields("Data")), Valor(Nulo{}));
-    EXPECT_EQ(Valor(pagamento->Fields("OpPróprias")), Valor(true));
-    EXPECT_EQ(Valor(pagamento->Fields("NroDRQ")), Valor(std::int32_t{7}));
-}
-
-TEST_F(ConsultasDosRelatorios, AExclusaoEsvaziaSoASuaTabela) {
-    banco_->CreateQueryDef("", "DELETE * FROM tblResumoCFOPsSaídas")->Execute();
-    EXPECT_TRUE(banco_.Linhas("SELECT * FROM tblResumoCFOPsSaídas", 1).empty());
-    EXPECT_EQ(banco_.Linhas("SELECT * FROM tblApuraçãoOperaçõesPróprias", 1).size(), 3U);
 }
 
 // SQLite counts the steps of its machine: a declaration among many must cost what it costs alone.
