@@ -16,13 +16,6 @@ function(tarvo_teste nome bibliotecas)
         "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=${vazamentos}")
 endfunction()
 
-# tarvo_com_fios(NAME): that test uses threads; it runs under the thread sanitizer too. What Qt does
-# is not for it: Qt's own locks are invisible to the sanitizer.
-function(tarvo_com_fios nome)
-    set_property(TEST ${nome} APPEND PROPERTY LABELS fios)
-    add_dependencies(testes_com_fios teste_${nome})
-endfunction()
-
 # tarvo_embutir(TARGET FILE...): each file becomes a byte array of its own name in the namespace
 # tarvo::embutido, which TARGET gets with #include "embutido/NAME.h". No tools but CMake.
 function(tarvo_embutir alvo)
