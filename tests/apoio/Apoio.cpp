@@ -23,11 +23,8 @@ PastaTemporaria::~PastaTemporaria() {
 }
 
 BancoDeTeste::BancoDeTeste(std::string_view script) {
-    CriarBanco(Arquivo());
+    CriarBanco(Arquivo(), script);
     banco_ = BancoSQLite::Abrir(Arquivo());
-    if (!script.empty()) {
-        banco_->ExecutarScript(script);
-    }
 }
 
 std::vector<std::string> BancoDeTeste::Linhas(std::string_view consulta, int colunas) {

@@ -27,8 +27,6 @@ class RelatorioFalso : public RelatorioDeclaracao {
         diario.push_back("criar " + numero);
     }
     ~RelatorioFalso() override { diario.push_back("liberar " + numero); }
-    RelatorioFalso(const RelatorioFalso&) = delete;
-    RelatorioFalso& operator=(const RelatorioFalso&) = delete;
     void Construir(BancoDados&, const std::string& IE, std::int32_t NumeroDRQ) override {
         diario.push_back("construir " + numero + " " + IE + "/" + std::to_string(NumeroDRQ));
         IniciarDocumento();

@@ -45,8 +45,7 @@ class ComExemplo : public testing::Test {
     ComExemplo() {
         std::string modelo = std::filesystem::temp_directory_path() / "tarvo-XXXXXX";
         pasta_ = mkdtemp(modelo.data());
-        CriarBanco(Arquivo());
-        BancoSQLite::Abrir(Arquivo())->ExecutarScript(ScriptDeExemplo());
+        CriarBanco(Arquivo(), ScriptDeExemplo());
     }
     ~ComExemplo() override { std::filesystem::remove_all(pasta_); }
 

@@ -108,6 +108,17 @@ TEST_F(MauUso, ClassesRefuseTheOperationsOfOthers) {
     EXPECT_EQ(tarvo_paginas(relatorios, &tamanho), 438);
 }
 
+TEST_F(MauUso, ObjectsAreBuiltByTheOperationOfTheirClassOnly) {
+    const auto cadastro = Criar("RelatorioCadastro");
+    EXPECT_EQ(tarvo_construir(cadastro, banco, IE, DRQ), 450);
+    EXPECT_EQ(tarvo_construir_velo(cadastro, banco), 450);
+    EXPECT_EQ(tarvo_construir(guia, banco, IE, DRQ), 450);
+    EXPECT_EQ(tarvo_construir_cadastro(guia, banco, IE), 450);
+    EXPECT_EQ(tarvo_construir_cadastro(pagamentos, banco, IE), 450);
+    EXPECT_EQ(tarvo_construir_velo(pagamentos, banco), 450);
+    EXPECT_THAT(tarvo_erro_texto(), HasSubstr("tarvo_construir."));
+}
+
 TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
     EXPECT_EQ(tarvo_abrir_banco(nullptr, 0, &memoria), 5);
     EXPECT_EQ(tarvo_abrir_banco("", 0, &memoria), 5);
