@@ -15,7 +15,7 @@ namespace {
 // SQLite's limits and our interruption are no faults of the translator.
 bool EhLimite(std::string_view descricao) {
     for (const char* limite : {"interrupted", "too large", "too big", "too many", "overflow",
-                               "at most", "integer overflow", "too complex"}) {
+                               "at most", "too complex"}) {
         if (descricao.find(limite) != std::string_view::npos) {
             return true;
         }

@@ -21,7 +21,6 @@ using testing::Not;
 
 std::string Pdf(int paginas, std::int32_t orientacao) {
     DocumentoRelatorio documento;
-    documento.Iniciar();
     documento.DefinirTitulo("Relatório de Teste");
     documento.DefinirOrientacao(orientacao);
     documento.DefinirMargens(2, 2, 2, 2);
