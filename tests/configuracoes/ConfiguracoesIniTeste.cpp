@@ -80,9 +80,10 @@ TEST_F(ConfiguracoesIniTeste, MakesFolderAndFileAndKeepsLinksAndPermissions) {
 TEST_F(ConfiguracoesIniTeste, RefusesWhatALineCannotHoldAndFoldersThatAreNone) {
     ConfiguracoesIni configuracoes(pasta);
     Escrever("[pRef]\nRefAtual=1\n");
-    for (const auto& [chave, valor] : {std::pair{"RefAtual", "1\n[x]"}, {"a=b", "1"}}) {
-        EXPECT_EQ(NumeroDe([&] { configuracoes.Gravar("Tarvo", "pRef", chave, valor); }),
-                  NumeroErro::ChamadaInvalida);
+    for (const auto& linha : {std::pair{"RefAtual", "1\n[x]"}, {"a=b", "1"}}) {
+        EXPECT_EQ(
+            NumeroDe([&] { configuracoes.Gravar("Tarvo", "pRef", linha.first, linha.second); }),
+            NumeroErro::ChamadaInvalida);
     }
     EXPECT_EQ(Conteudo(), "[pRef]\nRefAtual=1\n");
     EXPECT_EQ(NumeroDe([&] { ConfiguracoesIni(Arquivo()).Gravar("Tarvo", "a", "b", "c"); }),

@@ -72,7 +72,8 @@ TEST(DocumentoRelatorio, AnEmptyDocumentIsOneEmptyPage) {
 
 TEST(DocumentoRelatorio, PageSetupIsRefusedWithItsOwnErrors) {
     DocumentoRelatorio doc;
-    const auto recusa = [&](NumeroErro numero, std::string_view texto, auto&& acao) {
+    const auto recusa = [&](NumeroErro numero, std::string_view texto,
+                            const std::function<void()>& acao) {
         const Conteudo antes = doc.Registrado();
         const Erro erro = ErroDe(acao);
         EXPECT_EQ(erro.Numero(), numero) << texto;

@@ -108,8 +108,8 @@ TEST_F(FilaImpressao, SaysWhyNothingCanBePrinted) {
         {"Parada", "\"Parada\" está parada"},
         {"Recusa", "\"Recusa\" não está aceitando trabalhos"}};
     for (const auto& [impressora, texto] : casos) {
-        const Erro e =
-            ErroDe([&] { EnviarTrabalho({.pdf = pdf, .titulo = "x", .impressora = impressora}); });
+        const TrabalhoImpressao trabalho{.pdf = pdf, .titulo = "x", .impressora = impressora};
+        const Erro e = ErroDe([&] { EnviarTrabalho(trabalho); });
         EXPECT_EQ(e.Numero(), NumeroErro::ErroImpressora) << impressora;
         EXPECT_THAT(e.Descricao(), HasSubstr(texto));
     }
