@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <memory>
-#include <string>
 
 #include "platform/sqlite/BancoSQLite.h"
 
@@ -21,25 +20,25 @@ class BancoDeFuzz {
     [[nodiscard]] sqlite3* Conexao() const { return conexao_; }
     BancoDados& operator*() { return *banco_; }
     BancoDados* operator->() { return banco_.get(); }
-    // For statements that must not fail.
-    void Executar(const std::string& sql);
 
   private:
     sqlite3* conexao_ = nullptr;
     std::unique_ptr<BancoSQLite> banco_;
 };
 
+BancoDeFuzz& Banco();
+
 // What is done to the database while this object lives is undone with it, and a query that runs
 // for very long (a product of all tables) is interrupted.
 class Tentativa {
   public:
-    explicit Tentativa(BancoDeFuzz& banco);
+    Tentativa();
     ~Tentativa();
     Tentativa(const Tentativa&) = delete;
     Tentativa& operator=(const Tentativa&) = delete;
 
   private:
-    BancoDeFuzz& banco_;
+    sqlite3* conexao_ = Banco().Conexao();
     int passos_ = 0;
 };
 

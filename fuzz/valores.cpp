@@ -32,11 +32,6 @@ class Ajustes final : public Configuracoes {
 
 constexpr std::size_t Grupos = 6;
 
-BancoDeFuzz& Banco() {
-    static BancoDeFuzz banco;
-    return banco;
-}
-
 // One UPDATE of all rows for each column; a value that breaks a key is left out.
 std::vector<sqlite3_stmt*> PrepararColunas() {
     constexpr const char* Colunas =
@@ -109,7 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t tam
     const std::string_view primeira = linha();
     const std::size_t grupo = primeira.empty() ? 0 : static_cast<unsigned char>(primeira[0]);
     const Ajustes ajustes{std::string(primeira.substr(std::min<std::size_t>(1, primeira.size())))};
-    const Tentativa tentativa(Banco());
+    const Tentativa tentativa;
     while (!resto.empty()) {
         Gravar(linha());
     }

@@ -23,11 +23,8 @@ PastaTemporaria::~PastaTemporaria() {
 }
 
 BancoDeTeste::BancoDeTeste(std::string_view script) {
-    CriarBanco(Arquivo());
+    CriarBanco(Arquivo(), script);
     banco_ = BancoSQLite::Abrir(Arquivo());
-    if (!script.empty()) {
-        banco_->ExecutarScript(script);
-    }
 }
 
 std::vector<std::string> BancoDeTeste::Linhas(std::string_view consulta, int colunas) {
@@ -52,31 +49,63 @@ std::vector<std::string> Operacoes(const Conteudo& conteudo, std::size_t pagina)
     return operacoes;
 }
 
-std::vector<std::string> Textos(const Conteudo& conteudo, std::size_t pagina) {
+namespace {
+
+template <class Condicao>
+std::vector<std::string> TextosQue(const Pagina& pagina, Condicao condicao) {
     std::vector<std::string> textos;
-    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
-        if (const auto* texto = std::get_if<Texto>(&primitiva)) {
+    for (const Primitiva& primitiva : pagina) {
+        if (const auto* texto = std::get_if<Texto>(&primitiva);
+            texto != nullptr && condicao(*texto)) {
             textos.push_back(texto->texto);
         }
     }
     return textos;
 }
 
+}  // namespace
+
+std::vector<std::string> Textos(const Conteudo& conteudo, std::size_t pagina) {
+    return TextosQue(conteudo.paginas.at(pagina), [](const Texto&) { return true; });
+}
+
 std::vector<std::string> TextosEm(const Conteudo& conteudo, std::size_t pagina, double y) {
-    std::vector<std::string> textos;
-    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
-        const auto* texto = std::get_if<Texto>(&primitiva);
-        if (texto != nullptr && std::fabs(texto->caixa.y - y) < 0.001) {
-            textos.push_back(texto->texto);
-        }
-    }
-    return textos;
+    return TextosQue(conteudo.paginas.at(pagina),
+                     [y](const Texto& texto) { return std::fabs(texto.caixa.y - y) < 0.001; });
 }
 
 std::string ConfiguracaoFixa::Ler(std::string_view aplicacao, std::string_view secao,
                                   std::string_view chave, std::string_view padrao) const {
     const bool conhecida = aplicacao == "Tarvo" && secao == "pRef" && chave == "RefAtual";
     return conhecida ? refAtual_ : std::string(padrao);
+}
+
+namespace {
+
+class VisualizadorAnotado : public Visualizador {
+  public:
+    explicit VisualizadorAnotado(std::vector<std::string>& diario) : diario_(diario) {}
+    ~VisualizadorAnotado() override { diario_.push_back("Fechar" + titulo_); }
+    void Exibir(const Conteudo& conteudo) override { Anotar("Exibir", conteudo); }
+    void Ocultar() override { diario_.push_back("Ocultar" + titulo_); }
+    void Imprimir(const Conteudo& conteudo, bool perguntar) override {
+        Anotar("Imprimir", conteudo);
+        diario_.back() += perguntar ? " perguntando" : "";
+    }
+
+  private:
+    void Anotar(const char* pedido, const Conteudo& conteudo) {
+        titulo_ = " " + conteudo.titulo;
+        diario_.push_back(pedido + titulo_);
+    }
+    std::vector<std::string>& diario_;
+    std::string titulo_;
+};
+
+}  // namespace
+
+std::unique_ptr<Visualizador> VisualizadoresAnotados::Criar() {
+    return std::make_unique<VisualizadorAnotado>(diario_);
 }
 
 }  // namespace tarvo::apoio

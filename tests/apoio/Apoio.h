@@ -68,6 +68,17 @@ class ConfiguracaoFixa : public Configuracoes {
     std::string refAtual_;
 };
 
+// Notes in a diary what documents ask of their previews: "Exibir T", "Ocultar T", "Imprimir T"
+// ("Imprimir T perguntando" when the user is asked first), "Fechar T"; T is the document's title.
+class VisualizadoresAnotados : public FabricaVisualizadores {
+  public:
+    explicit VisualizadoresAnotados(std::vector<std::string>& diario) : diario_(diario) {}
+    std::unique_ptr<Visualizador> Criar() override;
+
+  private:
+    std::vector<std::string>& diario_;
+};
+
 // The error that an action ends with; fails the test when there is none.
 template <class Acao>
 Erro ErroDe(Acao&& acao) {
@@ -78,6 +89,11 @@ Erro ErroDe(Acao&& acao) {
     }
     ADD_FAILURE() << "no error was raised";
     return {NumeroErro{}, ""};
+}
+
+template <class Acao>
+NumeroErro NumeroDe(Acao&& acao) {
+    return ErroDe(std::forward<Acao>(acao)).Numero();
 }
 
 }  // namespace tarvo::apoio

@@ -1,25 +1,19 @@
 #include "platform/configuracoes/ConfiguracoesIni.h"
 
-#include <gmock/gmock.h>
-
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <thread>
 
-#include "data/CodigosDeErros.h"
+#include "tests/apoio/Apoio.h"
 
 namespace tarvo {
 namespace {
 
+using apoio::NumeroDe;
+
 class ConfiguracoesIniTeste : public testing::Test {
   protected:
-    ConfiguracoesIniTeste() {
-        std::string modelo = testing::TempDir() + "tarvo-XXXXXX";
-        pasta = mkdtemp(modelo.data());
-    }
-    ~ConfiguracoesIniTeste() override { std::filesystem::remove_all(pasta); }
-
     void Escrever(std::string_view texto) const {
         std::ofstream(Arquivo(), std::ios::binary) << texto;
     }
@@ -32,7 +26,8 @@ class ConfiguracoesIniTeste : public testing::Test {
         return ConfiguracoesIni(pasta).Ler("Tarvo", "pRef", "RefAtual", "(padrão)");
     }
 
-    std::filesystem::path pasta;
+    apoio::PastaTemporaria temporaria;
+    const std::filesystem::path& pasta = temporaria.Caminho();
 };
 
 TEST_F(ConfiguracoesIniTeste, ReadsWhatHandsAndOtherProgramsWrite) {
@@ -62,15 +57,15 @@ TEST_F(ConfiguracoesIniTeste, SettingAKeyLeavesEverythingElseAsItStands) {
     EXPECT_EQ(Conteudo(),
               "; meu\n[pRef]\nOutra = 1\nRefAtual=02/2002\nNova=ção\n\n[fim]\nx=y\n"
               "[Janela]\nZoom=\" 1 \"\n");
-    EXPECT_EQ(configuracoes.Ler("Tarvo", "Janela", "Zoom", ""), " 1 ");
     Escrever("[pRef]\r\nRefAtual=1\r\n");
     configuracoes.Gravar("Tarvo", "pRef", "RefAtual", "2");
     EXPECT_EQ(Conteudo(), "[pRef]\r\nRefAtual=2\r\n");
 }
 
 TEST_F(ConfiguracoesIniTeste, MakesFolderAndFileAndKeepsLinksAndPermissions) {
-    ConfiguracoesIni(pasta / "a" / "b").Gravar("Tarvo", "pRef", "RefAtual", "1");
-    EXPECT_EQ(ConfiguracoesIni(pasta / "a" / "b").Ler("Tarvo", "pRef", "RefAtual", ""), "1");
+    ConfiguracoesIni nova(pasta / "a" / "b");
+    nova.Gravar("Tarvo", "pRef", "RefAtual", "1");
+    EXPECT_EQ(nova.Ler("Tarvo", "pRef", "RefAtual", ""), "1");
 
     std::ofstream(pasta / "real.ini") << "[pRef]\n";
     std::filesystem::permissions(pasta / "real.ini", std::filesystem::perms{0640});
@@ -85,25 +80,16 @@ TEST_F(ConfiguracoesIniTeste, MakesFolderAndFileAndKeepsLinksAndPermissions) {
 TEST_F(ConfiguracoesIniTeste, RefusesWhatALineCannotHoldAndFoldersThatAreNone) {
     ConfiguracoesIni configuracoes(pasta);
     Escrever("[pRef]\nRefAtual=1\n");
-    const auto numero = [](auto&& acao) {
-        try {
-            acao();
-        } catch (const Erro& erro) {
-            return erro.Numero();
-        }
-        return NumeroErro{};
-    };
-    EXPECT_EQ(numero([&] { configuracoes.Gravar("Tarvo", "pRef", "RefAtual", "1\n[x]"); }),
-              NumeroErro::ChamadaInvalida);
-    EXPECT_EQ(numero([&] { configuracoes.Gravar("Tarvo", "pRef", "a=b", "1"); }),
-              NumeroErro::ChamadaInvalida);
+    for (const auto& linha : {std::pair{"RefAtual", "1\n[x]"}, {"a=b", "1"}}) {
+        EXPECT_EQ(
+            NumeroDe([&] { configuracoes.Gravar("Tarvo", "pRef", linha.first, linha.second); }),
+            NumeroErro::ChamadaInvalida);
+    }
     EXPECT_EQ(Conteudo(), "[pRef]\nRefAtual=1\n");
-    EXPECT_EQ(numero([&] { ConfiguracoesIni(Arquivo()).Gravar("Tarvo", "a", "b", "c"); }),
+    EXPECT_EQ(NumeroDe([&] { ConfiguracoesIni(Arquivo()).Gravar("Tarvo", "a", "b", "c"); }),
               NumeroErro::CaminhoNaoEncontrado);
-    EXPECT_EQ(numero([&] {
-                  std::filesystem::create_directory(pasta / "Outra.ini");
-                  static_cast<void>(configuracoes.Ler("Outra", "a", "b", ""));
-              }),
+    std::filesystem::create_directory(pasta / "Outra.ini");
+    EXPECT_EQ(NumeroDe([&] { static_cast<void>(configuracoes.Ler("Outra", "a", "b", "")); }),
               NumeroErro::PermissaoNegada);
 }
 
@@ -123,8 +109,6 @@ TEST_F(ConfiguracoesIniTeste, TwoWritersAtOnceLoseNoKey) {
 }
 
 TEST_F(ConfiguracoesIniTeste, TheUsersFolderFollowsXdgAndIgnoresRelativePaths) {
-    const char* antes = std::getenv("XDG_CONFIG_HOME");
-    const std::string guardado = antes != nullptr ? antes : "";
     setenv("XDG_CONFIG_HOME", "/um/lugar", 1);
     EXPECT_EQ(ConfiguracoesIni::PastaDoUsuario(), "/um/lugar");
     setenv("HOME", "/casa", 1);
@@ -132,9 +116,6 @@ TEST_F(ConfiguracoesIniTeste, TheUsersFolderFollowsXdgAndIgnoresRelativePaths) {
     EXPECT_EQ(ConfiguracoesIni::PastaDoUsuario(), "/casa/.config");
     unsetenv("XDG_CONFIG_HOME");
     EXPECT_EQ(ConfiguracoesIni::PastaDoUsuario(), "/casa/.config");
-    if (antes != nullptr) {
-        setenv("XDG_CONFIG_HOME", guardado.c_str(), 1);
-    }
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
-#include <gtest/gtest.h>
-
 #include "data/Consultas.h"
 #include "data/Funcoes.h"
-#include "tests/data/NumeroDe.h"
+#include "tests/apoio/Apoio.h"
 
 namespace tarvo {
 namespace {
+
+using apoio::NumeroDe;
 
 Data Dia(int ano, int mes, int dia) {
     return Data::DeCivil({.ano = ano, .mes = mes, .dia = dia});
@@ -17,7 +17,6 @@ TEST(Leitores, NullReadsAsTheEmptyValueOfEachType) {
     EXPECT_EQ(LongCampo(nulo), 0);
     EXPECT_EQ(MoedaCampo(nulo), Moeda());
     EXPECT_EQ(DataCampo(nulo), Dia(1899, 12, 30));
-    EXPECT_EQ(DataCampo(nulo).Ano(), 1899);
     EXPECT_FALSE(BooleanoCampo(nulo));
 }
 
@@ -27,7 +26,6 @@ TEST(Leitores, TextFormsFollowTheBrazilianConvention) {
     EXPECT_EQ(TextoCampo(1.5), "1,5");
     EXPECT_EQ(TextoCampo(Moeda::DeDecimosMilesimos(12'345'000)), "1234,5");
     EXPECT_EQ(TextoCampo(Moeda::DeDecimosMilesimos(-2'500)), "-0,25");
-    EXPECT_EQ(TextoCampo(Moeda::DeInteiro(100)), "100");
     EXPECT_EQ(TextoCampo(Dia(2001, 3, 5)), "05/03/2001");
     EXPECT_EQ(TextoCampo(Data::DeTexto("5/3/2001 13:45")), "05/03/2001 13:45:00");
     EXPECT_EQ(TextoCampo(true), "Verdadeiro");

@@ -1,21 +1,24 @@
 #include "data/Formatos.h"
 
-#include <gtest/gtest.h>
-
+#include <functional>
 #include <limits>
 
-#include "tests/data/NumeroDe.h"
+#include "tests/apoio/Apoio.h"
 
 namespace tarvo {
 namespace {
+
+using apoio::NumeroDe;
 
 Moeda M(std::int64_t unidades) {
     return Moeda::DeDecimosMilesimos(unidades);
 }
 
+const Moeda Maior = M(std::numeric_limits<std::int64_t>::max());
+const Moeda Menor = M(std::numeric_limits<std::int64_t>::min());
+
 TEST(Formatos, AmountsRoundHalvesAwayFromZeroAndNeverShowANegativeZero) {
     EXPECT_EQ(FormatarValor(M(0)), "0,00");
-    EXPECT_EQ(FormatarValor(M(12'345'600)), "1.234,56");
     EXPECT_EQ(FormatarValor(M(9'999'999)), "1.000,00");
     EXPECT_EQ(FormatarValor(M(50)), "0,01");
     EXPECT_EQ(FormatarValor(M(49)), "0,00");
@@ -23,9 +26,8 @@ TEST(Formatos, AmountsRoundHalvesAwayFromZeroAndNeverShowANegativeZero) {
     EXPECT_EQ(FormatarValor(M(-49)), "0,00");
     EXPECT_EQ(FormatarValor(M(10'050)), "1,01");
     EXPECT_EQ(FormatarValor(M(1'000'000'0000)), "1.000.000,00");
-    EXPECT_EQ(FormatarValor(M(std::numeric_limits<std::int64_t>::max())), "922.337.203.685.477,58");
-    EXPECT_EQ(FormatarValor(M(std::numeric_limits<std::int64_t>::min())),
-              "-922.337.203.685.477,58");
+    EXPECT_EQ(FormatarValor(Maior), "922.337.203.685.477,58");
+    EXPECT_EQ(FormatarValor(Menor), "-922.337.203.685.477,58");
 }
 
 TEST(Formatos, DatesAndTimesArePaddedInBrazilianOrder) {
@@ -56,13 +58,11 @@ TEST(Formatos, FurtherDecimalsRoundHalvesToEven) {
 }
 
 TEST(Formatos, CurrencyNeverWrapsAround) {
-    const Moeda maior = M(std::numeric_limits<std::int64_t>::max());
-    const Moeda menor = M(std::numeric_limits<std::int64_t>::min());
-    EXPECT_EQ(Moeda::DeTexto("922.337.203.685.477,5807"), maior);
-    EXPECT_EQ(Moeda::DeTexto("-922.337.203.685.477,5808"), menor);
+    EXPECT_EQ(Moeda::DeTexto("922.337.203.685.477,5807"), Maior);
+    EXPECT_EQ(Moeda::DeTexto("-922.337.203.685.477,5808"), Menor);
     for (const auto& acao : std::initializer_list<std::function<void()>>{
-             [&] { (void)(maior + M(1)); },
-             [&] { (void)(menor - M(1)); },
+             [&] { (void)(Maior + M(1)); },
+             [&] { (void)(Menor - M(1)); },
              [&] { Moeda::DeTexto("922.337.203.685.477,5808"); },
              [&] { Moeda::DeTexto("922.337.203.685.477,58075"); },
              [&] { Moeda::DeInteiro(1'000'000'000'000'000); },

@@ -1,7 +1,5 @@
 #include "document/DocumentoRelatorio.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <functional>
 #include <sstream>
@@ -9,18 +7,15 @@
 #include "data/CodigosDeErros.h"
 #include "document/Imagens.h"
 #include "platform/json/DocumentoJSON.h"
+#include "tests/apoio/Apoio.h"
 
 namespace tarvo {
 namespace {
 
-Erro ErroDe(const std::function<void()>& acao) {
-    try {
-        acao();
-    } catch (const Erro& erro) {
-        return erro;
-    }
-    return {NumeroErro{}, "no error"};
-}
+using apoio::ErroDe;
+using apoio::NumeroDe;
+using testing::ElementsAre;
+using testing::HasSubstr;
 
 void DesenharAlgo(DocumentoRelatorio& doc) {
     doc.DesenharRetangulo(0, 0, 1, 1, false, 0, 0, 1);
@@ -71,8 +66,8 @@ TEST(DocumentoRelatorio, AnEmptyDocumentIsOneEmptyPage) {
     EXPECT_EQ(doc.Registrado(), Conteudo());
     std::ostringstream json;
     EscreverJSON("X", doc.Registrado(), json);
-    EXPECT_NE(json.str().find("\"icone\": null"), std::string::npos);
-    EXPECT_NE(json.str().find("\"paginas\": [\n    []] }"), std::string::npos);
+    EXPECT_THAT(json.str(), HasSubstr("\"icone\": null"));
+    EXPECT_THAT(json.str(), HasSubstr("\"paginas\": [\n    []] }"));
 }
 
 TEST(DocumentoRelatorio, PageSetupIsRefusedWithItsOwnErrors) {
@@ -85,14 +80,11 @@ TEST(DocumentoRelatorio, PageSetupIsRefusedWithItsOwnErrors) {
         EXPECT_EQ(erro.Descricao(), texto);
         EXPECT_EQ(doc.Registrado(), antes) << "a refused setting changes nothing";
     };
-    const auto margens = [&](double e, double d, double s, double i) {
-        return [&doc, e, d, s, i] { doc.DefinirMargens(e, d, s, i); };
-    };
-    recusa(NumeroErro::MargensInvalidas, CodigosDeErros::MargensInvalidas, margens(-1, 0, 0, 0));
-    recusa(NumeroErro::MargensInvalidas, CodigosDeErros::MargensInvalidas,
-           margens(10.5, 10.5, 0, 0));
-    recusa(NumeroErro::MargensInvalidas, CodigosDeErros::MargensInvalidas,
-           margens(std::nan(""), 0, 0, 0));
+    for (const auto& m :
+         {Margens{-1, 0, 0, 0}, Margens{10.5, 10.5, 0, 0}, Margens{std::nan(""), 0, 0, 0}}) {
+        recusa(NumeroErro::MargensInvalidas, CodigosDeErros::MargensInvalidas,
+               [&] { doc.DefinirMargens(m.esquerda, m.direita, m.superior, m.inferior); });
+    }
     recusa(NumeroErro::PadraoDePaginaInvalido, CodigosDeErros::PadraoDePaginaInvalido,
            [&] { doc.DefinirOrientacao(2); });
     doc.DefinirMargens(0, 0, 12, 12);
@@ -101,64 +93,44 @@ TEST(DocumentoRelatorio, PageSetupIsRefusedWithItsOwnErrors) {
     DesenharAlgo(doc);
     doc.NovaPagina();
     recusa(NumeroErro::DocumentoContemObjetos, CodigosDeErros::DocumentoContemObjetos,
-           margens(2, 2, 2, 2));
+           [&] { doc.DefinirMargens(2, 2, 2, 2); });
     recusa(NumeroErro::DocumentoContemObjetos, CodigosDeErros::DocumentoContemObjetos,
            [&] { doc.DefinirOrientacao(0); });
 }
 
 TEST(DocumentoRelatorio, DrawingRefusesWhatNoPageCanShow) {
     DocumentoRelatorio doc;
-    const double inf = INFINITY;
     for (const auto& acao : std::initializer_list<std::function<void()>>{
-             [&] { doc.DesenharRetangulo(inf, 0, 1, 1, false, 0, 0, 1); },
+             [&] { doc.DesenharRetangulo(INFINITY, 0, 1, 1, false, 0, 0, 1); },
              [&] { doc.DesenharLinha(0, 0, 1, 0, 0, 0, 1, 1); },
              [&] { doc.DesenharRetanguloArredondado(0, 0, 1, 1, false, -0.1, 0, 0, 1); },
              [&] { doc.EscreverTexto(0, 0, 1, 1, "x", 3, 0, "Arial", 8, false, false, false, 0); },
              [&] { doc.EscreverTexto(0, 0, 1, 1, "x", 0, -1, "Arial", 8, false, false, false, 0); },
              [&] { doc.EscreverTexto(0, 0, 1, 1, "x", 0, 0, "Arial", 0, false, false, false, 0); },
          }) {
-        EXPECT_EQ(ErroDe(acao).Numero(), NumeroErro::ChamadaInvalida);
+        EXPECT_EQ(NumeroDe(acao), NumeroErro::ChamadaInvalida);
     }
     EXPECT_TRUE(doc.Registrado().paginas.front().empty());
 }
 
-// What the document asks of its preview, in order.
-struct VisualizadorFalso : Visualizador {
-    explicit VisualizadorFalso(std::vector<std::string>& lista) : chamadas(lista) {}
-    ~VisualizadorFalso() override { chamadas.emplace_back("fechado"); }
-    void Exibir(const Conteudo& c) override { chamadas.push_back("Exibir " + c.titulo); }
-    void Ocultar() override { chamadas.emplace_back("Ocultar"); }
-    void Imprimir(const Conteudo& c, bool perguntar) override {
-        chamadas.push_back("Imprimir " + c.titulo + (perguntar ? " perguntando" : ""));
-    }
-    std::vector<std::string>& chamadas;
-};
-
-struct FabricaFalsa : FabricaVisualizadores {
-    std::unique_ptr<Visualizador> Criar() override {
-        return std::make_unique<VisualizadorFalso>(chamadas);
-    }
-    std::vector<std::string> chamadas;
-};
-
 TEST(DocumentoRelatorio, PreviewAndPrinterBelongToTheDocument) {
-    FabricaFalsa fabrica;
+    std::vector<std::string> diario;
+    apoio::VisualizadoresAnotados visualizadores(diario);
     {
-        DocumentoRelatorio doc({.visualizadores = &fabrica});
+        DocumentoRelatorio doc({.visualizadores = &visualizadores});
         doc.Ocultar();
-        EXPECT_TRUE(fabrica.chamadas.empty()) << "nothing is opened in order to hide it";
+        EXPECT_TRUE(diario.empty()) << "nothing is opened in order to hide it";
         doc.DefinirTitulo("T");
         doc.Exibir();
         doc.Ocultar();
-        bool perguntar = false;
-        doc.Imprimir(perguntar);
-        perguntar = true;
-        doc.Imprimir(perguntar);
+        for (bool perguntar : {false, true}) {
+            doc.Imprimir(perguntar);
+        }
     }
-    EXPECT_EQ(fabrica.chamadas, (std::vector<std::string>{"Exibir T", "Ocultar", "Imprimir T",
-                                                          "Imprimir T perguntando", "fechado"}));
+    EXPECT_THAT(diario, ElementsAre("Exibir T", "Ocultar T", "Imprimir T", "Imprimir T perguntando",
+                                    "Fechar T"));
     DocumentoRelatorio semHospedeiro;
-    EXPECT_EQ(ErroDe([&] { semHospedeiro.Exibir(); }).Numero(), NumeroErro::AcaoNaoSuportada);
+    EXPECT_EQ(NumeroDe([&] { semHospedeiro.Exibir(); }), NumeroErro::AcaoNaoSuportada);
 }
 
 struct CancelaNaSegunda : Andamento {
@@ -169,7 +141,7 @@ TEST(DocumentoRelatorio, TheHostCanCancelALongBuildBetweenPages) {
     CancelaNaSegunda andamento;
     DocumentoRelatorio doc({.andamento = &andamento});
     doc.NovaPagina();
-    EXPECT_EQ(ErroDe([&] { doc.NovaPagina(); }).Numero(), NumeroErro::Cancelado);
+    EXPECT_EQ(NumeroDe([&] { doc.NovaPagina(); }), NumeroErro::Cancelado);
     EXPECT_EQ(doc.Registrado().paginas.size(), 2U);
 }
 

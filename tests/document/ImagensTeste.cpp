@@ -1,11 +1,12 @@
 #include "document/Imagens.h"
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
-#include <vector>
 
-#include <gmock/gmock.h>
+#include "platform/pdf/LeitorGIF.h"
 
 // The expected figures are those that the pages were designed for: a picture of another size or
 // format would be scaled out of shape, or refused by a decoder, only when a page is printed.
@@ -13,28 +14,13 @@ namespace {
 
 using tarvo::FormatoImagem;
 using tarvo::Imagem;
+using testing::ElementsAre;
 namespace figuras = tarvo::frmFiguras;
 
 std::size_t Inteiro(const Imagem& imagem, std::size_t posicao, std::size_t tamanho) {
     std::size_t valor = 0;
     for (std::size_t i = tamanho; i > 0; --i) valor = valor * 256 + imagem.bytes[posicao + i - 1];
     return valor;
-}
-
-constexpr std::size_t fimDoCabecalho = 13;
-
-std::size_t EntradasDaTabela(const Imagem& gif) {
-    const std::size_t campo = gif.bytes[10];
-    return (campo & 0x80) != 0 ? std::size_t{2} << (campo & 7) : 0;
-}
-
-// Follows the data blocks from the picture's descriptor; the position after the closing byte.
-std::size_t FimDoGIF(const Imagem& gif) {
-    std::size_t p = fimDoCabecalho + 3 * EntradasDaTabela(gif);
-    if (gif.bytes[p] != ',' || Inteiro(gif, p + 5, 4) != Inteiro(gif, 6, 4)) return 0;
-    p += 11;  // descriptor and code size
-    while (p < gif.bytes.size() && gif.bytes[p] != 0) p += gif.bytes[p] + std::size_t{1};
-    return p + 1 < gif.bytes.size() && gif.bytes[p + 1] == ';' ? p + 2 : 0;
 }
 
 struct Esperado {
@@ -57,18 +43,17 @@ TEST(Imagens, GifsAreWholeAndHaveTheSizesAndColourTablesOfThePages) {
         EXPECT_EQ(imagem.formato, FormatoImagem::GIF);
         EXPECT_EQ(imagem.largura, largura);
         EXPECT_EQ(imagem.altura, altura);
-        EXPECT_EQ(std::string(imagem.bytes.begin(), imagem.bytes.begin() + 4), "GIF8");
-        EXPECT_EQ(Inteiro(imagem, 6, 2), static_cast<std::size_t>(largura));
-        EXPECT_EQ(Inteiro(imagem, 8, 2), static_cast<std::size_t>(altura));
-        EXPECT_EQ(EntradasDaTabela(imagem), cores);
-        EXPECT_EQ(FimDoGIF(imagem), imagem.bytes.size());
+        const tarvo::pdf::Raster lida = tarvo::pdf::LerGIF(imagem);
+        EXPECT_EQ(lida.largura, largura);
+        EXPECT_EQ(lida.altura, altura);
+        EXPECT_EQ(lida.paleta.size(), cores);
+        EXPECT_EQ(imagem.bytes.back(), ';') << "the file goes on to its end";
     }
 }
 
 TEST(Imagens, TheOneBitArmsAreBlackAndWhite) {
-    const auto tabela = figuras::imgBrasaoVDMonocromatico.bytes.subspan(fimDoCabecalho, 6);
-    EXPECT_THAT(std::vector<int>(tabela.begin(), tabela.end()),
-                testing::ElementsAre(0, 0, 0, 255, 255, 255));
+    EXPECT_THAT(tarvo::pdf::LerGIF(figuras::imgBrasaoVDMonocromatico).paleta,
+                ElementsAre(ElementsAre(0, 0, 0), ElementsAre(255, 255, 255)));
 }
 
 TEST(Imagens, IconsHoldOnePictureOf32PixelsInSixteenColours) {

@@ -21,7 +21,6 @@ using testing::Not;
 
 std::string Pdf(int paginas, std::int32_t orientacao) {
     DocumentoRelatorio documento;
-    documento.Iniciar();
     documento.DefinirTitulo("Relatório de Teste");
     documento.DefinirOrientacao(orientacao);
     documento.DefinirMargens(2, 2, 2, 2);
@@ -37,8 +36,16 @@ std::string Pdf(int paginas, std::int32_t orientacao) {
     return bytes;
 }
 
-std::string Informacao(const std::filesystem::path& arquivo) {
-    return Saida("pdfinfo '" + arquivo.string() + "'");
+// Where the word FOLHA1 stands on its sheet, points.
+Caixa Folha1(const std::filesystem::path& pdf) {
+    std::istringstream lados(
+        Saida("pdftotext -bbox '" + pdf.string() + "' - | grep '>FOLHA1<' | tr -c '0-9.' ' '"));
+    double x = 0;
+    double y = 0;
+    double direita = 0;
+    double base = 0;
+    lados >> x >> y >> direita >> base;
+    return {x, y, direita - x, base - y};
 }
 
 class FilaImpressao : public testing::Test {
@@ -61,23 +68,17 @@ TEST_F(FilaImpressao, SheetsAreA4WithTheirOrientationAndUnscaled) {
     EnviarTrabalho({.pdf = Pdf(2, 1), .titulo = "paisagem", .impressora = "Laser"});
     const auto retrato = servico->Chegada("retrato");
     const auto paisagem = servico->Chegada("paisagem");
-    EXPECT_THAT(Informacao(retrato), AllOf(HasSubstr("Pages:           3"), HasSubstr("(A4)")));
-    EXPECT_THAT(Informacao(paisagem), AllOf(HasSubstr("Pages:           2"), HasSubstr("(A4)")));
+    for (const auto& [arquivo, paginas] : {std::pair{retrato, "3"}, {paisagem, "2"}}) {
+        EXPECT_THAT(
+            Saida("pdfinfo '" + arquivo.string() + "'"),
+            AllOf(HasSubstr("Pages:           " + std::string(paginas)), HasSubstr("(A4)")));
+    }
     // The word stands where the page has it, 2 cm from the left; a landscape page lies along the
     // sheet, so that its words run upwards or downwards: higher than wide.
-    EXPECT_THAT(Saida("pdftotext -bbox '" + retrato.string() + "' -"),
-                HasSubstr("<word xMin=\"56.6"));
-    const auto medidas = Saida("pdftotext -bbox '" + paisagem.string() +
-                               "' - | sed -n 's/.*xMin=\"\\([0-9.]*\\)\" yMin=\"\\([0-9.]*\\)\" "
-                               "xMax=\"\\([0-9.]*\\)\" yMax=\"\\([0-9.]*\\)\">FOLHA1.*/"
-                               "\\1 \\2 \\3 \\4/p'");
-    double x1 = 0;
-    double y1 = 0;
-    double x2 = 0;
-    double y2 = 0;
-    std::istringstream(medidas) >> x1 >> y1 >> x2 >> y2;
-    EXPECT_GT(y2 - y1, 2 * (x2 - x1));
-    EXPECT_NEAR(std::max(x2 - x1, y2 - y1), 78.4, 1.5);  // FOLHA1 in Arial 20, points
+    EXPECT_NEAR(Folha1(retrato).x, 56.65, 0.06);
+    const Caixa deLado = Folha1(paisagem);
+    EXPECT_GT(deLado.altura, 2 * deLado.largura);
+    EXPECT_NEAR(deLado.altura, 78.4, 1.5);  // FOLHA1 in Arial 20
 }
 
 TEST_F(FilaImpressao, PrintsTheChosenPages) {
@@ -101,17 +102,14 @@ TEST_F(FilaImpressao, TheUsersDefaultPrinterIsTakenWhenNoneIsNamed) {
 TEST_F(FilaImpressao, SaysWhyNothingCanBePrinted) {
     const auto pdf = Pdf(1, 0);
     const auto antes = servico->Trabalhos();
-    const auto erro = [&](const std::string& impressora) {
-        return ErroDe(
-            [&] { EnviarTrabalho({.pdf = pdf, .titulo = "x", .impressora = impressora}); });
-    };
     const std::pair<const char*, const char*> casos[] = {
         {"", "Não há impressora padrão. Escolha uma destas: Direta, Laser"},
         {"Inexistente", "Não há impressora \"Inexistente\". Existem: Direta, Laser"},
         {"Parada", "\"Parada\" está parada"},
         {"Recusa", "\"Recusa\" não está aceitando trabalhos"}};
     for (const auto& [impressora, texto] : casos) {
-        const Erro e = erro(impressora);
+        const TrabalhoImpressao trabalho{.pdf = pdf, .titulo = "x", .impressora = impressora};
+        const Erro e = ErroDe([&] { EnviarTrabalho(trabalho); });
         EXPECT_EQ(e.Numero(), NumeroErro::ErroImpressora) << impressora;
         EXPECT_THAT(e.Descricao(), HasSubstr(texto));
     }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -29,8 +28,7 @@ class ServicoDeImpressao {
 
   private:
     PastaTemporaria pasta_;
-    pid_t processo_ = -1;
-    int entrada_ = -1;
+    FILE* processo_ = nullptr;  // ends with its standard input
 };
 
 // A print service that takes connections and then says nothing; that of this process while the

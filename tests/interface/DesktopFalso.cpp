@@ -20,19 +20,12 @@ class VisualizadorFalso final : public Visualizador {
     ~VisualizadorFalso() override { VisualizadorFalso::Ocultar(); }
     void Exibir(const Conteudo& conteudo) override {
         ODesktopFalso().pedidos.push_back("Exibir " + conteudo.titulo);
-        ODesktopFalso().abertas += aberta_ ? 0 : 1;
-        aberta_ = true;
+        ODesktopFalso().abertas.insert(this);
     }
-    void Ocultar() override {
-        ODesktopFalso().abertas -= aberta_ ? 1 : 0;
-        aberta_ = false;
-    }
+    void Ocultar() override { ODesktopFalso().abertas.erase(this); }
     void Imprimir(const Conteudo& conteudo, bool /*perguntar*/) override {
         ODesktopFalso().pedidos.push_back("Imprimir " + conteudo.titulo);
     }
-
-  private:
-    bool aberta_ = false;
 };
 
 class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, public JanelaSelecao {
@@ -42,7 +35,7 @@ class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, pub
     FabricaVisualizadores& Visualizadores() override { return *this; }
     JanelaSelecao& Selecao() override { return *this; }
     std::size_t AguardarJanelas(std::chrono::milliseconds /*tempo*/) override {
-        return ODesktopFalso().abertas;
+        return ODesktopFalso().abertas.size();
     }
     std::unique_ptr<Visualizador> Criar() override { return std::make_unique<VisualizadorFalso>(); }
     void ExibirModal(frmImpressaoRelatorios& dialogo) override { ODesktopFalso().usuario(dialogo); }

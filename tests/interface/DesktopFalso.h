@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -12,7 +12,7 @@ namespace tarvo::teste {
 // What the desktop was asked for, and what its user does.
 struct DesktopFalso {
     std::vector<std::string> pedidos;  // "Exibir Relatório de Pagamentos"
-    std::size_t abertas = 0;
+    std::set<const Visualizador*> abertas;
     bool temTela = true;
     std::function<void(frmImpressaoRelatorios&)> usuario;  // acts on the selection dialog
 };

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "host/exemplo/Exemplo.h"
 #include "platform/sqlite/BancoSQLite.h"
@@ -21,38 +22,58 @@ inline std::string Classe(std::string_view nome) {
     return "RelatoriosTarvo." + std::string(nome);
 }
 
+// What a call gave out, released at the end of its scope.
+class Posse {
+  public:
+    explicit Posse(std::uint64_t id) : id_(id) {}
+    ~Posse() { Liberar(); }
+    Posse(const Posse&) = delete;
+    Posse& operator=(const Posse&) = delete;
+    operator std::uint64_t() const { return id_; }
+    // Releases it now; gives the number, which is then of no object.
+    std::uint64_t Liberar() {
+        EXPECT_EQ(tarvo_liberar(id_), 0) << tarvo_erro_texto();
+        return std::exchange(id_, 0);
+    }
+
+  private:
+    std::uint64_t id_;
+};
+
 class ComExemplo : public testing::Test {
   protected:
     ComExemplo() {
         std::string modelo = std::filesystem::temp_directory_path() / "tarvo-XXXXXX";
         pasta_ = mkdtemp(modelo.data());
-        CriarBanco(Arquivo());
-        BancoSQLite::Abrir(Arquivo())->ExecutarScript(ScriptDeExemplo());
+        CriarBanco(Arquivo(), ScriptDeExemplo());
     }
     ~ComExemplo() override { std::filesystem::remove_all(pasta_); }
 
     [[nodiscard]] std::string Arquivo() const { return pasta_ / "exemplo.tarvo"; }
     [[nodiscard]] std::string Saida(const char* nome) const { return pasta_ / nome; }
 
-    [[nodiscard]] tarvo_banco Abrir(std::uint32_t opcoes = 0) const {
+    [[nodiscard]] Posse Abrir(std::uint32_t opcoes = 0) const {
         tarvo_banco banco = 0;
         EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), opcoes, &banco), 0) << tarvo_erro_texto();
-        return banco;
+        return Posse(banco);
     }
-    static tarvo_objeto Criar(std::string_view classe) {
+    [[nodiscard]] static Posse Criar(std::string_view classe) {
         tarvo_objeto objeto = 0;
         EXPECT_EQ(tarvo_criar(Classe(classe).c_str(), &objeto), 0) << tarvo_erro_texto();
-        return objeto;
+        return Posse(objeto);
+    }
+    // The bytes of a result, which is released.
+    static std::string Bytes(tarvo_memoria memoria) {
+        const Posse posse(memoria);
+        const char* bytes = nullptr;
+        std::size_t tamanho = 0;
+        EXPECT_EQ(tarvo_memoria_bytes(memoria, &bytes, &tamanho), 0) << tarvo_erro_texto();
+        return {bytes, tamanho};
     }
     static std::string Exportar(tarvo_objeto objeto, std::int32_t formato) {
         tarvo_memoria memoria = 0;
-        const char* bytes = nullptr;
-        std::size_t tamanho = 0;
         EXPECT_EQ(tarvo_exportar_memoria(objeto, formato, &memoria), 0) << tarvo_erro_texto();
-        EXPECT_EQ(tarvo_memoria_bytes(memoria, &bytes, &tamanho), 0);
-        std::string copia(bytes, tamanho);
-        EXPECT_EQ(tarvo_liberar(memoria), 0);
-        return copia;
+        return Bytes(memoria);
     }
 
   private:

@@ -13,10 +13,10 @@ using testing::ElementsAre;
 class Janelas : public ComExemplo {
   protected:
     DesktopFalso& desktop = ODesktopFalso();
-    tarvo_banco banco = Abrir();
+    Posse banco = Abrir();
 
-    Janelas() { desktop.pedidos.clear(); }
-    ~Janelas() override { EXPECT_EQ(tarvo_liberar(banco), 0); }
+    Janelas() { desktop = {}; }
+    ~Janelas() override { EXPECT_EQ(desktop.abertas.size(), 0U) << "a window outlived its object"; }
 };
 
 TEST_F(Janelas, ShowsHidesAndPrintsADocument) {
@@ -34,8 +34,6 @@ TEST_F(Janelas, ShowsHidesAndPrintsADocument) {
     EXPECT_EQ(tarvo_aguardar_janelas(0, &abertas), 0);
     EXPECT_EQ(abertas, 0U);
     EXPECT_EQ(tarvo_exibir(objeto), 0);
-    EXPECT_EQ(tarvo_liberar(objeto), 0);
-    EXPECT_EQ(desktop.abertas, 0U);
 }
 
 TEST_F(Janelas, ExecutarBuildsAndShowsWhatTheUserChooses) {
@@ -51,9 +49,8 @@ TEST_F(Janelas, ExecutarBuildsAndShowsWhatTheUserChooses) {
                 ElementsAre("Exibir Relatório de Resumo dos CFOPs para as Operações / Prestações "
                             "de Entrada (Grupos 1, 2 e 3)",
                             "Exibir Relatório de Pagamentos"));
+    EXPECT_EQ(desktop.abertas.size(), 2U);
     EXPECT_EQ(tarvo_executar(relatorios, banco, IE, 999, 0), 3021);
-    EXPECT_EQ(tarvo_liberar(relatorios), 0);
-    EXPECT_EQ(desktop.abertas, 0U);
 }
 
 TEST_F(Janelas, WithoutAScreenOnlyPrintingWorks) {
@@ -63,28 +60,24 @@ TEST_F(Janelas, WithoutAScreenOnlyPrintingWorks) {
     EXPECT_EQ(tarvo_exibir(objeto), 445);
     EXPECT_EQ(tarvo_executar(relatorios, banco, IE, DRQ, 0), 445);
     EXPECT_EQ(tarvo_imprimir(objeto), 0) << tarvo_erro_texto();
-    EXPECT_EQ(tarvo_liberar(objeto), 0);
-    EXPECT_EQ(tarvo_liberar(relatorios), 0);
-    desktop.temTela = true;
 }
 
 // The host's own event handlers may call while the dialog is open.
 TEST_F(Janelas, CallsFromInsideTheDialogCannotPullAwayWhatItUses) {
     const auto relatorios = Criar("Relatorios");
-    const auto outro = Criar("RelatorioCadastro");
+    auto outro = Criar("RelatorioCadastro");
     desktop.usuario = [&](frmImpressaoRelatorios& dialogo) {
         EXPECT_EQ(tarvo_liberar(relatorios), 20006);
         EXPECT_EQ(tarvo_liberar(banco), 20006);
         EXPECT_EQ(tarvo_executar(relatorios, banco, IE, DRQ, 0), 20006);
         EXPECT_EQ(tarvo_construir_cadastro(outro, banco, IE), 20006);
         EXPECT_EQ(tarvo_exibir(outro), 0);
-        EXPECT_EQ(tarvo_liberar(outro), 0);
+        outro.Liberar();
         dialogo.lstSelecao.Selecionar(0, true);
         dialogo.cmdImprimir();
     };
     ASSERT_EQ(tarvo_executar(relatorios, banco, IE, DRQ, 0), 0) << tarvo_erro_texto();
     EXPECT_EQ(desktop.pedidos.back(), "Imprimir Relatório de Cadastro do Contribuinte");
-    EXPECT_EQ(tarvo_liberar(relatorios), 0);
 }
 
 TEST_F(Janelas, BelongToOneThread) {
@@ -101,11 +94,8 @@ TEST_F(Janelas, BelongToOneThread) {
         EXPECT_EQ(tarvo_liberar(comJanela), 445);
         // What needs no window is free.
         EXPECT_EQ(tarvo_construir(comJanela, banco, IE, DRQ), 0);
-        EXPECT_EQ(tarvo_liberar(semJanela), 0);
     }).join();
-    EXPECT_EQ(desktop.abertas, 1U);
-    EXPECT_EQ(tarvo_liberar(comJanela), 0);
-    EXPECT_EQ(tarvo_liberar(relatorios), 0);
+    EXPECT_EQ(desktop.abertas.size(), 1U);
 }
 
 }  // namespace

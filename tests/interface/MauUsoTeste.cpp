@@ -1,9 +1,10 @@
 #include <gmock/gmock.h>
 
-#include <cmath>
 #include <functional>
 #include <thread>
 
+#include "interface/ClassesPublicas.h"
+#include "tests/apoio/Apoio.h"
 #include "tests/interface/Exemplo.h"
 
 namespace tarvo::teste {
@@ -13,16 +14,10 @@ using testing::HasSubstr;
 
 class MauUso : public ComExemplo {
   protected:
-    tarvo_banco banco = Abrir();
-    tarvo_objeto pagamentos = Criar("RelatorioPagamentos");
-    tarvo_objeto relatorios = Criar("Relatorios");
-    tarvo_objeto guia = Criar("RelatorioVELO");
-
-    ~MauUso() override {
-        for (const auto id : {banco, pagamentos, relatorios, guia}) {
-            EXPECT_EQ(tarvo_liberar(id), 0);
-        }
-    }
+    Posse banco = Abrir();
+    Posse pagamentos = Criar("RelatorioPagamentos");
+    Posse relatorios = Criar("Relatorios");
+    Posse guia = Criar("RelatorioVELO");
 
     // Every operation that takes an object, with good arguments otherwise.
     using Operacao = std::function<std::int32_t(tarvo_objeto)>;
@@ -52,8 +47,7 @@ class MauUso : public ComExemplo {
 };
 
 TEST_F(MauUso, NoOperationTakesWhatIsNoObject) {
-    const auto liberado = Criar("RelatorioPagamentos");
-    ASSERT_EQ(tarvo_liberar(liberado), 0);
+    const tarvo_objeto liberado = Criar("RelatorioPagamentos").Liberar();
     for (const auto& operacao : OperacoesDeObjetos()) {
         EXPECT_EQ(operacao(0), 91);
         EXPECT_EQ(operacao(UINT64_MAX), 91);
@@ -65,13 +59,13 @@ TEST_F(MauUso, NoOperationTakesWhatIsNoObject) {
 }
 
 TEST_F(MauUso, NoOperationTakesWhatIsNoDatabase) {
-    const auto liberado = Abrir();
-    ASSERT_EQ(tarvo_liberar(liberado), 0);
+    const tarvo_banco liberado = Abrir().Liberar();
     const auto cadastro = Criar("RelatorioCadastro");
     const auto st = Criar("RelatorioApuracaoSubTrib");
+    const auto outro = Criar("RelatorioPagamentos");
     for (const auto& [id, numero] :
-         {std::pair<tarvo_banco, int>{0, 91}, {liberado, 91}, {pagamentos, 13}}) {
-        EXPECT_EQ(tarvo_construir(pagamentos, id, IE, DRQ), id == pagamentos ? 20006 : numero);
+         {std::pair<tarvo_banco, int>{0, 91}, {liberado, 91}, {outro, 13}}) {
+        EXPECT_EQ(tarvo_construir(pagamentos, id, IE, DRQ), numero);
         EXPECT_EQ(tarvo_construir_cadastro(cadastro, id, IE), numero);
         EXPECT_EQ(tarvo_construir_velo(guia, id), numero);
         EXPECT_EQ(tarvo_executar(relatorios, id, IE, DRQ, 0), numero);
@@ -79,8 +73,27 @@ TEST_F(MauUso, NoOperationTakesWhatIsNoDatabase) {
             EXPECT_EQ(tarvo_campo_st(st, 51, id, DRQ, texto, sizeof texto), numero);
         }
     }
-    EXPECT_EQ(tarvo_liberar(cadastro), 0);
-    EXPECT_EQ(tarvo_liberar(st), 0);
+    EXPECT_EQ(tarvo_construir(pagamentos, pagamentos, IE, DRQ), 20006);
+}
+
+TEST_F(MauUso, OnlyPublicClassesAreCreatedAndByTheirWholeNames) {
+    for (const auto* interna :
+         {"RelatorioEntInterestad", "RelatorioMIDAXBCodigo1", "RelatorioMIDAXBCodigo2",
+          "RelatorioMIDAXBCodigo3", "RelatorioDetRecCredAcum", "RelatorioDetRecCredAcVE",
+          "RelatorioDetCentrRecImp", "RelatorioDetResSubstitui", "RelatorioDetResSubstitut",
+          "RelatorioDeclaracao", "", "RelatorioCadastro ", "relatoriocadastro"}) {
+        EXPECT_EQ(tarvo_criar(Classe(interna).c_str(), &memoria), 429);
+        EXPECT_THAT(tarvo_erro_texto(), HasSubstr(Classe(interna)));
+    }
+    for (const auto* nome :
+         {"", "RelatorioCadastro", "RelatoriosTarvo", "Outra.RelatorioCadastro"}) {
+        EXPECT_EQ(tarvo_criar(nome, &memoria), 429) << nome;
+    }
+}
+
+TEST(ClassesPublicas, TheEntryClassNeedsTheHostsWindow) {
+    EXPECT_EQ(apoio::NumeroDe([] { CriarObjeto(Classe("Relatorios")); }),
+              NumeroErro::AcaoNaoSuportada);
 }
 
 TEST_F(MauUso, ClassesRefuseTheOperationsOfOthers) {
@@ -95,10 +108,22 @@ TEST_F(MauUso, ClassesRefuseTheOperationsOfOthers) {
     EXPECT_EQ(tarvo_paginas(relatorios, &tamanho), 438);
 }
 
+TEST_F(MauUso, ObjectsAreBuiltByTheOperationOfTheirClassOnly) {
+    const auto cadastro = Criar("RelatorioCadastro");
+    EXPECT_EQ(tarvo_construir(cadastro, banco, IE, DRQ), 450);
+    EXPECT_EQ(tarvo_construir_velo(cadastro, banco), 450);
+    EXPECT_EQ(tarvo_construir(guia, banco, IE, DRQ), 450);
+    EXPECT_EQ(tarvo_construir_cadastro(guia, banco, IE), 450);
+    EXPECT_EQ(tarvo_construir_cadastro(pagamentos, banco, IE), 450);
+    EXPECT_EQ(tarvo_construir_velo(pagamentos, banco), 450);
+    EXPECT_THAT(tarvo_erro_texto(), HasSubstr("tarvo_construir."));
+}
+
 TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
     EXPECT_EQ(tarvo_abrir_banco(nullptr, 0, &memoria), 5);
     EXPECT_EQ(tarvo_abrir_banco("", 0, &memoria), 5);
     EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), 0, nullptr), 5);
+    EXPECT_EQ(tarvo_adotar_banco(nullptr, 0, &memoria), 5);
     EXPECT_EQ(tarvo_criar(nullptr, &memoria), 5);
     EXPECT_EQ(tarvo_criar("RelatoriosTarvo.RelatorioVELO", nullptr), 5);
     EXPECT_EQ(tarvo_construir(pagamentos, banco, nullptr, DRQ), 5);
@@ -140,19 +165,14 @@ TEST_F(MauUso, FilesThatCannotBeReadOrWrittenAreErrors) {
 }
 
 TEST_F(MauUso, ReleasingTwiceIsAnErrorAndZeroIsNot) {
-    const auto objeto = Criar("RelatorioCadastro");
-    EXPECT_EQ(tarvo_liberar(objeto), 0);
-    EXPECT_EQ(tarvo_liberar(objeto), 91);
+    EXPECT_EQ(tarvo_liberar(Criar("RelatorioCadastro").Liberar()), 91);
     EXPECT_EQ(tarvo_liberar(0), 0);
     EXPECT_EQ(tarvo_erro_numero(), 91);
 }
 
 TEST_F(MauUso, ADatabaseReleasedAfterABuildIsNoLongerNeeded) {
-    const auto passageiro = Abrir();
-    ASSERT_EQ(tarvo_construir(pagamentos, passageiro, IE, DRQ), 0);
-    ASSERT_EQ(tarvo_liberar(passageiro), 0);
+    ASSERT_EQ(tarvo_construir(pagamentos, Abrir(), IE, DRQ), 0);
     EXPECT_THAT(Exportar(pagamentos, TARVO_JSON), HasSubstr("Datas de Pagamento"));
-    EXPECT_EQ(tarvo_construir(pagamentos, passageiro, IE, DRQ), 91);
 }
 
 TEST_F(MauUso, EachThreadHasItsOwnLastError) {
@@ -167,15 +187,17 @@ TEST_F(MauUso, EachThreadHasItsOwnLastError) {
 }
 
 TEST_F(MauUso, ALongErrorTextIsCutAtACharacter) {
-    std::string nome = "a";
+    std::string nome;
     for (int i = 0; i < 3000; ++i) {
         nome += "ção";
     }
-    EXPECT_EQ(tarvo_criar(nome.c_str(), &memoria), 429);
-    const std::string cortado = tarvo_erro_texto();
-    EXPECT_THAT(cortado, testing::EndsWith("…"));
-    EXPECT_GT(cortado.size(), 2000U);
-    EXPECT_EQ(tarvo_criar(cortado.c_str(), &memoria), 429) << "the text is no longer UTF-8";
+    for (const std::string inicio : {"", "a", "aa"}) {  // one of them has the cut inside a letter
+        EXPECT_EQ(tarvo_criar((inicio + nome).c_str(), &memoria), 429);
+        const std::string cortado = tarvo_erro_texto();
+        EXPECT_THAT(cortado, testing::EndsWith("…"));
+        EXPECT_GT(cortado.size(), 2000U);
+        EXPECT_EQ(tarvo_criar(cortado.c_str(), &memoria), 429) << "the text is no longer UTF-8";
+    }
 }
 
 // Two threads share identifiers against the rules: every call ends, with its result or an error.

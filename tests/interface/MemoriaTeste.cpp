@@ -59,26 +59,25 @@ class Memoria : public ComExemplo {
         tarvo_banco banco = 0;
         tarvo_objeto objeto = 0;
         Resultado r;
-        r.erro =
-            conexao == nullptr
-                ? tarvo_abrir_banco(arquivo, TARVO_SOMENTE_LEITURA | TARVO_TABELAS_PRIVADAS, &banco)
-                : tarvo_adotar_banco(conexao, TARVO_TABELAS_PRIVADAS, &banco);
-        if (r.erro == 0) {
-            r.erro = tarvo_criar("RelatoriosTarvo.RelatorioApuracaoOpProp", &objeto);
-        }
-        if (r.erro == 0) {
-            r.erro = tarvo_construir(objeto, banco, IE, DRQ);
-        }
+        const auto chamar = [&r](auto operacao) {
+            if (r.erro == 0) {
+                r.erro = operacao();
+            }
+        };
+        chamar([&] {
+            return conexao == nullptr
+                       ? tarvo_abrir_banco(arquivo, TARVO_SOMENTE_LEITURA | TARVO_TABELAS_PRIVADAS,
+                                           &banco)
+                       : tarvo_adotar_banco(conexao, TARVO_TABELAS_PRIVADAS, &banco);
+        });
+        chamar([&] { return tarvo_criar("RelatoriosTarvo.RelatorioApuracaoOpProp", &objeto); });
+        chamar([&] { return tarvo_construir(objeto, banco, IE, DRQ); });
         for (const std::int32_t formato : {TARVO_JSON, TARVO_PDF}) {
             tarvo_memoria memoria = 0;
             const char* bytes = "";
             std::size_t tamanho = 0;
-            if (r.erro == 0) {
-                r.erro = tarvo_exportar_memoria(objeto, formato, &memoria);
-            }
-            if (r.erro == 0) {
-                r.erro = tarvo_memoria_bytes(memoria, &bytes, &tamanho);
-            }
+            chamar([&] { return tarvo_exportar_memoria(objeto, formato, &memoria); });
+            chamar([&] { return tarvo_memoria_bytes(memoria, &bytes, &tamanho); });
             r.produzido = r.produzido * 31 + std::hash<std::string_view>()({bytes, tamanho});
             EXPECT_EQ(tarvo_liberar(memoria), 0);
         }
