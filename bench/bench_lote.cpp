@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 class BancoGrande {
   public:
     // The example's declarations over and over, as many as asked for.
-    BancoGrande(const fs::path& arquivo, int declaracoes) {
+    BancoGrande(const fs::path& arquivo, long declaracoes) {
         CriarBanco(arquivo, ScriptDeExemplo());
         if (sqlite3_open(arquivo.c_str(), &db_) != SQLITE_OK) {
             throw std::runtime_error(sqlite3_errmsg(db_));
@@ -84,6 +84,10 @@ class BancoGrande {
     sqlite3* db_ = nullptr;
 };
 
+void CriarBancoGrande(const fs::path& arquivo, long declaracoes) {
+    const BancoGrande banco(arquivo, declaracoes);
+}
+
 struct Medida {
     double segundos = 0;     // on the wall
     double processador = 0;  // of all processes
@@ -135,17 +139,17 @@ double Mediana(std::vector<double> valores) {
     return valores[valores.size() / 2];
 }
 
-void Comparar(int declaracoes, int rodadas, const fs::path& pasta) {
+void Comparar(long declaracoes, long rodadas, const fs::path& pasta) {
     const unsigned nucleos = std::max(1U, std::thread::hardware_concurrency());
     const fs::path inteiro = pasta / "inteiro.tarvo";
-    BancoGrande(inteiro, declaracoes);
+    CriarBancoGrande(inteiro, declaracoes);
     std::vector<fs::path> partes;
     for (unsigned i = 0; i < nucleos; ++i) {
         partes.push_back(pasta / ("parte" + std::to_string(i) + ".tarvo"));
-        BancoGrande(partes.back(), declaracoes / static_cast<int>(nucleos));
+        CriarBancoGrande(partes.back(), declaracoes / nucleos);
     }
     std::vector<double> razoes;
-    for (int rodada = 0; rodada < rodadas; ++rodada) {
+    for (long rodada = 0; rodada < rodadas; ++rodada) {
         const Medida processos = Medir(partes, pasta / "processos", 1);
         const Medida lote = Medir({inteiro}, pasta / "lote", nucleos);
         razoes.push_back(processos.segundos / lote.segundos);
@@ -155,10 +159,10 @@ void Comparar(int declaracoes, int rodadas, const fs::path& pasta) {
             nucleos, processos.segundos, processos.processador, lote.segundos, lote.processador,
             lote.memoria, razoes.back());
     }
-    std::printf("%d declarations, %u cores: median ratio %.2f\n", declaracoes, nucleos,
+    std::printf("%ld declarations, %u cores: median ratio %.2f\n", declaracoes, nucleos,
                 Mediana(razoes));
-    BancoGrande(pasta / "quatro.tarvo", 4 * declaracoes);
-    std::printf("memory with %d declarations: %.0f MB\n", 4 * declaracoes,
+    CriarBancoGrande(pasta / "quatro.tarvo", 4 * declaracoes);
+    std::printf("memory with %ld declarations: %.0f MB\n", 4 * declaracoes,
                 Medir({pasta / "quatro.tarvo"}, pasta / "lote", nucleos).memoria);
 }
 
@@ -166,8 +170,8 @@ void Comparar(int declaracoes, int rodadas, const fs::path& pasta) {
 }  // namespace tarvo::bench
 
 int main(int argc, char** argv) {
-    const int declaracoes = argc > 1 ? std::atoi(argv[1]) : 1000;
-    const int rodadas = argc > 2 ? std::atoi(argv[2]) : 3;
+    const long declaracoes = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 1000;
+    const long rodadas = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 3;
     std::string modelo = (std::filesystem::temp_directory_path() / "bench_lote-XXXXXX").string();
     if (declaracoes < 20 || rodadas < 1 || ::mkdtemp(modelo.data()) == nullptr) {
         std::fprintf(stderr, "bench_lote [DECLARATIONS [ROUNDS]]\n");

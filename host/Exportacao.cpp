@@ -153,7 +153,7 @@ ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const D
         }
         case Formato::PNG: {
             std::string pdf;
-            const ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
+            ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
             RemoverPaginasAlem(destino.pasta, nome,
                                GravarPNG(pdf, destino.pasta, nome, destino.dpi).size());
             return resultado;
