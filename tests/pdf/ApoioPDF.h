@@ -28,12 +28,8 @@ constexpr double Pontos(double cm) {
 // Height of a line of Liberation Sans for each point of its size.
 constexpr double AlturaDaLinha = 1.117;
 
-// Runs a shell command; its output, errors too, and its exit status.
-struct Saida {
-    std::string texto;
-    int estado = 0;
-};
-Saida Executar(const std::string& comando);
+// The output of a shell command, its errors too.
+std::string Executar(const std::string& comando);
 
 // The bytes of a file, and how many entries a folder has.
 std::string Conteudos(const std::filesystem::path& arquivo);
