@@ -26,11 +26,13 @@ TEST_F(Andamento, AShortBuildShowsNothing) {
 }
 
 TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
+    bool apertado = false;
     QTimer usuario;
-    QObject::connect(&usuario, &QTimer::timeout, [] {
+    QObject::connect(&usuario, &QTimer::timeout, [&] {
         for (auto* aviso : Avisos()) {
             EXPECT_TRUE(aviso->labelText().contains(QStringLiteral("páginas")));
             EXPECT_TRUE(aviso->isModal());
+            apertado = true;
             QTest::mouseClick(aviso->findChild<QPushButton*>(), Qt::LeftButton);
         }
     });
@@ -42,6 +44,7 @@ TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
         }
     });
     EXPECT_EQ(erro.Numero(), NumeroErro::Cancelado);
+    EXPECT_TRUE(apertado);
     EXPECT_TRUE(Avisos().empty());
 }
 
