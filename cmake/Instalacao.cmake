@@ -46,6 +46,18 @@ add_custom_command(OUTPUT relatorios-tarvo.1.gz
 add_custom_target(manual ALL DEPENDS relatorios-tarvo.1.gz)
 install(FILES ${PROJECT_BINARY_DIR}/relatorios-tarvo.1.gz
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT nucleo)
+# Something to try the command on.
+add_custom_command(OUTPUT exemplo.tarvo
+    COMMAND ${CMAKE_COMMAND} -E rm -f exemplo.tarvo
+    COMMAND relatorios-tarvo criar exemplo.tarvo --exemplo
+    DEPENDS relatorios-tarvo
+    VERBATIM)
+add_custom_target(banco_de_exemplo ALL DEPENDS exemplo.tarvo)
+install(FILES ${PROJECT_BINARY_DIR}/exemplo.tarvo
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/relatoriostarvo COMPONENT nucleo)
+install(FILES docs/guia.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/relatoriostarvo COMPONENT nucleo)
+install(DIRECTORY docs/imagens
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/relatoriostarvo COMPONENT nucleo)
 if(TARVO_DESKTOP)
     # The command looks for it here.
     install(TARGETS relatorios-tarvo-janela

@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <system_error>
 
@@ -61,18 +62,34 @@ std::unique_ptr<poppler::document> Abrir(std::string_view pdf) {
     return documento;
 }
 
-std::string Fotografar(const poppler::document& documento, int pagina, int dpi) {
+constexpr int MenorResolucao = 10;
+constexpr int MaiorResolucao = 2400;
+
+poppler::image Desenhar(const poppler::document& documento, int pagina, int dpi) {
     const std::unique_ptr<poppler::page> folha(documento.create_page(pagina));
     poppler::page_renderer renderizador;
     renderizador.set_render_hints(poppler::page_renderer::antialiasing |
                                   poppler::page_renderer::text_antialiasing);
     renderizador.set_image_format(poppler::image::format_rgb24);
-    const poppler::image imagem =
+    poppler::image imagem =
         folha == nullptr ? poppler::image() : renderizador.render_page(folha.get(), dpi, dpi);
     if (!imagem.is_valid()) {
         throw Erro(NumeroErro::ErroDispositivo,
                    "A página " + std::to_string(pagina + 1) + " não pôde ser desenhada.");
     }
+    return imagem;
+}
+
+// The first page that poppler draws in a process makes its colour profiles, without a lock: that
+// one is drawn alone.
+void PrepararCores(const poppler::document& documento) {
+    static std::once_flag feito;
+    std::call_once(feito, [&] { Desenhar(documento, 0, MenorResolucao); });
+}
+
+std::string Fotografar(const poppler::document& documento, int pagina, int dpi) {
+    PrepararCores(documento);
+    const poppler::image imagem = Desenhar(documento, pagina, dpi);
     const auto largura = static_cast<std::size_t>(imagem.width());
     const auto altura = static_cast<std::size_t>(imagem.height());
     // Rows come padded to words.
@@ -90,8 +107,6 @@ std::string Fotografar(const poppler::document& documento, int pagina, int dpi) 
 
 std::vector<fs::path> GravarPNG(std::string_view pdf, const fs::path& pasta, std::string_view nome,
                                 int dpi) {
-    constexpr int MenorResolucao = 10;
-    constexpr int MaiorResolucao = 2400;
     if (dpi < MenorResolucao || dpi > MaiorResolucao) {
         throw Erro(NumeroErro::ChamadaInvalida,
                    "A resolução de " + std::to_string(dpi) + " dpi está fora de 10 a 2400.");

@@ -10,7 +10,7 @@
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr long Passo = 40;  // coarser: every life takes ten times as long
 #else
 constexpr long Passo = 400;
@@ -31,13 +31,14 @@ void* Alocar(std::size_t bytes) {
 
 }  // namespace
 
-void* operator new(std::size_t bytes) {
+// Not inlined: the compiler would take them for the library's own and complain of the free.
+[[gnu::noinline]] void* operator new(std::size_t bytes) {
     return Alocar(bytes);
 }
-void operator delete(void* bloco) noexcept {
+[[gnu::noinline]] void operator delete(void* bloco) noexcept {
     std::free(bloco);
 }
-void operator delete(void* bloco, std::size_t /*bytes*/) noexcept {
+[[gnu::noinline]] void operator delete(void* bloco, std::size_t /*bytes*/) noexcept {
     std::free(bloco);
 }
 

@@ -28,9 +28,7 @@ TEST(Listas, AMissingTaxpayerOrDeclarationGivesATitledEmptyPage) {
             const Conteudo& c = relatorio->Documento();
             EXPECT_EQ(c.paginas, std::vector<Pagina>(1)) << relatorio->Identidade().classe;
             EXPECT_FALSE(c.titulo.empty());
-            EXPECT_LE(std::count_if(c.tituloResumido.begin(), c.tituloResumido.end(),
-                                    [](char b) { return (b & 0xC0) != 0x80; }),
-                      30);
+            EXPECT_LE(Caracteres(c.tituloResumido), 30);
             EXPECT_EQ(c.icone, &frmFiguras::imgIconeR);
             EXPECT_EQ(c.orientacao, 0);
             EXPECT_EQ(c.margens, (Margens{2, 2, 2, 2}));

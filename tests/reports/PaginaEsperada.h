@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -24,9 +25,44 @@ inline std::string Repetir(int vezes, const std::string& comando) {
            std::to_string(vezes) + ") " + comando + ";";
 }
 
+// A report of a declaration of taxpayer '1'.
+template <class R>
+Conteudo Construir(BancoDeTeste& banco, std::int32_t NumeroDRQ = 1, const Ambiente& ambiente = {}) {
+    R relatorio(ambiente);
+    relatorio.Construir(*banco, "1", NumeroDRQ);
+    return relatorio.Documento();
+}
+
+inline std::ptrdiff_t Caracteres(std::string_view utf8) {
+    return std::count_if(utf8.begin(), utf8.end(), [](char b) { return (b & 0xC0) != 0x80; });
+}
+
+// A page draws these operations and no others.
+inline void ConferirPagina(const Conteudo& conteudo, const Lista& operacoes,
+                           std::size_t pagina = 0) {
+    EXPECT_THAT(Curtas(conteudo, pagina), testing::ElementsAreArray(operacoes));
+}
+
 inline const EstiloEsperado TituloDeQuadro{"M CM Arial 14b #808000", 0.1};
 inline const EstiloEsperado TituloDeColuna{"M CT Arial 6b", 0.1, 0.05, 0.05};
 inline const EstiloEsperado Rotulo{"T ET Arial 6b", 0.1, 0.05, 0.05};
+
+struct TituloEsperado {
+    double x;
+    double y;
+    double largura;
+    double altura;
+    std::string texto;
+};
+
+// Column headings.
+inline Lista Titulos(const std::vector<TituloEsperado>& titulos) {
+    Lista operacoes;
+    for (const auto& [x, y, largura, altura, texto] : titulos) {
+        operacoes = operacoes + Celula({x, y, largura, altura}, TituloDeColuna, texto);
+    }
+    return operacoes;
+}
 
 // Tag to lower bar, on every page of declaration 1.
 inline Lista TopoEsperado() {

@@ -27,8 +27,7 @@ insert into tblOcorrências (NroDRQ, CódSubItem, Código, Valor, OpPróprias) v
 )sql";
 
 Lista Montar(BancoDeTeste& banco, std::int32_t NumeroDRQ) {
-    RelatorioApuracaoSubTrib relatorio;
-    relatorio.Construir(*banco, "1", NumeroDRQ);
+    Construir<RelatorioApuracaoSubTrib>(banco, NumeroDRQ);
     return LinhasDe(banco, Tabela);
 }
 
@@ -69,15 +68,13 @@ TEST(ApuracaoSubTrib, ItsFieldsCanBeReadWithoutBuilding) {
 }
 
 TEST(ApuracaoSubTrib, ItsPagesSayWhatTheyAre) {
-    BancoDeTeste banco(Base + Subitens(2, "014", 10, false));
-    RelatorioApuracaoSubTrib relatorio;
-    relatorio.Construir(*banco, "1", 2);
-    const Conteudo& c = relatorio.Documento();
+    BancoDeTeste banco(Base);
+    const Conteudo c = Construir<RelatorioApuracaoSubTrib>(banco, 2);
     EXPECT_EQ(c.titulo, "Relatório de Apuração do ICMS por Substituição Tributária");
     EXPECT_EQ(c.tituloResumido, "Apuração ICMS Sub. Tribut.");
     EXPECT_THAT(TextosEm(c, 0, 2.9), ElementsAre("Apuração do ICMS - Substituição Tributária"));
-    FimDePagina{23.5, 5.9}.Conferir(c, {"23.90: 015 Imposto a recolher (063-064)  065 0,00"},
-                                    {"5.90: 016 Saldo credor a transportar (062-055)  066 70,00"});
+    EXPECT_EQ(LinhasDesde(18.4, c, 0),
+              Lista{"18.50: 016 Saldo credor a transportar (062-055)  066 70,00"});
 }
 
 TEST(ApuracaoSubTrib, TheDeclarationIsMissedAtItsCreditBalance) {

@@ -5,7 +5,8 @@
 namespace tarvo::apoio {
 namespace {
 
-using testing::ElementsAreArray;
+using testing::ElementsAre;
+using testing::HasSubstr;
 
 constexpr double N = 17.0 / 6;  // width of the invoice and period boxes
 
@@ -50,7 +51,6 @@ class RelatorioDetSubitens : public testing::Test {
         insert into tblQuadroOcorrências (CódSubItem, OpPróprias, Ocorrência, FLegal) values
             ('002.18', -1, 'Recebida', 'art. 1'), ('007.29', -1, null, null),
             ('002.18', 0, 'ST', 'ST'), ('002.19', 0, 'ST', 'ST');)sql"};
-    RelatorioDetCentrRecImp relatorio_;
 };
 
 TEST_F(RelatorioDetSubitens, PrintsEachEntryWithItsRowsAndItsDeclaredValue) {
@@ -61,21 +61,18 @@ TEST_F(RelatorioDetSubitens, PrintsEachEntryWithItsRowsAndItsDeclaredValue) {
             (2, '002.18', 16, 10000, -1);
         insert into tblIEsRemetente (Código, IERemetente, Valor) values
             (11, 'b', 10000), (12, null, null), (11, 'A', 20000), (13, 'x', 10000);)sql");
-    relatorio_.Construir(*banco_, "1", 1);
-    EXPECT_THAT(Curtas(relatorio_.Documento(), 0),
-                ElementsAreArray(
-                    Cabecalho(TituloCentralizacao) + Subitem(6.6, "002.18", "Recebida", "art. 1") +
-                    Transferencia(8.4, "A", "2,00") + Transferencia(9.0, "b", "1,00") +
-                    Soma(9.6, "Subtotal", "1.234,56") + Subitem(10.8, "007.29", "", "") +
-                    Transferencia(12.6, "", "0,00") + Soma(13.2, "Subtotal", "0,00") +
-                    Soma(14.4, "Total", "1.234,56") + RodapeEsperado()));
+    ConferirPagina(Construir<RelatorioDetCentrRecImp>(banco_),
+                   Cabecalho(TituloCentralizacao) + Subitem(6.6, "002.18", "Recebida", "art. 1") +
+                       Transferencia(8.4, "A", "2,00") + Transferencia(9.0, "b", "1,00") +
+                       Soma(9.6, "Subtotal", "1.234,56") + Subitem(10.8, "007.29", "", "") +
+                       Transferencia(12.6, "", "0,00") + Soma(13.2, "Subtotal", "0,00") +
+                       Soma(14.4, "Total", "1.234,56") + RodapeEsperado());
 }
 
 TEST_F(RelatorioDetSubitens, WithoutEntriesABlankHeadingAndAZeroTotalStand) {
-    relatorio_.Construir(*banco_, "1", 1);
-    EXPECT_THAT(Curtas(relatorio_.Documento(), 0),
-                ElementsAreArray(Cabecalho(TituloCentralizacao) + Subitem(6.6, " ", " ", " ") +
-                                 Soma(8.4, "Total", "0,00") + RodapeEsperado()));
+    ConferirPagina(Construir<RelatorioDetCentrRecImp>(banco_),
+                   Cabecalho(TituloCentralizacao) + Subitem(6.6, " ", " ", " ") +
+                       Soma(8.4, "Total", "0,00") + RodapeEsperado());
 }
 
 TEST_F(RelatorioDetSubitens, HeadingsRowsAndSumsKeepTheirPageLimits) {
@@ -93,8 +90,7 @@ TEST_F(RelatorioDetSubitens, HeadingsRowsAndSumsKeepTheirPageLimits) {
             Repetir(linhas,
                     "insert into tblIEsRemetente (Código, IERemetente, Valor) select 1, "
                     "100 + i, 10000 from n"));
-        relatorio_.Construir(*banco_, "1", 1);
-        fim.Conferir(relatorio_.Documento(), primeira, segunda);
+        fim.Conferir(Construir<RelatorioDetCentrRecImp>(banco_), primeira, segunda);
     };
     const std::string textos = ": Ocorrência  Fundamentação Legal ";
     const Lista ate26 = {linha("22.80", 125), linha("23.40", 126)};
@@ -111,96 +107,72 @@ TEST_F(RelatorioDetSubitens, HeadingsRowsAndSumsKeepTheirPageLimits) {
               "9.60: Total 11,00"});
 }
 
-// An entry of the sub-item with one row, in any of the reports: boxes are the row's at 8.4.
+// An entry of 7,00 of the sub-item, with its supporting rows.
+std::string UmaEntrada(const std::string& subitem, bool opProprias, const std::string& linhas) {
+    const std::string tipo = "'" + subitem + (opProprias ? "', -1" : "', 0");
+    return DuasDeclaracoes +
+           ("insert into tblQuadroOcorrências (CódSubItem, OpPróprias) values (" + tipo +
+            "); insert into tblOcorrências (NroDRQ, Código, Valor, CódSubItem, "
+            "OpPróprias) values (1, 1, 70000, " +
+            tipo + "); insert into " + linhas + ";");
+}
+
+// The entry's row in any of the reports stands at 8.4.
 template <class R>
 void ConferirLinha(const std::string& titulo, const std::string& subitem, bool opProprias,
                    const std::string& linha, const Lista& caixas,
                    const std::string& subtotal = "Subtotal", const std::string& total = "Total") {
-    const std::string op = opProprias ? "-1" : "0";
-    BancoDeTeste banco(DuasDeclaracoes +
-                       ("insert into tblQuadroOcorrências (CódSubItem, OpPróprias) values ('" +
-                        subitem + "', " + op +
-                        "); insert into tblOcorrências (NroDRQ, CódSubItem, Código, Valor, "
-                        "OpPróprias) values (1, '" +
-                        subitem + "', 1, 70000, " + op + ");" + linha));
-    R relatorio;
-    relatorio.Construir(*banco, "1", 1);
-    EXPECT_THAT(
-        Curtas(relatorio.Documento(), 0),
-        ElementsAreArray(Cabecalho(titulo) + Subitem(6.6, subitem, "", "") + caixas +
-                         Soma(9, subtotal, "7,00") + Soma(10.2, total, "7,00") + RodapeEsperado()));
+    BancoDeTeste banco(UmaEntrada(subitem, opProprias, linha));
+    ConferirPagina(Construir<R>(banco), Cabecalho(titulo) + Subitem(6.6, subitem, "", "") + caixas +
+                                            Soma(9, subtotal, "7,00") + Soma(10.2, total, "7,00") +
+                                            RodapeEsperado());
 }
 
 TEST_F(RelatorioDetSubitens, CreditReportsPrintOneBoxBesideTheValue) {
     ConferirLinha<RelatorioDetRecCredAcum>(
         "Recebimento de Crédito Acumulado\r\n(Subitens 007.04 a 007.07) - Operações Próprias",
-        "007.07", true, "insert into tblIEsRemetente values (1, '9', 10000);",
+        "007.07", true, "tblIEsRemetente values (1, '9', 10000)",
         Caixa(8.5, 8.4, 4.25, "Inscrição Estadual do Remetente", "9") +
             Caixa(12.75, 8.4, 4.25, "Valor da Nota Fiscal", "1,00"));
     ConferirLinha<RelatorioDetRecCredAcVE>(
         "Crédito Acumulado com Visto Eletrônico\r\n(Subitens 002.20, 002.21, 007.40 e 007.41) - "
         "Operações Próprias",
-        "002.21", true, "insert into tblRecibosCredito values (1, 'V9', 10000);",
+        "002.21", true, "tblRecibosCredito values (1, 'V9', 10000)",
         Caixa(8.5, 8.4, 4.25, "Visto Eletrônico", "V9") + Caixa(12.75, 8.4, 4.25, "Valor", "1,00"),
         "Total", "Total Geral");
 }
 
 TEST_F(RelatorioDetSubitens, RefundRowsCarryAnInvoiceUnlessTheSubItemHasNone) {
     const std::string titulo = "Ressarcimento do ICMS Retido por ST\r\n(Subitens ";
-    const std::string titulo13 = titulo + "002.10 e 002.11) - Operações Próprias";
-    const std::string titulo15 = titulo + "007.01 e 007.02) - ST-11";
     const Lista valor = Caixa(12.75, 8.4, 4.25, "Valor do Ressarcimento", "1,00");
     const Lista periodo = Caixa(N + 4.25, 8.4, N, "Início do Período", "02/2003") +
                           Caixa(2 * N + 4.25, 8.4, N, "Final do Período", "12/1899") + valor;
-    const std::string substituto =
-        "insert into tblIESubstituto (Código, IESubstituto, NF, DataInicio, Valor) values "
-        "(1, '9', '88', '2003-02-01', 10000);";
-    const std::string ieSubstituto = "Inscrição Estadual do Substituto";
-    ConferirLinha<RelatorioDetResSubstitui>(titulo13, "002.10", true, substituto,
-                                            Caixa(0, 8.4, 4.25, ieSubstituto, "9") +
-                                                Caixa(4.25, 8.4, N, "Nota Fiscal", "88") + periodo);
-    ConferirLinha<RelatorioDetResSubstitui>(titulo13, "002.11", true, substituto,
-                                            Caixa(N, 8.4, 4.25, ieSubstituto, "9") + periodo);
-    const std::string substituido = "insert into tblIESubstituido values (1, '9', '88', 10000);";
-    const std::string ieSubstituido = "Inscrição Estadual do Substituído";
-    ConferirLinha<RelatorioDetResSubstitut>(titulo15, "007.01", false, substituido,
-                                            Caixa(2 * N, 8.4, 4.25, ieSubstituido, "9") +
-                                                Caixa(2 * N + 4.25, 8.4, N, "Nota Fiscal", "88") +
-                                                valor);
-    ConferirLinha<RelatorioDetResSubstitut>(titulo15, "007.02", false, substituido,
-                                            Caixa(8.5, 8.4, 4.25, ieSubstituido, "9") + valor);
+    for (const bool comNota : {true, false}) {
+        ConferirLinha<RelatorioDetResSubstitui>(
+            titulo + "002.10 e 002.11) - Operações Próprias", comNota ? "002.10" : "002.11", true,
+            "tblIESubstituto (Código, IESubstituto, NF, DataInicio, Valor) values "
+            "(1, '9', '88', '2003-02-01', 10000)",
+            Caixa(comNota ? 0 : N, 8.4, 4.25, "Inscrição Estadual do Substituto", "9") +
+                (comNota ? Caixa(4.25, 8.4, N, "Nota Fiscal", "88") : Lista()) + periodo);
+        ConferirLinha<RelatorioDetResSubstitut>(
+            titulo + "007.01 e 007.02) - ST-11", comNota ? "007.01" : "007.02", false,
+            "tblIESubstituido values (1, '9', '88', 10000)",
+            Caixa(comNota ? 2 * N : 8.5, 8.4, 4.25, "Inscrição Estadual do Substituído", "9") +
+                (comNota ? Caixa(2 * N + 4.25, 8.4, N, "Nota Fiscal", "88") : Lista()) + valor);
+    }
 }
 
 TEST_F(RelatorioDetSubitens, RefundRowsStandInTheOrderOfRegistrationAndInvoice) {
-    const auto notas = [](RelatorioDeclaracao& relatorio, const std::string& subitem,
-                          const std::string& op, const std::string& linhas) {
-        const std::string s = "'" + subitem + "', " + op;
-        BancoDeTeste banco(DuasDeclaracoes +
-                           ("insert into tblQuadroOcorrências (CódSubItem, OpPróprias) values (" +
-                            s +
-                            "); insert into tblOcorrências (NroDRQ, Código, CódSubItem, "
-                            "OpPróprias) values (1, 1, " +
-                            s + "); insert into " + linhas +
-                            " values (1, 'b', '1'), (1, 'A', '3'), (1, 'A', '2');"));
-        relatorio.Construir(*banco, "1", 1);
-        Lista pares;
-        for (const auto& linha : LinhasDesde(8.3, relatorio.Documento(), 0)) {
-            for (const std::string par :
-                 {"A Nota Fiscal 2", "A Nota Fiscal 3", "b Nota Fiscal 1"}) {
-                if (linha.find(par) != std::string::npos) {
-                    pares.push_back(par);
-                }
-            }
-        }
-        return pares;
-    };
-    const Lista ordem = {"A Nota Fiscal 2", "A Nota Fiscal 3", "b Nota Fiscal 1"};
-    RelatorioDetResSubstitui entrada13;
-    EXPECT_EQ(notas(entrada13, "002.10", "-1", "tblIESubstituto (Código, IESubstituto, NF)"),
-              ordem);
-    RelatorioDetResSubstitut entrada15;
-    EXPECT_EQ(notas(entrada15, "007.01", "0", "tblIESubstituido (Código, IESubstituido, NF)"),
-              ordem);
+    const auto ordenadas =
+        ElementsAre(HasSubstr("A Nota Fiscal 2"), HasSubstr("A Nota Fiscal 3"),
+                    HasSubstr("b Nota Fiscal 1"), "10.20: Subtotal 7,00", "11.40: Total 7,00");
+    const std::string linhas = " values (1, 'b', '1'), (1, 'A', '3'), (1, 'A', '2')";
+    BancoDeTeste substituto(
+        UmaEntrada("002.10", true, "tblIESubstituto (Código, IESubstituto, NF)" + linhas));
+    EXPECT_THAT(LinhasDesde(8.3, Construir<RelatorioDetResSubstitui>(substituto), 0), ordenadas);
+    BancoDeTeste substituido(
+        UmaEntrada("007.01", false, "tblIESubstituido (Código, IESubstituido, NF)" + linhas));
+    EXPECT_THAT(LinhasDesde(8.3, Construir<RelatorioDetResSubstitut>(substituido), 0), ordenadas);
 }
 
 }  // namespace

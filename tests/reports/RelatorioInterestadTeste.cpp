@@ -6,9 +6,6 @@
 namespace tarvo::apoio {
 namespace {
 
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-
 // Three states in each direction; what must not be counted stands last.
 constexpr const char* Operacoes = R"sql(
 insert into tblEstados (Código, UF, Estado) values
@@ -27,10 +24,6 @@ insert into tblDetalhesInterUFs (NroDRQ, CFOP, UF, ValorContábil_1, ValorContá
     (3, '6101', '1', 10000, 10000, 10000, 10000, 10000, 10000, 10000, 10000, 10000);
 )sql";
 
-Lista Titulo(double x, double y, double largura, double altura, const std::string& texto) {
-    return Celula({x, y, largura, altura}, TituloDeColuna, texto);
-}
-
 // A row whose value columns divide what its first column leaves of 17 cm.
 Lista Linha(double y, double primeira, const EstiloEsperado& estilo, const std::string& rotulo,
             const Lista& valores) {
@@ -46,92 +39,80 @@ Lista Linha(double y, double primeira, const EstiloEsperado& estilo, const std::
 const EstiloEsperado Estado{"T EM Arial 6", 0.1};
 const EstiloEsperado Total{"T EM Arial 8b", 0.1};
 
+Lista PaginaDe(const std::string& faixa, const Lista& titulosELinhas) {
+    return CabecalhoEsperado("Informação das Operações e Prestações Interestaduais - ICMS", false) +
+           Celula({0, 5.4, 17, 0.7}, TituloDeQuadro, faixa) + titulosELinhas + RodapeEsperado();
+}
+
+// Before 2002 there is no column of the tax, and the others, w cm wide, fill the page.
+Lista PaginaDeSaidas(bool comImposto, const Lista& linhas) {
+    const double w = 13.8 / (comImposto ? 7 : 6);
+    return PaginaDe(
+        "Saídas de Mercadorias, Bens e/ou Prestações de Serviços",
+        Titulos({{0, 6.1, 3.2, 1.5, "Código e Unidade da\r\nFederação de Destino"},
+                 {3.2, 6.1, 2 * w, 0.75, "Valor Contábil"},
+                 {3.2, 6.85, w, 0.75, "Contribuinte"},
+                 {3.2 + w, 6.85, w, 0.75, "Não Contribuinte"},
+                 {3.2 + 2 * w, 6.1, 2 * w, 0.75, "Base de Cálculo"},
+                 {3.2 + 2 * w, 6.85, w, 0.75, "Contribuinte"},
+                 {3.2 + 3 * w, 6.85, w, 0.75, "Não Contribuinte"}}) +
+            (comImposto ? Titulos({{3.2 + 4 * w, 6.1, w, 1.5, "Imposto"}}) : Lista()) +
+            Titulos({{17 - 2 * w, 6.1, w, 1.5, "Outras"},
+                     {17 - w, 6.1, w, 1.5, "ICMS Cobrado por\r\nSubstituição\r\nTributária"}}) +
+            linhas);
+}
+
+Lista PaginaDeEntradas(bool comImposto, const Lista& linhas) {
+    const double w = 13.5 / (comImposto ? 6 : 5);
+    return PaginaDe(
+        "Entradas de Mercadorias, Bens e/ou Aquisições de Serviços",
+        Titulos({{0, 6.1, 3.5, 1.5, "Código e Unidade da\r\nFederação de Origem"},
+                 {3.5, 6.1, w, 1.5, "Valor\r\nContábil"},
+                 {3.5 + w, 6.1, w, 1.5, "Base de\r\nCálculo"}}) +
+            (comImposto ? Titulos({{8, 6.1, w, 1.5, "Imposto"}}) : Lista()) +
+            Titulos({{17 - 3 * w, 6.1, w, 1.5, "Outras"},
+                     {17 - 2 * w, 6.1, 2 * w, 0.75, "ICMS Cobrado por\r\nSubstituição Tributária"},
+                     {17 - 2 * w, 6.85, w, 0.75, "Petróleo /\r\nEnergia"},
+                     {17 - w, 6.85, w, 0.75, "Outros\r\nProdutos"}}) +
+            linhas);
+}
+
 TEST(RelatorioSaiInterestad, PrintsTheSumsOfEachStateInPortugueseOrderOfTheirNames) {
     BancoDeTeste banco(std::string(DuasDeclaracoes) + Operacoes);
-    RelatorioSaiInterestad relatorio;
-    relatorio.Construir(*banco, "1", 1);
-    const double w = 13.8 / 7;
-    EXPECT_THAT(
-        Curtas(relatorio.Documento(), 0),
-        ElementsAreArray(
-            CabecalhoEsperado("Informação das Operações e Prestações Interestaduais - ICMS",
-                              false) +
-            Celula({0, 5.4, 17, 0.7}, TituloDeQuadro,
-                   "Saídas de Mercadorias, Bens e/ou Prestações de Serviços") +
-            Titulo(0, 6.1, 3.2, 1.5, "Código e Unidade da\r\nFederação de Destino") +
-            Titulo(3.2, 6.1, 2 * w, 0.75, "Valor Contábil") +
-            Titulo(3.2, 6.85, w, 0.75, "Contribuinte") +
-            Titulo(3.2 + w, 6.85, w, 0.75, "Não Contribuinte") +
-            Titulo(3.2 + 2 * w, 6.1, 2 * w, 0.75, "Base de Cálculo") +
-            Titulo(3.2 + 2 * w, 6.85, w, 0.75, "Contribuinte") +
-            Titulo(3.2 + 3 * w, 6.85, w, 0.75, "Não Contribuinte") +
-            Titulo(3.2 + 4 * w, 6.1, w, 1.5, "Imposto") +
-            Titulo(3.2 + 5 * w, 6.1, w, 1.5, "Outras") +
-            Titulo(3.2 + 6 * w, 6.1, w, 1.5, "ICMS Cobrado por\r\nSubstituição\r\nTributária") +
-            Linha(7.6, 3.2, Estado, "RA. Pará", Lista(7, "0,00")) +
-            Linha(8.2, 3.2, Estado, "PB. Paraíba",
-                  {"0,10", "0,20", "0,30", "0,40", "0,50", "0,60", "0,70"}) +
-            Linha(8.8, 3.2, Estado, "PR. Paraná",
-                  {"2.234,56", "2.000,00", "3.000,01", "4.000,00", "5.000,49", "6.000,01",
-                   "6.999,51"}) +
-            Linha(9.4, 3.2, Total, "Total",
-                  {"2.234,66", "2.000,20", "3.000,31", "4.000,40", "5.000,99", "6.000,61",
-                   "7.000,21"}) +
-            RodapeEsperado()));
+    ConferirPagina(
+        Construir<RelatorioSaiInterestad>(banco),
+        PaginaDeSaidas(true, Linha(7.6, 3.2, Estado, "RA. Pará", Lista(7, "0,00")) +
+                                 Linha(8.2, 3.2, Estado, "PB. Paraíba",
+                                       {"0,10", "0,20", "0,30", "0,40", "0,50", "0,60", "0,70"}) +
+                                 Linha(8.8, 3.2, Estado, "PR. Paraná",
+                                       {"2.234,56", "2.000,00", "3.000,01", "4.000,00", "5.000,49",
+                                        "6.000,01", "6.999,51"}) +
+                                 Linha(9.4, 3.2, Total, "Total",
+                                       {"2.234,66", "2.000,20", "3.000,31", "4.000,40", "5.000,99",
+                                        "6.000,61", "7.000,21"})));
 }
 
-// What stands between the identification block and the footer.
-Lista Corpo(const Conteudo& c) {
-    const auto pagina = Curtas(c, 0);
-    return {std::find(pagina.begin(), pagina.end(), "Q 0 5.4 17 0.7") + 2, pagina.end() - 4};
-}
-
-TEST(RelatorioSaiInterestad, Before2002HasSixColumnsWithoutTheTax) {
-    BancoDeTeste banco(std::string(DuasDeclaracoes) + Operacoes);
-    RelatorioSaiInterestad relatorio;
-    relatorio.Construir(*banco, "1", 2);
-    const Lista valores = {"11,00", "12,00", "22,00", "23,00", "44,00", "55,00"};
-    EXPECT_THAT(Corpo(relatorio.Documento()),
-                ElementsAreArray(
-                    Titulo(0, 6.1, 3.2, 1.5, "Código e Unidade da\r\nFederação de Destino") +
-                    Titulo(3.2, 6.1, 4.6, 0.75, "Valor Contábil") +
-                    Titulo(3.2, 6.85, 2.3, 0.75, "Contribuinte") +
-                    Titulo(5.5, 6.85, 2.3, 0.75, "Não Contribuinte") +
-                    Titulo(7.8, 6.1, 4.6, 0.75, "Base de Cálculo") +
-                    Titulo(7.8, 6.85, 2.3, 0.75, "Contribuinte") +
-                    Titulo(10.1, 6.85, 2.3, 0.75, "Não Contribuinte") +
-                    Titulo(12.4, 6.1, 2.3, 1.5, "Outras") +
-                    Titulo(14.7, 6.1, 2.3, 1.5, "ICMS Cobrado por\r\nSubstituição\r\nTributária") +
-                    Linha(7.6, 3.2, Estado, "PB. Paraíba", valores) +
-                    Linha(8.2, 3.2, Total, "Total", valores)));
-}
-
-TEST(RelatorioEntInterestad, PrintsItsOwnColumnsInBothLayouts) {
-    BancoDeTeste banco(std::string(DuasDeclaracoes) + Operacoes);
-    RelatorioEntInterestad relatorio;
-    for (const bool comImposto : {true, false}) {
-        relatorio.Construir(*banco, "1", comImposto ? 1 : 2);
-        const double w = comImposto ? 2.25 : 2.7;
-        const double outras = comImposto ? 10.25 : 8.9;
-        const Lista valores = comImposto
-                                  ? Lista{"11,00", "22,00", "33,00", "44,00", "55,00", "66,00"}
-                                  : Lista{"11,00", "22,00", "44,00", "55,00", "66,00"};
-        EXPECT_THAT(Textos(relatorio.Documento(), 0),
-                    testing::Contains("Entradas de Mercadorias, Bens e/ou Aquisições de Serviços"));
-        EXPECT_THAT(Corpo(relatorio.Documento()),
-                    ElementsAreArray(
-                        Titulo(0, 6.1, 3.5, 1.5, "Código e Unidade da\r\nFederação de Origem") +
-                        Titulo(3.5, 6.1, w, 1.5, "Valor\r\nContábil") +
-                        Titulo(3.5 + w, 6.1, w, 1.5, "Base de\r\nCálculo") +
-                        (comImposto ? Titulo(8, 6.1, w, 1.5, "Imposto") : Lista()) +
-                        Titulo(outras, 6.1, w, 1.5, "Outras") +
-                        Titulo(outras + w, 6.1, 2 * w, 0.75,
-                               "ICMS Cobrado por\r\nSubstituição Tributária") +
-                        Titulo(outras + w, 6.85, w, 0.75, "Petróleo /\r\nEnergia") +
-                        Titulo(outras + 2 * w, 6.85, w, 0.75, "Outros\r\nProdutos") +
-                        Linha(7.6, 3.5, Estado, "PB. Paraíba", valores) +
-                        Linha(8.2, 3.5, Total, "Total", valores)));
-    }
+TEST(RelatorioInterestad, TheTaxHasAColumnFrom2002On) {
+    BancoDeTeste banco(std::string(DuasDeclaracoes) + Operacoes +
+                       "update tblDRQ set Ref1 = '2002-01-01' where NroDRQ = 1;");
+    const auto linhas = [](double primeira, const Lista& valores) {
+        return Linha(7.6, primeira, Estado, "PB. Paraíba", valores) +
+               Linha(8.2, primeira, Total, "Total", valores);
+    };
+    const auto corpo = [](const Lista& pagina) {
+        return Lista(std::find(pagina.begin(), pagina.end(), "Q 0 5.4 17 0.7"), pagina.end());
+    };
+    const auto conferir = [&](const Conteudo& c, const Lista& pagina) {
+        EXPECT_THAT(corpo(Curtas(c, 0)), testing::ElementsAreArray(corpo(pagina)));
+    };
+    conferir(
+        Construir<RelatorioSaiInterestad>(banco, 2),
+        PaginaDeSaidas(false, linhas(3.2, {"11,00", "12,00", "22,00", "23,00", "44,00", "55,00"})));
+    conferir(Construir<RelatorioEntInterestad>(banco, 1),
+             PaginaDeEntradas(true,
+                              linhas(3.5, {"11,00", "22,00", "33,00", "44,00", "55,00", "66,00"})));
+    conferir(Construir<RelatorioEntInterestad>(banco, 2),
+             PaginaDeEntradas(false, linhas(3.5, {"11,00", "22,00", "44,00", "55,00", "66,00"})));
 }
 
 TEST(RelatorioInterestad, APageHolds29RowsAndTheTotalMovesOnWhenItIsFull) {
@@ -151,11 +132,10 @@ TEST(RelatorioInterestad, APageHolds29RowsAndTheTotalMovesOnWhenItIsFull) {
             Repetir(estados,
                     "insert into tblDetalhesInterUFs (NroDRQ, CFOP, UF, Imposto) select 1, "
                     "'2101', i, 10000 from n"));
-        RelatorioEntInterestad relatorio;
-        relatorio.Construir(*banco, "1", 1);
-        fim.Conferir(relatorio.Documento(), primeira, segunda);
+        const Conteudo c = Construir<RelatorioEntInterestad>(banco);
+        fim.Conferir(c, primeira, segunda);
         if (!segunda.empty()) {
-            EXPECT_THAT(LinhasDesde(5.4, relatorio.Documento(), 1),
+            EXPECT_THAT(LinhasDesde(5.4, c, 1),
                         testing::SizeIs(3 + segunda.size()));  // band and headings again
         }
     };
@@ -166,10 +146,8 @@ TEST(RelatorioInterestad, APageHolds29RowsAndTheTotalMovesOnWhenItIsFull) {
 
 TEST(RelatorioInterestad, WithoutOperationsTheTotalsAreZero) {
     BancoDeTeste banco(DuasDeclaracoes);
-    RelatorioEntInterestad relatorio;
-    relatorio.Construir(*banco, "1", 1);
-    EXPECT_THAT(LinhasDesde(7.6, relatorio.Documento(), 0),
-                ElementsAre("7.60: Total 0,00 0,00 0,00 0,00 0,00 0,00"));
+    EXPECT_EQ(LinhasDesde(7.6, Construir<RelatorioEntInterestad>(banco), 0),
+              Lista{"7.60: Total 0,00 0,00 0,00 0,00 0,00 0,00"});
 }
 
 }  // namespace

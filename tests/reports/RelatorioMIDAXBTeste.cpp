@@ -6,7 +6,6 @@ namespace tarvo::apoio {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 constexpr double Corpo = 8.2;
 
@@ -57,25 +56,20 @@ TEST_F(RelatorioMIDAXB, Group1GivesEveryTownInARowItsSubtotal) {
     Entradas(R"((1, '1.3', '11', 20000), (1, '1.1', '11', 10000), (1, '1.1', '10', 12345600),
         (1, '1.2', '13', null), (1, '1.2', '99', 10000), (1, '2.1', '10', 10000),
         (1, null, '10', 10000), (2, '1.1', '10', 10000))");
-    RelatorioMIDAXBCodigo1 relatorio;
-    relatorio.Construir(*banco_, "1", 1);
-    EXPECT_THAT(
-        Curtas(relatorio.Documento(), 0),
-        ElementsAreArray(
-            Cabecalho("MIDAX-B - Código 1", "Valor adicionado por município") +
-            Entrada(8.2, "", "1.2", "0,00") + Soma(8.8, "Subtotal", "0,00") +
-            Entrada(9.4, "Óbidos", "1.1", "1.234,56") + Soma(10.0, "Subtotal", "1.234,56") +
-            Entrada(10.6, "Olinda", "1.1", "1,00") + Entrada(11.2, "Olinda", "1.3", "2,00") +
-            Soma(11.8, "Subtotal", "3,00") + Soma(12.4, "Total", "1.237,56") + RodapeEsperado()));
+    ConferirPagina(Construir<RelatorioMIDAXBCodigo1>(banco_),
+                   Cabecalho("MIDAX-B - Código 1", "Valor adicionado por município") +
+                       Entrada(8.2, "", "1.2", "0,00") + Soma(8.8, "Subtotal", "0,00") +
+                       Entrada(9.4, "Óbidos", "1.1", "1.234,56") +
+                       Soma(10.0, "Subtotal", "1.234,56") + Entrada(10.6, "Olinda", "1.1", "1,00") +
+                       Entrada(11.2, "Olinda", "1.3", "2,00") + Soma(11.8, "Subtotal", "3,00") +
+                       Soma(12.4, "Total", "1.237,56") + RodapeEsperado());
 }
 
 TEST_F(RelatorioMIDAXB, TownsThatDifferInCaseOnlyAreTwoWhereverTheyMeet) {
     Entradas(R"((1, '2.1', '11', 10000), (1, '2.2', '12', 20000), (1, '2.3', '11', 30000),
         (1, '2.4', '11', 40000))");
-    RelatorioMIDAXBCodigo2 relatorio;
-    relatorio.Construir(*banco_, "1", 1);
     EXPECT_THAT(
-        LinhasDesde(Corpo, relatorio.Documento(), 0),
+        LinhasDesde(Corpo, Construir<RelatorioMIDAXBCodigo2>(banco_), 0),
         ElementsAre("8.20: Olinda 2.1  1,00", "8.80: Subtotal 1,00", "9.40: OLINDA 2.2  2,00",
                     "10.00: Subtotal 2,00", "10.60: Olinda 2.3  3,00", "11.20: Olinda 2.4  4,00",
                     "11.80: Subtotal 7,00", "12.40: Total 10,00"));
@@ -86,11 +80,9 @@ TEST_F(RelatorioMIDAXB, LinesSubtotalsAndTotalKeepThePageEnd) {
     const auto linha = [](const std::string& y) { return y + ": Óbidos 1.1  1,00"; };
     const auto conferir = [&](int entradas, const Lista& primeira, const Lista& segunda) {
         EntradasIguais("1.1", entradas);
-        RelatorioMIDAXBCodigo1 relatorio;
-        relatorio.Construir(*banco_, "1", 1);
-        fim.Conferir(relatorio.Documento(), primeira, segunda);
-        EXPECT_EQ(Textos(relatorio.Documento(), segunda.empty() ? 0 : 1).at(5),
-                  "Valor adicionado por município");
+        const Conteudo c = Construir<RelatorioMIDAXBCodigo1>(banco_);
+        fim.Conferir(c, primeira, segunda);
+        EXPECT_EQ(Textos(c, segunda.empty() ? 0 : 1).at(5), "Valor adicionado por município");
     };
     conferir(26, {"23.80: Subtotal 26,00", "24.40: Total 26,00"}, {});
     conferir(27, {linha("23.80"), "24.40: Subtotal 27,00"}, {"8.20: Total 27,00"});
@@ -114,39 +106,32 @@ Lista TotalDoGrupo3(double y, const std::string& valor) {
 TEST_F(RelatorioMIDAXB, Group3PrintsItsBlocksInTheOrderInWhichTheyWereAdded) {
     Entradas(R"((1, '3.2', null, 10000), (1, '3.1', '99', 12345600), (1, '3.9', '10', 10000),
         (1, '3.1', null, null))");
-    RelatorioMIDAXBCodigo3 relatorio;
-    relatorio.Construir(*banco_, "1", 1);
-    EXPECT_THAT(Curtas(relatorio.Documento(), 0),
-                ElementsAreArray(Cabecalho("MIDAX-B - Código 3", "Demais códigos") +
-                                 Bloco(8.2, {"3.2", "", "1,00"}) +
-                                 Bloco(10.5, {"3.1", "Produção rural", "1.234,56"}) +
-                                 Bloco(12.8, {"3.1", "Produção rural", "0,00"}) +
-                                 TotalDoGrupo3(15.1, "1.235,56") + RodapeEsperado()));
+    ConferirPagina(Construir<RelatorioMIDAXBCodigo3>(banco_),
+                   Cabecalho("MIDAX-B - Código 3", "Demais códigos") +
+                       Bloco(8.2, {"3.2", "", "1,00"}) +
+                       Bloco(10.5, {"3.1", "Produção rural", "1.234,56"}) +
+                       Bloco(12.8, {"3.1", "Produção rural", "0,00"}) +
+                       TotalDoGrupo3(15.1, "1.235,56") + RodapeEsperado());
 }
 
 TEST_F(RelatorioMIDAXB, Group3HoldsSevenBlocksAPageWithTheTotalBelowThem) {
-    RelatorioMIDAXBCodigo3 relatorio;
     const FimDePagina fim{22.0, Corpo};
     const std::string bloco = ": Código MIDAX 3.1 Descrição Produção rural Valor 1,00";
     EntradasIguais("3.1", 7);
-    relatorio.Construir(*banco_, "1", 1);
-    fim.Conferir(relatorio.Documento(), {"22.00" + bloco, "24.30: Total 7,00"}, {});
+    fim.Conferir(Construir<RelatorioMIDAXBCodigo3>(banco_), {"22.00" + bloco, "24.30: Total 7,00"},
+                 {});
     EntradasIguais("3.1", 8);
-    relatorio.Construir(*banco_, "1", 1);
-    fim.Conferir(relatorio.Documento(), {"22.00" + bloco}, {"8.20" + bloco, "10.50: Total 8,00"});
+    fim.Conferir(Construir<RelatorioMIDAXBCodigo3>(banco_), {"22.00" + bloco},
+                 {"8.20" + bloco, "10.50: Total 8,00"});
 }
 
 TEST_F(RelatorioMIDAXB, WithoutEntriesOnlyTheTotalStandsUnderTheGroupsHeading) {
-    RelatorioMIDAXBCodigo2 grupo2;
-    grupo2.Construir(*banco_, "1", 1);
-    EXPECT_THAT(Curtas(grupo2.Documento(), 0),
-                ElementsAreArray(Cabecalho("MIDAX-B - Código 2", "") + Soma(8.2, "Total", "0,00") +
-                                 RodapeEsperado()));
-    RelatorioMIDAXBCodigo3 grupo3;
-    grupo3.Construir(*banco_, "1", 1);
-    EXPECT_THAT(Curtas(grupo3.Documento(), 0),
-                ElementsAreArray(Cabecalho("MIDAX-B - Código 3", "Demais códigos") +
-                                 TotalDoGrupo3(8.2, "0,00") + RodapeEsperado()));
+    ConferirPagina(
+        Construir<RelatorioMIDAXBCodigo2>(banco_),
+        Cabecalho("MIDAX-B - Código 2", "") + Soma(8.2, "Total", "0,00") + RodapeEsperado());
+    ConferirPagina(Construir<RelatorioMIDAXBCodigo3>(banco_),
+                   Cabecalho("MIDAX-B - Código 3", "Demais códigos") + TotalDoGrupo3(8.2, "0,00") +
+                       RodapeEsperado());
 }
 
 }  // namespace

@@ -6,7 +6,6 @@ namespace tarvo::apoio {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 constexpr double Corpo = 5.9;
 const EstiloEsperado Fixo{"T EM Courier New 8", 0.2};
@@ -39,31 +38,24 @@ TEST(RelatorioPagamentos, PrintsOwnOperationsThenSubstitutionEachWithItsTotal) {
         insert into tblPagamento (NroDRQ, OpPróprias, Data, Valor) values
         (1, 0, '2003-07-20', 12345600), (1, -1, '2003-07-09', 1000), (2, -1, '2003-07-09', 1),
         (1, -1, null, 2000), (1, 0, '2003-07-03', -345600);)sql");
-    RelatorioPagamentos relatorio;
-    relatorio.Construir(*banco, "1", 1);
-    EXPECT_THAT(Curtas(relatorio.Documento(), 0),
-                ElementsAreArray(
-                    CabecalhoEsperado("Datas de Pagamento") + Titulos(5.9, "Operações Próprias") +
-                    Linha(7.1, "30/12/1899", "0,20") + Linha(7.7, "09/07/2003", "0,10") +
-                    Total(0, 8.3, "0,30") + Titulos(8.9, "Substituição Tributária") +
-                    Linha(10.1, "03/07/2003", "-34,56") + Linha(10.7, "20/07/2003", "1.234,56") +
-                    Total(0, 11.3, "1.200,00") + RodapeEsperado()));
+    ConferirPagina(Construir<RelatorioPagamentos>(banco),
+                   CabecalhoEsperado("Datas de Pagamento") + Titulos(5.9, "Operações Próprias") +
+                       Linha(7.1, "30/12/1899", "0,20") + Linha(7.7, "09/07/2003", "0,10") +
+                       Total(0, 8.3, "0,30") + Titulos(8.9, "Substituição Tributária") +
+                       Linha(10.1, "03/07/2003", "-34,56") + Linha(10.7, "20/07/2003", "1.234,56") +
+                       Total(0, 11.3, "1.200,00") + RodapeEsperado());
 }
 
 TEST(RelatorioPagamentos, WithoutPaymentsOnlyAZeroTotalStands) {
     BancoDeTeste banco(DuasDeclaracoes);
-    RelatorioPagamentos relatorio;
-    relatorio.Construir(*banco, "1", 1);
-    EXPECT_THAT(Curtas(relatorio.Documento(), 0),
-                ElementsAreArray(CabecalhoEsperado("Datas de Pagamento") + Total(0, 5.9, "0,00") +
-                                 RodapeEsperado()));
+    ConferirPagina(
+        Construir<RelatorioPagamentos>(banco),
+        CabecalhoEsperado("Datas de Pagamento") + Total(0, 5.9, "0,00") + RodapeEsperado());
 }
 
 TEST(RelatorioPagamentos, APaymentOfNoKindCountsAsSubstitutionTax) {
     BancoDeTeste banco(DuasDeclaracoes + Pagamentos(1, "null") + Pagamentos(1, "0"));
-    RelatorioPagamentos relatorio;
-    relatorio.Construir(*banco, "1", 1);
-    EXPECT_THAT(LinhasDesde(Corpo, relatorio.Documento(), 0),
+    EXPECT_THAT(LinhasDesde(Corpo, Construir<RelatorioPagamentos>(banco), 0),
                 ElementsAre("5.90: Substituição Tributária", "6.50: Data de Vencimento Valor",
                             "7.10: 05/07/2003 1,00", "7.70: 05/07/2003 1,00", "8.30: Total 2,00"));
 }
@@ -78,9 +70,7 @@ TEST(RelatorioPagamentos, EveryBlockKeepsThePageEnd) {
                               const Lista& segunda) {
         BancoDeTeste banco(DuasDeclaracoes + Pagamentos(proprias, "-1") +
                            (substituicao > 0 ? Pagamentos(substituicao, "0") : ""));
-        RelatorioPagamentos relatorio;
-        relatorio.Construir(*banco, "1", 1);
-        fim.Conferir(relatorio.Documento(), primeira, segunda);
+        fim.Conferir(Construir<RelatorioPagamentos>(banco), primeira, segunda);
     };
     const Lista cheia = {linha("22.70"), linha("23.30"), linha("23.90")};
     conferir(28, 0, {linha("22.70"), linha("23.30"), "23.90: Total 28,00"}, {});
@@ -95,13 +85,12 @@ TEST(RelatorioPagamentos, EveryBlockKeepsThePageEnd) {
 }
 
 TEST(RelatorioPagamentos, ANullAmountEndsTheBuildAfterItsLineIsDrawn) {
-    BancoDeTeste banco(DuasDeclaracoes);
-    banco.Executar(
-        "insert into tblPagamento (NroDRQ, OpPróprias, Data, Valor) values (1, -1, '2003-07-01', "
-        "10000), (1, -1, '2003-07-02', null), (1, -1, '2003-07-03', 10000);");
+    BancoDeTeste banco(std::string(DuasDeclaracoes) + R"sql(
+        insert into tblPagamento (NroDRQ, OpPróprias, Data, Valor) values
+        (1, -1, '2003-07-01', 10000), (1, -1, '2003-07-02', null), (1, -1, '2003-07-03', 1);)sql");
     RelatorioPagamentos relatorio;
-    const Erro erro = ErroDe([&] { relatorio.Construir(*banco, "1", 1); });
-    EXPECT_EQ(erro.Numero(), NumeroErro::UsoInvalidoDeNull);
+    EXPECT_EQ(ErroDe([&] { relatorio.Construir(*banco, "1", 1); }).Numero(),
+              NumeroErro::UsoInvalidoDeNull);
     EXPECT_THAT(LinhasDesde(7.0, relatorio.Documento(), 0),
                 ElementsAre("7.10: 01/07/2003 1,00", "7.70: 02/07/2003 0,00"));
 }
@@ -109,7 +98,7 @@ TEST(RelatorioPagamentos, ANullAmountEndsTheBuildAfterItsLineIsDrawn) {
 TEST(RelatorioPagamentos, AdicionarTotalOPDrawsATotalLineOnTheCurrentPage) {
     RelatorioPagamentos relatorio;
     relatorio.AdicionarTotalOP(1, 2, 1234.565);
-    EXPECT_THAT(Curtas(relatorio.Documento(), 0), ElementsAreArray(Total(1, 2, "1.234,57")));
+    ConferirPagina(relatorio.Documento(), Total(1, 2, "1.234,57"));
     EXPECT_EQ(ErroDe([&] { relatorio.AdicionarTotalOP(0, 0, 1e300); }).Numero(),
               NumeroErro::Estouro);
 }

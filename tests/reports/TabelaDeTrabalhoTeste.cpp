@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "data/Funcoes.h"
 #include "platform/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoOpProp.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
@@ -63,8 +64,7 @@ TEST(TabelaDeTrabalho, RefillsForOneDeclarationAndReadsBackInOrder) {
     }
     EXPECT_THAT(banco.Linhas("select NroDRQ, Linha, Valor from " + std::string(nome), 3),
                 testing::ElementsAre("2|z|(nulo)", "2|a|(nulo)", "2|m|(nulo)"));
-    const auto lidas = TabelaDeTrabalho::Ler(*banco, nome, 2);
-    EXPECT_EQ(std::get<std::string>(lidas->Fields("Linha").Value()), "z");
+    EXPECT_EQ(TextoCampo(TabelaDeTrabalho::Ler(*banco, nome, 2)->Fields("Linha")), "z");
     EXPECT_TRUE(TabelaDeTrabalho::Ler(*banco, nome, 1)->EOF_());
 }
 

@@ -16,7 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-int NumeroDoErro(const std::function<void()>& acao) {
+// 0 when there is no error.
+int NumeroOuZero(const std::function<void()>& acao) {
     try {
         acao();
     } catch (const Erro& erro) {
@@ -25,23 +26,21 @@ int NumeroDoErro(const std::function<void()>& acao) {
     return 0;
 }
 
-// The error's number (0 for none) of an action done by a user without privileges: root may do
-// everything, so a child process gives its privileges up first.
+// The same, done by a user without privileges: root may do everything, so a child process gives its
+// privileges up first.
 int NumeroSemPrivilegio(const std::function<void()>& acao) {
     if (geteuid() != 0) {
-        return NumeroDoErro(acao);
+        return NumeroOuZero(acao);
     }
     constexpr id_t Ninguem = 65534;
     int cano[2];
     EXPECT_EQ(pipe(cano), 0);
     const pid_t filho = fork();
     if (filho == 0) {
-        int numero = -1;
-        if (setgroups(0, nullptr) == 0 && setgid(Ninguem) == 0 && setuid(Ninguem) == 0) {
-            numero = NumeroDoErro(acao);
-        }
-        const bool enviado = write(cano[1], &numero, sizeof numero) == sizeof numero;
-        _exit(enviado ? 0 : 1);
+        const bool renunciou =
+            setgroups(0, nullptr) == 0 && setgid(Ninguem) == 0 && setuid(Ninguem) == 0;
+        const int numero = renunciou ? NumeroOuZero(acao) : -1;
+        _exit(write(cano[1], &numero, sizeof numero) == sizeof numero ? 0 : 1);
     }
     close(cano[1]);
     int numero = -2;
@@ -56,6 +55,18 @@ std::string Conteudo(const fs::path& arquivo) {
     return {std::istreambuf_iterator<char>(entrada), {}};
 }
 
+void Escrever(const fs::path& arquivo, const std::string& bytes) {
+    std::ofstream(arquivo, std::ios::binary) << bytes;
+}
+
+// What another program does to a file.
+void ExecutarFora(const fs::path& arquivo, const std::string& sql) {
+    sqlite3* db = nullptr;
+    sqlite3_open(arquivo.c_str(), &db);
+    EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+}
+
 std::size_t Entradas(const fs::path& pasta) {
     return static_cast<std::size_t>(
         std::distance(fs::directory_iterator(pasta), fs::directory_iterator()));
@@ -68,12 +79,6 @@ class Abertura : public testing::Test {
         fs::permissions(pasta_.Caminho(), fs::perms(0755));
     }
     ~Abertura() override { fs::permissions(pasta_.Caminho(), fs::perms(0755)); }
-    [[nodiscard]] int NumeroAoAbrir(std::string_view nome) const {
-        return NumeroDoErro([&] { BancoSQLite::Abrir(pasta_ / nome); });
-    }
-    void Escrever(std::string_view nome, const std::string& bytes) const {
-        std::ofstream(pasta_ / nome, std::ios::binary) << bytes;
-    }
 
     apoio::PastaTemporaria pasta_;
     fs::path banco_ = pasta_ / "banco #1?%.tarvo";
@@ -97,22 +102,20 @@ TEST_F(Abertura, CriarNuncaSubstituiNemDeixaRestos) {
 }
 
 TEST_F(Abertura, OQueNaoEBancoEErroComNumero) {
+    for (const char* nome : {"falta", "falta/banco"}) {
+        EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_ / nome); }), 3024);
+    }
+    EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_.Caminho()); }), 3343);
     const std::string inteiro = Conteudo(banco_);
-    Escrever("texto", "Isto é um texto, não um banco de dados.");
-    Escrever("vazio", "");
-    Escrever("truncado", inteiro.substr(0, inteiro.size() / 2));
-    std::string danificado = inteiro;
-    danificado.replace(100, 200, std::string(200, '\x55'));
-    Escrever("danificado", danificado);
-    EXPECT_EQ(NumeroAoAbrir("falta"), 3024);
-    EXPECT_EQ(NumeroAoAbrir("falta/banco"), 3024);
-    EXPECT_EQ(NumeroAoAbrir(""), 3343) << "a folder";
-    EXPECT_EQ(NumeroAoAbrir("texto"), 3343);
-    EXPECT_EQ(NumeroAoAbrir("vazio"), 3343);
-    EXPECT_EQ(NumeroAoAbrir("truncado"), 3343);
-    EXPECT_EQ(NumeroAoAbrir("danificado"), 3343);
-    EXPECT_EQ(Entradas(pasta_.Caminho()), 5U) << "opening creates nothing";
-    EXPECT_EQ(Conteudo(pasta_ / "danificado"), danificado);
+    for (const std::string& bytes :
+         {std::string("Isto é um texto, não um banco de dados."), std::string(),
+          inteiro.substr(0, inteiro.size() / 2),
+          inteiro.substr(0, 100) + std::string(200, '\x55') + inteiro.substr(300)}) {
+        Escrever(pasta_ / "outro", bytes);
+        EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_ / "outro"); }), 3343) << bytes;
+        EXPECT_EQ(Conteudo(pasta_ / "outro"), bytes);
+    }
+    EXPECT_EQ(Entradas(pasta_.Caminho()), 2U) << "opening creates nothing";
 }
 
 TEST_F(Abertura, UmaPaginaDanificadaEErroQuandoLida) {
@@ -121,13 +124,9 @@ TEST_F(Abertura, UmaPaginaDanificadaEErroQuandoLida) {
         "tblVELO (Contribuinte) SELECT 'contribuinte número ' || n FROM d");
     std::string bytes = Conteudo(banco_);
     const std::size_t pagina = bytes.find("contribuinte número 450") / 4096 * 4096;
-    Escrever("danificado", bytes.replace(pagina, 64, std::string(64, '\xFF')));
-    EXPECT_EQ(NumeroDoErro([&] {
-                  const auto banco = BancoSQLite::Abrir(pasta_ / "danificado");
-                  const auto rs =
-                      banco->OpenRecordset("SELECT * FROM tblVELO", TipoRecordset::ForwardOnly);
-                  LinhasDe(*rs, {"Contribuinte"});
-              }),
+    Escrever(pasta_ / "danificado", bytes.replace(pagina, 64, std::string(64, '\xFF')));
+    const auto banco = BancoSQLite::Abrir(pasta_ / "danificado");
+    EXPECT_EQ(NumeroDoErro([&] { LinhasDe(*banco, "SELECT * FROM tblVELO", "Contribuinte"); }),
               3343);
 }
 
@@ -159,11 +158,7 @@ TEST_F(Abertura, OQueNaoSePodeEscreverAindaSeLe) {
                 fs::permissions(pasta_.Caminho(), fs::perms(0755));
                 fs::permissions(banco_, fs::perms(0666));
                 BancoSQLite::Abrir(banco_);
-                sqlite3* db = nullptr;
-                sqlite3_open(banco_.c_str(), &db);
-                sqlite3_exec(db, ("PRAGMA journal_mode = " + std::string(modo)).c_str(), nullptr,
-                             nullptr, nullptr);
-                sqlite3_close(db);
+                ExecutarFora(banco_, "PRAGMA journal_mode = " + std::string(modo));
                 fs::permissions(banco_, doArquivo);
                 fs::permissions(pasta_.Caminho(), permissao);
                 const bool gravavel = permissao == fs::perms(0777) && doArquivo == fs::perms(0666);
@@ -178,32 +173,26 @@ TEST_F(Abertura, OQueNaoSePodeEscreverAindaSeLe) {
 }
 
 TEST_F(Abertura, UmBancoDeOutrosGuardaOSeuModo) {
-    sqlite3* db = nullptr;
     const fs::path outro = pasta_ / "outro.db";
-    ASSERT_EQ(sqlite3_open(outro.c_str(), &db), SQLITE_OK);
     // Another encoding, another order of columns, a column more, no keys, other capitals; a table
     // without rowid, a view.
-    ASSERT_EQ(sqlite3_exec(
-                  db,
-                  "PRAGMA encoding = 'UTF-16'; CREATE TABLE TBLDRQ (x, \"RÉF\" TEXT, nrodrq INT);"
-                  "INSERT INTO tbldrq VALUES (1, 'maçã', 2), ('dois', 'Maca', 1);"
-                  "CREATE TABLE est (Código TEXT PRIMARY KEY, nome TEXT) WITHOUT ROWID;"
-                  "INSERT INTO est VALUES ('b', 'Bahia'), ('a', 'Acre');"
-                  "CREATE VIEW tblEstados AS SELECT Código, nome AS Estado FROM est",
-                  nullptr, nullptr, nullptr),
-              SQLITE_OK);
-    sqlite3_close(db);
+    ExecutarFora(outro,
+                 "PRAGMA encoding = 'UTF-16'; CREATE TABLE TBLDRQ (x, \"RÉF\" TEXT, nrodrq INT);"
+                 "INSERT INTO tbldrq VALUES (1, 'maçã', 2), ('dois', 'Maca', 1);"
+                 "CREATE TABLE est (Código TEXT PRIMARY KEY, nome TEXT) WITHOUT ROWID;"
+                 "INSERT INTO est VALUES ('b', 'Bahia'), ('a', 'Acre');"
+                 "CREATE VIEW tblEstados AS SELECT Código, nome AS Estado FROM est");
     {
         const auto banco =
             BancoSQLite::Abrir(outro, {.tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
-        const auto rs = banco->OpenRecordset(
-            "SELECT * FROM tblDRQ WHERE Réf > 'MACA' OR NroDRQ = 1", TipoRecordset::ForwardOnly);
-        EXPECT_EQ(LinhasDe(*rs, {"X", "Réf", "NroDRQ"}), "1|maçã|2\ndois|Maca|1");
-        const auto juntos = banco->OpenRecordset(
-            "SELECT est.*, tblEstados.Estado FROM est, tblEstados WHERE "
-            "est.Código = tblEstados.Código AND tblEstados.Código = 'B'",
-            TipoRecordset::ForwardOnly);
-        EXPECT_EQ(LinhasDe(*juntos, {"Código", "nome", "Estado"}), "b|Bahia|Bahia");
+        EXPECT_EQ(LinhasDe(*banco, "SELECT * FROM tblDRQ WHERE Réf > 'MACA' OR NroDRQ = 1",
+                           "X|Réf|NroDRQ"),
+                  "1|maçã|2\ndois|Maca|1");
+        EXPECT_EQ(LinhasDe(*banco,
+                           "SELECT est.*, tblEstados.Estado FROM est, tblEstados WHERE "
+                           "est.Código = tblEstados.Código AND tblEstados.Código = 'B'",
+                           "Código|nome|Estado"),
+                  "b|Bahia|Bahia");
         LerEEsvaziar(outro, TabelasDeTrabalho::Privadas);
     }
     EXPECT_EQ(Conteudo(outro)[18], '\1') << "no WAL";

@@ -19,15 +19,11 @@ INSERT INTO "tblQuadroOcorrências" VALUES ('B', 0, 'x', NULL), ('a', -1, 'y', N
 
 class Dialeto : public testing::Test {
   protected:
-    std::string Ler(const std::string& consulta, const std::vector<std::string>& colunas) {
-        const auto registros = banco_->OpenRecordset(consulta, TipoRecordset::ForwardOnly);
-        return LinhasDe(*registros, colunas);
+    std::string Ler(const std::string& consulta, const std::string& colunas) {
+        return LinhasDe(*banco_, consulta, colunas);
     }
     std::string CodigosOnde(const std::string& condicao) {
-        return Ler("SELECT Código FROM tblOcorrências WHERE " + condicao, {"Código"});
-    }
-    Erro ErroDaConsulta(const std::string& consulta) {
-        return apoio::ErroDe([&] { banco_->OpenRecordset(consulta, TipoRecordset::ForwardOnly); });
+        return Ler("SELECT Código FROM tblOcorrências WHERE " + condicao, "Código");
     }
 
     apoio::BancoDeTeste banco_{Dados};
@@ -67,50 +63,49 @@ TEST_F(Dialeto, AsCondicoesEscolhemAsSuasLinhas) {
 
 TEST_F(Dialeto, AsDatasComparamComoDatas) {
     const auto valores = [this](const std::string& condicao) {
-        return Ler("SELECT Valor FROM tblPagamento WHERE " + condicao, {"Valor"});
+        return Ler("SELECT Valor FROM tblPagamento WHERE " + condicao, "Valor");
     };
     EXPECT_EQ(valores("Data = #5/1/2003#"), "0,0001\n0,0002");
     EXPECT_EQ(valores("Data < #12/31/2003# And Data > #5/1/2003#"), "0,0003");
     EXPECT_EQ(Ler("SELECT Max(Data) AS Ultima, Min(Data) AS Primeira FROM tblPagamento",
-                  {"Ultima", "Primeira"}),
+                  "Ultima|Primeira"),
               "01/05/2003 10:30:00|31/12/2002");
-    EXPECT_EQ(Ler("SELECT Valor FROM tblPagamento ORDER BY Data DESC", {"Valor"}),
+    EXPECT_EQ(Ler("SELECT Valor FROM tblPagamento ORDER BY Data DESC", "Valor"),
               "0,0003\n0,0001\n0,0002\n0,0004\n0,0005");
 }
 
 TEST_F(Dialeto, AOrdemPoeNulosEVerdadeiroPrimeiro) {
-    EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências ORDER BY OpPróprias, CódSubItem", {"Código"}),
+    EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências ORDER BY OpPróprias, CódSubItem", "Código"),
               "4\n3\n1\n2\n5");
     EXPECT_EQ(
-        Ler("SELECT Código AS C, Valor AS V FROM tblOcorrências ORDER BY V DESC, C DESC", {"C"}),
+        Ler("SELECT Código AS C, Valor AS V FROM tblOcorrências ORDER BY V DESC, C DESC", "C"),
         "2\n5\n1\n3\n4");
 }
 
 TEST_F(Dialeto, AgrupaSemCaixaNaOrdemDeChegada) {
     EXPECT_EQ(Ler("SELECT CódSubItem, Count(*) AS N, Sum(Valor), Max(Valor) FROM tblOcorrências "
                   "GROUP BY CódSubItem",
-                  {"CódSubItem", "N", "Expr1002", "Expr1003"}),
+                  "CódSubItem|N|Expr1002|Expr1003"),
               "b|2|3|1,5\nÁ|1|2|2\na|1|-0,0005|-0,0005\nNull|1|Null|Null");
     EXPECT_EQ(Ler("SELECT NroDRQ FROM tblOcorrências GROUP BY NroDRQ HAVING Sum(Valor) > 2 And "
                   "Count(Valor) = 3",
-                  {"NroDRQ"}),
+                  "NroDRQ"),
               "7");
     EXPECT_EQ(Ler("SELECT Count(Valor) AS N, Min(CódSubItem) AS P FROM tblOcorrências WHERE NroDRQ "
                   "= 9",
-                  {"N", "P"}),
+                  "N|P"),
               "0|Null");
-    EXPECT_EQ(Ler("SELECT DISTINCT CódSubItem FROM tblOcorrências", {"CódSubItem"}),
-              "b\nÁ\na\nNull");
+    EXPECT_EQ(Ler("SELECT DISTINCT CódSubItem FROM tblOcorrências", "CódSubItem"), "b\nÁ\na\nNull");
     EXPECT_EQ(
-        Ler("SELECT DISTINCT OpPróprias FROM tblOcorrências ORDER BY OpPróprias", {"OpPróprias"}),
+        Ler("SELECT DISTINCT OpPróprias FROM tblOcorrências ORDER BY OpPróprias", "OpPróprias"),
         "Null\nVerdadeiro\nFalso");
 }
 
 TEST_F(Dialeto, UmaJuncaoSegueAPrimeiraTabelaCitada) {
     const std::string onde = " WHERE tblQuadroOcorrências.CódSubItem = tblOcorrências.CódSubItem";
-    EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências, tblQuadroOcorrências" + onde, {"Código"}),
+    EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências, tblQuadroOcorrências" + onde, "Código"),
               "1\n3\n5");
-    EXPECT_EQ(Ler("SELECT Código FROM tblQuadroOcorrências, tblOcorrências" + onde, {"Código"}),
+    EXPECT_EQ(Ler("SELECT Código FROM tblQuadroOcorrências, tblOcorrências" + onde, "Código"),
               "1\n5\n3");
 }
 
@@ -158,7 +153,7 @@ TEST_F(Dialeto, OsErrosTemNumeroENomeiamOQueFalta) {
         {"DELETE * FROM tblDRQ", 3219, "exclui"},
     };
     for (const auto& [consulta, numero, trecho] : casos) {
-        const Erro erro = ErroDaConsulta(consulta);
+        const Erro erro = apoio::ErroDe([&] { Ler(consulta, ""); });
         EXPECT_EQ(static_cast<int>(erro.Numero()), numero) << consulta;
         EXPECT_NE(erro.Descricao().find(trecho), std::string::npos) << consulta << "\n"
                                                                     << erro.Descricao();

@@ -2,25 +2,39 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
-#include <vector>
 
 #include "data/Funcoes.h"
 #include "tests/apoio/Apoio.h"
 
 namespace tarvo {
 
-// The rows from the current one on: columns joined by "|", rows by a line break.
-inline std::string LinhasDe(Recordset& registros, const std::vector<std::string>& colunas) {
+// The rows from the current one on, one a line: the values of the columns, which are named as the
+// values stand, "IE|Tipo".
+inline std::string LinhasDe(Recordset& registros, const std::string& colunas) {
     std::string linhas;
     for (; !registros.EOF_(); registros.MoveNext()) {
         linhas += linhas.empty() ? "" : "\n";
-        for (std::size_t i = 0; i < colunas.size(); ++i) {
-            const Valor valor = registros.Fields(colunas[i]);
-            linhas += (i == 0 ? "" : "|") + (EhNulo(valor) ? "Null" : TextoCampo(valor));
+        std::istringstream nomes(colunas);
+        for (std::string nome, barra; std::getline(nomes, nome, '|'); barra = "|") {
+            const Valor valor = registros.Fields(nome);
+            linhas += barra + (EhNulo(valor) ? "Null" : TextoCampo(valor));
         }
     }
     return linhas;
+}
+
+// The rows of a query.
+inline std::string LinhasDe(BancoDados& banco, const std::string& consulta,
+                            const std::string& colunas) {
+    return LinhasDe(*banco.OpenRecordset(consulta, TipoRecordset::ForwardOnly), colunas);
+}
+
+// The number of the error that an action ends with.
+template <class Acao>
+int NumeroDoErro(Acao&& acao) {
+    return static_cast<int>(apoio::ErroDe(acao).Numero());
 }
 
 }  // namespace tarvo

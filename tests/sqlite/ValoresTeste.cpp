@@ -1,6 +1,5 @@
 #include <limits>
 #include <string>
-#include <vector>
 
 #include "tests/sqlite/LinhasDe.h"
 
@@ -14,13 +13,21 @@ class Valores : public testing::Test {
                                      TipoRecordset tipo = TipoRecordset::Dynaset) {
         return banco_->OpenRecordset(consulta, tipo);
     }
+    // The sum of declaration 7's values among pairs of declaration and value, in ten-thousandths.
     Valor Soma(const std::string& valores) {
         banco_.Executar(
             "DELETE FROM tblPagamento; INSERT INTO tblPagamento (NroDRQ, Valor) VALUES " + valores);
-        const auto soma = Abrir(
-            "SELECT Sum(Valor) AS [Soma De Valor] FROM tblPagamento GROUP BY NroDRQ HAVING "
-            "NroDRQ = 7");
-        return soma->Fields("Soma de Valor");
+        return Abrir("SELECT Sum(Valor) AS Soma FROM tblPagamento GROUP BY NroDRQ HAVING NroDRQ=7")
+            ->Fields("Soma");
+    }
+    // An action fails for a value that is not of its column's type, and says all that.
+    template <class Acao>
+    static void ConferirConversao(Acao&& acao, std::initializer_list<const char*> nomeados) {
+        const Erro erro = apoio::ErroDe(acao);
+        EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
+        for (const char* nome : nomeados) {
+            EXPECT_THAT(erro.Descricao(), testing::HasSubstr("\"" + std::string(nome) + "\""));
+        }
     }
 
     apoio::BancoDeTeste banco_;
@@ -39,10 +46,8 @@ TEST_F(Valores, SomasDeMoedaSaoExatas) {
 
 TEST_F(Valores, UmaSomaNomeiaOQueNaoEMoeda) {
     for (const char* valor : {"'abc'", "0.5", "x'41'"}) {
-        const Erro erro = apoio::ErroDe([&] { Soma("(7, 1), (7, " + std::string(valor) + ")"); });
-        EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
-        EXPECT_NE(erro.Descricao().find("\"Valor\" da tabela \"tblPagamento\""), std::string::npos)
-            << erro.Descricao();
+        ConferirConversao([&] { Soma("(7, 1), (7, " + std::string(valor) + ")"); },
+                          {"tblPagamento", "Valor"});
     }
     EXPECT_EQ(Soma("(7, 1), (8, 'abc')"), Valor(Moeda::DeDecimosMilesimos(1)))
         << "another declaration's fault";
@@ -55,43 +60,35 @@ TEST_F(Valores, OQueNaoCabeNoTipoDeclaradoEErroQueONomeia) {
         const char* valor;
         const char* mostrado;
     };
-    const std::vector<Caso> casos = {
-        {"tblPagamento", "Valor", "'doze'", "doze"},
-        {"tblPagamento", "Valor", "1.25", "1,25"},
-        {"tblPagamento", "Valor", "1e30", "1e+30"},
-        {"tblPagamento", "Data", "'2003-02-30'", "2003-02-30"},
-        {"tblPagamento", "Data", "'05/03/2001'", "05/03/2001"},
-        {"tblPagamento", "Data", "37000", "37000"},
-        {"tblPagamento", "OpPróprias", "'sim'", "sim"},
-        {"tblDRQ", "Tipo", "2147483648", "2147483648"},
-        {"tblDRQ", "Tipo", "1.5", "1,5"},
-        {"tblDRQ", "RegTrib", "x'3031'", "dados binários"},
-        {"tblDRQ", "RegTrib", "CAST(x'E1' AS TEXT)", "texto que não é UTF-8"},
-    };
     int numero = 0;
-    for (const Caso& caso : casos) {
-        SCOPED_TRACE(std::string(caso.coluna) + " = " + caso.valor);
+    for (const auto& [tabela, coluna, valor, mostrado] : {
+             Caso{"tblPagamento", "Valor", "'doze'", "doze"},
+             Caso{"tblPagamento", "Valor", "1.25", "1,25"},
+             Caso{"tblPagamento", "Valor", "1e30", "1e+30"},
+             Caso{"tblPagamento", "Data", "'2003-02-30'", "2003-02-30"},
+             Caso{"tblPagamento", "Data", "'05/03/2001'", "05/03/2001"},
+             Caso{"tblPagamento", "Data", "37000", "37000"},
+             Caso{"tblPagamento", "OpPróprias", "'sim'", "sim"},
+             Caso{"tblDRQ", "Tipo", "2147483648", "2147483648"},
+             Caso{"tblDRQ", "Tipo", "1.5", "1,5"},
+             Caso{"tblDRQ", "RegTrib", "x'3031'", "dados binários"},
+             Caso{"tblDRQ", "RegTrib", "CAST(x'E1' AS TEXT)", "texto que não é UTF-8"},
+         }) {
+        SCOPED_TRACE(std::string(coluna) + " = " + valor);
         const std::string n = std::to_string(++numero);
-        banco_.Executar("INSERT INTO " + std::string(caso.tabela) + " (NroDRQ, \"" + caso.coluna +
-                        "\") VALUES (" + n + ", " + caso.valor + ")");
-        const std::string consulta =
-            "SELECT * FROM " + std::string(caso.tabela) + " WHERE NroDRQ = " + n;
+        const std::string T = tabela;
+        banco_.Executar("INSERT INTO " + T + " (NroDRQ, \"" + coluna + "\") VALUES (" + n + ", " +
+                        valor + ")");
         for (const auto tipo : {TipoRecordset::ForwardOnly, TipoRecordset::Dynaset}) {
-            const auto registros = Abrir(consulta, tipo);
-            const Erro erro = apoio::ErroDe([&] { Valor(registros->Fields(caso.coluna)); });
-            EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
-            for (const char* nome : {caso.tabela, caso.coluna, caso.mostrado}) {
-                EXPECT_NE(erro.Descricao().find("\"" + std::string(nome) + "\""), std::string::npos)
-                    << erro.Descricao();
-            }
+            const auto registros = Abrir("SELECT * FROM " + T + " WHERE NroDRQ = " + n, tipo);
+            ConferirConversao([&, c = coluna] { Valor(registros->Fields(c)); },
+                              {tabela, coluna, mostrado});
             EXPECT_EQ(Valor(registros->Fields("NroDRQ")), Valor(std::int32_t{numero}));
         }
     }
-    EXPECT_EQ(apoio::ErroDe([&] {
-                  Abrir("SELECT * FROM tblPagamento WHERE OpPróprias = TRUE");
-              }).Numero(),
-              NumeroErro::ConversaoDeDado)
-        << "no row is left out because its value cannot be read";
+    // No row is left out because its value cannot be read.
+    ConferirConversao([&] { Abrir("SELECT * FROM tblPagamento WHERE OpPróprias = TRUE"); },
+                      {"OpPróprias"});
 }
 
 TEST_F(Valores, AEscritaConverteParaOTipoDaColuna) {
@@ -110,16 +107,13 @@ TEST_F(Valores, AEscritaConverteParaOTipoDaColuna) {
     acrescentar(2.5, std::int32_t{2}, std::string("5/3/01"), 0.00005);
     acrescentar(Nulo{}, Nulo{}, Nulo{}, Nulo{});
     const auto lidos = Abrir("SELECT * FROM tblPagamento");
-    EXPECT_EQ(LinhasDe(*lidos, {"NroDRQ", "OpPróprias", "Data", "Valor"}),
+    EXPECT_EQ(LinhasDe(*lidos, "NroDRQ|OpPróprias|Data|Valor"),
               "7|Verdadeiro|05/03/2001 10:20:30|1234,56\n2|Verdadeiro|05/03/2001|0\n"
               "Null|Null|Null|Null");
 
     pagamentos->AddNew();
-    const Erro erro =
-        apoio::ErroDe([&] { pagamentos->Fields("valor") = std::string("dois reais"); });
-    EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
-    EXPECT_NE(erro.Descricao().find("\"dois reais\" da coluna \"Valor\" da tabela"),
-              std::string::npos);
+    ConferirConversao([&] { pagamentos->Fields("valor") = std::string("dois reais"); },
+                      {"dois reais", "Valor", "tblPagamento"});
 }
 
 TEST_F(Valores, OArquivoGuardaAsFormasDoContrato) {
