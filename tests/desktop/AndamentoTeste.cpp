@@ -1,46 +1,35 @@
 #include "platform/desktop/AndamentoQt.h"
 
-#include <gmock/gmock.h>
-
-#include <QApplication>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 
-#include "document/DocumentoRelatorio.h"
-#include "tests/apoio/Apoio.h"
+#include "tests/desktop/Previas.h"
 
 namespace tarvo {
 namespace {
 
-QProgressDialog* Aviso() {
-    for (auto* janela : QApplication::topLevelWidgets()) {
-        if (janela->objectName() == QStringLiteral("andamento") && janela->isVisible()) {
-            return qobject_cast<QProgressDialog*>(janela);
-        }
-    }
-    return nullptr;
-}
+class Andamento : public testing::Test {
+  protected:
+    Andamento() { documento.Iniciar(); }
+    static auto Avisos() { return apoio::Abertas<QProgressDialog>("andamento"); }
 
-TEST(Andamento, AShortBuildShowsNothing) {
     AndamentoQt andamento;
-    DocumentoRelatorio documento({.andamento = &andamento});
-    documento.Iniciar();
+    DocumentoRelatorio documento{{.andamento = &andamento}};
+};
+
+TEST_F(Andamento, AShortBuildShowsNothing) {
     for (int i = 0; i < 100; ++i) {
         documento.NovaPagina();
     }
-    EXPECT_EQ(Aviso(), nullptr);
+    EXPECT_TRUE(Avisos().empty());
 }
 
-TEST(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
-    AndamentoQt andamento;
-    DocumentoRelatorio documento({.andamento = &andamento});
-    documento.Iniciar();
+TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
     bool apertado = false;
     QTimer usuario;
     QObject::connect(&usuario, &QTimer::timeout, [&] {
-        if (auto* aviso = Aviso()) {
+        for (auto* aviso : Avisos()) {
             EXPECT_TRUE(aviso->labelText().contains(QStringLiteral("páginas")));
             EXPECT_TRUE(aviso->isModal());
             apertado = true;
@@ -56,7 +45,7 @@ TEST(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
     });
     EXPECT_EQ(erro.Numero(), NumeroErro::Cancelado);
     EXPECT_TRUE(apertado);
-    EXPECT_EQ(Aviso(), nullptr);
+    EXPECT_TRUE(Avisos().empty());
 }
 
 }  // namespace

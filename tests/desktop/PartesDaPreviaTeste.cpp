@@ -10,38 +10,25 @@ namespace {
 using testing::ElementsAre;
 using namespace Qt::StringLiterals;
 
-DisposicaoPaginas Disposicao(bool continuo, const QSize& janela) {
-    return {.paginas = 5, .pagina = {200, 300}, .janela = janela, .continuo = continuo, .atual = 2};
-}
-
-TEST(DisposicaoPaginas, PagesStandBelowEachOtherAndInTheMiddle) {
-    const auto d = Disposicao(true, {400, 350});
+TEST(DisposicaoPaginas, PagesStandInTheMiddleBelowEachOtherOrAlone) {
+    DisposicaoPaginas d{.paginas = 5, .pagina = {200, 300}, .janela = {400, 500}, .atual = 2};
     EXPECT_EQ(d.Conteudo(), QSize(224, 5 * 312 - 12 + 24));
-    EXPECT_EQ(d.Origem(0), QPoint(12 + 88, 12));
     EXPECT_EQ(d.Origem(4), QPoint(12 + 88, 12 + 4 * 312));
-    const auto larga = Disposicao(true, {100, 2000});
-    EXPECT_EQ(larga.Origem(0), QPoint(12, 12 + (2000 - 1572) / 2));
+    d.continuo = false;
+    EXPECT_EQ(d.Conteudo(), QSize(224, 324));
+    EXPECT_EQ(d.Origem(2), QPoint(12 + 88, 12 + 88));
+    EXPECT_EQ(d.PaginaEm(10'000), 2);
 }
 
 TEST(DisposicaoPaginas, TheCurrentPageIsTheOneThatShowsMost) {
-    const auto d = Disposicao(true, {400, 350});
-    EXPECT_EQ(d.PaginaPrincipal(0), 0);
+    DisposicaoPaginas d{.paginas = 5, .pagina = {200, 300}, .janela = {400, 350}};
     EXPECT_EQ(d.PaginaPrincipal(12 + 149), 0);
     EXPECT_EQ(d.PaginaPrincipal(12 + 151), 1);
-    EXPECT_EQ(d.PaginaPrincipal(12 + 312), 1);
     EXPECT_EQ(d.PaginaPrincipal(100'000), 4);
     // A page higher than the view is current while it fills half of the view.
-    const auto baixa = Disposicao(true, {400, 100});
-    EXPECT_EQ(baixa.PaginaPrincipal(12 + 240), 0);
-    EXPECT_EQ(baixa.PaginaPrincipal(12 + 260), 1);
-}
-
-TEST(DisposicaoPaginas, APageAloneTakesTheWholeView) {
-    const auto d = Disposicao(false, {400, 500});
-    EXPECT_EQ(d.Conteudo(), QSize(224, 324));
-    EXPECT_EQ(d.Origem(2), QPoint(100, 100));
-    EXPECT_EQ(d.PaginaEm(0), 2);
-    EXPECT_EQ(d.PaginaEm(10'000), 2);
+    d.janela = {400, 100};
+    EXPECT_EQ(d.PaginaPrincipal(12 + 240), 0);
+    EXPECT_EQ(d.PaginaPrincipal(12 + 260), 1);
 }
 
 TEST(BuscaTexto, FoldsCaseAccentsAndBlanksAndKeepsThePlaces) {
@@ -51,18 +38,17 @@ TEST(BuscaTexto, FoldsCaseAccentsAndBlanksAndKeepsThePlaces) {
     EXPECT_EQ(BuscaTexto::Dobrar(u"nº ½ €"_s), u"nº ½ €"_s);
 }
 
-Texto TextoEm(double x, double y, std::string texto) {
-    Texto t;
-    t.caixa = {x, y, 2, 0.5};
-    t.texto = std::move(texto);
-    return t;
-}
-
 TEST(CelulasDeTexto, RowsComeFromTopToBottomAndCellsFromLeftToRight) {
+    const auto em = [](double x, double y, const char* texto) {
+        Texto t;
+        t.caixa = {x, y, 2, 0.5};
+        t.texto = texto;
+        return t;
+    };
     Conteudo conteudo;
     conteudo.margens = {2, 2, 2, 2};
-    conteudo.paginas = {{TextoEm(3, 1.02, "b"), TextoEm(0, 2, "c\r\nd"), TextoEm(0, 1, "a")},
-                        {TextoEm(0, 0, "%%p/%%P")}};
+    conteudo.paginas = {{em(3, 1.02, "b"), em(0, 2, "c\r\nd"), em(0, 1, "a")},
+                        {em(0, 0, "%%p/%%P")}};
     const CelulasDeTexto celulas(conteudo);
     const QRectF tudo(0, 0, 600, 900);
     EXPECT_EQ(celulas.Copiar(0, tudo), u"a\tb\nc d"_s);

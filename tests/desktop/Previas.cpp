@@ -1,6 +1,5 @@
 #include "tests/desktop/Previas.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <algorithm>
@@ -38,12 +37,7 @@ Previas::Previas() {
 }
 
 std::vector<QMainWindow*> Previas::Abertas() {
-    std::vector<QMainWindow*> abertas;
-    for (auto* janela : QApplication::topLevelWidgets()) {
-        if (janela->objectName() == QStringLiteral("visualizacao") && janela->isVisible()) {
-            abertas.push_back(qobject_cast<QMainWindow*>(janela));
-        }
-    }
+    auto abertas = apoio::Abertas<QMainWindow>("visualizacao");
     std::sort(abertas.begin(), abertas.end(),
               [](auto* a, auto* b) { return a->windowTitle() < b->windowTitle(); });
     return abertas;

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QTest>
 #include <functional>
@@ -19,11 +20,25 @@ namespace tarvo::apoio {
 // Pages of a small table: rows "linha L" and "valor P.L" on each page P, title "Apuração", footer.
 void MontarTabela(DocumentoRelatorio& documento, int paginas, std::int32_t orientacao = 0);
 
+// The windows of a kind that are open, those with that name when one is given.
+template <class T>
+std::vector<T*> Abertas(const char* nome = nullptr) {
+    std::vector<T*> abertas;
+    for (auto* janela : QApplication::topLevelWidgets()) {
+        auto* uma = qobject_cast<T*>(janela);
+        const bool procurada = nome == nullptr || janela->objectName() == QLatin1String(nome);
+        if (uma != nullptr && uma->isVisible() && procurada) {
+            abertas.push_back(uma);
+        }
+    }
+    return abertas;
+}
+
 // Previews that keep their settings in a folder of the test's own.
 class Previas : public testing::Test {
   protected:
     Previas();
-    // The windows that are open, in the order of their titles.
+    // In the order of their titles.
     static std::vector<QMainWindow*> Abertas();
     static QMainWindow& Unica();
     template <class T>

@@ -1,4 +1,3 @@
-#include <sqlite3.h>
 #include <sys/stat.h>
 
 #include <chrono>
@@ -10,7 +9,7 @@
 
 namespace tarvo::host {
 
-std::string Identidade(const std::filesystem::path& arquivo) {
+std::string Identidade(const fs::path& arquivo) {
     struct stat estado {};
     EXPECT_EQ(::stat(arquivo.c_str(), &estado), 0) << arquivo;
     return std::to_string(estado.st_ino) + " " + std::to_string(estado.st_mtim.tv_sec) + "." +
@@ -20,10 +19,8 @@ std::string Identidade(const std::filesystem::path& arquivo) {
 namespace {
 
 using testing::AllOf;
-using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
@@ -34,7 +31,7 @@ class LoteQueParou : public ComLote {
         std::map<std::string, std::string> identidades;
         for (const auto& [chave, linha] : Resumo()) {
             if (linha[8] == "0") {
-                identidades[linha[4]] = Identidade(Saida() + "/" + linha[4]);
+                identidades[linha[4]] = Identidade(Saida(linha[4]));
             }
         }
         return identidades;
@@ -42,16 +39,28 @@ class LoteQueParou : public ComLote {
     // The batch goes on to its end and leaves those files alone.
     void Retomar(std::vector<std::string> outros, const std::map<std::string, std::string>& antes) {
         outros.emplace_back("--retomar");
-        const Execucao e = RodarLote(outros);
-        EXPECT_EQ(e.situacao, 0) << e.erros;
+        EXPECT_THAT(RodarLote(outros), Termina(0));
         for (const auto& [nome, identidade] : antes) {
-            EXPECT_EQ(Identidade(Saida() + "/" + nome), identidade) << nome;
+            EXPECT_EQ(Identidade(Saida(nome)), identidade) << nome;
         }
     }
 };
 
 // What a stopped batch left is whole, and the next run makes exactly the rest.
-class LoteInterrompido : public LoteQueParou, public testing::WithParamInterface<int> {};
+class LoteInterrompido : public LoteQueParou, public testing::WithParamInterface<int> {
+  protected:
+    // The example's ten declarations many times over, so that a batch takes a while.
+    void Multiplicar(int vezes) {
+        Executar(
+            "create temp table n as with recursive r(i) as (select 1 union all select i + 1 from r "
+            "where i < " +
+            std::to_string(vezes) +
+            ") select i from r;"
+            "insert into tblDRQ select NroDRQ + 1000 * i, IE, Ref1, Ref2, Tipo, RegTrib, "
+            "Consistente, Autenticação, SaldoCredAntDig, ICMSFixPerRES, OutrasRES, DeduçõesRPA, "
+            "SaldoCredAntDigST, DeduçõesST from tblDRQ, n;");
+    }
+};
 
 TEST_P(LoteInterrompido, GoesOnWhereItStopped) {
     Multiplicar(60);
@@ -68,14 +77,12 @@ TEST_P(LoteInterrompido, GoesOnWhereItStopped) {
     if (GetParam() == SIGKILL) {
         EXPECT_EQ(e.situacao, 128 + SIGKILL);
     } else {
-        EXPECT_EQ(e.situacao, 1);
-        EXPECT_THAT(e.erros, HasSubstr("--retomar"));
+        EXPECT_THAT(e, Termina(1, HasSubstr("--retomar")));
         EXPECT_THAT(Arquivos(Saida()), SizeIs(antes.size() + 1)) << "the summary knows them all";
     }
     ConferirInteiros();
-    const Execucao semRetomar = RodarLote(relatorios);
-    EXPECT_EQ(semRetomar.situacao, 1);
-    EXPECT_THAT(semRetomar.erros, AllOf(StartsWith("erro 58: "), HasSubstr("--retomar")));
+    EXPECT_THAT(RodarLote(relatorios),
+                Termina(1, AllOf(StartsWith("erro 58: "), HasSubstr("--retomar"))));
     Retomar(relatorios, antes);
     EXPECT_THAT(Resumo(), SizeIs(1220));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(1221));
@@ -86,55 +93,54 @@ INSTANTIATE_TEST_SUITE_P(Sinais, LoteInterrompido, testing::Values(SIGINT, SIGTE
 
 TEST_F(LoteQueParou, ResumingBelievesOnlyWholeLinesOfWholeFiles) {
     const std::vector<std::string> chamada{"--relatorios", "01,17", "--ie", "250114377019"};
-    ASSERT_EQ(RodarLote(chamada).situacao, 0);
+    ASSERT_THAT(RodarLote(chamada), Termina(0));
     auto antes = Identidades();
     ASSERT_THAT(antes, SizeIs(6));
     // A power failure left one file short and lost another; a kill cut the last line.
     const std::string curto = "250114377019-101/01-RelatorioCadastro.pdf";
     const std::string perdido = "250114377019-102/17-RelatorioPagamentos.pdf";
-    std::filesystem::resize_file(Saida() + "/" + curto, 0);
-    std::filesystem::remove(Saida() + "/" + perdido);
+    fs::resize_file(Saida(curto), 0);
+    fs::remove(Saida(perdido));
     antes.erase(curto);
     antes.erase(perdido);
-    std::ofstream(Saida() + "/resumo.csv", std::ios::app | std::ios::binary)
+    std::ofstream(Saida("resumo.csv"), std::ios::app | std::ios::binary)
         << "250114377019;103;11/2001;17;250114377019-103/17-Relat";
     // What a killed process may leave where files must have names.
-    std::ofstream(Saida() + "/250114377019-101/.tarvo-1-0.tmp") << "%PDF";
-    std::filesystem::create_directory(Saida() + "/250114377019-101/17-RelatorioPagamentos.1.tmp");
-    std::ofstream(Saida() + "/250114377019-101/17-RelatorioPagamentos.1.tmp/x.png") << "PNG";
-    std::ofstream(Saida() + "/do usuário.tmp") << "fica";
+    std::ofstream(Saida("250114377019-101/.tarvo-1-0.tmp")) << "%PDF";
+    const std::string espera = "250114377019-101/17-RelatorioPagamentos.1.tmp";
+    fs::create_directory(Saida(espera));
+    std::ofstream(Saida(espera + "/x.png")) << "PNG";
+    std::ofstream(Saida("do usuário.tmp")) << "fica";
     Retomar(chamada, antes);
     EXPECT_THAT(Resumo(), SizeIs(6));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(8));
-    EXPECT_EQ(Conteudo(Saida() + "/do usuário.tmp"), "fica");
-    std::filesystem::remove(Saida() + "/do usuário.tmp");
+    EXPECT_EQ(Conteudo(Saida("do usuário.tmp")), "fica");
+    fs::remove(Saida("do usuário.tmp"));
     ConferirInteiros();
-    EXPECT_FALSE(
-        std::filesystem::exists(Saida() + "/250114377019-101/17-RelatorioPagamentos.1.tmp"));
+    EXPECT_FALSE(fs::exists(Saida(espera)));
 }
 
 TEST_F(LoteQueParou, ResumingOnePartKeepsTheSummaryOfTheOthers) {
     Executar("update tblDRQ set SaldoCredAntDig = null where NroDRQ = 201");
     ASSERT_EQ(RodarLote({"--relatorios", "10"}).situacao, 1);
     ASSERT_EQ(Resumo().at({201, "10"})[8], "94");
-    EXPECT_EQ(RodarLote({"--relatorios", "17", "--ie", "250114377019", "--retomar"}).situacao, 0);
+    EXPECT_THAT(RodarLote({"--relatorios", "17", "--ie", "250114377019", "--retomar"}), Termina(0));
     EXPECT_THAT(Resumo(), SizeIs(13));
     EXPECT_EQ(Resumo().at({201, "10"})[8], "94");
 }
 
 TEST_F(LoteQueParou, AFileThatIsNoSummaryIsNotTouched) {
-    std::filesystem::create_directory(Saida());
-    std::ofstream(Saida() + "/resumo.csv") << "do usuário\n";
-    EXPECT_THAT(RodarLote().erros, StartsWith("erro 58: "));
-    EXPECT_THAT(RodarLote({"--retomar"}).erros, StartsWith("erro 5: "));
-    EXPECT_EQ(Conteudo(Saida() + "/resumo.csv"), "do usuário\n");
+    fs::create_directory(Saida());
+    std::ofstream(Saida("resumo.csv")) << "do usuário\n";
+    EXPECT_THAT(RodarLote(), Termina(1, StartsWith("erro 58: ")));
+    EXPECT_THAT(RodarLote({"--retomar"}), Termina(1, StartsWith("erro 5: ")));
+    EXPECT_EQ(Conteudo(Saida("resumo.csv")), "do usuário\n");
     EXPECT_THAT(Arquivos(Saida()), SizeIs(1));
 }
 
 TEST_F(LoteQueParou, AFullDiskEndsTheBatchWithWholeFilesAndItGoesOnLater) {
-    const Execucao e = RodarLote({}, {.limiteDeArquivo = 35'000});
-    EXPECT_EQ(e.situacao, 1);
-    EXPECT_THAT(e.erros, AllOf(HasSubstr("erro 61: "), HasSubstr("--retomar")));
+    EXPECT_THAT(RodarLote({}, {.limiteDeArquivo = 35'000}),
+                Termina(1, AllOf(HasSubstr("erro 61: "), HasSubstr("--retomar"))));
     ConferirInteiros();
     const auto antes = Identidades();
     EXPECT_THAT(Arquivos(Saida()), SizeIs(antes.size() + 1));
@@ -144,20 +150,16 @@ TEST_F(LoteQueParou, AFullDiskEndsTheBatchWithWholeFilesAndItGoesOnLater) {
 
 TEST_F(LoteQueParou, ATargetThatCannotBeWrittenEndsTheBatchAtOnce) {
     CriarPastaProtegida(Saida());
-    const Execucao e = RodarLote({}, {.comoNinguem = true});
-    EXPECT_EQ(e.situacao, 1);
-    EXPECT_THAT(e.erros, StartsWith("erro 70: "));
+    EXPECT_THAT(RodarLote({}, {.comoNinguem = true}), Termina(1, StartsWith("erro 70: ")));
     EXPECT_THAT(Arquivos(Saida()), IsEmpty());
 }
 
 TEST_F(LoteQueParou, OneFolderThatCannotBeWrittenStopsNoOther) {
-    std::filesystem::create_directory(Saida());
-    std::filesystem::permissions(Saida(), std::filesystem::perms::all);
-    CriarPastaProtegida(Saida() + "/250114377019-101");
-    const Execucao e =
-        RodarLote({"--relatorios", "17", "--ie", "250114377019"}, {.comoNinguem = true});
-    EXPECT_EQ(e.situacao, 1);
-    EXPECT_THAT(e.erros, StartsWith("erro 70: declaração 101, relatório 17: "));
+    fs::create_directory(Saida());
+    fs::permissions(Saida(), fs::perms::all);
+    CriarPastaProtegida(Saida("250114377019-101"));
+    EXPECT_THAT(RodarLote({"--relatorios", "17", "--ie", "250114377019"}, {.comoNinguem = true}),
+                Termina(1, StartsWith("erro 70: declaração 101, relatório 17: ")));
     EXPECT_EQ(Resumo().at({101, "17"})[8], "70");
     EXPECT_EQ(Resumo().at({102, "17"})[8], "0");
 }
@@ -166,42 +168,25 @@ TEST_F(LoteQueParou, ALockedDatabaseEndsTheBatchAndItGoesOnLater) {
     const std::vector<std::string> chamada{"--relatorios", "17"};
     {
         const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
-        const Execucao e = RodarLote(chamada);
-        EXPECT_EQ(e.situacao, 1);
-        EXPECT_THAT(e.erros, AllOf(StartsWith("erro 3260: "), HasSubstr("Feche o outro")));
+        EXPECT_THAT(RodarLote(chamada),
+                    Termina(1, AllOf(StartsWith("erro 3260: "), HasSubstr("Feche o outro"))));
     }
     // Someone who only writes locks nobody out.
     const OutroPrograma escrevendo(Banco(), "PRAGMA journal_mode = WAL; BEGIN IMMEDIATE");
-    EXPECT_EQ(RodarLote(chamada).situacao, 0);
-}
-
-std::size_t Perguntar(const std::string& banco, const std::string& sql) {
-    sqlite3* db = nullptr;
-    sqlite3_stmt* consulta = nullptr;
-    std::size_t resposta = 0;
-    if (sqlite3_open(banco.c_str(), &db) == SQLITE_OK &&
-        sqlite3_prepare_v2(db, sql.c_str(), -1, &consulta, nullptr) == SQLITE_OK &&
-        sqlite3_step(consulta) == SQLITE_ROW) {
-        resposta = static_cast<std::size_t>(sqlite3_column_int64(consulta, 0));
-    }
-    sqlite3_finalize(consulta);
-    sqlite3_close(db);
-    EXPECT_GT(resposta, 0U) << sql;
-    return resposta;
+    EXPECT_THAT(RodarLote(chamada), Termina(0));
 }
 
 TEST_F(LoteQueParou, ADamagedPageFailsOnlyTheReportsThatReadIt) {
-    const auto pagina = Perguntar(
-        Banco(), "SELECT rootpage FROM sqlite_master WHERE name = 'tblRegistroExportação'");
-    const auto tamanho = Perguntar(Banco(), "PRAGMA page_size");
+    constexpr std::size_t Pagina = 4096;
     std::string bytes = Conteudo(Banco());
-    bytes.replace((pagina - 1) * tamanho, 100, std::string(100, '\xFF'));
+    const std::size_t registro = bytes.find("01/0977310-002");  // of tblRegistroExportação
+    ASSERT_NE(registro, std::string::npos);
+    bytes.replace(registro / Pagina * Pagina, 100, std::string(100, '\xFF'));
     std::ofstream(Banco(), std::ios::binary) << bytes;
-    const Execucao e = RodarLote({"--relatorios", "16,17"});
-    EXPECT_EQ(e.situacao, 1);
-    EXPECT_THAT(e.erros, HasSubstr("erro 3343: declaração 101, relatório 16: "));
-    EXPECT_EQ(Resumo().at({101, "16"})[8], "3343");
-    EXPECT_EQ(Resumo().at({101, "17"})[8], "0");
+    EXPECT_THAT(RodarLote({"--relatorios", "16,17"}),
+                Termina(1, HasSubstr("erro 3343: declaração 103, relatório 16: ")));
+    EXPECT_EQ(Resumo().at({103, "16"})[8], "3343");
+    EXPECT_EQ(Resumo().at({103, "17"})[8], "0");
     EXPECT_EQ(Conteudo(Banco()), bytes);
 }
 

@@ -17,8 +17,6 @@ namespace tarvo::host {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr uid_t Ninguem = 65534;
 
 void Redirecionar(const fs::path& arquivo, int descritor) {
@@ -74,26 +72,18 @@ Execucao Rodar(const std::vector<std::string>& argumentos, const Condicoes& cond
     return Programa(argumentos, condicoes).Esperar();
 }
 
-std::string RodarNoTerminal(const std::vector<std::string>& argumentos) {
-    const int mestre = ::posix_openpt(O_RDWR | O_NOCTTY);
-    if (mestre < 0 || ::grantpt(mestre) != 0 || ::unlockpt(mestre) != 0) {
-        ADD_FAILURE() << "no terminal";
-        return "";
+std::string Executado(const std::string& comando) {
+    FILE* const cano = ::popen(comando.c_str(), "r");
+    std::string saida;
+    for (int c = 0; (c = std::fgetc(cano)) != EOF;) {
+        saida += static_cast<char>(c);
     }
-    const std::string terminal = ::ptsname(mestre);
-    // Kept open, so that what was written waits to be read.
-    const int aberto = ::open(terminal.c_str(), O_RDWR | O_NOCTTY);
-    EXPECT_EQ(Rodar(argumentos, {.saida = terminal}).situacao, 0);
-    std::string escrito(65'536, '\0');
-    const auto lidos = ::read(mestre, escrito.data(), escrito.size());
-    escrito.resize(static_cast<std::size_t>(std::max<ssize_t>(lidos, 0)));
-    ::close(aberto);
-    ::close(mestre);
-    return escrito;
+    EXPECT_EQ(::pclose(cano), 0) << comando << "\n" << saida;
+    return saida;
 }
 
-void ComExemplo::SetUp() {
-    ASSERT_EQ(Rodar({"criar", Banco(), "--exemplo"}).situacao, 0);
+ComExemplo::ComExemplo() {
+    EXPECT_THAT(Rodar({"criar", Banco(), "--exemplo"}), Termina(0));
     fs::permissions(pasta.Caminho(), fs::perms::all);
     fs::permissions(Banco(), fs::perms::all);
 }

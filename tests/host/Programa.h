@@ -11,6 +11,8 @@
 // The real command, run as a user or a script runs it.
 namespace tarvo::host {
 
+namespace fs = std::filesystem;
+
 struct Execucao {
     int situacao = -1;  // exit status; 128 plus the signal when one ended it
     std::string saida;
@@ -37,25 +39,25 @@ class Programa {
 
 Execucao Rodar(const std::vector<std::string>& argumentos, const Condicoes& condicoes = {});
 
-// What the command writes to a terminal.
-std::string RodarNoTerminal(const std::vector<std::string>& argumentos);
+// That a command ended with that status and such messages.
+inline auto Termina(int situacao, const testing::Matcher<std::string>& erros = testing::_) {
+    return testing::AllOf(testing::Field("situacao", &Execucao::situacao, situacao),
+                          testing::Field("erros", &Execucao::erros, erros));
+}
+
+// The output of a shell command; fails the test when the command fails.
+std::string Executado(const std::string& comando);
 
 // The example database in a folder of its own, readable and writable by everyone.
 class ComExemplo : public testing::Test {
   protected:
-    void SetUp() override;
+    ComExemplo();
     [[nodiscard]] std::string Banco() const { return (pasta / "exemplo.tarvo").string(); }
-    [[nodiscard]] std::string Saida(const char* nome = "saida") const {
-        return (pasta / nome).string();
+    // The folder of the output, and a file in it.
+    [[nodiscard]] std::string Saida(const std::string& arquivo = "") const {
+        return (pasta / "saida").string() + (arquivo.empty() ? "" : "/" + arquivo);
     }
     void Executar(std::string_view script) { BancoSQLite::Abrir(Banco())->ExecutarScript(script); }
-    Execucao Exportar(const std::string& relatorios, const std::string& formato = "pdf",
-                      const std::string& drq = "101", const std::string& IE = "250114377019",
-                      const Condicoes& condicoes = {}) {
-        return Rodar({"exportar", Banco(), "--ie", IE, "--drq", drq, "--ref-atual", "07/2003",
-                      "--relatorios", relatorios, "--formato", formato, "--saida", Saida()},
-                     condicoes);
-    }
     apoio::PastaTemporaria pasta;
 };
 
@@ -72,10 +74,10 @@ class OutroPrograma {
 };
 
 // Makes a folder that nobody but root may write.
-void CriarPastaProtegida(const std::filesystem::path& pasta);
+void CriarPastaProtegida(const fs::path& pasta);
 
 // Names of the files below a folder, relative to it and sorted.
-std::vector<std::string> Arquivos(const std::filesystem::path& pasta);
-std::string Conteudo(const std::filesystem::path& arquivo);
+std::vector<std::string> Arquivos(const fs::path& pasta);
+std::string Conteudo(const fs::path& arquivo);
 
 }  // namespace tarvo::host

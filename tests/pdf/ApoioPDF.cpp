@@ -1,34 +1,32 @@
 #include "tests/pdf/ApoioPDF.h"
 
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
+#include <regex>
 #include <sstream>
+#include <stdexcept>
 
 namespace tarvo {
 
 namespace {
 
-constexpr int PontosDeImagemPorCm = 100;
+constexpr int PixelsPorCm = 100;
 
-double Atributo(const std::string& linha, const std::string& nome) {
-    const auto inicio = linha.find(nome + "=\"");
-    return inicio == std::string::npos ? -1 : std::stod(linha.substr(inicio + nome.size() + 2));
+std::string SoAPagina(int pagina) {
+    const std::string n = std::to_string(pagina);
+    return " -f " + n + " -l " + n;
 }
 
 }  // namespace
 
-Saida Executar(const std::string& comando) {
-    FILE* const cano = ::popen(comando.c_str(), "r");
-    Saida saida;
+std::string Executar(const std::string& comando) {
+    FILE* const cano = ::popen(("{ " + comando + "; } 2>&1").c_str(), "r");
+    std::string saida;
     std::array<char, 4096> bloco{};
     for (std::size_t n = 0; (n = std::fread(bloco.data(), 1, bloco.size(), cano)) > 0;) {
-        saida.texto.append(bloco.data(), n);
+        saida.append(bloco.data(), n);
     }
-    saida.estado = WEXITSTATUS(::pclose(cano));
+    ::pclose(cano);
     return saida;
 }
 
@@ -38,96 +36,119 @@ std::string Conteudos(const std::filesystem::path& arquivo) {
     return texto.str();
 }
 
-Conteudo Documento(const std::function<void(DocumentoRelatorio&)>& desenhar) {
-    DocumentoRelatorio doc;
-    doc.Iniciar();
-    doc.DefinirTitulo("Relatório de Teste");
-    doc.DefinirMargens(Margem, Margem, Margem, Margem);
-    desenhar(doc);
-    return doc.Registrado();
+std::ptrdiff_t Entradas(const std::filesystem::path& pasta) {
+    using Percurso = std::filesystem::directory_iterator;
+    return std::distance(Percurso(pasta), Percurso());
 }
 
-void Escrever(DocumentoRelatorio& doc, const Caixa& c, std::string_view texto, const Escrita& e) {
+void Escrever(DocumentoRelatorio& doc, const Escrito& escrito) {
+    const auto& [c, texto, e] = escrito;
     const auto escrever = e.multilinha ? &DocumentoRelatorio::EscreverTextoMultilinha
                                        : &DocumentoRelatorio::EscreverTexto;
     (doc.*escrever)(c.x, c.y, c.largura, c.altura, texto, e.horizontal, e.vertical, e.fonte,
                     e.tamanho, false, false, false, e.cor);
 }
 
-ArquivoPDF::ArquivoPDF(const Conteudo& conteudo) : arquivo_(pasta_ / "teste.pdf") {
-    resultado_ = GravarPDF(conteudo, arquivo_);
+Conteudo Paginas(int quantas, const std::function<void(DocumentoRelatorio&, int)>& desenhar) {
+    DocumentoRelatorio doc;
+    doc.Iniciar();
+    doc.DefinirTitulo("Relatório de Teste");
+    doc.DefinirMargens(Margem, Margem, Margem, Margem);
+    for (int pagina = 0; pagina < quantas; ++pagina) {
+        if (pagina > 0) {
+            doc.NovaPagina();
+        }
+        desenhar(doc, pagina);
+    }
+    return doc.Registrado();
 }
 
-ArquivoPDF::ArquivoPDF(std::span<const SecaoPDF> secoes) : arquivo_(pasta_ / "teste.pdf") {
-    resultado_ = GravarPDF(secoes, arquivo_);
+Conteudo Documento(const std::function<void(DocumentoRelatorio&)>& desenhar) {
+    return Paginas(1, [&](DocumentoRelatorio& doc, int) { desenhar(doc); });
+}
+
+Conteudo Textos(std::initializer_list<Escrito> escritos) {
+    return Documento([&](DocumentoRelatorio& doc) {
+        for (const Escrito& escrito : escritos) {
+            Escrever(doc, escrito);
+        }
+    });
+}
+
+std::string Renderizar(const Conteudo& conteudo) {
+    std::string bytes;
+    RenderizarPDF(conteudo, bytes);
+    return bytes;
+}
+
+ArquivoPDF::ArquivoPDF(const Conteudo& conteudo) : resultado_(GravarPDF(conteudo, arquivo_)) {}
+
+ArquivoPDF::ArquivoPDF(std::span<const SecaoPDF> secoes)
+    : resultado_(GravarPDF(secoes, arquivo_)) {}
+
+std::string ArquivoPDF::Dito(const std::string& programa, const char* resto) const {
+    return Executar(programa + " " + arquivo_.string() + " " + resto);
+}
+
+void ArquivoPDF::EsperarSemFaltas() const {
+    EXPECT_THAT(Dito("qpdf --check"),
+                testing::AllOf(testing::HasSubstr("No syntax or stream encoding errors found"),
+                               testing::Not(testing::HasSubstr("WARNING"))));
+    EXPECT_EQ(Dito("pdftoppm -r 10", ">/dev/null"), "");
 }
 
 std::string ArquivoPDF::Texto(int pagina) const {
-    const std::string n = std::to_string(pagina);
-    return Executar("pdftotext -layout -f " + n + " -l " + n + " " + Nome() + " -").texto;
+    return Dito("pdftotext -layout" + SoAPagina(pagina), "-");
 }
 
-std::vector<Palavra> ArquivoPDF::Palavras(int pagina) const {
-    const std::string n = std::to_string(pagina);
-    std::istringstream linhas(
-        Executar("pdftotext -bbox -f " + n + " -l " + n + " " + Nome() + " -").texto);
+std::vector<Palavra> ArquivoPDF::Palavras(int pagina, std::size_t quantas) const {
+    static const std::regex palavra(
+        "<word xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">(.*)</word>");
+    std::istringstream linhas(Dito("pdftotext -bbox" + SoAPagina(pagina), "-"));
     std::vector<Palavra> palavras;
+    std::smatch m;
     for (std::string linha; std::getline(linhas, linha);) {
-        const auto inicio = linha.find("\">");
-        if (linha.find("<word ") != std::string::npos && inicio != std::string::npos) {
-            palavras.push_back({linha.substr(inicio + 2, linha.find("</word>") - inicio - 2),
-                                Atributo(linha, "xMin"), Atributo(linha, "yMin"),
-                                Atributo(linha, "xMax"), Atributo(linha, "yMax")});
+        if (std::regex_search(linha, m, palavra)) {
+            palavras.push_back(
+                {m[5], std::stod(m[1]), std::stod(m[2]), std::stod(m[3]), std::stod(m[4])});
         }
+    }
+    if (palavras.empty() || (quantas != 0 && palavras.size() != quantas)) {
+        throw std::runtime_error(std::to_string(palavras.size()) + " words");
     }
     return palavras;
 }
 
 const nlohmann::json& ArquivoPDF::Objetos() const {
     if (objetos_.is_null()) {
-        objetos_ = nlohmann::json::parse(Executar("qpdf --json " + Nome()).texto)["qpdf"][1];
+        objetos_ = nlohmann::json::parse(Dito("qpdf --json"))["qpdf"][1];
     }
     return objetos_;
 }
 
-nlohmann::json ArquivoPDF::Catalogo() const {
-    const std::string raiz = Objetos()["trailer"]["value"]["/Root"];
-    return Objetos()["obj:" + raiz]["value"];
+const nlohmann::json& ArquivoPDF::Objeto(const std::string& referencia) const {
+    return Objetos().at("obj:" + referencia);
 }
 
-const std::string& ArquivoPDF::Pontos(int pagina) const {
-    auto& pontos = pontos_[pagina];
-    if (pontos.empty()) {
-        const std::string n = std::to_string(pagina);
-        pontos = Executar("pdftoppm -r 254 -f " + n + " -l " + n + " " + Nome()).texto;
+const std::string& ArquivoPDF::Pixels(int pagina) const {
+    auto& pixels = pixels_[pagina];
+    if (pixels.empty()) {
+        pixels = Dito("pdftoppm -r 254" + SoAPagina(pagina));
     }
-    return pontos;
+    return pixels;
 }
 
 CorRGB ArquivoPDF::Cor(int pagina, double x, double y) const {
-    const std::string& ppm = Pontos(pagina);
-    std::istringstream cabecalho(ppm.substr(0, 64));
-    std::string formato;
-    std::size_t largura = 0;
-    std::size_t altura = 0;
-    int maximo = 0;
-    cabecalho >> formato >> largura >> altura >> maximo;
-    const auto inicio = static_cast<std::size_t>(cabecalho.tellg()) + 1;
-    const auto coluna = static_cast<std::size_t>((Margem + x) * PontosDeImagemPorCm);
-    const auto linha = static_cast<std::size_t>((Margem + y) * PontosDeImagemPorCm);
+    const std::string& ppm = Pixels(pagina);
+    // "P6", the width and the height, the largest value of a byte.
+    const std::size_t largura = std::stoul(ppm.substr(3, 8));
+    const std::size_t inicio = ppm.find("\n255\n") + 5;
+    const auto coluna = static_cast<std::size_t>((Margem + x) * PixelsPorCm);
+    const auto linha = static_cast<std::size_t>((Margem + y) * PixelsPorCm);
     const auto byte = [&](std::size_t i) {
-        return static_cast<int>(
-            static_cast<unsigned char>(ppm.at(inicio + 3 * (linha * largura + coluna) + i)));
+        return int{static_cast<unsigned char>(ppm.at(inicio + 3 * (linha * largura + coluna) + i))};
     };
     return {byte(0), byte(1), byte(2)};
-}
-
-Ambiental::Ambiental(const char* nome, const char* valor) : nome_(nome) {
-    ::setenv(nome, valor, 1);
-}
-
-Ambiental::~Ambiental() {
-    ::unsetenv(nome_);
 }
 
 }  // namespace tarvo

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/CodigosDeErros.h"
 #include "document/DocumentoRelatorio.h"
 #include "platform/pdf/RenderizadorPDF.h"
 #include "tests/apoio/Apoio.h"
@@ -18,22 +19,23 @@ namespace tarvo {
 
 // The margins of every document of these tests, cm.
 constexpr double Margem = 2;
-constexpr double PontosPorCm = 72 / 2.54;
 
-// Runs a shell command; its standard output and its exit status.
-struct Saida {
-    std::string texto;
-    int estado = 0;
-};
-Saida Executar(const std::string& comando);
+// A place of the printable area (cm) in points from the paper's top left corner.
+constexpr double Pontos(double cm) {
+    return (Margem + cm) * 72 / 2.54;
+}
 
-// The bytes of a file.
+// Height of a line of Liberation Sans for each point of its size.
+constexpr double AlturaDaLinha = 1.117;
+
+// The output of a shell command, its errors too.
+std::string Executar(const std::string& comando);
+
+// The bytes of a file, and how many entries a folder has.
 std::string Conteudos(const std::filesystem::path& arquivo);
+std::ptrdiff_t Entradas(const std::filesystem::path& pasta);
 
-// A document of one or more pages, drawn by the caller.
-Conteudo Documento(const std::function<void(DocumentoRelatorio&)>& desenhar);
-
-// One line of text with the usual arguments.
+// How a text is set, and a text in its box.
 struct Escrita {
     int horizontal = 0;
     int vertical = 0;
@@ -42,8 +44,19 @@ struct Escrita {
     bool multilinha = false;
     std::int32_t cor = 0;
 };
-void Escrever(DocumentoRelatorio& doc, const Caixa& caixa, std::string_view texto,
-              const Escrita& escrita = {});
+struct Escrito {
+    Caixa caixa;
+    std::string texto;
+    Escrita como = {};
+};
+void Escrever(DocumentoRelatorio& doc, const Escrito& escrito);
+
+// Documents: of one page and of several (from 0) drawn by the caller, and of one page of texts.
+Conteudo Documento(const std::function<void(DocumentoRelatorio&)>& desenhar);
+Conteudo Paginas(int quantas, const std::function<void(DocumentoRelatorio&, int)>& desenhar);
+Conteudo Textos(std::initializer_list<Escrito> escritos);
+
+std::string Renderizar(const Conteudo& conteudo);
 
 // A word with its box, in points from the paper's top left corner.
 struct Palavra {
@@ -52,42 +65,46 @@ struct Palavra {
     double y0 = 0;
     double x1 = 0;
     double y1 = 0;
+    [[nodiscard]] double Largura() const { return x1 - x0; }
+    [[nodiscard]] double Altura() const { return y1 - y0; }
 };
 
 using CorRGB = std::array<int, 3>;
 
-// A rendered document as a file.
+// A rendered document as a file. Pages count from 1.
 class ArquivoPDF {
   public:
     explicit ArquivoPDF(const Conteudo& conteudo);
     explicit ArquivoPDF(std::span<const SecaoPDF> secoes);
 
     [[nodiscard]] const ResultadoPDF& Resultado() const { return resultado_; }
-    [[nodiscard]] std::string Nome() const { return arquivo_.string(); }
-    // pagina: from 1.
+    // What a program tells of the file: its name stands between the options and the rest.
+    [[nodiscard]] std::string Dito(const std::string& programa, const char* resto = "") const;
+    void EsperarSemFaltas() const;
     [[nodiscard]] std::string Texto(int pagina) const;
-    [[nodiscard]] std::vector<Palavra> Palavras(int pagina) const;
+    // Throws unless there are so many, or at least one where the number is not told.
+    [[nodiscard]] std::vector<Palavra> Palavras(int pagina, std::size_t quantas = 0) const;
     // The objects by their names ("obj:7 0 R"), as qpdf sees them, and the trailer.
     [[nodiscard]] const nlohmann::json& Objetos() const;
-    [[nodiscard]] nlohmann::json Catalogo() const;
+    [[nodiscard]] const nlohmann::json& Objeto(const std::string& referencia) const;
     // The colour at a place, cm from the printable area's corner.
     [[nodiscard]] CorRGB Cor(int pagina, double x, double y) const;
     // All pixels of a page, 254 an inch.
-    [[nodiscard]] const std::string& Pontos(int pagina) const;
+    [[nodiscard]] const std::string& Pixels(int pagina) const;
 
   private:
     apoio::PastaTemporaria pasta_;
-    std::filesystem::path arquivo_;
+    std::filesystem::path arquivo_ = pasta_ / "teste.pdf";
     ResultadoPDF resultado_;
     mutable nlohmann::json objetos_;
-    mutable std::map<int, std::string> pontos_;
+    mutable std::map<int, std::string> pixels_;
 };
 
 // Sets an environment variable until the end of its scope.
 class Ambiental {
   public:
-    Ambiental(const char* nome, const char* valor);
-    ~Ambiental();
+    Ambiental(const char* nome, const char* valor) : nome_(nome) { ::setenv(nome, valor, 1); }
+    ~Ambiental() { ::unsetenv(nome_); }
     Ambiental(const Ambiental&) = delete;
     Ambiental& operator=(const Ambiental&) = delete;
 

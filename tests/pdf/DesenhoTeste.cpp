@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "data/CodigosDeErros.h"
 #include "document/Imagens.h"
 #include "document/QuadroPagina.h"
 #include "tests/pdf/ApoioPDF.h"
@@ -12,6 +11,7 @@ namespace {
 constexpr CorRGB Branco{255, 255, 255};
 constexpr CorRGB Preto{0, 0, 0};
 constexpr CorRGB Vermelho{255, 0, 0};
+constexpr CorRGB Verde{0, 255, 0};
 
 // Four pixels in a row: red, green, blue, and one of the transparent colour.
 constexpr unsigned char QuatroCores[] = {
@@ -37,9 +37,9 @@ TEST(Desenho, ColoursBordersAndFillsAreThoseOfTheArguments) {
     EXPECT_EQ(arquivo.Cor(1, 1, 2), Vermelho);
     EXPECT_EQ(arquivo.Cor(1, 9, 2), Branco);
     // A radius larger than the box is that of a half circle at each end.
-    EXPECT_EQ(arquivo.Cor(1, 3, 6), (CorRGB{0, 255, 0}));
+    EXPECT_EQ(arquivo.Cor(1, 3, 6), Verde);
     EXPECT_EQ(arquivo.Cor(1, 1.05, 5.05), Branco);
-    EXPECT_EQ(arquivo.Cor(1, 2.1, 5.05), (CorRGB{0, 255, 0}));
+    EXPECT_EQ(arquivo.Cor(1, 2.1, 5.05), Verde);
     EXPECT_EQ(arquivo.Cor(1, -1.4, 10), Preto);
     EXPECT_EQ(arquivo.Cor(1, 18.4, 10), Preto);
 }
@@ -66,10 +66,10 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
 
 TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
     const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
-        Escrever(doc, {1, 1, 8, 1}, "████████", {.tamanho = 20, .cor = 255});
+        Escrever(doc, {{1, 1, 8, 1}, "████████", {.tamanho = 20, .cor = 255}});
         doc.DesenharRetangulo(1, 1, 3, 2, true, 0xFFFFFF, 0xFFFFFF, 1);
         doc.DesenharRetangulo(1, 5, 8, 1, true, 0, 0, 1);
-        Escrever(doc, {1, 5, 8, 1}, "████████", {.vertical = 1, .tamanho = 20, .cor = 255});
+        Escrever(doc, {{1, 5, 8, 1}, "████████", {.vertical = 1, .tamanho = 20, .cor = 255}});
         doc.DesenharFigura(10, 1, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
         doc.DesenharRetangulo(10, 1, 2, 2, true, 255, 255, 1);
     }));
@@ -81,7 +81,7 @@ TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
 }
 
 TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {
-    const auto pagina = [](DocumentoRelatorio& doc) {
+    const auto pagina = [](DocumentoRelatorio& doc, int) {
         ImprimirTopo(doc, {.titulo = "Título"}, 0, 0, nullptr);
         for (int linha = 0; linha < 31; ++linha) {
             const double y = 5.9 + linha * 0.6;
@@ -91,16 +91,10 @@ TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {
             CelulaRotulada(doc, CampoTotal, 13.7, y, 3.3, 0.6, "Total", "1,00");
         }
     };
-    const ArquivoPDF so(Documento(pagina));
-    const ArquivoPDF muitas(Documento([&](DocumentoRelatorio& doc) {
-        pagina(doc);
-        for (int i = 0; i < 3; ++i) {
-            doc.NovaPagina();
-            pagina(doc);
-        }
-    }));
+    const ArquivoPDF so(Paginas(1, pagina));
+    const ArquivoPDF muitas(Paginas(4, pagina));
     for (int i = 1; i <= 4; ++i) {
-        EXPECT_EQ(muitas.Pontos(i), so.Pontos(1)) << "page " << i;
+        EXPECT_EQ(muitas.Pixels(i), so.Pixels(1)) << "page " << i;
     }
 }
 
@@ -113,7 +107,7 @@ TEST(Desenho, APictureFillsItsBoxOrKeepsItsProportionsInIt) {
     }));
     // Four columns; the fourth is transparent and shows what lies below.
     EXPECT_EQ(arquivo.Cor(1, 0.5, 3.5), Vermelho);
-    EXPECT_EQ(arquivo.Cor(1, 1.5, 0.5), (CorRGB{0, 255, 0}));
+    EXPECT_EQ(arquivo.Cor(1, 1.5, 0.5), Verde);
     EXPECT_EQ(arquivo.Cor(1, 2.5, 0.5), (CorRGB{0, 0, 255}));
     EXPECT_EQ(arquivo.Cor(1, 3.5, 2), (CorRGB{0, 255, 255}));
     // Proportional: 4 cm wide and 1 cm high, in the middle.
@@ -123,14 +117,9 @@ TEST(Desenho, APictureFillsItsBoxOrKeepsItsProportionsInIt) {
 }
 
 TEST(Desenho, EachPictureIsEmbeddedOnceWithItsOwnNumberOfColours) {
-    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
-        for (int pagina = 0; pagina < 3; ++pagina) {
-            if (pagina > 0) {
-                doc.NovaPagina();
-            }
-            doc.DesenharFigura(0, 0, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
-            doc.DesenharFigura(3, 0, 2, 2, frmFiguras::imgBrasaoVDMonocromatico, true);
-        }
+    const ArquivoPDF arquivo(Paginas(3, [](DocumentoRelatorio& doc, int) {
+        doc.DesenharFigura(0, 0, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
+        doc.DesenharFigura(3, 0, 2, 2, frmFiguras::imgBrasaoVDMonocromatico, true);
     }));
     std::vector<int> bits;
     for (const auto& [nome, objeto] : arquivo.Objetos().items()) {
@@ -148,8 +137,7 @@ TEST(Desenho, APictureThatIsNoneIsAnErrorThatNamesIt) {
     for (const Imagem& imagem : {icone, GIF(bytes.first(30)), GIF({}), GIF(bytes.subspan(1))}) {
         const Conteudo conteudo = Documento(
             [&](DocumentoRelatorio& doc) { doc.DesenharFigura(0, 0, 1, 1, imagem, false); });
-        std::string saida;
-        const Erro erro = apoio::ErroDe([&] { RenderizarPDF(conteudo, saida); });
+        const Erro erro = apoio::ErroDe([&] { Renderizar(conteudo); });
         EXPECT_EQ(erro.Numero(), NumeroErro::ChamadaInvalida);
         EXPECT_THAT(erro.Descricao(), testing::HasSubstr(std::string(imagem.nome)));
     }
@@ -165,8 +153,7 @@ TEST(Desenho, UnderlinedTextCarriesALineInItsColour) {
         vermelhos += arquivo.Cor(1, 0.85, centesimo / 100.0) == Vermelho ? 1 : 0;
     }
     EXPECT_GE(vermelhos, 2);
-    EXPECT_THAT(Executar("pdffonts " + arquivo.Nome()).texto,
-                testing::HasSubstr("LiberationSans-Italic"));
+    EXPECT_THAT(arquivo.Dito("pdffonts"), testing::HasSubstr("LiberationSans-Italic"));
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <thread>
 
-#include "data/CodigosDeErros.h"
 #include "document/QuadroPagina.h"
 #include "tests/pdf/ApoioPDF.h"
 
@@ -11,58 +9,38 @@
 namespace tarvo {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 // Pages of framed rows with pictures, several fonts and a script beyond Latin.
 Conteudo Variado(int paginas) {
-    return Documento([paginas](DocumentoRelatorio& doc) {
-        for (int pagina = 0; pagina < paginas; ++pagina) {
-            if (pagina > 0) {
-                doc.NovaPagina();
-            }
-            ImprimirTopo(doc, {.titulo = "Título"}, 0, 0, nullptr);
-            for (int linha = 0; linha < 30; ++linha) {
-                const double y = 5 + linha * 0.6;
-                const std::string valor = std::to_string(pagina * 1000 + linha);
-                CelulaRotulada(doc, Campo, 0, y, 8, 0.6, "Razão", "São João " + valor);
-                CelulaRotulada(doc, CampoTotal, 8, y, 9, 0.6, "Total", valor);
-            }
-            Escrever(doc, {0, 24, 17, 0.5}, "Москва", {.fonte = "Times New Roman"});
-            ImprimirRodape(doc, 0, YRodape);
+    return Paginas(paginas, [](DocumentoRelatorio& doc, int pagina) {
+        ImprimirTopo(doc, {.titulo = "Título"}, 0, 0, nullptr);
+        for (int linha = 0; linha < 30; ++linha) {
+            const double y = 5 + linha * 0.6;
+            const std::string valor = std::to_string(pagina * 1000 + linha);
+            CelulaRotulada(doc, Campo, 0, y, 8, 0.6, "Razão", "São João " + valor);
+            CelulaRotulada(doc, CampoTotal, 8, y, 9, 0.6, "Total", valor);
         }
+        Escrever(doc, {{0, 24, 17, 0.5}, "Москва", {.fonte = "Times New Roman"}});
+        ImprimirRodape(doc, 0, YRodape);
     });
-}
-
-std::string Renderizar(const Conteudo& conteudo) {
-    std::string bytes;
-    RenderizarPDF(conteudo, bytes);
-    return bytes;
 }
 
 TEST(Estrutura, IndependentProgramsFindNothingWrong) {
     const ArquivoPDF arquivo(Variado(150));
+    arquivo.EsperarSemFaltas();
     EXPECT_EQ(arquivo.Resultado().paginas, 150U);
-    const Saida verificacao = Executar("qpdf --check " + arquivo.Nome() + " 2>&1");
-    EXPECT_EQ(verificacao.estado, 0);
-    EXPECT_THAT(verificacao.texto, HasSubstr("No syntax or stream encoding errors found"));
-    EXPECT_EQ(Executar("pdftoppm -r 10 " + arquivo.Nome() + " 2>&1 >/dev/null").texto, "");
-    EXPECT_THAT(Executar("pdfinfo " + arquivo.Nome()).texto, HasSubstr("Pages:           150"));
+    EXPECT_THAT(arquivo.Dito("pdfinfo"), HasSubstr("Pages:           150"));
     EXPECT_THAT(arquivo.Texto(65), HasSubstr("São João 64029"));
     EXPECT_THAT(arquivo.Texto(150), HasSubstr("Página 150 de 150"));
 }
 
 TEST(Estrutura, EveryFontIsAnEmbeddedSubsetThatGivesItsTextBack) {
-    const ArquivoPDF arquivo(Variado(1));
-    std::istringstream linhas(Executar("pdffonts " + arquivo.Nome()).texto);
-    std::string linha;
-    std::getline(linhas, linha);
-    std::getline(linhas, linha);
+    std::istringstream linhas(ArquivoPDF(Variado(1)).Dito("pdffonts", "| tail -n +3"));
     int fontes = 0;
-    while (std::getline(linhas, linha)) {
-        EXPECT_THAT(linha, HasSubstr("+Liberation"));
-        EXPECT_THAT(linha, HasSubstr(" yes yes yes "));
-        ++fontes;
+    for (std::string linha; std::getline(linhas, linha); ++fontes) {
+        EXPECT_THAT(linha, AllOf(HasSubstr("+Liberation"), HasSubstr(" yes yes yes ")));
     }
     EXPECT_EQ(fontes, 3);  // Sans, Sans Bold, Serif by glyph number
 }
@@ -72,47 +50,45 @@ TEST(Estrutura, TheFileSaysWhatItIs) {
     Conteudo conteudo = Variado(1);
     conteudo.titulo = "Relatório de <Apuração> & Cia";
     const ArquivoPDF arquivo(conteudo);
-    const auto catalogo = arquivo.Catalogo();
+    const auto trailer = arquivo.Objetos()["trailer"]["value"];
+    ASSERT_EQ(trailer["/ID"].size(), 2U);
+    EXPECT_EQ(trailer["/ID"][0].get<std::string>().size(), 2U + 32U);
+    const auto catalogo = arquivo.Objeto(trailer["/Root"])["value"];
     EXPECT_EQ(catalogo["/Lang"], "u:pt-BR");
     EXPECT_EQ(catalogo["/ViewerPreferences"]["/PrintScaling"], "/None");
     EXPECT_EQ(catalogo["/ViewerPreferences"]["/DisplayDocTitle"], true);
     EXPECT_FALSE(catalogo.contains("/Outlines"));
-    const auto trailer = arquivo.Objetos()["trailer"]["value"];
-    ASSERT_EQ(trailer["/ID"].size(), 2U);
-    EXPECT_EQ(trailer["/ID"][0].get<std::string>().size(), 2U + 32U);
-
-    const std::string intencao = catalogo["/OutputIntents"][0];
-    const auto saida = arquivo.Objetos()["obj:" + intencao]["value"];
-    EXPECT_EQ(saida["/S"], "/GTS_PDFA1");
-    const std::string perfil = saida["/DestOutputProfile"];
-    EXPECT_EQ(arquivo.Objetos()["obj:" + perfil]["stream"]["dict"]["/N"], 3);
-    const std::string numero = perfil.substr(0, perfil.find(' '));
-    const std::string icc =
-        Executar("qpdf --show-object=" + numero + " --filtered-stream-data " + arquivo.Nome())
-            .texto;
-    EXPECT_EQ(icc.substr(12, 12), "mntrRGB XYZ ");
-    EXPECT_EQ(icc.substr(36, 4), "acsp");
-    EXPECT_EQ(static_cast<std::size_t>(static_cast<unsigned char>(icc[2])) * 256 +
-                  static_cast<unsigned char>(icc[3]),
-              icc.size());
-
-    const std::string xmp = Executar("pdfinfo -meta " + arquivo.Nome()).texto;
-    EXPECT_THAT(xmp, HasSubstr("<pdfaid:part>2</pdfaid:part>"));
-    EXPECT_THAT(xmp, HasSubstr("<pdfaid:conformance>B</pdfaid:conformance>"));
-    EXPECT_THAT(xmp, HasSubstr("Relatório de &lt;Apuração&gt; &amp; Cia"));
-    EXPECT_THAT(xmp, HasSubstr("<xmp:CreateDate>2003-06-30T19:06:49+00:00<"));
-    EXPECT_THAT(xmp, HasSubstr("<xmp:ModifyDate>2003-06-30T19:06:49+00:00<"));
-    const std::string informacao = trailer["/Info"];
-    const auto info = arquivo.Objetos()["obj:" + informacao]["value"];
+    const auto info = arquivo.Objeto(trailer["/Info"])["value"];
     EXPECT_EQ(info["/Title"], "u:Relatório de <Apuração> & Cia");
     EXPECT_EQ(info["/CreationDate"], "u:D:20030630190649+00'00'");
     EXPECT_EQ(info["/ModDate"], info["/CreationDate"]);
+    EXPECT_THAT(arquivo.Dito("pdfinfo -meta"),
+                AllOf(HasSubstr("<pdfaid:part>2</pdfaid:part>"),
+                      HasSubstr("<pdfaid:conformance>B</pdfaid:conformance>"),
+                      HasSubstr("Relatório de &lt;Apuração&gt; &amp; Cia"),
+                      HasSubstr("<xmp:CreateDate>2003-06-30T19:06:49+00:00<"),
+                      HasSubstr("<xmp:ModifyDate>2003-06-30T19:06:49+00:00<")));
+}
+
+TEST(Estrutura, ColoursAreThoseOfTheEmbeddedProfile) {
+    const ArquivoPDF arquivo(Variado(1));
+    const auto catalogo = arquivo.Objeto(arquivo.Objetos()["trailer"]["value"]["/Root"])["value"];
+    const auto intencao = arquivo.Objeto(catalogo["/OutputIntents"][0])["value"];
+    EXPECT_EQ(intencao["/S"], "/GTS_PDFA1");
+    const std::string perfil = intencao["/DestOutputProfile"];
+    EXPECT_EQ(arquivo.Objeto(perfil)["stream"]["dict"]["/N"], 3);
+    const std::string numero = perfil.substr(0, perfil.find(' '));
+    const std::string icc =
+        arquivo.Dito("qpdf --show-object=" + numero + " --filtered-stream-data");
+    EXPECT_EQ(icc.substr(12, 12), "mntrRGB XYZ ");
+    EXPECT_EQ(icc.substr(36, 4), "acsp");
+    EXPECT_EQ(static_cast<unsigned char>(icc[2]) * 256U + static_cast<unsigned char>(icc[3]),
+              icc.size());
 }
 
 TEST(Estrutura, NothingStandsInTheFileThatAnArchiveForbids) {
     const ArquivoPDF arquivo(Variado(3));
-    const std::string cabeca = Executar("head -c 15 " + arquivo.Nome()).texto;
-    EXPECT_EQ(cabeca, "%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
+    EXPECT_THAT(Renderizar(Variado(3)), testing::StartsWith("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n"));
     for (const auto& [nome, objeto] : arquivo.Objetos().items()) {
         const std::string texto = objeto.dump();
         for (const char* proibido :
@@ -136,17 +112,16 @@ TEST(Estrutura, ComposedDocumentsGetAnOutlineOfTheirTitles) {
     const SecaoPDF secoes[] = {{&a, "Primeiro – Órgão"}, {&b, "Segundo"}};
     const ArquivoPDF arquivo(secoes);
     EXPECT_EQ(arquivo.Resultado().paginas, 4U);
-    const auto json = nlohmann::json::parse(
-        Executar("qpdf --json=2 --json-key=outlines " + arquivo.Nome()).texto);
-    const auto& itens = json["outlines"];
+    const auto itens =
+        nlohmann::json::parse(arquivo.Dito("qpdf --json=2 --json-key=outlines"))["outlines"];
     ASSERT_EQ(itens.size(), 2U);
     EXPECT_EQ(itens[0]["title"], "Primeiro – Órgão");
     EXPECT_EQ(itens[0]["destpageposfrom1"], 1);
     EXPECT_EQ(itens[1]["title"], "Segundo");
     EXPECT_EQ(itens[1]["destpageposfrom1"], 4);
-    const std::string info = Executar("pdfinfo -f 3 -l 4 " + arquivo.Nome()).texto;
-    EXPECT_THAT(info, HasSubstr("Page    3 size:  595.28 x 841.89"));
-    EXPECT_THAT(info, HasSubstr("Page    4 size:  841.89 x 595.28"));
+    EXPECT_THAT(arquivo.Dito("pdfinfo -f 3 -l 4"),
+                AllOf(HasSubstr("Page    3 size:  595.28 x 841.89"),
+                      HasSubstr("Page    4 size:  841.89 x 595.28")));
 }
 
 TEST(Estrutura, TheSameInputGivesTheSameBytesInAnyThread) {
