@@ -1,7 +1,11 @@
 #include "tests/apoio/Apoio.h"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 #include "data/Funcoes.h"
@@ -20,6 +24,22 @@ PastaTemporaria::PastaTemporaria() {
 PastaTemporaria::~PastaTemporaria() {
     std::error_code ignorado;
     std::filesystem::remove_all(caminho_, ignorado);
+}
+
+std::string BytesDe(const std::filesystem::path& arquivo) {
+    std::ifstream leitura(arquivo, std::ios::binary);
+    return {std::istreambuf_iterator<char>(leitura), {}};
+}
+
+std::string SaidaDe(const std::string& comando) {
+    FILE* const cano = popen(("{ " + comando + "; } 2>&1").c_str(), "r");
+    std::string saida;
+    std::array<char, 4096> bloco{};
+    while (const auto lidos = fread(bloco.data(), 1, bloco.size(), cano)) {
+        saida.append(bloco.data(), lidos);
+    }
+    EXPECT_EQ(pclose(cano), 0) << comando << "\n" << saida;
+    return saida;
 }
 
 BancoDeTeste::BancoDeTeste(std::string_view script) {

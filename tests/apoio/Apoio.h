@@ -30,6 +30,12 @@ class PastaTemporaria {
     std::filesystem::path caminho_;
 };
 
+// The bytes of a file; none when it does not exist.
+std::string BytesDe(const std::filesystem::path& arquivo);
+
+// What a shell command writes, errors too; the test fails unless it ends with zero.
+std::string SaidaDe(const std::string& comando);
+
 // A declaration database in a file of its own, filled by a script of SQLite's dialect (Currency
 // columns hold ten-thousandths).
 class BancoDeTeste {

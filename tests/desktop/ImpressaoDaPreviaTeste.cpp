@@ -45,7 +45,7 @@ TEST_F(ImpressaoDaPrevia, PrintsAtOnceOnTheUsersPrinter) {
     setenv("LPDEST", "Laser", 1);
     Imprimir(false);
     unsetenv("LPDEST");
-    EXPECT_THAT(apoio::Saida("pdfinfo '" + servico->Chegada("previa").string() + "'"),
+    EXPECT_THAT(apoio::SaidaDe("pdfinfo '" + servico->Chegada("previa").string() + "'"),
                 HasSubstr("Pages:           4"));
     EXPECT_TRUE(Abertas().empty());
 }

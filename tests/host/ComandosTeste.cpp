@@ -67,9 +67,9 @@ TEST(Comandos, CreatingNeverOverwritesAndLeavesNothingHalfMade) {
     const apoio::PastaTemporaria pasta;
     const std::string banco = pasta / "a.tarvo";
     ASSERT_THAT(Rodar({"criar", banco}), Termina(0));
-    const std::string antes = Conteudo(banco);
+    const std::string antes = apoio::BytesDe(banco);
     EXPECT_THAT(Rodar({"criar", banco, "--exemplo"}), Termina(1, StartsWith("erro 3204: ")));
-    EXPECT_EQ(Conteudo(banco), antes);
+    EXPECT_EQ(apoio::BytesDe(banco), antes);
     EXPECT_THAT(Rodar({"criar", pasta / "c.tarvo", "--exemplo"}, {.limiteDeArquivo = 100'000}),
                 Termina(1, StartsWith("erro ")));
     EXPECT_THAT(Arquivos(pasta.Caminho()), ElementsAre("a.tarvo"));
@@ -114,7 +114,7 @@ TEST(Comandos, TheReferenceMonthIsKeptPerUser) {
     EXPECT_EQ(Rodar({"ref-atual"}).saida, "não definido\n");
     EXPECT_THAT(Rodar({"ref-atual", "07/2003"}), Termina(0));
     EXPECT_EQ(Rodar({"ref-atual"}).saida, "07/2003\n");
-    EXPECT_THAT(Conteudo(pasta / "Tarvo.ini"), HasSubstr("[pRef]\nRefAtual=07/2003"));
+    EXPECT_THAT(apoio::BytesDe(pasta / "Tarvo.ini"), HasSubstr("[pRef]\nRefAtual=07/2003"));
     ::unsetenv("XDG_CONFIG_HOME");
 }
 

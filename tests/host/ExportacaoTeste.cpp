@@ -39,8 +39,8 @@ TEST_F(Exportacao, FilesBearCodeAndClassInEveryFormat) {
                 ElementsAre("01-RelatorioCadastro.pdf", "11A-RelatorioDetRecCredAcVE.pdf",
                             "17-RelatorioPagamentos-001.png", "17-RelatorioPagamentos-002.png",
                             "17-RelatorioPagamentos.json", "VELO-RelatorioVELO.pdf"));
-    EXPECT_THAT(Conteudo(Saida("01-RelatorioCadastro.pdf")), StartsWith("%PDF-1.7"));
-    EXPECT_THAT(Conteudo(Saida("17-RelatorioPagamentos.json")),
+    EXPECT_THAT(apoio::BytesDe(Saida("01-RelatorioCadastro.pdf")), StartsWith("%PDF-1.7"));
+    EXPECT_THAT(apoio::BytesDe(Saida("17-RelatorioPagamentos.json")),
                 AllOf(StartsWith("{ \"classe\": \"RelatorioPagamentos\""),
                       HasSubstr("Metalúrgica Serra Dourada"), EndsWith("]] }\n")));
     // A shorter document leaves no page of the longer one behind.
@@ -59,7 +59,7 @@ TEST_F(Exportacao, AllReportsAreWhatTheDialogOffers) {
 TEST_F(Exportacao, WhatDoesNotExistIsSaidAndGivesEmptyDocuments) {
     EXPECT_THAT(Exportar("01", "json", {.IE = "x' or '1'='1"}),
                 Termina(0, HasSubstr("contribuinte x' or '1'='1 não existe")));
-    EXPECT_THAT(Conteudo(Saida("01-RelatorioCadastro.json")), HasSubstr("[]] }"));
+    EXPECT_THAT(apoio::BytesDe(Saida("01-RelatorioCadastro.json")), HasSubstr("[]] }"));
     EXPECT_THAT(Exportar("17", "json", {.drq = "999"}),
                 Termina(0, HasSubstr("declaração 999 não existe")));
     fs::remove_all(Saida());
@@ -96,19 +96,19 @@ TEST_F(Exportacao, AFolderThatCannotBeWrittenIsToldAndNothingIsLeft) {
 TEST_F(Exportacao, AFullDiskLeavesTheOldFileWhole) {
     ASSERT_THAT(Exportar("06", "json"), Termina(0));
     const std::string arquivo = "06-RelatorioNotasSaiZFMALC.json";
-    const std::string antes = Conteudo(Saida(arquivo));
+    const std::string antes = apoio::BytesDe(Saida(arquivo));
     for (const char* formato : {"png", "json"}) {
         EXPECT_THAT(Exportar("06", formato, {.condicoes = {.limiteDeArquivo = 40'000}}),
                     Termina(1, HasSubstr("erro 61: relatório 06: ")));
     }
     EXPECT_THAT(Arquivos(Saida()), ElementsAre(arquivo));
-    EXPECT_EQ(Conteudo(Saida(arquivo)), antes);
+    EXPECT_EQ(apoio::BytesDe(Saida(arquivo)), antes);
 }
 
 TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
     fs::create_directory(Saida());
     fs::permissions(Saida(), fs::perms::all);
-    const std::string antes = Conteudo(Banco());
+    const std::string antes = apoio::BytesDe(Banco());
     // Reports that refill a work table, with the file protected and with its folder.
     for (const auto& protegido : {fs::path(Banco()), pasta.Caminho()}) {
         fs::permissions(protegido, fs::perms(0555));
@@ -117,7 +117,7 @@ TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
         fs::permissions(protegido, fs::perms::all);
     }
     EXPECT_THAT(Arquivos(Saida()), SizeIs(4));
-    EXPECT_EQ(Conteudo(Banco()), antes);
+    EXPECT_EQ(apoio::BytesDe(Banco()), antes);
 }
 
 TEST_F(Exportacao, ALockedDatabaseStopsOnlyWhatNeedsTheLock) {

@@ -26,8 +26,9 @@ class ComLote : public ComExemplo {
     void ConferirInteiros() {
         for (const auto& nome : Arquivos(Saida())) {
             if (nome != "resumo.csv") {
-                EXPECT_THAT(Conteudo(Saida(nome)), testing::AllOf(testing::StartsWith("%PDF"),
-                                                                  testing::EndsWith("%%EOF\n")))
+                EXPECT_THAT(
+                    apoio::BytesDe(Saida(nome)),
+                    testing::AllOf(testing::StartsWith("%PDF"), testing::EndsWith("%%EOF\n")))
                     << nome;
             }
         }
@@ -37,7 +38,7 @@ class ComLote : public ComExemplo {
     using Linha = std::vector<std::string>;
     std::map<std::pair<int, std::string>, Linha> Resumo() {
         std::map<std::pair<int, std::string>, Linha> linhas;
-        std::istringstream resumo(Conteudo(Saida("resumo.csv")));
+        std::istringstream resumo(apoio::BytesDe(Saida("resumo.csv")));
         std::string texto;
         std::getline(resumo, texto);
         while (std::getline(resumo, texto) && texto.ends_with('\r')) {

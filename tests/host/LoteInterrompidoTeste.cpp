@@ -114,7 +114,7 @@ TEST_F(LoteQueParou, ResumingBelievesOnlyWholeLinesOfWholeFiles) {
     Retomar(chamada, antes);
     EXPECT_THAT(Resumo(), SizeIs(6));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(8));
-    EXPECT_EQ(Conteudo(Saida("do usuário.tmp")), "fica");
+    EXPECT_EQ(apoio::BytesDe(Saida("do usuário.tmp")), "fica");
     fs::remove(Saida("do usuário.tmp"));
     ConferirInteiros();
     EXPECT_FALSE(fs::exists(Saida(espera)));
@@ -134,7 +134,7 @@ TEST_F(LoteQueParou, AFileThatIsNoSummaryIsNotTouched) {
     std::ofstream(Saida("resumo.csv")) << "do usuário\n";
     EXPECT_THAT(RodarLote(), Termina(1, StartsWith("erro 58: ")));
     EXPECT_THAT(RodarLote({"--retomar"}), Termina(1, StartsWith("erro 5: ")));
-    EXPECT_EQ(Conteudo(Saida("resumo.csv")), "do usuário\n");
+    EXPECT_EQ(apoio::BytesDe(Saida("resumo.csv")), "do usuário\n");
     EXPECT_THAT(Arquivos(Saida()), SizeIs(1));
 }
 
@@ -178,7 +178,7 @@ TEST_F(LoteQueParou, ALockedDatabaseEndsTheBatchAndItGoesOnLater) {
 
 TEST_F(LoteQueParou, ADamagedPageFailsOnlyTheReportsThatReadIt) {
     constexpr std::size_t Pagina = 4096;
-    std::string bytes = Conteudo(Banco());
+    std::string bytes = apoio::BytesDe(Banco());
     const std::size_t registro = bytes.find("01/0977310-002");  // of tblRegistroExportação
     ASSERT_NE(registro, std::string::npos);
     bytes.replace(registro / Pagina * Pagina, 100, std::string(100, '\xFF'));
@@ -187,7 +187,7 @@ TEST_F(LoteQueParou, ADamagedPageFailsOnlyTheReportsThatReadIt) {
                 Termina(1, HasSubstr("erro 3343: declaração 103, relatório 16: ")));
     EXPECT_EQ(Resumo().at({103, "16"})[8], "3343");
     EXPECT_EQ(Resumo().at({103, "17"})[8], "0");
-    EXPECT_EQ(Conteudo(Banco()), bytes);
+    EXPECT_EQ(apoio::BytesDe(Banco()), bytes);
 }
 
 }  // namespace

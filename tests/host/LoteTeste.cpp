@@ -14,7 +14,7 @@ using testing::SizeIs;
 class Lote : public ComLote {};
 
 TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
-    const std::string antes = Conteudo(Banco());
+    const std::string antes = apoio::BytesDe(Banco());
     const Execucao e = RodarLote({"--trabalhos", "3"});
     EXPECT_THAT(e, Termina(0));
     EXPECT_THAT(e.saida, AllOf(HasSubstr("250114377019-103  17 arquivos\n"),
@@ -24,30 +24,31 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(arquivos, Not(Contains("250114377019-103/15-RelatorioDetResSubstitut.pdf")));
     EXPECT_THAT(Resumo(), SizeIs(178));
     const std::string arquivo = "250114377019-101/10-RelatorioApuracaoOpProp.pdf";
-    EXPECT_THAT(Resumo().at({101, "10"}),
-                ElementsAre("250114377019", "101", "07/2003", "10", arquivo,
-                            std::to_string(Conteudo(Saida(arquivo)).size()), "2", "0", "0", ""));
+    EXPECT_THAT(
+        Resumo().at({101, "10"}),
+        ElementsAre("250114377019", "101", "07/2003", "10", arquivo,
+                    std::to_string(apoio::BytesDe(Saida(arquivo)).size()), "2", "0", "0", ""));
     ConferirInteiros();
-    EXPECT_EQ(Conteudo(Banco()), antes);
+    EXPECT_EQ(apoio::BytesDe(Banco()), antes);
     EXPECT_THAT(Arquivos(pasta.Caminho()), Not(Contains(HasSubstr("exemplo.tarvo-"))));
 }
 
 TEST_F(Lote, ReadsWhatAnotherProgramHasNotMovedIntoTheFileYetAndLeavesItThere) {
     auto aberto = std::make_unique<OutroPrograma>(
         Banco(), "UPDATE tblContribuinte SET RazãoSocial = 'Nova Ltda.' WHERE IE LIKE '2501%'");
-    const std::string antes = Conteudo(Banco());
-    const std::string wal = Conteudo(Banco() + "-wal");
+    const std::string antes = apoio::BytesDe(Banco());
+    const std::string wal = apoio::BytesDe(Banco() + "-wal");
     ASSERT_THAT(wal, HasSubstr("Nova Ltda."));
     EXPECT_THAT(RodarLote({"--relatorios", "01", "--formato", "json"}), Termina(0));
-    EXPECT_THAT(Conteudo(Saida("250114377019-101/01-RelatorioCadastro.json")),
+    EXPECT_THAT(apoio::BytesDe(Saida("250114377019-101/01-RelatorioCadastro.json")),
                 HasSubstr("Nova Ltda."));
-    EXPECT_EQ(Conteudo(Banco()), antes);
-    EXPECT_EQ(Conteudo(Banco() + "-wal"), wal);
+    EXPECT_EQ(apoio::BytesDe(Banco()), antes);
+    EXPECT_EQ(apoio::BytesDe(Banco() + "-wal"), wal);
     // Killed, that program no longer keeps the -wal.
     aberto.reset();
     EXPECT_THAT(RodarLote({"--relatorios", "01", "--retomar"}), Termina(0));
-    EXPECT_EQ(Conteudo(Banco()), antes);
-    EXPECT_EQ(Conteudo(Banco() + "-wal"), wal);
+    EXPECT_EQ(apoio::BytesDe(Banco()), antes);
+    EXPECT_EQ(apoio::BytesDe(Banco() + "-wal"), wal);
 }
 
 TEST_F(Lote, FiltersByTaxpayerAndMonths) {
@@ -83,7 +84,7 @@ TEST_F(Lote, OneFilePerDeclarationHasAnOutlineOfItsReports) {
     ConferirInteiros();
     EXPECT_EQ(Resumo().at({101, "todos"})[6], "46");
     EXPECT_THAT(
-        Executado("qpdf --json --json-key=outlines '" + Saida("250114377019-101.pdf") + "'"),
+        apoio::SaidaDe("qpdf --json --json-key=outlines '" + Saida("250114377019-101.pdf") + "'"),
         AllOf(HasSubstr("\"01 - "), HasSubstr("\"11A - "), HasSubstr("\"17 - ")));
 }
 
@@ -132,7 +133,7 @@ TEST_F(Lote, DeclarationsWithoutATaxpayerAreToldNotPrintedEmpty) {
                          HasSubstr("aviso: o contribuinte a/b;\".. da declaração 102 não"))));
     EXPECT_THAT(Arquivos(Saida()),
                 ElementsAre("a_b__..-102/01-RelatorioCadastro.pdf", "resumo.csv"));
-    EXPECT_THAT(Conteudo(Saida("resumo.csv")),
+    EXPECT_THAT(apoio::BytesDe(Saida("resumo.csv")),
                 HasSubstr("\r\n\"a/b;\"\"..\";102;08/2003;01;a_b__..-102/01-Rel"));
 }
 
@@ -166,7 +167,8 @@ TEST_F(Lote, ATerminalShowsOneLineWithAnEstimate) {
          Argumentos({"--relatorios", "17", "--ie", "250114377019", "--trabalhos", "1"})) {
         chamada += " " + argumento;
     }
-    const std::string escrito = Executado("script -qec '" + chamada + "' /dev/null </dev/null");
+    const std::string escrito =
+        apoio::SaidaDe("script -qec '" + chamada + "' /dev/null </dev/null");
     EXPECT_THAT(escrito, AllOf(HasSubstr("\r1/3 declarações, 33 %, faltam "),
                                HasSubstr("\r3/3 declarações, 100 %"),
                                HasSubstr("\033[K3 declarações: 3 arquivos gravados\r\n")));

@@ -65,21 +65,11 @@ Execucao Programa::Esperar() {
     int estado = 0;
     ::waitpid(processo_, &estado, 0);
     return {WIFEXITED(estado) ? WEXITSTATUS(estado) : 128 + WTERMSIG(estado),
-            Conteudo(pasta_ / "saida"), Conteudo(pasta_ / "erros")};
+            apoio::BytesDe(pasta_ / "saida"), apoio::BytesDe(pasta_ / "erros")};
 }
 
 Execucao Rodar(const std::vector<std::string>& argumentos, const Condicoes& condicoes) {
     return Programa(argumentos, condicoes).Esperar();
-}
-
-std::string Executado(const std::string& comando) {
-    FILE* const cano = ::popen(comando.c_str(), "r");
-    std::string saida;
-    for (int c = 0; (c = std::fgetc(cano)) != EOF;) {
-        saida += static_cast<char>(c);
-    }
-    EXPECT_EQ(::pclose(cano), 0) << comando << "\n" << saida;
-    return saida;
 }
 
 ComExemplo::ComExemplo() {
@@ -129,12 +119,6 @@ std::vector<std::string> Arquivos(const fs::path& pasta) {
     }
     std::sort(nomes.begin(), nomes.end());
     return nomes;
-}
-
-std::string Conteudo(const fs::path& arquivo) {
-    std::ostringstream texto;
-    texto << std::ifstream(arquivo, std::ios::binary).rdbuf();
-    return texto.str();
 }
 
 }  // namespace tarvo::host

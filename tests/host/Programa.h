@@ -45,9 +45,6 @@ inline auto Termina(int situacao, const testing::Matcher<std::string>& erros = t
                           testing::Field("erros", &Execucao::erros, erros));
 }
 
-// The output of a shell command; fails the test when the command fails.
-std::string Executado(const std::string& comando);
-
 // The example database in a folder of its own, readable and writable by everyone.
 class ComExemplo : public testing::Test {
   protected:
@@ -78,6 +75,5 @@ void CriarPastaProtegida(const fs::path& pasta);
 
 // Names of the files below a folder, relative to it and sorted.
 std::vector<std::string> Arquivos(const fs::path& pasta);
-std::string Conteudo(const fs::path& arquivo);
 
 }  // namespace tarvo::host

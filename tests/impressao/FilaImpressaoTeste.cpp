@@ -14,7 +14,7 @@ namespace tarvo {
 namespace {
 
 using apoio::ErroDe;
-using apoio::Saida;
+using apoio::SaidaDe;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -39,7 +39,7 @@ std::string Pdf(int paginas, std::int32_t orientacao) {
 // Where the word FOLHA1 stands on its sheet, points.
 Caixa Folha1(const std::filesystem::path& pdf) {
     std::istringstream lados(
-        Saida("pdftotext -bbox '" + pdf.string() + "' - | grep '>FOLHA1<' | tr -c '0-9.' ' '"));
+        SaidaDe("pdftotext -bbox '" + pdf.string() + "' - | grep '>FOLHA1<' | tr -c '0-9.' ' '"));
     double x = 0;
     double y = 0;
     double direita = 0;
@@ -70,7 +70,7 @@ TEST_F(FilaImpressao, SheetsAreA4WithTheirOrientationAndUnscaled) {
     const auto paisagem = servico->Chegada("paisagem");
     for (const auto& [arquivo, paginas] : {std::pair{retrato, "3"}, {paisagem, "2"}}) {
         EXPECT_THAT(
-            Saida("pdfinfo '" + arquivo.string() + "'"),
+            SaidaDe("pdfinfo '" + arquivo.string() + "'"),
             AllOf(HasSubstr("Pages:           " + std::string(paginas)), HasSubstr("(A4)")));
     }
     // The word stands where the page has it, 2 cm from the left; a landscape page lies along the
@@ -87,7 +87,7 @@ TEST_F(FilaImpressao, PrintsTheChosenPages) {
                     .impressora = "Laser",
                     .primeiraPagina = 2,
                     .ultimaPagina = 3});
-    const auto texto = Saida("pdftotext '" + servico->Chegada("intervalo").string() + "' -");
+    const auto texto = SaidaDe("pdftotext '" + servico->Chegada("intervalo").string() + "' -");
     EXPECT_THAT(texto, AllOf(HasSubstr("FOLHA2"), HasSubstr("FOLHA3"), Not(HasSubstr("FOLHA1")),
                              Not(HasSubstr("FOLHA4"))));
 }

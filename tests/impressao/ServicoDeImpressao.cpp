@@ -5,32 +5,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <thread>
 
 namespace tarvo::apoio {
 
-std::string Saida(const std::string& comando) {
-    FILE* tubo = popen(comando.c_str(), "r");
-    std::string saida;
-    std::array<char, 4096> bloco{};
-    while (const auto lidos = fread(bloco.data(), 1, bloco.size(), tubo)) {
-        saida.append(bloco.data(), lidos);
-    }
-    EXPECT_EQ(pclose(tubo), 0) << comando << "\n" << saida;
-    return saida;
-}
-
 namespace {
-
-std::string BytesDe(const std::filesystem::path& arquivo) {
-    std::ifstream leitura(arquivo, std::ios::binary);
-    return {std::istreambuf_iterator<char>(leitura), {}};
-}
 
 // False when it has not come true within 30 s.
 template <class Condicao>
@@ -80,7 +61,7 @@ std::filesystem::path ServicoDeImpressao::Chegada(const std::string& nomeDoTraba
 }
 
 std::ptrdiff_t ServicoDeImpressao::Trabalhos() const {
-    const auto lista = Saida("lpstat -W all -o");
+    const auto lista = SaidaDe("lpstat -W all -o");
     return std::count(lista.begin(), lista.end(), '\n');
 }
 

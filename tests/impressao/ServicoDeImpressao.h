@@ -8,9 +8,6 @@
 
 namespace tarvo::apoio {
 
-// Output of a shell command; fails the test when the command fails.
-std::string Saida(const std::string& comando);
-
 // A CUPS scheduler and a printer of the test's own, the print service of this process while the
 // object lives. Queues: Laser (prepares the pages), Direta (bytes as sent), Parada (stopped),
 // Recusa (accepts no jobs); no default printer.

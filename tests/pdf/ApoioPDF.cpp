@@ -19,23 +19,6 @@ std::string SoAPagina(int pagina) {
 
 }  // namespace
 
-std::string Executar(const std::string& comando) {
-    FILE* const cano = ::popen(("{ " + comando + "; } 2>&1").c_str(), "r");
-    std::string saida;
-    std::array<char, 4096> bloco{};
-    for (std::size_t n = 0; (n = std::fread(bloco.data(), 1, bloco.size(), cano)) > 0;) {
-        saida.append(bloco.data(), n);
-    }
-    ::pclose(cano);
-    return saida;
-}
-
-std::string Conteudos(const std::filesystem::path& arquivo) {
-    std::ostringstream texto;
-    texto << std::ifstream(arquivo, std::ios::binary).rdbuf();
-    return texto.str();
-}
-
 std::ptrdiff_t Entradas(const std::filesystem::path& pasta) {
     using Percurso = std::filesystem::directory_iterator;
     return std::distance(Percurso(pasta), Percurso());
@@ -87,7 +70,7 @@ ArquivoPDF::ArquivoPDF(std::span<const SecaoPDF> secoes)
     : resultado_(GravarPDF(secoes, arquivo_)) {}
 
 std::string ArquivoPDF::Dito(const std::string& programa, const char* resto) const {
-    return Executar(programa + " " + arquivo_.string() + " " + resto);
+    return apoio::SaidaDe(programa + " " + arquivo_.string() + " " + resto);
 }
 
 void ArquivoPDF::EsperarSemFaltas() const {

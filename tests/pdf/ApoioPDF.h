@@ -28,11 +28,7 @@ constexpr double Pontos(double cm) {
 // Height of a line of Liberation Sans for each point of its size.
 constexpr double AlturaDaLinha = 1.117;
 
-// The output of a shell command, its errors too.
-std::string Executar(const std::string& comando);
-
-// The bytes of a file, and how many entries a folder has.
-std::string Conteudos(const std::filesystem::path& arquivo);
+// How many entries a folder has.
 std::ptrdiff_t Entradas(const std::filesystem::path& pasta);
 
 // How a text is set, and a text in its box.

@@ -18,7 +18,7 @@ class Gravacao : public testing::Test {
     Gravacao() { std::ofstream(arquivo) << "antigo"; }
     void EsperarErroETudoComoAntes(NumeroErro numero) {
         EXPECT_EQ(apoio::ErroDe([&] { GravarPDF(documento, arquivo); }).Numero(), numero);
-        EXPECT_EQ(Conteudos(arquivo), "antigo");
+        EXPECT_EQ(apoio::BytesDe(arquivo), "antigo");
         EXPECT_EQ(Entradas(pasta.Caminho()), 1);
     }
 
@@ -29,7 +29,7 @@ class Gravacao : public testing::Test {
 
 TEST_F(Gravacao, TheNewFileTakesTheOldOnesPlace) {
     GravarPDF(documento, arquivo);
-    EXPECT_EQ(Conteudos(arquivo).substr(0, 5), "%PDF-");
+    EXPECT_EQ(apoio::BytesDe(arquivo).substr(0, 5), "%PDF-");
     EXPECT_EQ(Entradas(pasta.Caminho()), 1);
 }
 

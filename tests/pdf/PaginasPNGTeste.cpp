@@ -26,9 +26,9 @@ TEST(PaginasPNG, EveryPageIsAPictureInTheWantedResolution) {
     EXPECT_EQ(arquivos[10], pasta / "10-Relatorio-011.png");
     EXPECT_EQ(Entradas(pasta.Caminho()), 11);
     // 3937 pixels a metre; the colours within the square and beside it.
-    const std::string lida = Executar("convert " + arquivos[10].string() +
-                                      " -format '%w x %h, %[png:pHYs]: %[pixel:p{98,98}] "
-                                      "%[pixel:p{137,137}]' info:");
+    const std::string lida = apoio::SaidaDe("convert " + arquivos[10].string() +
+                                            " -format '%w x %h, %[png:pHYs]: %[pixel:p{98,98}] "
+                                            "%[pixel:p{137,137}]' info:");
     EXPECT_THAT(lida, testing::HasSubstr("827 x 1169, x_res=3937, y_res=3937, units=1: "
                                          "srgb(0,128,128) srgb(255,255,255)"));
 }
