@@ -18,12 +18,14 @@ int main(int argc, char** argv) {
             argv[1], {.modo = tarvo::ModoAbertura::SomenteLeitura,
                       .tabelasDeTrabalho = tarvo::TabelasDeTrabalho::Privadas});
         tarvo::RelatorioApuracaoOpProp relatorio;
-        relatorio.Construir(*banco, argv[2], std::atoi(argv[3]));
+        relatorio.Construir(*banco, argv[2], std::stoi(argv[3]));
         const auto resultado = tarvo::GravarPDF(relatorio.Documento(), argv[4]);
         std::cout << relatorio.Documento().titulo << ": " << resultado.paginas << " página(s)\n";
         return 0;
     } catch (const tarvo::Erro& erro) {
         std::cerr << "erro " << static_cast<int>(erro.Numero()) << ": " << erro.Descricao() << "\n";
-        return 1;
+    } catch (const std::exception&) {
+        std::cerr << argv[3] << " não é o número de uma declaração\n";
     }
+    return 1;
 }

@@ -74,7 +74,8 @@ TEST(DocumentoRelatorio, PageSetupIsRefusedWithItsOwnErrors) {
     DocumentoRelatorio doc;
     const auto recusa = [&](NumeroErro numero, std::string_view texto,
                             const std::function<void()>& acao) {
-        const Conteudo antes = doc.Registrado();
+        Conteudo antes;
+        antes = doc.Registrado();
         const Erro erro = ErroDe(acao);
         EXPECT_EQ(erro.Numero(), numero) << texto;
         EXPECT_EQ(erro.Descricao(), texto);

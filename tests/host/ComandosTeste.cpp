@@ -1,4 +1,4 @@
-#include <ranges>
+#include <algorithm>
 
 #include "tests/host/Programa.h"
 
@@ -37,8 +37,10 @@ TEST(Comandos, WrongUsageIsToldInPortugueseWithStatus2) {
         {"criarr b", "criarr"}};
     for (const auto& [linha, motivo] : casos) {
         std::vector<std::string> argumentos;
-        for (const auto parte : std::views::split(linha, ' ')) {
-            argumentos.emplace_back(parte.begin(), parte.end());
+        for (std::size_t inicio = 0; inicio <= linha.size();) {
+            const auto fim = std::min(linha.find(' ', inicio), linha.size());
+            argumentos.emplace_back(linha.substr(inicio, fim - inicio));
+            inicio = fim + 1;
         }
         const Execucao e = Rodar(argumentos);
         EXPECT_THAT(e, Termina(2, AllOf(StartsWith("uso incorreto: "), HasSubstr(motivo))));

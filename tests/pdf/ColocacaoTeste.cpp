@@ -17,10 +17,12 @@ TEST(Colocacao, BothAlignmentCodesPlaceALineInItsExactBox) {
         const auto p = arquivo.Palavras(codigo + 1, 1)[0];
         EXPECT_EQ(p.texto, "Ágil");
         // Half of what the box leaves free stands before the text for each step of the code.
+        const int horizontal = codigo % 3;
+        const int vertical = codigo / 3;
         const double livreX = Pontos(C.x + C.largura) - Pontos(C.x) - p.Largura();
         const double livreY = Pontos(C.y + C.altura) - Pontos(C.y) - p.Altura();
-        EXPECT_NEAR(p.x0, Pontos(C.x) + livreX * (codigo % 3) / 2, Folga);
-        EXPECT_NEAR(p.y0, Pontos(C.y) + livreY * (codigo / 3) / 2, Folga);
+        EXPECT_NEAR(p.x0, Pontos(C.x) + livreX * horizontal / 2, Folga);
+        EXPECT_NEAR(p.y0, Pontos(C.y) + livreY * vertical / 2, Folga);
         // Line height and width from the font's own metrics, at 8 points.
         EXPECT_NEAR(p.Altura(), 8 * (0.905 + 0.212), Folga);
         EXPECT_NEAR(p.Largura(), 8 * (0.667 + 0.556 + 0.222 + 0.222), Folga);

@@ -11,8 +11,9 @@ Lista PaginaDe(int quantos, int primeiro) {
                    Celula({0, 5.9, 17, 0.6}, TituloDeColuna, "Registro de Exportação");
     for (int i = 0; i < quantos; ++i) {
         const std::string re = "RE" + std::to_string(1000 + primeiro + i);
-        pagina =
-            pagina + Celula({3.4 * (i / 30), 6.5 + 0.6 * (i % 30), 3.4, 0.6}, {"T CM Arial 8"}, re);
+        const int coluna = i / 30;
+        const int linha = i % 30;
+        pagina = pagina + Celula({3.4 * coluna, 6.5 + 0.6 * linha, 3.4, 0.6}, {"T CM Arial 8"}, re);
     }
     return pagina + RodapeEsperado();
 }

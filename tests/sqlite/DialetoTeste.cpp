@@ -153,7 +153,7 @@ TEST_F(Dialeto, OsErrosTemNumeroENomeiamOQueFalta) {
         {"DELETE * FROM tblDRQ", 3219, "exclui"},
     };
     for (const auto& [consulta, numero, trecho] : casos) {
-        const Erro erro = apoio::ErroDe([&] { Ler(consulta, ""); });
+        const Erro erro = apoio::ErroDe([&, texto = consulta] { Ler(texto, ""); });
         EXPECT_EQ(static_cast<int>(erro.Numero()), numero) << consulta;
         EXPECT_NE(erro.Descricao().find(trecho), std::string::npos) << consulta << "\n"
                                                                     << erro.Descricao();
