@@ -10,8 +10,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 namespace tarvo::host {
 

@@ -1,8 +1,5 @@
 #include "tests/pdf/ApoioPDF.h"
 
-#include <cstdio>
-#include <fstream>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -85,15 +82,18 @@ std::string ArquivoPDF::Texto(int pagina) const {
 }
 
 std::vector<Palavra> ArquivoPDF::Palavras(int pagina, std::size_t quantas) const {
-    static const std::regex palavra(
-        "<word xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">(.*)</word>");
     std::istringstream linhas(Dito("pdftotext -bbox" + SoAPagina(pagina), "-"));
     std::vector<Palavra> palavras;
-    std::smatch m;
     for (std::string linha; std::getline(linhas, linha);) {
-        if (std::regex_search(linha, m, palavra)) {
-            palavras.push_back(
-                {m[5], std::stod(m[1]), std::stod(m[2]), std::stod(m[3]), std::stod(m[4])});
+        // <word xMin="1" yMin="2" xMax="3" yMax="4">text</word>
+        const auto depoisDe = [&](const std::string& marca) {
+            return linha.substr(linha.find(marca) + marca.size());
+        };
+        if (linha.find("<word ") != std::string::npos) {
+            const std::string texto = depoisDe("\">");
+            palavras.push_back({texto.substr(0, texto.find("</word>")),
+                                std::stod(depoisDe("xMin=\"")), std::stod(depoisDe("yMin=\"")),
+                                std::stod(depoisDe("xMax=\"")), std::stod(depoisDe("yMax=\""))});
         }
     }
     if (palavras.empty() || (quantas != 0 && palavras.size() != quantas)) {
