@@ -3,6 +3,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTimer>
+#include <set>
 
 #include "tests/desktop/Previas.h"
 
@@ -26,14 +27,16 @@ TEST_F(Andamento, AShortBuildShowsNothing) {
 }
 
 TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
-    bool apertado = false;
+    std::set<QString> lidos;
     QTimer usuario;
     QObject::connect(&usuario, &QTimer::timeout, [&] {
         for (auto* aviso : Avisos()) {
             EXPECT_TRUE(aviso->labelText().contains(QStringLiteral("páginas")));
             EXPECT_TRUE(aviso->isModal());
-            apertado = true;
-            QTest::mouseClick(aviso->findChild<QPushButton*>(), Qt::LeftButton);
+            lidos.insert(aviso->labelText());
+            if (lidos.size() == 3) {
+                QTest::mouseClick(aviso->findChild<QPushButton*>(), Qt::LeftButton);
+            }
         }
     });
     usuario.start(1);
@@ -44,7 +47,7 @@ TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
         }
     });
     EXPECT_EQ(erro.Numero(), NumeroErro::Cancelado);
-    EXPECT_TRUE(apertado);
+    EXPECT_EQ(lidos.size(), 3U) << "it goes on until the user wants no more";
     EXPECT_TRUE(Avisos().empty());
 }
 
