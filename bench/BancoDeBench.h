@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/sqlite/BancoSQLite.h"
+#include "databases/sqlite/BancoSQLite.h"
 
 namespace tarvo {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "data/Funcoes.h"
-#include "platform/sqlite/BancoSQLite.h"
+#include "databases/sqlite/BancoSQLite.h"
 
 // The database: walking many rows, finding one declaration among many, refilling a work table.
 namespace tarvo {

@@ -14,7 +14,7 @@
 
 #include "bench/LacoQPainter.h"
 #include "bench/PaginasDeExemplo.h"
-#include "platform/pdf/RenderizadorPDF.h"
+#include "output/pdf/RenderizadorPDF.h"
 
 namespace tarvo::bench {
 namespace {

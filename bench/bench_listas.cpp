@@ -5,7 +5,7 @@
 #include <malloc.h>
 
 #include "bench/BancoDeBench.h"
-#include "platform/pdf/RenderizadorPDF.h"
+#include "output/pdf/RenderizadorPDF.h"
 #include "reports/RelatorioNotasSaiZFMALC.h"
 #include "reports/RelatorioRegExportacao.h"
 

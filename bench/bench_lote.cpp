@@ -20,8 +20,8 @@
 #include <thread>
 #include <vector>
 
-#include "host/exemplo/Exemplo.h"
-#include "platform/sqlite/BancoSQLite.h"
+#include "databases/sqlite/BancoSQLite.h"
+#include "host/example/Exemplo.h"
 
 namespace tarvo::bench {
 namespace {

@@ -65,11 +65,11 @@ if(TARVO_DESKTOP)
     # Names the program with its path, which is known when it is installed.
     install(CODE "
         set(CMAKE_INSTALL_LIBEXECDIR ${CMAKE_INSTALL_LIBEXECDIR})
-        configure_file(${PROJECT_SOURCE_DIR}/host/relatorios-tarvo.desktop.in
+        configure_file(${PROJECT_SOURCE_DIR}/host/windows/relatorios-tarvo.desktop.in
             ${PROJECT_BINARY_DIR}/relatorios-tarvo.desktop @ONLY)" COMPONENT desktop)
     install(FILES ${PROJECT_BINARY_DIR}/relatorios-tarvo.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desktop)
-    install(FILES document/imagens/relatorios-tarvo.svg
+    install(FILES document/images/relatorios-tarvo.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desktop)
 endif()
 install(FILES docs/hospedeiros.md

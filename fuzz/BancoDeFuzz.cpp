@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <iterator>
 
+#include "databases/sqlite/Tabelas.h"
 #include "embutido/linhas.h"
-#include "platform/sqlite/Tabelas.h"
 
 namespace tarvo::fuzz {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "platform/sqlite/BancoSQLite.h"
+#include "databases/sqlite/BancoSQLite.h"
 
 // A declaration database in memory with a few rows in every table; made once, because that takes
 // longer than most of what is tried on it.

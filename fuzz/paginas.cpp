@@ -9,8 +9,8 @@
 #include "data/CodigosDeErros.h"
 #include "document/DocumentoRelatorio.h"
 #include "document/Imagens.h"
-#include "platform/json/DocumentoJSON.h"
-#include "platform/pdf/RenderizadorPDF.h"
+#include "output/json/DocumentoJSON.h"
+#include "output/pdf/RenderizadorPDF.h"
 
 // Any drawing on a document: its PDF is made, and made again byte for byte the same; its JSON form
 // is made too.

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "data/CodigosDeErros.h"
+#include "databases/sqlite/Alfabeto.h"
 #include "dispatch/Catalogo.h"
 #include "fuzz/BancoDeFuzz.h"
-#include "platform/sqlite/Alfabeto.h"
 
 // Field values of every kind on the way to recorded pages. The input's first byte chooses three
 // reports and the rest of its line is the per-user setting; each other line is a column (one byte),

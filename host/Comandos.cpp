@@ -3,18 +3,18 @@
 #include <map>
 #include <ostream>
 
+#include "databases/sqlite/BancoSQLite.h"
 #include "document/QuadroPagina.h"
-#include "host/Argumentos.h"
-#include "host/Declaracoes.h"
-#include "host/Impressao.h"
-#include "host/Lote.h"
-#include "host/Mensagens.h"
-#include "host/Preparo.h"
-#include "host/ProgramaDeJanelas.h"
-#include "host/exemplo/Exemplo.h"
-#include "platform/configuracoes/ConfiguracoesIni.h"
-#include "platform/sqlite/BancoSQLite.h"
+#include "host/batch/Lote.h"
+#include "host/commands/Argumentos.h"
+#include "host/commands/Declaracoes.h"
+#include "host/commands/Impressao.h"
+#include "host/commands/Mensagens.h"
+#include "host/commands/Preparo.h"
+#include "host/commands/ProgramaDeJanelas.h"
+#include "host/example/Exemplo.h"
 #include "reports/ReferenciaAtual.h"
+#include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo::host {
 

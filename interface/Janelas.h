@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/AreaDeTrabalho.h"
+#include "desktop/AreaDeTrabalho.h"
 
 // The desktop library, loaded when it is first needed.
 namespace tarvo::c {

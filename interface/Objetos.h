@@ -7,11 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#include "databases/sqlite/BancoSQLite.h"
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
-#include "platform/configuracoes/ConfiguracoesDaChamada.h"
-#include "platform/pdf/RenderizadorPDF.h"
-#include "platform/sqlite/BancoSQLite.h"
+#include "output/pdf/RenderizadorPDF.h"
+#include "system/settings/ConfiguracoesDaChamada.h"
 
 // The three kinds of things that a program holds in the C interface.
 namespace tarvo::c {

@@ -7,12 +7,12 @@
 #include "interface/Janelas.h"
 #include "interface/Objetos.h"
 #include "interface/Utf8.h"
-#include "platform/arquivo/Arquivos.h"
-#include "platform/json/DocumentoJSON.h"
+#include "output/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioCadastro.h"
 #include "reports/RelatorioPagamentos.h"
 #include "slip/RelatorioVELO.h"
+#include "system/files/Arquivos.h"
 
 using namespace tarvo;
 using namespace tarvo::c;

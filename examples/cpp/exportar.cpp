@@ -3,8 +3,8 @@
 #include <iostream>
 
 #include <data/CodigosDeErros.h>
-#include <platform/pdf/RenderizadorPDF.h>
-#include <platform/sqlite/BancoSQLite.h>
+#include <databases/sqlite/BancoSQLite.h>
+#include <output/pdf/RenderizadorPDF.h>
 #include <reports/RelatorioApuracaoOpProp.h>
 
 int main(int argc, char** argv) {

@@ -1,6 +1,6 @@
 #include "data/Consultas.h"
 #include "data/Funcoes.h"
-#include "tests/apoio/Apoio.h"
+#include "tests/support/Apoio.h"
 
 namespace tarvo {
 namespace {

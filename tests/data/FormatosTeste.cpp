@@ -3,7 +3,7 @@
 #include <functional>
 #include <limits>
 
-#include "tests/apoio/Apoio.h"
+#include "tests/support/Apoio.h"
 
 namespace tarvo {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/desktop/AndamentoQt.h"
+#include "desktop/AndamentoQt.h"
 
 #include <QProgressDialog>
 #include <QPushButton>

@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "tests/desktop/Previas.h"
-#include "tests/impressao/ServicoDeImpressao.h"
+#include "tests/desktop/printing/ServicoDeImpressao.h"
 
 namespace tarvo {
 namespace {

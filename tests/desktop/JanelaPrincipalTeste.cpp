@@ -1,4 +1,4 @@
-#include "host/desktop/JanelaPrincipal.h"
+#include "host/windows/JanelaPrincipal.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -9,7 +9,7 @@
 #include <QTableView>
 #include <QTimer>
 
-#include "host/desktop/AmbienteComJanelas.h"
+#include "host/windows/AmbienteComJanelas.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo::host {

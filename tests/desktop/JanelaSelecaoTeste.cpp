@@ -1,4 +1,4 @@
-#include "platform/desktop/JanelaSelecaoQt.h"
+#include "desktop/dialog/JanelaSelecaoQt.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "platform/desktop/BuscaTexto.h"
-#include "platform/desktop/CelulasDeTexto.h"
-#include "platform/desktop/DisposicaoPaginas.h"
+#include "desktop/preview/BuscaTexto.h"
+#include "desktop/preview/CelulasDeTexto.h"
+#include "desktop/preview/DisposicaoPaginas.h"
 
 namespace tarvo {
 namespace {

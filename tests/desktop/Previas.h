@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "desktop/preview/VisualizadorQt.h"
 #include "document/DocumentoRelatorio.h"
-#include "platform/configuracoes/ConfiguracoesIni.h"
-#include "platform/desktop/VisualizadorQt.h"
-#include "tests/apoio/Apoio.h"
+#include "system/settings/ConfiguracoesIni.h"
+#include "tests/support/Apoio.h"
 
 // What the tests of the preview share.
 namespace tarvo::apoio {

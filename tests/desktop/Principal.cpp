@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QThreadPool>
 
-#include "platform/desktop/ApoioQt.h"
+#include "desktop/ApoioQt.h"
 
 // Real windows without a screen.
 int main(int argc, char** argv) {

@@ -15,7 +15,7 @@
 #include <iterator>
 
 #include "document/QuadroPagina.h"
-#include "platform/pdf/RenderizadorPDF.h"
+#include "output/pdf/RenderizadorPDF.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo {

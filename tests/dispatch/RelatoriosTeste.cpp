@@ -6,7 +6,7 @@
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/frmImpressaoRelatorios.h"
-#include "tests/apoio/Apoio.h"
+#include "tests/support/Apoio.h"
 
 namespace tarvo {
 namespace {

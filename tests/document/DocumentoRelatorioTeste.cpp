@@ -6,8 +6,8 @@
 
 #include "data/CodigosDeErros.h"
 #include "document/Imagens.h"
-#include "platform/json/DocumentoJSON.h"
-#include "tests/apoio/Apoio.h"
+#include "output/json/DocumentoJSON.h"
+#include "tests/support/Apoio.h"
 
 namespace tarvo {
 namespace {

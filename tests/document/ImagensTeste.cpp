@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/pdf/LeitorGIF.h"
+#include "output/pdf/page/LeitorGIF.h"
 
 // The expected figures are those that the pages were designed for: a picture of another size or
 // format would be scaled out of shape, or refused by a decoder, only when a page is printed.

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/apoio/Apoio.h"
+#include "tests/support/Apoio.h"
 
 // The real command, run as a user or a script runs it.
 namespace tarvo::host {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop/AreaDeTrabalho.h"
+#include "desktop/AreaDeTrabalho.h"
 
 namespace tarvo::teste {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-#include "host/exemplo/Exemplo.h"
-#include "platform/sqlite/BancoSQLite.h"
+#include "databases/sqlite/BancoSQLite.h"
+#include "host/example/Exemplo.h"
 
 // The example database in a folder of its own, and shorthands for calls that must succeed.
 namespace tarvo::teste {

@@ -5,7 +5,7 @@
 #include <future>
 #include <sstream>
 
-#include "platform/json/DocumentoJSON.h"
+#include "output/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "tests/interface/Exemplo.h"
 

@@ -4,8 +4,8 @@
 #include <thread>
 
 #include "interface/ClassesPublicas.h"
-#include "tests/apoio/Apoio.h"
 #include "tests/interface/Exemplo.h"
+#include "tests/support/Apoio.h"
 
 namespace tarvo::teste {
 namespace {

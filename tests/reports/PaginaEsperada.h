@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include "tests/apoio/Apoio.h"
-#include "tests/apoio/OperacoesCurtas.h"
+#include "tests/support/Apoio.h"
+#include "tests/support/OperacoesCurtas.h"
 
 // What the tests of the list reports share: two declarations, and the operations of the page frame
 // around the body.

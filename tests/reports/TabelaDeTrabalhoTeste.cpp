@@ -7,12 +7,12 @@
 #include <sstream>
 
 #include "data/Funcoes.h"
-#include "platform/json/DocumentoJSON.h"
+#include "output/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoOpProp.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioResumoCFOPsEnt.h"
 #include "reports/RelatorioResumoCFOPsSai.h"
-#include "tests/apoio/Apoio.h"
+#include "tests/support/Apoio.h"
 
 namespace tarvo {
 namespace {

@@ -1,8 +1,8 @@
 #include "slip/RelatorioVELO.h"
 
 #include "document/Imagens.h"
-#include "tests/apoio/Apoio.h"
-#include "tests/apoio/OperacoesCurtas.h"
+#include "tests/support/Apoio.h"
+#include "tests/support/OperacoesCurtas.h"
 
 namespace tarvo::apoio {
 namespace {

@@ -1,0 +1,111 @@
+#include "databases/sqlite/Abertura.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo::sqlite {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int EsperaPorBloqueioMs = 2000;
+
+[[noreturn]] void Lancar(NumeroErro numero, const fs::path& arquivo, std::string_view problema) {
+    throw Erro(numero, "\"" + arquivo.string() + "\": " + std::string(problema) + ".");
+}
+
+bool Permite(const fs::path& caminho, int modo) {
+    return faccessat(AT_FDCWD, caminho.c_str(), modo, AT_EACCESS) == 0;
+}
+
+// Reads the file's first bytes: True for a database in WAL mode. Errors 3024, 70, 3343.
+bool UsaWal(const fs::path& arquivo) {
+    constexpr std::string_view Marca{"SQLite format 3\0", 16};
+    constexpr std::size_t VersaoDeEscrita = 18;
+    constexpr char Wal = 2;
+    std::error_code erro;
+    const fs::file_status estado = fs::status(arquivo, erro);
+    if (estado.type() == fs::file_type::not_found) {
+        Lancar(NumeroErro::BancoNaoEncontrado, arquivo, "o banco de dados não existe");
+    }
+    if (erro || !Permite(arquivo, R_OK)) {
+        Lancar(NumeroErro::PermissaoNegada, arquivo, "permissão negada");
+    }
+    std::array<char, VersaoDeEscrita + 1> inicio{};
+    if (estado.type() == fs::file_type::regular) {
+        std::ifstream(arquivo, std::ios::binary).read(inicio.data(), inicio.size());
+    }
+    if (std::string_view(inicio.data(), Marca.size()) != Marca) {
+        Lancar(NumeroErro::BancoIrreconhecivel, arquivo, "não é um banco de dados");
+    }
+    return inicio.back() == Wal;
+}
+
+bool TemWal(const fs::path& arquivo) {
+    std::error_code ignorado;
+    return fs::exists(fs::path(arquivo) += "-wal", ignorado);
+}
+
+bool PodeEscrever(const fs::path& arquivo) {
+    return Permite(arquivo, W_OK) && Permite(fs::absolute(arquivo).parent_path(), W_OK);
+}
+
+// The file's name as a URI: everything but letters, digits and "/" is written in hexadecimal.
+std::string Uri(const fs::path& arquivo) {
+    constexpr std::string_view Digitos = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char c : fs::absolute(arquivo).string()) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+            c == '/') {
+            uri += c;
+        } else {
+            uri += {'%', Digitos[byte >> 4U], Digitos[byte & 0xFU]};
+        }
+    }
+    return uri;
+}
+
+}  // namespace
+
+std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo) {
+    const bool wal = UsaWal(arquivo);
+    // In WAL mode even a reader writes files beside the database. Where that cannot be, the file is
+    // read as it is: without a -wal nobody has changes to it that it does not hold yet.
+    const bool imutavel = wal && !TemWal(arquivo) && !PodeEscrever(arquivo);
+
+    // For reading alone, too, the file is opened for writing: only then does the last one to close
+    // it take the -wal and -shm files away again. That nothing is written is seen to by Conexao.
+    sqlite3* db = nullptr;
+    const int estado =
+        sqlite3_open_v2((Uri(arquivo) + (imutavel ? "?immutable=1" : "")).c_str(), &db,
+                        SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX |
+                            (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE),
+                        nullptr);
+    std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
+    auto conexao = std::make_shared<Conexao>(db, Conexao::Posse::Propria);
+    static_cast<void>(semDono.release());
+    if (estado != SQLITE_OK) {
+        LancarErroSQLite(db);
+    }
+    sqlite3_busy_timeout(db, EsperaPorBloqueioMs);
+    conexao->Executar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_master");
+    if (wal) {
+        conexao->Executar("PRAGMA synchronous = NORMAL");
+    }
+    if (modo == ModoAbertura::SomenteLeitura) {
+        conexao->ProibirEscrita();
+    }
+    return conexao;
+}
+
+}  // namespace tarvo::sqlite

@@ -1,0 +1,158 @@
+#include "databases/sqlite/Alfabeto.h"
+
+#include <unicode/uchar.h>
+#include <unicode/ucol.h>
+#include <unicode/utf8.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace tarvo::sqlite {
+
+namespace {
+
+constexpr bool EhAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+// The alphabet's ASCII part from the first to the last character; capitals rank as small letters.
+constexpr std::string_view OrdemAscii =
+    " _-,;:!?.'\"()[]{}@*/\\&#%`^+<=>|~$0123456789abcdefghijklmnopqrstuvwxyz";
+
+// 0 marks what the table does not order: control characters and everything outside ASCII.
+constexpr auto PostoAscii = [] {
+    std::array<std::uint8_t, 256> postos{};
+    for (std::size_t i = 0; i < OrdemAscii.size(); ++i) {
+        const char c = OrdemAscii[i];
+        postos[static_cast<unsigned char>(c)] = static_cast<std::uint8_t>(i + 1);
+        if (c >= 'a' && c <= 'z') {
+            postos[static_cast<unsigned char>(c - 'a' + 'A')] = static_cast<std::uint8_t>(i + 1);
+        }
+    }
+    return postos;
+}();
+
+std::uint8_t Posto(char c) {
+    return PostoAscii[static_cast<unsigned char>(c)];
+}
+
+bool SoAscii(std::string_view texto) {
+    return std::ranges::all_of(texto, [](char c) { return Posto(c) != 0; });
+}
+
+int Sinal(std::ptrdiff_t diferenca) {
+    return diferenca < 0 ? -1 : static_cast<int>(diferenca > 0);
+}
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"  // inside ICU's macro
+// Calls usar with each code point and the bytes that hold it; a negative code point is no UTF-8.
+template <class Usar>
+void CadaCaractere(std::string_view texto, Usar usar) {
+    const auto tamanho = static_cast<std::int32_t>(texto.size());
+    for (std::int32_t i = 0; i < tamanho;) {
+        const std::int32_t inicio = i;
+        UChar32 c = 0;
+        U8_NEXT(texto.data(), i, tamanho, c);
+        usar(c,
+             texto.substr(static_cast<std::size_t>(inicio), static_cast<std::size_t>(i - inicio)));
+    }
+}
+#pragma GCC diagnostic pop
+
+void JuntarUtf8(std::string& texto, char32_t letra) {
+    const auto juntar = [&](char32_t byte) { texto += static_cast<char>(byte); };
+    const auto continuar = [&](unsigned bits) { juntar(0x80U | ((letra >> bits) & 0x3FU)); };
+    if (letra < 0x80) {
+        juntar(letra);
+    } else if (letra < 0x800) {
+        juntar(0xC0U | (letra >> 6U));
+        continuar(0);
+    } else if (letra < 0x10000) {
+        juntar(0xE0U | (letra >> 12U));
+        continuar(6);
+        continuar(0);
+    } else {
+        juntar(0xF0U | (letra >> 18U));
+        continuar(12);
+        continuar(6);
+        continuar(0);
+    }
+}
+
+}  // namespace
+
+char32_t SemCaixa(char32_t letra) {
+    const auto dobrada =
+        static_cast<char32_t>(u_foldCase(static_cast<UChar32>(letra), U_FOLD_CASE_DEFAULT));
+    return letra >= 0x80 && dobrada < 0x80 ? letra : dobrada;
+}
+
+std::string SemCaixa(std::string_view texto) {
+    std::string dobrado;
+    dobrado.reserve(texto.size());
+    if (std::ranges::all_of(texto, EhAscii)) {
+        for (const char c : texto) {
+            dobrado += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+        }
+        return dobrado;
+    }
+    CadaCaractere(texto, [&](UChar32 c, std::string_view bytes) {
+        if (c < 0) {
+            dobrado += bytes;
+            return;
+        }
+        JuntarUtf8(dobrado, SemCaixa(static_cast<char32_t>(c)));
+    });
+    return dobrado;
+}
+
+bool EhUtf8(std::string_view texto) {
+    bool bom = true;
+    if (!std::ranges::all_of(texto, EhAscii)) {
+        CadaCaractere(texto, [&](UChar32 c, std::string_view) { bom = bom && c >= 0; });
+    }
+    return bom;
+}
+
+std::u32string Caracteres(std::string_view texto) {
+    std::u32string caracteres;
+    caracteres.reserve(texto.size());
+    CadaCaractere(texto, [&](UChar32 c, std::string_view) {
+        caracteres += c < 0 ? U'\uFFFD' : static_cast<char32_t>(c);
+    });
+    return caracteres;
+}
+
+void Alfabeto::Fechar::operator()(UCollator* ordem) const {
+    ucol_close(ordem);
+}
+
+Alfabeto::Alfabeto() = default;
+Alfabeto::~Alfabeto() = default;
+
+int Alfabeto::Comparar(std::string_view a, std::string_view b) const {
+    const auto [fimA, fimB] = std::ranges::mismatch(
+        a, b, [](char x, char y) { return x == y || (Posto(x) != 0 && Posto(x) == Posto(y)); });
+    if (fimA == a.end() && fimB == b.end()) {
+        return 0;
+    }
+    if (SoAscii(a) && SoAscii(b)) {
+        if (fimA == a.end() || fimB == b.end()) {
+            return fimA == a.end() ? -1 : 1;
+        }
+        return Sinal(Posto(*fimA) - Posto(*fimB));
+    }
+    UErrorCode estado = U_ZERO_ERROR;
+    if (!ordem_) {
+        ordem_.reset(ucol_open("pt_BR", &estado));
+        ucol_setStrength(ordem_.get(), UCOL_SECONDARY);
+    }
+    const auto ordem = ucol_strcollUTF8(ordem_.get(), a.data(), static_cast<std::int32_t>(a.size()),
+                                        b.data(), static_cast<std::int32_t>(b.size()), &estado);
+    // What the alphabet takes for the same but is not, as "º" and "o", still has an order.
+    return ordem != UCOL_EQUAL ? static_cast<int>(ordem) : Sinal(SemCaixa(a).compare(SemCaixa(b)));
+}
+
+}  // namespace tarvo::sqlite

@@ -1,0 +1,119 @@
+#include "databases/sqlite/BancoSQLite.h"
+
+#include <sqlite3.h>
+
+#include "data/CodigosDeErros.h"
+#include "databases/sqlite/Abertura.h"
+#include "databases/sqlite/Conexao.h"
+#include "databases/sqlite/Esquema.h"
+#include "databases/sqlite/FuncoesSql.h"
+#include "databases/sqlite/Gramatica.h"
+#include "databases/sqlite/RecordsetSQLite.h"
+#include "databases/sqlite/Tabelas.h"
+#include "databases/sqlite/Tradutor.h"
+
+namespace tarvo {
+
+namespace {
+
+using namespace sqlite;
+
+class Comandada final : public QueryDef {
+  public:
+    Comandada(std::shared_ptr<Conexao> conexao, std::shared_ptr<Esquema> esquema,
+              std::string_view consulta)
+        : conexao_(std::move(conexao)),
+          esquema_(std::move(esquema)),
+          consulta_(consulta),
+          comando_(Analisar(consulta_)) {}
+
+    void Execute() override {
+        const auto* exclusao = std::get_if<Exclusao>(&comando_);
+        if (exclusao == nullptr) {
+            throw Erro(NumeroErro::OperacaoInvalida,
+                       "Não é possível executar uma consulta que devolve registros.");
+        }
+        const ExclusaoTraduzida traduzida = Traduzir(*exclusao, *esquema_, consulta_);
+        conexao_->ExigirEscrita(traduzida.esquema);
+        Instrucao(conexao_, traduzida.sql).Executar();
+    }
+
+  private:
+    std::shared_ptr<Conexao> conexao_;
+    std::shared_ptr<Esquema> esquema_;
+    std::string consulta_;
+    Comando comando_;
+};
+
+class Banco final : public BancoSQLite {
+  public:
+    Banco(std::shared_ptr<Conexao> conexao, TabelasDeTrabalho tabelasDeTrabalho)
+        : conexao_(std::move(conexao)), esquema_(std::make_shared<Esquema>(conexao_)) {
+        RegistrarFuncoes(conexao_->Db());
+        if (tabelasDeTrabalho == TabelasDeTrabalho::Privadas) {
+            for (const DefinicaoTabela& tabela : TabelasRefeitas()) {
+                conexao_->CriarTemporaria(std::string(tabela.nome), std::string(tabela.colunas));
+            }
+        }
+    }
+
+    std::unique_ptr<Recordset> OpenRecordset(std::string_view consulta,
+                                             TipoRecordset tipo) override {
+        const Comando comando = Analisar(consulta);
+        const auto* selecao = std::get_if<Selecao>(&comando);
+        if (selecao == nullptr) {
+            throw Erro(NumeroErro::OperacaoInvalida,
+                       "Uma consulta que exclui registros não se abre, executa-se.");
+        }
+        return std::make_unique<RecordsetSQLite>(conexao_, Traduzir(*selecao, *esquema_, consulta),
+                                                 tipo);
+    }
+
+    std::unique_ptr<QueryDef> CreateQueryDef(std::string_view nome,
+                                             std::string_view consulta) override {
+        if (!nome.empty()) {
+            throw Erro(NumeroErro::ChamadaInvalida, "Só há consultas temporárias, sem nome.");
+        }
+        return std::make_unique<Comandada>(conexao_, esquema_, consulta);
+    }
+
+    void ExecutarScript(std::string_view sql) override {
+        conexao_->ExigirEscrita("main");
+        conexao_->Executar("SAVEPOINT tarvo_script");
+        try {
+            conexao_->Executar(std::string(sql));
+            conexao_->Executar("RELEASE tarvo_script");
+        } catch (...) {
+            conexao_->Desfazer("tarvo_script");
+            throw;
+        }
+        esquema_->Esquecer();
+    }
+
+  private:
+    std::shared_ptr<Conexao> conexao_;
+    std::shared_ptr<Esquema> esquema_;
+};
+
+}  // namespace
+
+void PrepararParaVariosFios() {
+    // Refused, and not needed, where the process has used SQLite before.
+    sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
+std::unique_ptr<BancoSQLite> BancoSQLite::Abrir(const std::filesystem::path& arquivo,
+                                                const OpcoesAbertura& opcoes) {
+    return std::make_unique<Banco>(AbrirArquivo(arquivo, opcoes.modo), opcoes.tabelasDeTrabalho);
+}
+
+std::unique_ptr<BancoSQLite> BancoSQLite::Adotar(sqlite3* conexao,
+                                                 TabelasDeTrabalho tabelasDeTrabalho) {
+    if (conexao == nullptr) {
+        throw Erro(NumeroErro::ObjetoNaoDefinido, "Falta a conexão com o banco de dados.");
+    }
+    return std::make_unique<Banco>(std::make_shared<Conexao>(conexao, Conexao::Posse::DoHospedeiro),
+                                   tabelasDeTrabalho);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,192 @@
+#include "databases/sqlite/RecordsetSQLite.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <new>
+
+#include "data/CodigosDeErros.h"
+#include "databases/sqlite/Alfabeto.h"
+
+namespace tarvo::sqlite {
+
+namespace {
+
+[[noreturn]] void LancarItemNaoEncontrado(std::string_view nome) {
+    throw Erro(NumeroErro::ItemNaoEncontrado,
+               "A consulta não tem a coluna \"" + std::string(nome) + "\".");
+}
+
+}  // namespace
+
+void RecordsetSQLite::Soltar::operator()(sqlite3_value* valor) const {
+    sqlite3_value_free(valor);
+}
+
+RecordsetSQLite::RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoTraduzida consulta,
+                                 TipoRecordset tipo)
+    : conexao_(std::move(conexao)),
+      consulta_(std::move(consulta)),
+      tipo_(tipo),
+      leitura_(std::make_unique<Instrucao>(conexao_, consulta_.sql)) {
+    if (tipo_ == TipoRecordset::Dynaset) {
+        LerTodas();
+        leitura_.reset();
+        fim_ = linhas_.empty();
+    } else {
+        fim_ = !leitura_->Passo();
+    }
+}
+
+RecordsetSQLite::~RecordsetSQLite() = default;
+
+void RecordsetSQLite::LerTodas() {
+    while (leitura_->Passo()) {
+        Linha linha;
+        linha.reserve(consulta_.colunas.size());
+        for (std::size_t c = 0; c < consulta_.colunas.size(); ++c) {
+            linha.emplace_back(
+                sqlite3_value_dup(sqlite3_column_value(leitura_->Ponteiro(), static_cast<int>(c))));
+            if (!linha.back()) {
+                throw std::bad_alloc();
+            }
+        }
+        linhas_.push_back(std::move(linha));
+    }
+}
+
+void RecordsetSQLite::ExigirAberto() const {
+    if (!conexao_) {
+        throw Erro(NumeroErro::ObjetoInvalido, "O conjunto de registros já foi fechado.");
+    }
+}
+
+bool RecordsetSQLite::BOF() const {
+    ExigirAberto();
+    return fim_ && atual_ == 0;
+}
+
+bool RecordsetSQLite::EOF_() const {
+    ExigirAberto();
+    return fim_;
+}
+
+void RecordsetSQLite::MoveNext() {
+    ExigirAberto();
+    nova_.reset();
+    if (fim_) {
+        throw Erro(NumeroErro::RegistroAtualAusente, "Não há registro atual.");
+    }
+    ++atual_;
+    fim_ = true;  // stays so when the next row cannot be read
+    fim_ = leitura_ ? !leitura_->Passo() : atual_ == linhas_.size();
+}
+
+std::size_t RecordsetSQLite::Coluna(std::string_view nome) const {
+    ExigirAberto();
+    const auto lembrado =
+        std::ranges::find(procurados_, nome, &std::pair<std::string, std::size_t>::first);
+    if (lembrado != procurados_.end()) {
+        return lembrado->second;
+    }
+    const std::size_t coluna = Procurar(nome);
+    procurados_.emplace_back(nome, coluna);
+    return coluna;
+}
+
+std::size_t RecordsetSQLite::Procurar(std::string_view nome) const {
+    const std::string procurado = SemCaixa(nome);
+    const auto& colunas = consulta_.colunas;
+    std::size_t achada = colunas.size();
+    for (std::size_t c = 0; c < colunas.size(); ++c) {
+        const std::string& tabela = colunas[c].tabelaQualificadora;
+        if (!tabela.empty() && procurado == tabela + "." + colunas[c].nome) {
+            return c;
+        }
+        if (procurado == colunas[c].nome) {
+            if (achada != colunas.size()) {
+                LancarItemNaoEncontrado(nome);  // two have it
+            }
+            achada = c;
+        }
+    }
+    if (achada == colunas.size()) {
+        LancarItemNaoEncontrado(nome);
+    }
+    return achada;
+}
+
+std::size_t RecordsetSQLite::Coluna(int posicao) const {
+    ExigirAberto();
+    if (posicao < 0 || static_cast<std::size_t>(posicao) >= consulta_.colunas.size()) {
+        LancarItemNaoEncontrado(std::to_string(posicao));
+    }
+    return static_cast<std::size_t>(posicao);
+}
+
+Valor RecordsetSQLite::Ler(std::size_t coluna) const {
+    ExigirAberto();
+    if (fim_) {
+        throw Erro(NumeroErro::RegistroAtualAusente, "Não há registro atual.");
+    }
+    const ColunaSaida& saida = consulta_.colunas[coluna];
+    const Celula celula = leitura_ ? LerCelula(leitura_->Ponteiro(), static_cast<int>(coluna))
+                                   : LerCelula(linhas_[atual_][coluna].get());
+    return Converter(celula, saida.tipo, {saida.tabela, saida.coluna});
+}
+
+void RecordsetSQLite::AddNew() {
+    ExigirAberto();
+    if (tipo_ != TipoRecordset::Dynaset || !consulta_.gravavel) {
+        throw Erro(NumeroErro::OperacaoInvalida,
+                   "Só se acrescentam registros a uma tabela inteira aberta como dynaset.");
+    }
+    conexao_->ExigirEscrita(consulta_.gravavel->esquema);
+    if (!insercao_) {
+        PrepararInsercao();
+    }
+    nova_.emplace(consulta_.colunas.size());
+}
+
+void RecordsetSQLite::PrepararInsercao() {
+    std::string colunas;
+    std::string valores;
+    for (const ColunaSaida& coluna : consulta_.colunas) {
+        colunas += (colunas.empty() ? "" : ", ") + NomeSql(coluna.coluna);
+        valores += valores.empty() ? "?" : ", ?";
+    }
+    insercao_ =
+        std::make_unique<Instrucao>(conexao_, "INSERT INTO " + consulta_.gravavel->Sql() + " (" +
+                                                  colunas + ") VALUES (" + valores + ")");
+}
+
+void RecordsetSQLite::Escrever(std::size_t coluna, const Valor& valor) {
+    ExigirAberto();
+    if (!nova_) {
+        throw Erro(NumeroErro::AtualizacaoSemAddNew, "Escrita num campo sem AddNew.");
+    }
+    const ColunaSaida& saida = consulta_.colunas[coluna];
+    (*nova_)[coluna] = ConverterParaColuna(valor, saida.tipo, {saida.tabela, saida.coluna});
+}
+
+void RecordsetSQLite::Update() {
+    ExigirAberto();
+    if (!nova_) {
+        throw Erro(NumeroErro::AtualizacaoSemAddNew, "Update sem AddNew.");
+    }
+    for (std::size_t c = 0; c < nova_->size(); ++c) {
+        Vincular(insercao_->Ponteiro(), static_cast<int>(c) + 1, (*nova_)[c]);
+    }
+    insercao_->Executar();
+    nova_.reset();
+}
+
+void RecordsetSQLite::Close() {
+    leitura_.reset();
+    insercao_.reset();
+    linhas_.clear();
+    nova_.reset();
+    conexao_.reset();
+}
+
+}  // namespace tarvo::sqlite

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/BancoDados.h"
+#include "databases/sqlite/Conexao.h"
+#include "databases/sqlite/Tradutor.h"
+
+struct sqlite3_value;
+
+namespace tarvo::sqlite {
+
+// The rows of one translated query. A forward-only recordset reads them from its statement as it
+// goes; a dynaset takes them all when it is opened and holds no lock on the database afterwards,
+// so that tables can be rewritten while it is open. Rows added are seen by later recordsets.
+class RecordsetSQLite final : public Recordset {
+  public:
+    RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoTraduzida consulta,
+                    TipoRecordset tipo);
+    ~RecordsetSQLite() override;
+    RecordsetSQLite(const RecordsetSQLite&) = delete;
+    RecordsetSQLite& operator=(const RecordsetSQLite&) = delete;
+
+    [[nodiscard]] bool BOF() const override;
+    [[nodiscard]] bool EOF_() const override;
+    void MoveNext() override;
+    void AddNew() override;
+    void Update() override;
+    void Close() override;
+
+  private:
+    struct Soltar {
+        void operator()(sqlite3_value* valor) const;
+    };
+    using Linha = std::vector<std::unique_ptr<sqlite3_value, Soltar>>;
+
+    [[nodiscard]] std::size_t Coluna(std::string_view nome) const override;
+    [[nodiscard]] std::size_t Coluna(int posicao) const override;
+    [[nodiscard]] Valor Ler(std::size_t coluna) const override;
+    void Escrever(std::size_t coluna, const Valor& valor) override;
+
+    void ExigirAberto() const;
+    void LerTodas();
+    void PrepararInsercao();
+    [[nodiscard]] std::size_t Procurar(std::string_view nome) const;
+
+    std::shared_ptr<Conexao> conexao_;  // empty once closed
+    SelecaoTraduzida consulta_;
+    TipoRecordset tipo_;
+    std::unique_ptr<Instrucao> leitura_;  // forward-only
+    std::vector<Linha> linhas_;           // dynaset
+    std::size_t atual_ = 0;               // row number
+    bool fim_ = false;
+    std::unique_ptr<Instrucao> insercao_;
+    std::optional<std::vector<Valor>> nova_;
+    // Names already looked up, as they were written.
+    mutable std::vector<std::pair<std::string, std::size_t>> procurados_;
+};
+
+}  // namespace tarvo::sqlite

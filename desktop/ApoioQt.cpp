@@ -1,0 +1,38 @@
+#include "desktop/ApoioQt.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPixmap>
+#include <QTranslator>
+
+#include "data/CodigosDeErros.h"
+#include "document/Imagens.h"
+
+namespace tarvo {
+
+using namespace Qt::StringLiterals;
+
+QIcon IconeDe(const Imagem* imagem) {
+    QPixmap figura;
+    if (imagem != nullptr) {
+        figura.loadFromData(imagem->bytes.data(), static_cast<uint>(imagem->bytes.size()));
+    }
+    return figura.isNull() ? QIcon() : QIcon(figura);
+}
+
+void InstalarTraducao() {
+    const QLocale brasil(QLocale::Portuguese, QLocale::Brazil);
+    QLocale::setDefault(brasil);
+    auto* tradutor = new QTranslator(QCoreApplication::instance());
+    if (tradutor->load(brasil, u"qtbase"_s, u"_"_s,
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(tradutor);
+    }
+}
+
+QString TextoDoErro(const Erro& erro) {
+    return u"erro %1: %2"_s.arg(static_cast<int>(erro.Numero())).arg(ParaQt(erro.Descricao()));
+}
+
+}  // namespace tarvo

@@ -1,0 +1,100 @@
+#include "desktop/AreaDeTrabalho.h"
+
+#include <QApplication>
+#include <QThread>
+#include <QTimer>
+#include <algorithm>
+#include <clocale>
+#include <string>
+
+#include "data/CodigosDeErros.h"
+#include "desktop/ApoioQt.h"
+#include "desktop/dialog/JanelaSelecaoQt.h"
+#include "desktop/preview/JanelaVisualizacao.h"
+#include "desktop/preview/VisualizadorQt.h"
+#include "system/settings/ConfiguracoesIni.h"
+
+namespace tarvo {
+
+namespace {
+
+// A Qt application for a host without one; it stays until the process ends. Without a screen Qt
+// would end the process: the last platform of the list needs none.
+void CriarAplicacao() {
+    static char nome[] = "relatoriostarvo";
+    static char opcao[] = "-platform";
+    static char plataformas[] = "xcb;wayland;offscreen";
+    static char* argumentos[] = {nome, opcao, plataformas, nullptr};
+    static int quantos = qEnvironmentVariableIsSet("QT_QPA_PLATFORM") ? 1 : 3;
+    // Qt sets the process's locale; the host's numbers stay as they are.
+    const std::string numeros = std::setlocale(LC_NUMERIC, nullptr);
+    new QApplication(quantos, argumentos);
+    std::setlocale(LC_NUMERIC, numeros.c_str());
+    QApplication::setQuitOnLastWindowClosed(false);
+    InstalarTraducao();
+}
+
+std::size_t VisualizacoesAbertas() {
+    const auto janelas = QApplication::topLevelWidgets();
+    return static_cast<std::size_t>(
+        std::count_if(janelas.begin(), janelas.end(), [](const QWidget* janela) {
+            return janela->isVisible() &&
+                   dynamic_cast<const JanelaVisualizacao*>(janela) != nullptr;
+        }));
+}
+
+class AreaDeTrabalhoQt final : public AreaDeTrabalho {
+  public:
+    AreaDeTrabalhoQt() {
+        if (QCoreApplication::instance() == nullptr) {
+            CriarAplicacao();
+            temTela_ = qEnvironmentVariableIsSet("QT_QPA_PLATFORM") ||
+                       QGuiApplication::platformName() != QLatin1String("offscreen");
+        } else if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
+            throw Erro(NumeroErro::AcaoNaoSuportada,
+                       "A aplicação Qt deste programa não permite janelas (QApplication).");
+        }
+    }
+
+    [[nodiscard]] bool NestaLinha() const override {
+        return QThread::currentThread() == QCoreApplication::instance()->thread();
+    }
+    [[nodiscard]] bool TemTela() const override { return temTela_; }
+    FabricaVisualizadores& Visualizadores() override { return visualizadores_; }
+    JanelaSelecao& Selecao() override { return selecao_; }
+
+    std::size_t AguardarJanelas(std::chrono::milliseconds tempo) override {
+        Atender(QEventLoop::AllEvents);
+        bool venceu = tempo.count() == 0;
+        QTimer prazo;
+        QObject::connect(&prazo, &QTimer::timeout, [&venceu] { venceu = true; });
+        if (tempo.count() > 0) {
+            prazo.start(tempo);
+        }
+        while (!venceu && VisualizacoesAbertas() > 0) {
+            Atender(QEventLoop::WaitForMoreEvents);
+        }
+        return VisualizacoesAbertas();
+    }
+
+  private:
+    // What was to be deleted later is deleted by an event loop alone, and the host may have none.
+    static void Atender(QEventLoop::ProcessEventsFlags quais) {
+        QCoreApplication::processEvents(quais);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    bool temTela_ = true;
+    ConfiguracoesIni preferencias_;
+    FabricaVisualizadoresQt visualizadores_{&preferencias_};
+    JanelaSelecaoQt selecao_;
+};
+
+}  // namespace
+
+AreaDeTrabalho& AbrirAreaDeTrabalho() {
+    static auto& area = *new AreaDeTrabalhoQt;  // NOLINT: its windows may outlive static objects
+    return area;
+}
+
+}  // namespace tarvo

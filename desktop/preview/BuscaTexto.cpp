@@ -1,0 +1,190 @@
+#include "desktop/preview/BuscaTexto.h"
+
+#include <QElapsedTimer>
+#include <QPdfSelection>
+
+namespace tarvo {
+
+namespace {
+
+constexpr int FatiaDeTempo = 10;  // ms
+
+}  // namespace
+
+BuscaTexto::BuscaTexto(QPdfDocument& documento)
+    : documento_(documento), achados_(static_cast<std::size_t>(documento.pageCount())) {
+    lidas_ = Paginas();
+    passo_.setInterval(0);
+    QObject::connect(&passo_, &QTimer::timeout, &passo_, [this] { Trabalhar(); });
+}
+
+QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes) {
+    QString dobrado;
+    dobrado.reserve(texto.size());
+    for (int i = 0; i < texto.size(); ++i) {
+        QChar c = texto[i];
+        if (c.isSpace()) {
+            c = u' ';
+            if (dobrado.endsWith(c)) {
+                continue;
+            }
+        } else if (c.decompositionTag() == QChar::Canonical) {
+            c = c.decomposition().at(0);
+        }
+        dobrado += c.toCaseFolded();
+        if (posicoes != nullptr) {
+            posicoes->push_back(i);
+        }
+    }
+    return dobrado;
+}
+
+void BuscaTexto::Procurar(const QString& texto, int pagina) {
+    texto_ = texto;
+    procurado_ = Dobrar(texto.normalized(QString::NormalizationForm_C));
+    primeira_ = pagina;
+    total_ = 0;
+    achados_.assign(achados_.size(), {});
+    atual_.reset();
+    marcas_.clear();
+    paginasAMarcar_.clear();
+    const bool nada = procurado_.trimmed().isEmpty();
+    lidas_ = nada ? Paginas() : 0;
+    if (nada) {
+        passo_.stop();
+    } else {
+        passo_.start();
+    }
+    Avisar(false);
+}
+
+// What the user looks at comes first: finding the place of a hit takes about as long as reading a
+// page, and a page may have hundreds.
+void BuscaTexto::Trabalhar() {
+    QElapsedTimer tempo;
+    tempo.start();
+    bool novoAtual = false;
+    while (tempo.elapsed() < FatiaDeTempo && !(Terminada() && paginasAMarcar_.empty())) {
+        if (!paginasAMarcar_.empty()) {
+            MarcarUm();
+        } else {
+            novoAtual = LerUma() || novoAtual;
+        }
+    }
+    if (Terminada() && paginasAMarcar_.empty()) {
+        passo_.stop();
+    }
+    Avisar(novoAtual);
+}
+
+// True when the page has brought the current hit.
+bool BuscaTexto::LerUma() {
+    const int pagina = (primeira_ + lidas_) % Paginas();
+    auto achados = LerPagina(pagina);
+    const bool novoAtual = !atual_ && !achados.empty();
+    if (novoAtual) {
+        atual_ = {pagina, 0};
+    }
+    total_ += static_cast<int>(achados.size());
+    achados_[static_cast<std::size_t>(pagina)] = std::move(achados);
+    ++lidas_;
+    return novoAtual;
+}
+
+void BuscaTexto::MarcarUm() {
+    const int pagina = paginasAMarcar_.back();
+    const auto& achados = achados_[static_cast<std::size_t>(pagina)];
+    auto& marcadas = marcas_[pagina];
+    if (marcadas.achados < achados.size()) {
+        marcadas.lugares += Marca(achados[marcadas.achados++]);
+    } else {
+        paginasAMarcar_.pop_back();
+    }
+}
+
+std::vector<BuscaTexto::Achado> BuscaTexto::LerPagina(int pagina) const {
+    std::vector<int> posicoes;
+    const QString texto = Dobrar(documento_.getAllText(pagina).text(), &posicoes);
+    std::vector<Achado> achados;
+    for (qsizetype i = texto.indexOf(procurado_); i >= 0;
+         i = texto.indexOf(procurado_, i + procurado_.size())) {
+        const int inicio = posicoes[static_cast<std::size_t>(i)];
+        const int fim = posicoes[static_cast<std::size_t>(i + procurado_.size() - 1)];
+        achados.push_back({pagina, inicio, fim - inicio + 1});
+    }
+    return achados;
+}
+
+std::optional<BuscaTexto::Achado> BuscaTexto::Atual() const {
+    if (!atual_) {
+        return std::nullopt;
+    }
+    return achados_[static_cast<std::size_t>(atual_->first)][atual_->second];
+}
+
+int BuscaTexto::Ordem() const {
+    if (!atual_) {
+        return 0;
+    }
+    std::size_t antes = 0;
+    for (int p = 0; p < atual_->first; ++p) {
+        antes += achados_[static_cast<std::size_t>(p)].size();
+    }
+    return static_cast<int>(antes + atual_->second) + 1;
+}
+
+void BuscaTexto::Avancar() {
+    if (!atual_) {
+        return;
+    }
+    auto& [pagina, indice] = *atual_;
+    if (++indice == achados_[static_cast<std::size_t>(pagina)].size()) {
+        indice = 0;
+        do {
+            pagina = (pagina + 1) % Paginas();
+        } while (achados_[static_cast<std::size_t>(pagina)].empty());
+    }
+    Avisar(true);
+}
+
+void BuscaTexto::Recuar() {
+    if (!atual_) {
+        return;
+    }
+    auto& [pagina, indice] = *atual_;
+    if (indice == 0) {
+        do {
+            pagina = (pagina + Paginas() - 1) % Paginas();
+        } while (achados_[static_cast<std::size_t>(pagina)].empty());
+        indice = achados_[static_cast<std::size_t>(pagina)].size();
+    }
+    --indice;
+    Avisar(true);
+}
+
+QList<QPolygonF> BuscaTexto::Marcas(int pagina) {
+    const auto& marcadas = marcas_[pagina];
+    if (marcadas.achados < achados_[static_cast<std::size_t>(pagina)].size()) {
+        std::erase(paginasAMarcar_, pagina);
+        paginasAMarcar_.push_back(pagina);
+        passo_.start();
+    }
+    return marcadas.lugares;
+}
+
+QList<QPolygonF> BuscaTexto::MarcaAtual() const {
+    const auto atual = Atual();
+    return atual ? Marca(*atual) : QList<QPolygonF>();
+}
+
+QList<QPolygonF> BuscaTexto::Marca(const Achado& achado) const {
+    return documento_.getSelectionAtIndex(achado.pagina, achado.inicio, achado.tamanho).bounds();
+}
+
+void BuscaTexto::Avisar(bool novoAtual) const {
+    if (aoMudar) {
+        aoMudar(novoAtual);
+    }
+}
+
+}  // namespace tarvo

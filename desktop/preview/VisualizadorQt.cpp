@@ -1,0 +1,67 @@
+#include "desktop/preview/VisualizadorQt.h"
+
+#include <QApplication>
+#include <memory>
+
+#include "desktop/AndamentoQt.h"
+#include "desktop/preview/JanelaVisualizacao.h"
+#include "desktop/printing/ImpressaoQt.h"
+
+namespace tarvo {
+
+namespace {
+
+class CursorDeEspera {
+  public:
+    CursorDeEspera() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~CursorDeEspera() { QApplication::restoreOverrideCursor(); }
+    CursorDeEspera(const CursorDeEspera&) = delete;
+    CursorDeEspera& operator=(const CursorDeEspera&) = delete;
+};
+
+class VisualizadorQt final : public Visualizador {
+  public:
+    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt* andamento)
+        : preferencias_(preferencias), andamento_(andamento) {}
+
+    void Exibir(const Conteudo& conteudo) override {
+        auto documento = Renderizar(conteudo);
+        if (janela_ == nullptr) {
+            janela_ = std::make_unique<JanelaVisualizacao>(preferencias_);
+        }
+        janela_->Mostrar(std::move(documento));
+    }
+    void Ocultar() override {
+        if (janela_ != nullptr) {
+            janela_->hide();
+        }
+    }
+    void Imprimir(const Conteudo& conteudo, bool perguntar) override {
+        const auto documento = Renderizar(conteudo);
+        ImpressaoQt::ImprimirEEsperar(
+            QApplication::activeWindow(),
+            {documento.pdf, documento.tituloResumido, static_cast<int>(conteudo.paginas.size())},
+            perguntar);
+    }
+
+  private:
+    DocumentoPronto Renderizar(const Conteudo& conteudo) {
+        if (andamento_ != nullptr) {
+            andamento_->Concluir();
+        }
+        const CursorDeEspera cursor;
+        return Preparar(conteudo);
+    }
+
+    ConfiguracoesIni* preferencias_;
+    AndamentoQt* andamento_;
+    std::unique_ptr<JanelaVisualizacao> janela_;
+};
+
+}  // namespace
+
+std::unique_ptr<Visualizador> FabricaVisualizadoresQt::Criar() {
+    return std::make_unique<VisualizadorQt>(preferencias_, andamento_);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,248 @@
+#include "desktop/printing/FilaImpressao.h"
+
+#include <cups/cups.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo {
+
+namespace {
+
+constexpr int EsperaConexao = 5'000;  // ms
+constexpr int EsperaResposta = 10;    // s, in steps of one
+
+[[noreturn]] void LancarErroImpressora(const std::string& descricao) {
+    throw Erro(NumeroErro::ErroImpressora, descricao);
+}
+
+void LancarSeCancelado(const std::atomic<bool>* cancelar) {
+    if (cancelar != nullptr && cancelar->load()) {
+        throw Erro(NumeroErro::Cancelado, "Impressão cancelada.");
+    }
+}
+
+// A connection to the print service, with the patience of one operation.
+class Conexao {
+  public:
+    explicit Conexao(const std::atomic<bool>* cancelar) : cancelar_(cancelar) {
+        // Nobody is there to type a password into a terminal.
+        cupsSetPasswordCB2([](const char*, http_t*, const char*, const char*,
+                              void*) -> const char* { return nullptr; },
+                           nullptr);
+        http_.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                                 EsperaConexao, nullptr));
+        if (http_ == nullptr) {
+            LancarErroImpressora(
+                "O serviço de impressão não está acessível. Verifique se o CUPS está em execução.");
+        }
+        httpSetTimeout(http_.get(), 1.0, ContinuarEsperando, this);
+    }
+    [[nodiscard]] http_t* Http() const { return http_.get(); }
+
+    void LancarSeCalado() const {
+        LancarSeCancelado(cancelar_);
+        if (segundosSemResposta_ >= EsperaResposta) {
+            LancarErroImpressora("O serviço de impressão não respondeu.");
+        }
+    }
+    // The service's last refusal, or its silence, as an error.
+    [[noreturn]] void Lancar(const std::string& operacao) const {
+        LancarSeCalado();
+        LancarErroImpressora(operacao + ": " + cupsLastErrorString() + ".");
+    }
+
+  private:
+    static int ContinuarEsperando(http_t*, void* conexao) {
+        auto& esta = *static_cast<Conexao*>(conexao);
+        ++esta.segundosSemResposta_;
+        const bool cancelado = esta.cancelar_ != nullptr && esta.cancelar_->load();
+        return !cancelado && esta.segundosSemResposta_ < EsperaResposta ? 1 : 0;
+    }
+
+    struct Fechar {
+        void operator()(http_t* http) const { httpClose(http); }
+    };
+    const std::atomic<bool>* cancelar_;
+    std::unique_ptr<http_t, Fechar> http_;
+    int segundosSemResposta_ = 0;
+};
+
+struct LiberarDestino {
+    void operator()(cups_dest_t* destino) const { cupsFreeDests(1, destino); }
+};
+using Destino = std::unique_ptr<cups_dest_t, LiberarDestino>;
+
+struct LiberarInformacao {
+    void operator()(cups_dinfo_t* informacao) const { cupsFreeDestInfo(informacao); }
+};
+using Informacao = std::unique_ptr<cups_dinfo_t, LiberarInformacao>;
+
+// Job options as CUPS keeps them.
+class Opcoes {
+  public:
+    Opcoes() = default;
+    ~Opcoes() { cupsFreeOptions(quantidade_, opcoes_); }
+    Opcoes(const Opcoes&) = delete;
+    Opcoes& operator=(const Opcoes&) = delete;
+    void Acrescentar(const char* nome, const std::string& valor) {
+        quantidade_ = cupsAddOption(nome, valor.c_str(), quantidade_, &opcoes_);
+    }
+    [[nodiscard]] int Quantidade() const { return quantidade_; }
+    [[nodiscard]] cups_option_t* Lista() const { return opcoes_; }
+
+  private:
+    int quantidade_ = 0;
+    cups_option_t* opcoes_ = nullptr;
+};
+
+std::string Atributo(const cups_dest_t& destino, const char* nome) {
+    const char* valor = cupsGetOption(nome, destino.num_options, destino.options);
+    return valor != nullptr ? valor : "";
+}
+
+std::vector<Impressora> Listar(const Conexao& conexao) {
+    cups_dest_t* destinos = nullptr;
+    const int quantidade = cupsGetDests2(conexao.Http(), &destinos);
+    std::vector<Impressora> impressoras;
+    for (int i = 0; i < quantidade; ++i) {
+        if (destinos[i].instance == nullptr) {
+            impressoras.push_back({destinos[i].name, destinos[i].is_default != 0});
+        }
+    }
+    cupsFreeDests(quantidade, destinos);
+    if (impressoras.empty()) {
+        if (cupsLastError() >= IPP_STATUS_ERROR_BAD_REQUEST &&
+            cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
+            conexao.Lancar("As impressoras não puderam ser consultadas");
+        }
+        LancarErroImpressora("Não há impressora instalada neste sistema.");
+    }
+    return impressoras;
+}
+
+std::string Nomes(const std::vector<Impressora>& impressoras) {
+    std::string nomes;
+    for (const auto& impressora : impressoras) {
+        nomes += (nomes.empty() ? "" : ", ") + impressora.nome;
+    }
+    return nomes;
+}
+
+Destino Escolher(const Conexao& conexao, const std::string& nome) {
+    Destino destino(
+        cupsGetNamedDest(conexao.Http(), nome.empty() ? nullptr : nome.c_str(), nullptr));
+    if (destino != nullptr) {
+        return destino;
+    }
+    conexao.LancarSeCalado();
+    const auto nomes = Nomes(Listar(conexao));
+    LancarErroImpressora(nome.empty()
+                             ? "Não há impressora padrão. Escolha uma destas: " + nomes + "."
+                             : "Não há impressora \"" + nome + "\". Existem: " + nomes + ".");
+}
+
+void RecusarSeParada(const cups_dest_t& destino) {
+    const std::string impressora = "A impressora \"" + std::string(destino.name) + "\" ";
+    if (Atributo(destino, "printer-state") == std::to_string(IPP_PSTATE_STOPPED)) {
+        LancarErroImpressora(impressora + "está parada.");
+    }
+    if (Atributo(destino, "printer-is-accepting-jobs") == "false") {
+        LancarErroImpressora(impressora + "não está aceitando trabalhos.");
+    }
+}
+
+void DefinirOpcoes(const TrabalhoImpressao& trabalho, Opcoes& opcoes) {
+    // No orientation: each page brings its own, and asking for one would turn it again.
+    opcoes.Acrescentar("media", "iso_a4_210x297mm");
+    opcoes.Acrescentar("print-scaling", "none");
+    if (trabalho.copias > 1) {
+        opcoes.Acrescentar("copies", std::to_string(trabalho.copias));
+    }
+    if (trabalho.primeiraPagina > 0) {
+        opcoes.Acrescentar("page-ranges", std::to_string(trabalho.primeiraPagina) + "-" +
+                                              std::to_string(trabalho.ultimaPagina));
+    }
+    constexpr const char* NomesDosLados[] = {"", "one-sided", "two-sided-long-edge",
+                                             "two-sided-short-edge"};
+    if (trabalho.lados != Lados::ComoNaFila) {
+        opcoes.Acrescentar("sides", NomesDosLados[static_cast<int>(trabalho.lados)]);
+    }
+}
+
+// The job between its creation and its last byte; given up, it is cancelled in the queue.
+class TrabalhoAberto {
+  public:
+    TrabalhoAberto(const Conexao& conexao, cups_dest_t& destino, const TrabalhoImpressao& trabalho)
+        : conexao_(conexao), destino_(destino) {
+        informacao_.reset(cupsCopyDestInfo(conexao.Http(), &destino));
+        if (informacao_ == nullptr) {
+            conexao.Lancar("A impressora não pôde ser consultada");
+        }
+        DefinirOpcoes(trabalho, opcoes_);
+        if (cupsCreateDestJob(conexao.Http(), &destino, informacao_.get(), &numero_,
+                              trabalho.titulo.c_str(), opcoes_.Quantidade(),
+                              opcoes_.Lista()) >= IPP_STATUS_ERROR_BAD_REQUEST) {
+            conexao.Lancar("O trabalho foi recusado");
+        }
+    }
+    ~TrabalhoAberto() {
+        if (!completo_ && numero_ > 0) {
+            cupsCancelDestJob(conexao_.Http(), &destino_, numero_);
+        }
+    }
+    TrabalhoAberto(const TrabalhoAberto&) = delete;
+    TrabalhoAberto& operator=(const TrabalhoAberto&) = delete;
+
+    int Enviar(const TrabalhoImpressao& trabalho, const std::atomic<bool>* cancelar) {
+        constexpr std::size_t Bloco = 65'536;
+        auto* http = conexao_.Http();
+        if (cupsStartDestDocument(http, &destino_, informacao_.get(), numero_,
+                                  trabalho.titulo.c_str(), CUPS_FORMAT_PDF, 0, nullptr,
+                                  1) != HTTP_STATUS_CONTINUE) {
+            conexao_.Lancar("O trabalho foi recusado");
+        }
+        for (auto resto = trabalho.pdf; !resto.empty();) {
+            LancarSeCancelado(cancelar);
+            const auto bytes = std::min(resto.size(), Bloco);
+            if (cupsWriteRequestData(http, resto.data(), bytes) != HTTP_STATUS_CONTINUE) {
+                conexao_.Lancar("O envio à impressora foi interrompido");
+            }
+            resto.remove_prefix(bytes);
+        }
+        LancarSeCancelado(cancelar);
+        if (cupsFinishDestDocument(http, &destino_, informacao_.get()) >=
+            IPP_STATUS_ERROR_BAD_REQUEST) {
+            conexao_.Lancar("O trabalho foi recusado");
+        }
+        completo_ = true;
+        return numero_;
+    }
+
+  private:
+    const Conexao& conexao_;
+    cups_dest_t& destino_;
+    Informacao informacao_;
+    Opcoes opcoes_;
+    int numero_ = 0;
+    bool completo_ = false;
+};
+
+}  // namespace
+
+std::vector<Impressora> ListarImpressoras() {
+    return Listar(Conexao(nullptr));
+}
+
+int EnviarTrabalho(const TrabalhoImpressao& trabalho, const std::atomic<bool>* cancelar) {
+    LancarSeCancelado(cancelar);
+    const Conexao conexao(cancelar);
+    const Destino destino = Escolher(conexao, trabalho.impressora);
+    RecusarSeParada(*destino);
+    LancarSeCancelado(cancelar);
+    return TrabalhoAberto(conexao, *destino, trabalho).Enviar(trabalho, cancelar);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,258 @@
+#include "host/batch/Lote.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
+#include <ostream>
+#include <thread>
+
+#include "data/Formatos.h"
+#include "databases/sqlite/BancoSQLite.h"
+#include "host/batch/LotesAnteriores.h"
+#include "host/batch/ProgressoLote.h"
+#include "host/batch/ResumoLote.h"
+#include "host/batch/SelecaoLote.h"
+#include "host/commands/Declaracoes.h"
+#include "host/commands/Interrupcao.h"
+#include "host/commands/Mensagens.h"
+#include "system/files/Arquivos.h"
+#include "system/settings/ConfiguracoesDaChamada.h"
+
+namespace tarvo::host {
+
+namespace {
+
+std::unique_ptr<BancoSQLite> AbrirParaLer(const Argumentos& a) {
+    return BancoSQLite::Abrir(a.banco, {.modo = ModoAbertura::SomenteLeitura,
+                                        .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+}
+
+// What makes every other report fail too: the batch ends, and can be resumed.
+bool EncerraOLote(NumeroErro numero) {
+    return numero == NumeroErro::DiscoCheio || numero == NumeroErro::BancoOcupado ||
+           numero == NumeroErro::BancoNaoEncontrado || numero == NumeroErro::MemoriaInsuficiente ||
+           numero == NumeroErro::FonteAusente;
+}
+
+// What the workers share.
+struct Lote {
+    const Argumentos& argumentos;
+    const std::vector<DeclaracaoDoLote>& declaracoes;
+    const ArquivosProntos& prontos;
+    ResumoLote& resumo;
+    ProgressoLote& progresso;
+    std::atomic<std::size_t> proxima = 0;
+    std::mutex mutex;
+    std::optional<Erro> erro;  // that ended the batch
+};
+
+// One thread of the batch with its connection.
+class Trabalhador {
+  public:
+    explicit Trabalhador(Lote& lote)
+        : lote_(lote),
+          banco_(AbrirParaLer(lote.argumentos)),
+          configuracoes_(lote.argumentos.refAtual) {}
+
+    void Trabalhar() {
+        for (std::size_t i = lote_.proxima++; i < lote_.declaracoes.size() && !Interrompido();
+             i = lote_.proxima++) {
+            Produzir(lote_.declaracoes[i]);
+        }
+    }
+
+  private:
+    void Produzir(const DeclaracaoDoLote& d) {
+        gravados_ = 0;
+        prontos_ = 0;
+        ausente_ = false;
+        LinhaResumo linha = NovaLinha(d, CodigoUnico);
+        Tentar(linha, [&] {
+            if (d.IE.empty()) {
+                throw Erro(NumeroErro::UsoInvalidoDeNull,
+                           "A declaração não diz de que contribuinte é.");
+            }
+            const auto& a = lote_.argumentos;
+            const auto codigos = a.todos ? CodigosOferecidos(*banco_, d.NroDRQ) : a.codigos;
+            ausente_ = !ExisteContribuinte(*banco_, d.IE);
+            if (ausente_) {
+                lote_.progresso.Avisar("o contribuinte " + d.IE + " da declaração " +
+                                       std::to_string(d.NroDRQ) + " não existe neste banco");
+            }
+            if (a.unico) {
+                ProduzirUnico(d, codigos);
+            } else {
+                ProduzirCadaUm(d, codigos);
+            }
+        });
+        if (!Interrompido()) {
+            lote_.progresso.Concluir(NomeDaDeclaracao(d), gravados_, prontos_);
+        }
+    }
+
+    void ProduzirCadaUm(const DeclaracaoDoLote& d, const std::vector<std::string>& codigos) {
+        Destino destino = lote_.argumentos.destino;
+        destino.pasta /= NomeDaDeclaracao(d);
+        destino.espera = Espera::Nenhuma;
+        for (const auto& codigo : codigos) {
+            if (Interrompido()) {
+                return;
+            }
+            if (lote_.prontos.Contem(d.NroDRQ, codigo)) {
+                ++prontos_;
+                continue;
+            }
+            LinhaResumo linha = NovaLinha(d, codigo);
+            Tentar(linha, [&] {
+                const auto relatorio = Construir(d, codigo);
+                Registrar(linha, ArquivoNoLote(d, codigo, destino.formato),
+                          Gravar(codigo, *relatorio, destino));
+            });
+        }
+    }
+
+    void ProduzirUnico(const DeclaracaoDoLote& d, const std::vector<std::string>& codigos) {
+        if (lote_.prontos.Contem(d.NroDRQ, CodigoUnico)) {
+            ++prontos_;
+            return;
+        }
+        std::vector<std::unique_ptr<Relatorio>> relatorios;
+        std::vector<SecaoPDF> secoes;
+        for (const auto& codigo : codigos) {
+            LinhaResumo linha = NovaLinha(d, codigo);
+            Tentar(linha, [&] {
+                relatorios.push_back(Construir(d, codigo));
+                const Conteudo& documento = relatorios.back()->Documento();
+                secoes.push_back({&documento, codigo + " - " + documento.tituloResumido});
+            });
+            if (Interrompido()) {
+                return;
+            }
+        }
+        if (secoes.empty()) {
+            return;
+        }
+        LinhaResumo linha = NovaLinha(d, CodigoUnico);
+        Tentar(linha, [&] {
+            const auto arquivo = ArquivoNoLote(d, CodigoUnico, Formato::PDF);
+            Registrar(
+                linha, arquivo,
+                GravarSecoes(secoes, lote_.argumentos.destino.pasta / arquivo, Espera::Nenhuma));
+        });
+    }
+
+    std::unique_ptr<Relatorio> Construir(const DeclaracaoDoLote& d, const std::string& codigo) {
+        return ConstruirRelatorio(codigo, *banco_, {d.IE, d.NroDRQ},
+                                  {.configuracoes = &configuracoes_, .andamento = &andamento_});
+    }
+
+    // Runs one step; its error becomes a line of the summary, unless it only says that the batch
+    // was interrupted, or it ends the batch.
+    template <class Passo>
+    void Tentar(LinhaResumo& linha, Passo&& passo) {
+        try {
+            passo();
+        } catch (...) {
+            const Erro erro = ErroCorrente();
+            if (EncerraOLote(erro.Numero())) {
+                throw;
+            }
+            if (Interrompido()) {
+                return;
+            }
+            linha.erro = static_cast<int>(erro.Numero());
+            linha.descricao = erro.Descricao();
+            lote_.resumo.Acrescentar(linha);
+            lote_.progresso.Falhar(
+                erro, "declaração " + std::to_string(linha.NroDRQ) +
+                          (linha.relatorio == CodigoUnico ? "" : ", relatório " + linha.relatorio));
+        }
+    }
+
+    LinhaResumo NovaLinha(const DeclaracaoDoLote& d, const std::string& codigo) const {
+        LinhaResumo linha;
+        linha.IE = d.IE;
+        linha.NroDRQ = d.NroDRQ;
+        linha.referencia = d.ref1 ? FormatarMesAno(*d.ref1) : "";
+        linha.relatorio = codigo;
+        linha.descricao = ausente_ ? "O contribuinte não existe neste banco." : "";
+        return linha;
+    }
+
+    void Registrar(LinhaResumo& linha, const std::string& arquivo, const ResultadoPDF& resultado) {
+        std::error_code ignorado;
+        linha.arquivo = arquivo;
+        linha.bytes =
+            std::filesystem::file_size(lote_.argumentos.destino.pasta / arquivo, ignorado);
+        linha.paginas = resultado.paginas;
+        linha.cortados = resultado.cortados.size();
+        lote_.resumo.Acrescentar(linha);
+        ++gravados_;
+    }
+
+    Lote& lote_;
+    std::unique_ptr<BancoSQLite> banco_;
+    ConfiguracoesDaChamada configuracoes_;
+    CancelaSeInterrompido andamento_;
+    // Of the current declaration:
+    std::size_t gravados_ = 0;
+    std::size_t prontos_ = 0;
+    bool ausente_ = false;  // its taxpayer
+};
+
+void Trabalhar(Lote& lote) {
+    try {
+        Trabalhador(lote).Trabalhar();
+    } catch (...) {
+        const std::lock_guard trava(lote.mutex);
+        lote.erro = ErroCorrente();
+        lote.proxima = lote.declaracoes.size();
+    }
+}
+
+// All workers, to the end.
+void Trabalhar(Lote& lote, std::size_t trabalhos) {
+    std::vector<std::jthread> trabalhadores;
+    for (std::size_t i = 0; i < std::min(trabalhos, lote.declaracoes.size()); ++i) {
+        trabalhadores.emplace_back([&lote] { Trabalhar(lote); });
+    }
+}
+
+}  // namespace
+
+int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
+    PrepararParaVariosFios();
+    const auto declaracoes = EscolherDeclaracoes(*AbrirParaLer(a), a);
+    if (declaracoes.empty()) {
+        erros << "aviso: nenhuma declaração corresponde ao que foi pedido\n";
+    }
+    CriarPasta(a.destino.pasta);
+    const CapturaDeInterrupcao captura;
+    const ArquivosProntos prontos = a.retomar ? Retomar(a, declaracoes) : ArquivosProntos();
+    ResumoLote resumo(a.destino.pasta, a.retomar);
+    const ConfiguracoesDaChamada configuracoes(a.refAtual);
+    ProgressoLote progresso(saida, erros, configuracoes, declaracoes.size(),
+                            ::isatty(STDOUT_FILENO) == 1);
+    Lote lote{.argumentos = a,
+              .declaracoes = declaracoes,
+              .prontos = prontos,
+              .resumo = resumo,
+              .progresso = progresso,
+              .mutex = {},
+              .erro = {}};
+    Trabalhar(lote, static_cast<std::size_t>(a.trabalhos));
+    progresso.Terminar();
+    if (lote.erro || Interrompido()) {
+        if (lote.erro) {
+            DizerErro(erros, *lote.erro);
+        }
+        erros << "o lote parou antes do fim; a mesma chamada com --retomar continua\n";
+        return Falhou;
+    }
+    EsperarPeloDisco(a.destino.pasta);
+    return progresso.Falhas() == 0 ? Feito : Falhou;
+}
+
+}  // namespace tarvo::host

@@ -1,0 +1,108 @@
+#include "host/batch/ProgressoLote.h"
+
+#include <ostream>
+
+#include "host/commands/Mensagens.h"
+
+namespace tarvo::host {
+
+namespace {
+
+std::string Contados(std::size_t quantos, const char* um, const char* varios) {
+    return std::to_string(quantos) + " " + (quantos == 1 ? um : varios);
+}
+
+// "1 h 05 min", "3 min 20 s", "12 s"
+std::string Duracao(std::chrono::seconds tempo) {
+    const auto doisDigitos = [](std::chrono::seconds::rep n) {
+        return (n < 10 ? "0" : "") + std::to_string(n);
+    };
+    const auto segundos = tempo.count();
+    if (segundos >= 3600) {
+        return std::to_string(segundos / 3600) + " h " + doisDigitos(segundos / 60 % 60) + " min";
+    }
+    return segundos >= 60
+               ? std::to_string(segundos / 60) + " min " + doisDigitos(segundos % 60) + " s"
+               : std::to_string(segundos) + " s";
+}
+
+}  // namespace
+
+ProgressoLote::ProgressoLote(std::ostream& saida, std::ostream& erros,
+                             const Configuracoes& configuracoes, std::size_t declaracoes,
+                             bool noTerminal)
+    : saida_(saida),
+      erros_(erros),
+      configuracoes_(configuracoes),
+      declaracoes_(declaracoes),
+      noTerminal_(noTerminal) {}
+
+void ProgressoLote::Concluir(const std::string& declaracao, std::size_t gravados,
+                             std::size_t prontos) {
+    const std::lock_guard trava(mutex_);
+    ++concluidas_;
+    gravados_ += gravados;
+    prontos_ += prontos;
+    feitas_ += gravados != 0 ? 1 : 0;
+    if (noTerminal_) {
+        EscreverLinha();
+    } else {
+        saida_ << declaracao << "  " << Contados(gravados, "arquivo", "arquivos") << "\n"
+               << std::flush;
+    }
+}
+
+void ProgressoLote::Falhar(const Erro& erro, const std::string& contexto) {
+    const std::lock_guard trava(mutex_);
+    ++falhas_;
+    ApagarLinha();
+    DizerLinhaDeErro(erros_, erro, contexto);
+    if (aconselhados_.insert(erro.Numero()).second) {
+        DizerConselho(erros_, erro, &configuracoes_);
+    }
+    EscreverLinha();
+}
+
+void ProgressoLote::Avisar(const std::string& aviso) {
+    const std::lock_guard trava(mutex_);
+    ApagarLinha();
+    erros_ << "aviso: " << aviso << "\n";
+    EscreverLinha();
+}
+
+void ProgressoLote::Terminar() {
+    const std::lock_guard trava(mutex_);
+    ApagarLinha();
+    saida_ << Contados(concluidas_, "declaração", "declarações") << ": "
+           << Contados(gravados_, "arquivo gravado", "arquivos gravados");
+    if (prontos_ != 0) {
+        saida_ << ", " << Contados(prontos_, "já pronto", "já prontos");
+    }
+    if (falhas_ != 0) {
+        saida_ << ", " << Contados(falhas_, "falha", "falhas") << " (veja resumo.csv)";
+    }
+    saida_ << "\n" << std::flush;
+}
+
+// The estimate counts only what this run makes.
+void ProgressoLote::EscreverLinha() {
+    if (!noTerminal_) {
+        return;
+    }
+    saida_ << "\r" << concluidas_ << "/" << declaracoes_ << " declarações, "
+           << 100 * concluidas_ / declaracoes_ << " %";
+    if (feitas_ != 0 && concluidas_ != declaracoes_) {
+        const auto decorrido = std::chrono::duration_cast<std::chrono::seconds>(
+            std::chrono::steady_clock::now() - inicio_);
+        saida_ << ", faltam " << Duracao(decorrido * (declaracoes_ - concluidas_) / feitas_);
+    }
+    saida_ << "\033[K" << std::flush;
+}
+
+void ProgressoLote::ApagarLinha() {
+    if (noTerminal_) {
+        saida_ << "\r\033[K" << std::flush;
+    }
+}
+
+}  // namespace tarvo::host

@@ -1,0 +1,82 @@
+#include "host/commands/Declaracoes.h"
+
+#include "data/CodigosDeErros.h"
+#include "data/Consultas.h"
+#include "data/Formatos.h"
+#include "data/Funcoes.h"
+#include "document/QuadroPagina.h"
+
+namespace tarvo::host {
+
+namespace {
+
+// Databases of others may lack the column that says whose a declaration is.
+bool TemColuna(Recordset& recordset, const char* nome) {
+    try {
+        (void)recordset.Fields(nome);
+        return true;
+    } catch (const Erro& erro) {
+        if (erro.Numero() == NumeroErro::ItemNaoEncontrado) {
+            return false;
+        }
+        throw;
+    }
+}
+
+bool TemLinha(BancoDados& banco, const std::string& consulta) {
+    return !banco.OpenRecordset(consulta, TipoRecordset::ForwardOnly)->EOF_();
+}
+
+}  // namespace
+
+std::vector<Contribuinte> LerContribuintes(BancoDados& banco) {
+    std::vector<Contribuinte> lista;
+    const auto rs = banco.OpenRecordset(
+        "select IE, RazãoSocial, CNPJ from tblContribuinte order by RazãoSocial, IE",
+        TipoRecordset::ForwardOnly);
+    for (; !rs->EOF_(); rs->MoveNext()) {
+        lista.push_back({TextoCampo(rs->Fields("IE")), TextoCampo(rs->Fields("RazãoSocial")),
+                         TextoCampo(rs->Fields("CNPJ"))});
+    }
+    return lista;
+}
+
+void PercorrerDeclaracoes(BancoDados& banco,
+                          const std::function<void(const Declaracao& declaracao)>& visitar) {
+    const bool temIE = TemColuna(
+        *banco.OpenRecordset("select * from tblDRQ where NroDRQ = 0", TipoRecordset::ForwardOnly),
+        "IE");
+    const auto rs = banco.OpenRecordset(
+        std::string("select ") + (temIE ? "IE, " : "") +
+            "NroDRQ, Ref1, RegTrib, Tipo, Consistente from tblDRQ order by Ref1, NroDRQ",
+        TipoRecordset::ForwardOnly);
+    for (; !rs->EOF_(); rs->MoveNext()) {
+        Declaracao d;
+        if (std::string IE = temIE ? TextoCampo(rs->Fields("IE")) : ""; !IE.empty()) {
+            d.IE = std::move(IE);
+        }
+        d.NroDRQ = LongCampo(rs->Fields("NroDRQ"));
+        d.ref1 = DataCampo(rs->Fields("Ref1"));
+        d.referencia = EhNulo(rs->Fields("Ref1")) ? "" : FormatarMesAno(d.ref1);
+        d.regime = TextoCampo(rs->Fields("RegTrib"));
+        d.tipo = TipoDaDRQ(LongCampo(rs->Fields("Tipo")));
+        d.consistente = BooleanoCampo(rs->Fields("Consistente"));
+        visitar(d);
+    }
+}
+
+std::vector<Declaracao> LerDeclaracoes(BancoDados& banco) {
+    std::vector<Declaracao> lista;
+    PercorrerDeclaracoes(banco, [&](const Declaracao& d) { lista.push_back(d); });
+    return lista;
+}
+
+bool ExisteContribuinte(BancoDados& banco, const std::string& IE) {
+    return TemLinha(banco, ConsultaContribuinte(IE));
+}
+
+bool ExisteDeclaracao(BancoDados& banco, std::int32_t NroDRQ) {
+    return TemLinha(banco, ConsultaRef1(NroDRQ));
+}
+
+}  // namespace tarvo::host

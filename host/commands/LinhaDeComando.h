@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/commands/Mensagens.h"
+
+// The grammar of the command line: which commands there are, which options each takes, and their
+// help. What the options' values mean is read from them in Argumentos.
+namespace tarvo::host {
+
+enum class Comando {
+    Ajuda,
+    Criar,
+    Listar,
+    Exportar,
+    Lote,
+    Selecionar,
+    Imprimir,
+    Velo,
+    RefAtual,
+    Janela
+};
+
+// The options' values as they were typed; empty or false when left out.
+struct LinhaDeComando {
+    Comando comando = Comando::Ajuda;
+    std::string ajuda;  // for Ajuda: the text to print
+    std::string banco;
+    std::string IE;
+    std::string drq;
+    std::string relatorios;
+    std::string formato;
+    std::string saida;
+    std::string dpi;
+    std::string opcoes;
+    std::string impressora;
+    std::string refAtual;
+    std::string de;
+    std::string ate;
+    std::string trabalhos;
+    bool exemplo = false;
+    bool unico = false;
+    bool retomar = false;
+};
+
+// argumentos: without the program's name. Raises UsoErrado.
+LinhaDeComando Separar(const std::vector<std::string>& argumentos);
+
+}  // namespace tarvo::host

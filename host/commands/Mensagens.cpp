@@ -1,0 +1,90 @@
+#include "host/commands/Mensagens.h"
+
+#include <new>
+#include <ostream>
+#include <string>
+
+#include "reports/ReferenciaAtual.h"
+
+namespace tarvo::host {
+
+namespace {
+
+struct Conselho {
+    NumeroErro numero;
+    const char* texto;
+};
+
+constexpr Conselho Conselhos[] = {
+    {NumeroErro::BancoNaoEncontrado,
+     "Confira o caminho. Para criar um banco novo: relatorios-tarvo criar BANCO"},
+    {NumeroErro::BancoIrreconhecivel,
+     "O arquivo não é um banco de declarações, ou está danificado; recorra a uma cópia de "
+     "segurança."},
+    {NumeroErro::BancoOcupado, "Feche o outro programa que usa o banco e tente de novo."},
+    {NumeroErro::BancoSomenteLeitura,
+     "Dê permissão de escrita ao arquivo e à sua pasta, ou trabalhe numa cópia."},
+    {NumeroErro::BancoJaExiste, "Escolha outro nome ou remova antes o arquivo."},
+    {NumeroErro::PermissaoNegada, "Confira as permissões do arquivo e da pasta."},
+    {NumeroErro::DiscoCheio, "Libere espaço e tente de novo; o que já existia está intacto."},
+    {NumeroErro::RegistroAtualAusente,
+     "A declaração não existe; relatorios-tarvo listar BANCO mostra as que existem."},
+    {NumeroErro::TabelaInexistente, "O banco não tem todas as tabelas de um banco de declarações."},
+    {NumeroErro::ArquivoJaExiste,
+     "Acrescente --retomar para continuar esse lote, ou escolha outra pasta."},
+    {NumeroErro::ErroImpressora, "Confira a impressora e o serviço de impressão (CUPS)."},
+};
+
+}  // namespace
+
+Erro ErroCorrente() {
+    try {
+        throw;
+    } catch (const Erro& erro) {
+        return erro;
+    } catch (const std::bad_alloc&) {
+        return {NumeroErro::MemoriaInsuficiente, "Memória insuficiente."};
+    } catch (const std::exception& excecao) {
+        return {NumeroErro::ErroInterno, std::string("Erro interno: ") + excecao.what()};
+    }
+}
+
+void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto) {
+    erros << "erro " << static_cast<int>(erro.Numero()) << ": " << contexto
+          << (contexto.empty() ? "" : ": ") << erro.Descricao() << "\n";
+}
+
+void DizerConselho(std::ostream& erros, const Erro& erro, const Configuracoes* configuracoes) {
+    for (const auto& conselho : Conselhos) {
+        if (conselho.numero == erro.Numero()) {
+            erros << "  " << conselho.texto << "\n";
+        }
+    }
+    // The CFOP summaries need a setting that a new user has not made yet.
+    if (erro.Numero() == NumeroErro::TipoIncompativel && configuracoes != nullptr) {
+        using namespace AjusteRefAtual;
+        if (configuracoes->Ler(Aplicacao, Secao, Chave, "").empty()) {
+            erros << "  Informe o mês: relatorios-tarvo ref-atual MM/AAAA, ou --ref-atual\n";
+        }
+    }
+}
+
+void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto,
+               const Configuracoes* configuracoes) {
+    DizerLinhaDeErro(erros, erro, contexto);
+    DizerConselho(erros, erro, configuracoes);
+}
+
+int DizendoErros(std::ostream& erros, const std::function<int()>& comando) {
+    try {
+        return comando();
+    } catch (const UsoErrado& uso) {
+        erros << "uso incorreto: " << uso.what() << "\n  Veja relatorios-tarvo --ajuda\n";
+        return Incompreendido;
+    } catch (...) {
+        DizerErro(erros, ErroCorrente());
+        return Falhou;
+    }
+}
+
+}  // namespace tarvo::host

@@ -1,0 +1,83 @@
+#include "host/commands/Preparo.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <ostream>
+
+#include "data/Formatos.h"
+#include "databases/sqlite/BancoSQLite.h"
+#include "host/commands/Declaracoes.h"
+#include "host/commands/Mensagens.h"
+#include "system/settings/ConfiguracoesDaChamada.h"
+
+namespace tarvo::host {
+
+namespace {
+
+// Says which taxpayer or declaration does not exist, of those that the reports need: their
+// documents come out empty.
+void AvisarAusentes(BancoDados& banco, const Argumentos& a, std::ostream& erros) {
+    const auto precisa = [&](bool (*de)(std::string_view)) {
+        return a.todos || std::any_of(a.codigos.begin(), a.codigos.end(), de);
+    };
+    if (a.IE && precisa(PrecisaDeContribuinte) && !ExisteContribuinte(banco, *a.IE)) {
+        erros << "aviso: o contribuinte " << *a.IE << " não existe neste banco\n";
+    }
+    if (a.NumeroDRQ && precisa(PrecisaDeDeclaracao) && !ExisteDeclaracao(banco, *a.NumeroDRQ)) {
+        erros << "aviso: a declaração " << *a.NumeroDRQ << " não existe neste banco\n";
+    }
+}
+
+// On one line, as a message shows it.
+std::string EmUmaLinha(std::string texto) {
+    std::replace_if(
+        texto.begin(), texto.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    return texto;
+}
+
+void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoPDF& resultado) {
+    for (const auto& corte : resultado.cortados) {
+        erros << "aviso: " << nome << ", página " << corte.pagina << ", a "
+              << FormatarValor(Moeda::DeDouble(corte.caixa.x)) << " × "
+              << FormatarValor(Moeda::DeDouble(corte.caixa.y))
+              << " cm: o texto não coube e foi cortado: \"" << EmUmaLinha(corte.texto) << "\"\n";
+    }
+}
+
+// A database that cannot be written is read all the same, with work tables of this call alone.
+std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo, std::ostream& erros) {
+    const auto pasta = arquivo.has_parent_path() ? arquivo.parent_path() : ".";
+    if (::access(arquivo.c_str(), W_OK) == 0 && ::access(pasta.c_str(), W_OK) == 0) {
+        return BancoSQLite::Abrir(arquivo);
+    }
+    auto banco = BancoSQLite::Abrir(arquivo, {.modo = ModoAbertura::SomenteLeitura,
+                                              .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    erros << "aviso: o banco não pode ser alterado; as tabelas de trabalho são só desta chamada\n";
+    return banco;
+}
+
+}  // namespace
+
+int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
+                      const std::function<ResultadoPDF(const std::string& codigo,
+                                                       const Relatorio& relatorio)>& usar) {
+    const auto banco = AbrirBanco(a.banco, erros);
+    AvisarAusentes(*banco, a, erros);
+    const ConfiguracoesDaChamada configuracoes(a.refAtual);
+    const Ambiente ambiente{.configuracoes = &configuracoes};
+    const Alvo alvo{a.IE.value_or(""), a.NumeroDRQ.value_or(0)};
+    int situacao = Feito;
+    for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, alvo.NumeroDRQ) : a.codigos) {
+        try {
+            const auto relatorio = ConstruirRelatorio(codigo, *banco, alvo, ambiente);
+            AvisarCortes(erros, NomeDoArquivo(codigo), usar(codigo, *relatorio));
+        } catch (...) {
+            DizerErro(erros, ErroCorrente(), "relatório " + codigo, &configuracoes);
+            situacao = Falhou;
+        }
+    }
+    return situacao;
+}
+
+}  // namespace tarvo::host

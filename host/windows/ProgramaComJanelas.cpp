@@ -1,0 +1,99 @@
+#include "host/windows/ProgramaComJanelas.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <ostream>
+
+#include "databases/sqlite/BancoSQLite.h"
+#include "desktop/ApoioQt.h"
+#include "desktop/dialog/JanelaSelecaoQt.h"
+#include "dispatch/Relatorios.h"
+#include "host/commands/Argumentos.h"
+#include "host/commands/Mensagens.h"
+#include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/JanelaPrincipal.h"
+#include "host/windows/Tela.h"
+#include "slip/RelatorioVELO.h"
+
+namespace tarvo::host {
+
+namespace {
+
+// Until the last window is closed; at once when none is open.
+void EsperarPelasJanelas() {
+    const auto janelas = QApplication::topLevelWidgets();
+    if (std::any_of(janelas.begin(), janelas.end(),
+                    [](const QWidget* janela) { return janela->isVisible(); })) {
+        QApplication::setQuitOnLastWindowClosed(true);
+        QApplication::exec();
+    }
+}
+
+// Windows that were opened before an error stay until the user closes them.
+template <class Acao>
+int ComAsJanelas(std::ostream& erros, Acao&& acao) {
+    int situacao = Feito;
+    try {
+        acao();
+    } catch (const Erro& erro) {
+        DizerErro(erros, erro);
+        situacao = Falhou;
+    }
+    EsperarPelasJanelas();
+    return situacao;
+}
+
+int Selecionar(const Argumentos& a, std::ostream& erros) {
+    const auto banco = BancoSQLite::Abrir(a.banco);
+    AmbienteComJanelas ambiente(a.refAtual);
+    JanelaSelecaoQt janela;
+    Relatorios relatorios(ambiente.DosRelatorios(), janela);
+    return ComAsJanelas(erros, [&] {
+        const auto fim = ambiente.ConcluirAndamentoNoFim();
+        relatorios.Executar(*banco, a.IE.value_or(""), a.NumeroDRQ.value_or(0), a.opcoes);
+    });
+}
+
+int MostrarVelo(const Argumentos& a, std::ostream& erros) {
+    const auto banco = BancoSQLite::Abrir(a.banco);
+    AmbienteComJanelas ambiente(a.refAtual);
+    RelatorioVELO velo(ambiente.DosRelatorios());
+    return ComAsJanelas(erros, [&] {
+        velo.Construir(*banco);
+        velo.Exibir();
+    });
+}
+
+int AbrirJanela(const Argumentos& a) {
+    AmbienteComJanelas ambiente(a.refAtual);
+    JanelaPrincipal janela(ambiente);
+    janela.show();
+    if (!a.banco.empty()) {
+        janela.Abrir(a.banco);
+    }
+    EsperarPelasJanelas();
+    return Feito;
+}
+
+}  // namespace
+
+int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
+    return DizendoErros(erros, [&] {
+        const Argumentos a = LerArgumentos({argv + 1, argv + argc});
+        ExigirTela();
+        const QApplication aplicacao(argc, argv);
+        QApplication::setApplicationName(QStringLiteral("relatorios-tarvo"));
+        QApplication::setQuitOnLastWindowClosed(false);
+        InstalarTraducao();
+        switch (a.comando) {
+            case Comando::Selecionar:
+                return Selecionar(a, erros);
+            case Comando::Velo:
+                return MostrarVelo(a, erros);
+            default:
+                return AbrirJanela(a);
+        }
+    });
+}
+
+}  // namespace tarvo::host

@@ -1,0 +1,7 @@
+#include <iostream>
+
+#include "host/windows/ProgramaComJanelas.h"
+
+int main(int argc, char** argv) {
+    return tarvo::host::ExecutarComJanelas(argc, argv, std::cerr);
+}

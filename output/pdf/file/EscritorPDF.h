@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "output/pdf/file/Compressor.h"
+
+namespace tarvo::pdf {
+
+// Writes the objects of a PDF 1.7 file as they come and keeps nothing of them but their places.
+// Small objects travel in compressed object streams, the table of places in a cross-reference
+// stream. Belongs to one thread.
+class EscritorPDF {
+  public:
+    using Destino = std::function<void(std::string_view bytes)>;
+
+    explicit EscritorPDF(const Destino& destino);
+
+    // The number of an object that is written later, once, before Terminar.
+    int Reservar();
+    void Objeto(int numero, std::string_view corpo);
+    // dicionario: the entries besides Length and Filter.
+    void Fluxo(int numero, std::string_view dicionario, std::string_view dados);
+    // dados: compressed already.
+    void FluxoComprimido(int numero, std::string_view dicionario, std::string_view dados);
+    void FluxoAberto(int numero, std::string_view dicionario, std::string_view dados);
+    // The cross-reference stream and the end of the file.
+    void Terminar(int raiz, int informacao);
+
+  private:
+    // Where an object is: a place in the file, or an object stream and the index in it.
+    struct Lugar {
+        std::uint64_t lugar = 0;
+        std::uint16_t indice = 0;
+        std::uint8_t tipo = 0;  // 0 free, 1 place in the file, 2 in an object stream
+    };
+
+    void Escrever(std::string_view bytes);
+    void Esvaziar();
+    void Abrir(int numero);
+    void EscreverFluxo(int numero, std::string_view dicionario, std::string_view dados,
+                       bool comprimido);
+    void FecharLote();
+    [[nodiscard]] std::string TabelaDeLugares() const;
+    [[nodiscard]] std::string Identificador() const;
+
+    const Destino& destino_;
+    Compressor compressor_;
+    std::string saida_;
+    std::uint64_t escritos_ = 0;                   // bytes handed over, those in saida_ included
+    std::array<std::uint64_t, 2> digestao_{1, 2};  // of all bytes so far, for the file's identifier
+    std::vector<Lugar> lugares_;                   // by object number
+    std::string lote_;                             // bodies of the open object stream
+    std::string indices_;                          // "number place" of each
+    int quantidade_ = 0;
+    int numeroLote_ = 0;
+};
+
+}  // namespace tarvo::pdf

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "output/pdf/file/EscritorPDF.h"
+#include "output/pdf/text/Fonte.h"
+
+namespace tarvo::pdf {
+
+// A face of the file with its number, which gives its names in content streams: "F" for one-byte
+// text, "G" for text by glyph number.
+struct FonteDoArquivo {
+    explicit FonteDoArquivo(std::shared_ptr<const Face> face) : fonte(std::move(face)) {}
+
+    Fonte fonte;
+    int numero = 0;
+    int objetoCodigos = 0;
+    int objetoGlifos = 0;
+};
+
+// The faces of one file: loaded on first use, embedded at the end as subsets of what was used.
+class FontesPDF {
+  public:
+    explicit FontesPDF(EscritorPDF& escritor) : escritor_(escritor) {}
+
+    FonteDoArquivo& Obter(std::string_view nome, bool negrito, bool italico);
+    // Writes all faces; returns the entries of a resource dictionary's Font.
+    std::string Embutir();
+
+  private:
+    void EmbutirFace(FonteDoArquivo& f, std::string& recursos);
+    void EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome, int descritor);
+    void EmbutirGlifos(FonteDoArquivo& f, const std::string& nome, int descritor);
+
+    EscritorPDF& escritor_;
+    std::vector<std::unique_ptr<FonteDoArquivo>> fontes_;
+    std::map<std::string, FonteDoArquivo*> porNome_;
+};
+
+}  // namespace tarvo::pdf

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <hb.h>
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "output/pdf/text/LocalizarFonte.h"
+
+namespace tarvo::pdf {
+
+// Lengths of a face in thousandths of the font size.
+struct MetricasFonte {
+    int ascendente = 0;
+    int descendente = 0;  // positive, below the baseline
+    int maiuscula = 0;    // height of capitals
+    int xMinimo = 0;      // box that holds every glyph
+    int yMinimo = 0;
+    int xMaximo = 0;
+    int yMaximo = 0;
+    int posicaoSublinhado = 0;  // centre of the line, negative below the baseline
+    int espessuraSublinhado = 0;
+    int inclinacao = 0;  // degrees
+
+    [[nodiscard]] int AlturaLinha() const { return ascendente + descendente; }
+    // What a line needs at least so that nothing of a capital or a descender stands outside.
+    [[nodiscard]] int AlturaMinima() const { return maiuscula + descendente; }
+};
+
+// A face of the machine: its measures, advances and kerning pairs. Read once in a process and then
+// shared by all renderings, on any thread. All lengths are thousandths of the font size.
+class Face {
+  public:
+    // The face of a font by its name in the document (see LocalizarFonte). Error 20005.
+    static std::shared_ptr<const Face> Obter(std::string_view nome, bool negrito, bool italico);
+    explicit Face(const ArquivoFonte& arquivo);
+
+    [[nodiscard]] hb_face_t* Hb() const { return face_.get(); }
+    [[nodiscard]] hb_font_t* HbFonte() const { return fonte_.get(); }
+    [[nodiscard]] const MetricasFonte& Metricas() const { return metricas_; }
+    // Negative where the face lacks the code.
+    [[nodiscard]] int Avanco(std::uint8_t codigo) const { return avancos_[codigo]; }
+    [[nodiscard]] int AvancoGlifo(hb_codepoint_t glifo) const;
+    // Between two codes; 0 when there is none before.
+    [[nodiscard]] int Kern(std::uint8_t anterior, std::uint8_t codigo) const {
+        return kern_.empty() || anterior == 0 ? 0 : KernDoPar(anterior, codigo);
+    }
+    [[nodiscard]] int Milesimos(int unidades) const;
+    [[nodiscard]] std::string NomePostScript() const;
+
+  private:
+    template <auto Funcao>
+    struct Liberar {
+        template <class T>
+        void operator()(T* p) const noexcept {
+            Funcao(p);
+        }
+    };
+
+    void LerMetricas();
+    void LerAvancos();
+    [[nodiscard]] int KernDoPar(std::uint8_t a, std::uint8_t b) const;
+    [[nodiscard]] int MedirKern(std::uint8_t a, std::uint8_t b) const;
+
+    std::unique_ptr<hb_face_t, Liberar<hb_face_destroy>> face_;
+    std::unique_ptr<hb_font_t, Liberar<hb_font_destroy>> fonte_;
+    int unidades_ = 1000;
+    MetricasFonte metricas_;
+    std::array<std::int16_t, 256> avancos_{};
+    // Of each pair of codes, once asked; empty in a face of one width. Threads that ask at the same
+    // time find the same value.
+    mutable std::vector<std::atomic<std::int16_t>> kern_;
+};
+
+}  // namespace tarvo::pdf

@@ -1,0 +1,96 @@
+#include "output/pdf/text/LocalizarFonte.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <memory>
+#include <optional>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo::pdf {
+
+namespace {
+
+struct Gemea {
+    const char* nome;
+    const char* familia;
+};
+
+constexpr Gemea Gemeas[] = {{"Arial", "Liberation Sans"},
+                            {"Courier New", "Liberation Mono"},
+                            {"Times New Roman", "Liberation Serif"}};
+constexpr const char* PacoteDasGemeas = "fonts-liberation";
+
+struct Destruir {
+    void operator()(FcPattern* p) const noexcept { FcPatternDestroy(p); }
+};
+using Padrao = std::unique_ptr<FcPattern, Destruir>;
+
+const FcChar8* Fc(const char* texto) {
+    return reinterpret_cast<const FcChar8*>(texto);
+}
+
+// The machine's fonts, read once in a process; fontconfig's matching is thread-safe.
+FcConfig* Configuracao() {
+    static const std::unique_ptr<FcConfig, void (*)(FcConfig*)> configuracao(
+        FcInitLoadConfigAndFonts(), FcConfigDestroy);
+    return configuracao.get();
+}
+
+bool TemFamilia(const FcPattern& padrao, const char* familia) {
+    FcChar8* nome = nullptr;
+    for (int i = 0; FcPatternGetString(&padrao, FC_FAMILY, i, &nome) == FcResultMatch; ++i) {
+        if (FcStrCmpIgnoreCase(nome, Fc(familia)) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::optional<ArquivoFonte> Procurar(const char* familia, bool negrito, bool italico) {
+    const Padrao pedido(FcPatternCreate());
+    FcPatternAddString(pedido.get(), FC_FAMILY, Fc(familia));
+    FcPatternAddInteger(pedido.get(), FC_WEIGHT, negrito ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(pedido.get(), FC_SLANT, italico ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddBool(pedido.get(), FC_VARIABLE, FcFalse);
+    FcPatternAddString(pedido.get(), FC_FONTFORMAT, Fc("TrueType"));
+    FcDefaultSubstitute(pedido.get());
+    FcResult resultado = FcResultNoMatch;
+    const Padrao achado(FcFontMatch(Configuracao(), pedido.get(), &resultado));
+    FcChar8* caminho = nullptr;
+    FcChar8* formato = nullptr;
+    int indice = 0;
+    // The best match may be any font: only the family that was asked for will do.
+    if (achado == nullptr || !TemFamilia(*achado, familia) ||
+        FcPatternGetString(achado.get(), FC_FONTFORMAT, 0, &formato) != FcResultMatch ||
+        FcStrCmp(formato, Fc("TrueType")) != 0 ||
+        FcPatternGetString(achado.get(), FC_FILE, 0, &caminho) != FcResultMatch) {
+        return std::nullopt;
+    }
+    FcPatternGetInteger(achado.get(), FC_INDEX, 0, &indice);
+    return ArquivoFonte{reinterpret_cast<const char*>(caminho),
+                        static_cast<unsigned>(indice) & 0xFFFFU};
+}
+
+}  // namespace
+
+ArquivoFonte LocalizarFonte(std::string_view nome, bool negrito, bool italico) {
+    const std::string pedida(nome);
+    std::string pacote;
+    for (const auto& gemea : Gemeas) {
+        if (FcStrCmpIgnoreCase(Fc(pedida.c_str()), Fc(gemea.nome)) == 0) {
+            if (auto arquivo = Procurar(gemea.familia, negrito, italico)) {
+                return *std::move(arquivo);
+            }
+            pacote = PacoteDasGemeas;
+        }
+    }
+    if (auto arquivo = Procurar(pedida.c_str(), negrito, italico)) {
+        return *std::move(arquivo);
+    }
+    throw Erro(NumeroErro::FonteAusente,
+               "A fonte \"" + pedida + "\" não está instalada" +
+                   (pacote.empty() ? "." : "; instale o pacote " + pacote + "."));
+}
+
+}  // namespace tarvo::pdf

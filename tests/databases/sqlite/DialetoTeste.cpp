@@ -1,0 +1,169 @@
+#include <string>
+#include <vector>
+
+#include "tests/databases/sqlite/LinhasDe.h"
+
+namespace tarvo {
+
+namespace {
+
+constexpr std::string_view Dados = R"(
+INSERT INTO "tblOcorrências" ("NroDRQ", "CódSubItem", "Código", "Valor", "OpPróprias") VALUES
+    (7, 'b', 1, 15000, -1), (7, 'Á', 2, 20000, 0), (7, 'a', 3, -5, 7), (8, NULL, 4, NULL, NULL),
+    (8, 'B', 5, 15000, 0);
+INSERT INTO tblPagamento ("NroDRQ", "OpPróprias", "Data", "Valor") VALUES
+    (7, -1, '2003-05-01', 1), (7, 0, '2003-05-01 00:00:00', 2), (7, 0, '2003-05-01 10:30:00', 3),
+    (7, -1, '2002-12-31', 4), (7, NULL, NULL, 5);
+INSERT INTO "tblQuadroOcorrências" VALUES ('B', 0, 'x', NULL), ('a', -1, 'y', NULL);
+)";
+
+class Dialeto : public testing::Test {
+  protected:
+    std::string Ler(const std::string& consulta, const std::string& colunas) {
+        return LinhasDe(*banco_, consulta, colunas);
+    }
+    std::string CodigosOnde(const std::string& condicao) {
+        return Ler("SELECT Código FROM tblOcorrências WHERE " + condicao, "Código");
+    }
+
+    apoio::BancoDeTeste banco_{Dados};
+};
+
+TEST_F(Dialeto, AsCondicoesEscolhemAsSuasLinhas) {
+    const std::vector<std::pair<std::string, std::string>> casos = {
+        {"CódSubItem = 'B'", "1\n5"},
+        {"CÓDSUBITEM = 'á'", "2"},
+        {"[códsubitem] <> \"b\"", "2\n3"},
+        {"CódSubItem < 'b'", "2\n3"},
+        {"CódSubItem Like '?'", "1\n2\n3\n5"},
+        {"CódSubItem Not Like '[a-z]'", "2"},
+        {"Not CódSubItem = 'b'", "2\n3"},
+        {"CódSubItem Is Null", "4"},
+        {"CódSubItem Is Not Null And NroDRQ = 8", "5"},
+        {"Código Between 2 And 4", "2\n3\n4"},
+        {"CódSubItem In ('A', 'á')", "2\n3"},
+        {"Valor = 1.5", "1\n5"},
+        {"Valor > 1.49999 And Valor < 1.50001", "1\n5"},
+        {"Valor >= 2", "2"},
+        {"Valor = -0.0005", "3"},
+        {"OpPróprias = TRUE", "1\n3"},
+        {"OpPróprias", "1\n3"},
+        {"Not OpPróprias", "2\n5"},
+        {"OpPróprias = -1", "1\n3"},
+        {"(CódSubItem = 'b') = TRUE", "1\n5"},
+        {"NroDRQ=8Or Código=1And(Valor=1.5)", "1\n4\n5"},
+        {"Left(CódSubItem & '-' & Código, 3) = 'b-1'", "1"},
+        {"CódSubItem & Valor = '' Or CódSubItem = Null", ""},
+        {"CódSubItem = 'x'' Or ''1''=''1'", ""},
+    };
+    for (const auto& [condicao, codigos] : casos) {
+        EXPECT_EQ(CodigosOnde(condicao), codigos) << condicao;
+    }
+}
+
+TEST_F(Dialeto, AsDatasComparamComoDatas) {
+    const auto valores = [this](const std::string& condicao) {
+        return Ler("SELECT Valor FROM tblPagamento WHERE " + condicao, "Valor");
+    };
+    EXPECT_EQ(valores("Data = #5/1/2003#"), "0,0001\n0,0002");
+    EXPECT_EQ(valores("Data < #12/31/2003# And Data > #5/1/2003#"), "0,0003");
+    EXPECT_EQ(Ler("SELECT Max(Data) AS Ultima, Min(Data) AS Primeira FROM tblPagamento",
+                  "Ultima|Primeira"),
+              "01/05/2003 10:30:00|31/12/2002");
+    EXPECT_EQ(Ler("SELECT Valor FROM tblPagamento ORDER BY Data DESC", "Valor"),
+              "0,0003\n0,0001\n0,0002\n0,0004\n0,0005");
+}
+
+TEST_F(Dialeto, AOrdemPoeNulosEVerdadeiroPrimeiro) {
+    EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências ORDER BY OpPróprias, CódSubItem", "Código"),
+              "4\n3\n1\n2\n5");
+    EXPECT_EQ(
+        Ler("SELECT Código AS C, Valor AS V FROM tblOcorrências ORDER BY V DESC, C DESC", "C"),
+        "2\n5\n1\n3\n4");
+}
+
+TEST_F(Dialeto, AgrupaSemCaixaNaOrdemDeChegada) {
+    EXPECT_EQ(Ler("SELECT CódSubItem, Count(*) AS N, Sum(Valor), Max(Valor) FROM tblOcorrências "
+                  "GROUP BY CódSubItem",
+                  "CódSubItem|N|Expr1002|Expr1003"),
+              "b|2|3|1,5\nÁ|1|2|2\na|1|-0,0005|-0,0005\nNull|1|Null|Null");
+    EXPECT_EQ(Ler("SELECT NroDRQ FROM tblOcorrências GROUP BY NroDRQ HAVING Sum(Valor) > 2 And "
+                  "Count(Valor) = 3",
+                  "NroDRQ"),
+              "7");
+    EXPECT_EQ(Ler("SELECT Count(Valor) AS N, Min(CódSubItem) AS P FROM tblOcorrências WHERE NroDRQ "
+                  "= 9",
+                  "N|P"),
+              "0|Null");
+    EXPECT_EQ(Ler("SELECT DISTINCT CódSubItem FROM tblOcorrências", "CódSubItem"), "b\nÁ\na\nNull");
+    EXPECT_EQ(
+        Ler("SELECT DISTINCT OpPróprias FROM tblOcorrências ORDER BY OpPróprias", "OpPróprias"),
+        "Null\nVerdadeiro\nFalso");
+}
+
+TEST_F(Dialeto, UmaJuncaoSegueAPrimeiraTabelaCitada) {
+    const std::string onde = " WHERE tblQuadroOcorrências.CódSubItem = tblOcorrências.CódSubItem";
+    EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências, tblQuadroOcorrências" + onde, "Código"),
+              "1\n3\n5");
+    EXPECT_EQ(Ler("SELECT Código FROM tblQuadroOcorrências, tblOcorrências" + onde, "Código"),
+              "1\n5\n3");
+}
+
+TEST_F(Dialeto, ExcluiOQueACondicaoDiz) {
+    banco_->CreateQueryDef("", "delete from tblOcorrências where CódSubItem like 'B';")->Execute();
+    banco_->CreateQueryDef("", "DELETE tblocorrências.* FROM tblOcorrências WHERE NroDRQ = 8")
+        ->Execute();
+    EXPECT_EQ(CodigosOnde("TRUE"), "2\n3");
+}
+
+TEST_F(Dialeto, OsErrosTemNumeroENomeiamOQueFalta) {
+    const std::vector<std::tuple<std::string, int, std::string>> casos = {
+        {"SELECT * FROM tblNada", 3078, "tblNada"},
+        {"SELECT * FROM tblDRQ, [tbl outra]", 3078, "tbl outra"},
+        {"SELECT Nada FROM tblDRQ", 3061, "Nada"},
+        {"SELECT * FROM tblDRQ WHERE tblX.NroDRQ = 1", 3061, "tblX.NroDRQ"},
+        {"SELECT tblX.* FROM tblDRQ", 3061, "tblX.*"},
+        {"SELECT Sum(Tipo) FROM tblDRQ HAVING Nada = 1", 3061, "Nada"},
+        {"SELECT * FROM tblDRQ ORDER BY Nada", 3061, "Nada"},
+        {"SELECT IE FROM tblContribuinte, tblDRQ", 3079, "IE"},
+        {"SELECT UF FROM tblEstados, tblDetalhesInterUFs WHERE tblDetalhesInterUFs.UF = Código",
+         3079, "UF"},
+        {"SELECT IE, Sum(Tipo) FROM tblDRQ", 3122, "IE"},
+        {"SELECT NroDRQ FROM tblDRQ GROUP BY IE", 3122, "NroDRQ"},
+        {"SELECT * FROM tblDRQ WHERE IE = 5", 3464, "IE"},
+        {"SELECT * FROM tblDRQ WHERE NroDRQ = '5'", 3464, "NroDRQ"},
+        {"SELECT * FROM tblDRQ WHERE IE", 3464, "condição"},
+        {"SELECT Sum(IE) FROM tblDRQ", 3464, "IE"},
+        {"", 3075, "posição 1, no fim do texto"},
+        {"UPDATE tblDRQ SET Tipo = 1", 3075, "posição 1, perto de \"UPDATE"},
+        {"SELECT * FROM tblOcorrências ORDEM", 3075, "posição 30, perto de \"ORDEM\""},
+        {"SELECT * FROM tblDRQ WHERE (Tipo = 1", 3075, "no fim do texto: esperava \")\""},
+        {"SELECT * FROM tblDRQ WHERE IE = 'x", 3075, "posição 33, perto de \"'x\""},
+        {"SELECT [IE FROM tblDRQ", 3075, "nome sem \"]\""},
+        {"SELECT IE AS FROM tblDRQ", 3075, "esperava o nome da coluna"},
+        {"SELECT * FROM tblDRQ WHERE Tipo = 1 % 2", 3075, "perto de \"% 2\""},
+        {"SELECT * FROM tblDRQ; SELECT 1", 3075, "esperava o fim"},
+        {"SELECT Mid(IE, 1) FROM tblDRQ", 3075, "função desconhecida"},
+        {"SELECT Left(IE) FROM tblDRQ", 3075, "Left espera"},
+        {"SELECT * FROM tblDRQ WHERE Ref1 = #2003-05-01#", 3075, "esperava #mês/dia/ano#"},
+        {"SELECT * FROM tblDRQ WHERE Ref1 = #2/30/2003#", 3075, "calendário"},
+        {"SELECT * FROM tblDRQ WHERE Sum(Tipo) = 1", 3075, "agregação"},
+        {"SELECT * FROM tblDRQ, tblDRQ", 3075, "tabela repetida"},
+        {"SELECT * FROM tblDRQ WHERE " + std::string(5000, '('), 3075, "aninhada demais"},
+        {"DELETE * FROM tblDRQ", 3219, "exclui"},
+    };
+    for (const auto& [consulta, numero, trecho] : casos) {
+        const Erro erro = apoio::ErroDe([&, texto = consulta] { Ler(texto, ""); });
+        EXPECT_EQ(static_cast<int>(erro.Numero()), numero) << consulta;
+        EXPECT_NE(erro.Descricao().find(trecho), std::string::npos) << consulta << "\n"
+                                                                    << erro.Descricao();
+    }
+    EXPECT_EQ(apoio::ErroDe([&] {
+                  banco_->CreateQueryDef("", "SELECT * FROM tblDRQ")->Execute();
+              }).Numero(),
+              NumeroErro::OperacaoInvalida);
+}
+
+}  // namespace
+
+}  // namespace tarvo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "tests/support/Apoio.h"
+
+namespace tarvo::apoio {
+
+// A CUPS scheduler and a printer of the test's own, the print service of this process while the
+// object lives. Queues: Laser (prepares the pages), Direta (bytes as sent), Parada (stopped),
+// Recusa (accepts no jobs); no default printer.
+class ServicoDeImpressao {
+  public:
+    ServicoDeImpressao();
+    ~ServicoDeImpressao();
+    ServicoDeImpressao(const ServicoDeImpressao&) = delete;
+    ServicoDeImpressao& operator=(const ServicoDeImpressao&) = delete;
+
+    // The file that the printer got as that job; waits for it. Fails the test after 30 s.
+    [[nodiscard]] std::filesystem::path Chegada(const std::string& nomeDoTrabalho) const;
+    // How many jobs the service has ever taken.
+    [[nodiscard]] std::ptrdiff_t Trabalhos() const;
+
+  private:
+    PastaTemporaria pasta_;
+    FILE* processo_ = nullptr;  // ends with its standard input
+};
+
+// A print service that takes connections and then says nothing; that of this process while the
+// object lives. The print library reads where its service is once per thread.
+class ServicoMudo {
+  public:
+    ServicoMudo();
+    ~ServicoMudo();
+    ServicoMudo(const ServicoMudo&) = delete;
+    ServicoMudo& operator=(const ServicoMudo&) = delete;
+
+  private:
+    int escuta_;
+};
+
+}  // namespace tarvo::apoio

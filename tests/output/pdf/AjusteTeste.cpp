@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "tests/output/pdf/ApoioPDF.h"
+
+// What happens to texts that do not fit their boxes or are not Latin.
+namespace tarvo {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+TEST(Ajuste, ALineTooLongIsCondensedToItsBoxWithNothingLost) {
+    const std::string texto = "Ressarcimento do imposto retido por substituição";
+    const ArquivoPDF arquivo(
+        Textos({{{0, 0, 10, 0.6}, texto}, {{0, 2, 5, 0.6}, texto, {.horizontal = 2}}}));
+    EXPECT_THAT(arquivo.Resultado().cortados, IsEmpty());
+    const auto palavras = arquivo.Palavras(1, 12);
+    EXPECT_EQ(palavras.back().texto, "substituição");
+    EXPECT_NEAR(palavras.back().x1, Pontos(5), 0.1);
+    EXPECT_NEAR(palavras[6].x0, Pontos(0), 0.1);
+    // Condensed, not set smaller.
+    EXPECT_NEAR(palavras[6].Altura(), palavras[0].Altura(), 0.01);
+}
+
+TEST(Ajuste, WhatDoesNotFitAtSixtyPerCentIsCutMarkedAndReportedWithItsPage) {
+    const std::string longo = "Distribuidora de Combustíveis e Lubrificantes Planalto";
+    constexpr Caixa C{1, 3, 2.5, 0.6};
+    const ArquivoPDF arquivo(Paginas(2, [&](DocumentoRelatorio& doc, int pagina) {
+        if (pagina == 0) {
+            Escrever(doc, {{0, 0, 10, 0.6}, "cabe"});
+            return;
+        }
+        Escrever(doc, {C, longo});
+        Escrever(doc, {{0, 5, 3, 1},
+                       longo + " " + longo + " " + longo + " " + longo + " " + longo,
+                       {.multilinha = true}});
+    }));
+    const auto& cortados = arquivo.Resultado().cortados;
+    ASSERT_THAT(cortados, SizeIs(2));
+    EXPECT_EQ(cortados[0].pagina, 2U);
+    EXPECT_EQ(cortados[0].caixa, C);
+    EXPECT_EQ(cortados[0].texto, longo);
+    EXPECT_EQ(cortados[1].pagina, 2U);
+    for (const auto& p : arquivo.Palavras(2)) {
+        EXPECT_LE(p.x1, Pontos(p.y0 < 6 * 72 / 2.54 ? 3.5 : 3.0) + 0.05);
+        EXPECT_LE(p.y1, Pontos(6) + 1) << p.texto;
+    }
+    EXPECT_THAT(arquivo.Texto(2), HasSubstr("…"));
+}
+
+TEST(Ajuste, ALineIsSetSmallerOnlyForABoxLowerThanItsLetters) {
+    const ArquivoPDF arquivo(Textos({{{0, 0, 5, 0.3}, "conserva"},
+                                     {{0, 1, 5, 0.3}, "diminui", {.vertical = 1, .tamanho = 14}},
+                                     {{0, 2, 5, 0.1}, "demais", {.vertical = 1, .tamanho = 14}}}));
+    const auto palavras = arquivo.Palavras(1, 3);
+    EXPECT_NEAR(palavras[0].Altura(), 8 * AlturaDaLinha, 0.05);
+    // Its capitals and descenders, 0.9 of the size, fill the box.
+    EXPECT_NEAR(palavras[1].Altura(), 0.3 * 72 / 2.54 * AlturaDaLinha / 0.9, 0.05);
+    // What still stands out is reported.
+    ASSERT_THAT(arquivo.Resultado().cortados, SizeIs(1));
+    EXPECT_EQ(arquivo.Resultado().cortados[0].texto, "demais");
+}
+
+TEST(Ajuste, WrappedTextBreaksAtBlanksAndAtEveryKindOfLineBreak) {
+    const ArquivoPDF arquivo(Textos({{{0, 0, 3.4, 10},
+                                      "um dois três quatro cinco seis\r\nsete\noito\r\n\r\nnove",
+                                      {.multilinha = true}}}));
+    const int linhas[] = {0, 0, 0, 0, 0, 1, 2, 3, 5};
+    const auto palavras = arquivo.Palavras(1, std::size(linhas));
+    for (std::size_t i = 0; i < palavras.size(); ++i) {
+        EXPECT_NEAR(palavras[i].y0, Pontos(0) + linhas[i] * 8 * AlturaDaLinha, 0.05)
+            << palavras[i].texto;
+        EXPECT_LE(palavras[i].x1, Pontos(3.4));
+    }
+}
+
+TEST(Ajuste, ABlockTooTallIsSetSmallerUntilItFits) {
+    const ArquivoPDF arquivo(
+        Textos({{{0, 0, 3, 1},
+                 "Estabelecimento centralizador da apuração de três filiais no Estado",
+                 {.multilinha = true}}}));
+    EXPECT_THAT(arquivo.Resultado().cortados, IsEmpty());
+    const auto palavras = arquivo.Palavras(1, 9);
+    EXPECT_LT(palavras[0].Altura(), 8 * AlturaDaLinha);
+    EXPECT_GE(palavras[0].Altura(), 0.6 * 8 * AlturaDaLinha - 0.05);
+    EXPECT_LE(palavras.back().y1, Pontos(1) + 1);
+}
+
+TEST(Ajuste, AnOverlongWordIsBrokenWhileOthersMakeTheBlockSmaller) {
+    const std::string endereco(90, 'w');
+    const ArquivoPDF arquivo(Textos({{{0, 0, 5, 3}, "site " + endereco, {.multilinha = true}},
+                                     {{0, 5, 1.6, 3}, "Interestaduais", {.multilinha = true}}}));
+    EXPECT_THAT(arquivo.Resultado().cortados, IsEmpty());
+    auto palavras = arquivo.Palavras(1);
+    EXPECT_EQ(palavras.back().texto, "Interestaduais");
+    EXPECT_LE(palavras.back().x1, Pontos(1.6) + 0.05);
+    palavras.pop_back();
+    std::string junto;
+    for (const auto& p : palavras) {
+        EXPECT_NEAR(p.Altura(), 8 * AlturaDaLinha, 0.05);
+        EXPECT_LE(p.x1, Pontos(5) + 0.05);
+        junto += p.texto;
+    }
+    EXPECT_EQ(junto, "site" + endereco);
+}
+
+TEST(Ajuste, AnyUnicodeTextComesBackOrShowsThatAPictureIsMissing) {
+    const std::pair<const char*, const char*> casos[] = {
+        {"“Ação” – 5 € … João", "“Ação” – 5 € … João"},
+        {"Жизнь Ελλάδα İstanbul ≤ ação", "Жизнь Ελλάδα İstanbul ≤ ação"},
+        {"compo\xCC\x81sto n\xCC\x83o", "compósto ño"},
+        {"A\xFF\x42\xE7\xE3o \xED\xA0\x80 漢 😀 fim", "A?B??o ? ? ? fim"},
+        {"um\ttab\x01\x7F\xC2\xAD novo\r\nresto", "um tab novo resto"},
+        {"(a) \\ b) ((", "(a) \\ b) (("}};
+    const ArquivoPDF arquivo(Documento([&](DocumentoRelatorio& doc) {
+        double y = 0;
+        for (const auto& [texto, lido] : casos) {
+            Escrever(doc, {{0, y++, 17, 1}, texto, {.tamanho = 10}});
+        }
+    }));
+    for (const auto& [texto, lido] : casos) {
+        EXPECT_THAT(arquivo.Texto(1), HasSubstr(lido + std::string("\n")));
+    }
+    arquivo.EsperarSemFaltas();
+}
+
+TEST(Ajuste, BoxesAndSizesOfNoSenseAreDrawnWithoutHarm) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        for (const double medida : {0.0, -1.0, 1e300, -1e300}) {
+            const double tamanho = std::abs(medida) + 1e-3;
+            for (const bool multilinha : {false, true}) {
+                Escrever(doc, {{medida, medida, medida, medida},
+                               "texto qualquer",
+                               {.horizontal = 1, .vertical = 1, .multilinha = multilinha}});
+                Escrever(doc,
+                         {{1, 1, 5, 5}, "texto", {.tamanho = tamanho, .multilinha = multilinha}});
+            }
+            doc.EscreverTexto(0, 0, 1e300, 1e300, "texto", 0, 0, "Arial", tamanho, false, false,
+                              true, 0);
+            doc.DesenharRetangulo(1, 1, medida, medida, true, 0, 255, 1);
+            doc.DesenharRetanguloArredondado(1, 1, medida, medida, false, 1e300, 0, 255, -1);
+            doc.DesenharLinha(1, 1, medida, medida, 0, 0, 0, 2);
+        }
+    }));
+    arquivo.EsperarSemFaltas();
+}
+
+TEST(Ajuste, AMissingFontIsAnErrorThatNamesWhatToInstall) {
+    const Erro erro = apoio::ErroDe([] {
+        Renderizar(Textos({{{0, 0, 5, 1}, "x", {.fonte = "Fonte Inexistente"}}}));
+    });
+    EXPECT_EQ(erro.Numero(), NumeroErro::FonteAusente);
+    EXPECT_THAT(erro.Descricao(), HasSubstr("Fonte Inexistente"));
+
+    // In a process of its own, whose machine has no fonts at all.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const apoio::PastaTemporaria pasta;
+    std::ofstream(pasta / "fonts.conf")
+        << "<fontconfig><dir>" << pasta.Caminho().string() << "</dir></fontconfig>";
+    const Ambiental semFontes("FONTCONFIG_FILE", (pasta / "fonts.conf").c_str());
+    EXPECT_EXIT(
+        {
+            const Erro outro = apoio::ErroDe([] { Renderizar(Textos({{{0, 0, 5, 1}, "x"}})); });
+            std::fputs(outro.what(), stderr);
+            std::_Exit(static_cast<int>(outro.Numero()) - 20000);
+        },
+        testing::ExitedWithCode(5), "Arial.*fonts-liberation");
+}
+
+}  // namespace
+}  // namespace tarvo

@@ -1,0 +1,93 @@
+#include <gtest/gtest.h>
+
+#include "tests/output/pdf/ApoioPDF.h"
+
+namespace tarvo {
+namespace {
+
+constexpr double Folga = 0.03;  // points: rounding of coordinates
+
+TEST(Colocacao, BothAlignmentCodesPlaceALineInItsExactBox) {
+    constexpr Caixa C{3, 4, 6, 2};
+    const ArquivoPDF arquivo(Paginas(9, [&](DocumentoRelatorio& doc, int codigo) {
+        Escrever(doc, {C, "Ágil", {.horizontal = codigo % 3, .vertical = codigo / 3}});
+    }));
+    for (int codigo = 0; codigo < 9; ++codigo) {
+        SCOPED_TRACE(codigo);
+        const auto p = arquivo.Palavras(codigo + 1, 1)[0];
+        EXPECT_EQ(p.texto, "Ágil");
+        // Half of what the box leaves free stands before the text for each step of the code.
+        const int horizontal = codigo % 3;
+        const int vertical = codigo / 3;
+        const double livreX = Pontos(C.x + C.largura) - Pontos(C.x) - p.Largura();
+        const double livreY = Pontos(C.y + C.altura) - Pontos(C.y) - p.Altura();
+        EXPECT_NEAR(p.x0, Pontos(C.x) + livreX * horizontal / 2, Folga);
+        EXPECT_NEAR(p.y0, Pontos(C.y) + livreY * vertical / 2, Folga);
+        // Line height and width from the font's own metrics, at 8 points.
+        EXPECT_NEAR(p.Altura(), 8 * (0.905 + 0.212), Folga);
+        EXPECT_NEAR(p.Largura(), 8 * (0.667 + 0.556 + 0.222 + 0.222), Folga);
+    }
+}
+
+TEST(Colocacao, EachFontHasItsOwnBaselineAndWidths) {
+    const ArquivoPDF arquivo(
+        Textos({{{0, 0, 10, 1}, "mmmm", {.fonte = "Courier New", .tamanho = 10}},
+                {{0, 2, 10, 1}, "mmmm", {.fonte = "Times New Roman", .tamanho = 10}}}));
+    const auto palavras = arquivo.Palavras(1, 2);
+    EXPECT_NEAR(palavras[0].Largura(), 4 * 6.0, Folga);
+    EXPECT_NEAR(palavras[0].Altura(), 10 * (0.833 + 0.3), Folga);
+    EXPECT_NEAR(palavras[1].Largura(), 4 * 7.78, Folga);
+    EXPECT_NEAR(palavras[1].Altura(), 10 * (0.891 + 0.216), Folga);
+}
+
+TEST(Colocacao, TextBeyondThePrintableAreaStandsInTheMargin) {
+    const ArquivoPDF arquivo(
+        Textos({{{-0.28, -1, 2, 0.5}, "margem"}, {{17, 25, 1.5, 0.5}, "fora", {.horizontal = 2}}}));
+    const auto palavras = arquivo.Palavras(1, 2);
+    EXPECT_NEAR(palavras[0].x0, Pontos(-0.28), Folga);
+    EXPECT_NEAR(palavras[0].y0, Pontos(-1), Folga);
+    EXPECT_NEAR(palavras[1].x1, Pontos(18.5), Folga);
+}
+
+TEST(Colocacao, FiguresOfAmountsStandUnderOneAnother) {
+    const ArquivoPDF arquivo(Textos({{{0, 0, 5, 0.6}, "1.111.111,11", {.horizontal = 2}},
+                                     {{0, 1, 5, 0.6}, "2.222.222,22", {.horizontal = 2}}}));
+    const auto palavras = arquivo.Palavras(1, 2);
+    EXPECT_NEAR(palavras[0].x0, palavras[1].x0, Folga);
+}
+
+TEST(Colocacao, PlaceholdersStandForDateTimeAndThePagesOfTheirOwnDocument) {
+    const Ambiental momento("SOURCE_DATE_EPOCH", "1057000009");  // 30/06/2003 19:06:49 UTC
+    const auto desenhar = [](DocumentoRelatorio& doc, int) {
+        Escrever(doc, {{0, 0, 17, 1}, "%%D %%H Página %%p de %%P, 100%%, %%x %%"});
+    };
+    const Conteudo tres = Paginas(3, desenhar);
+    const Conteudo duas = Paginas(2, desenhar);
+    const SecaoPDF secoes[] = {{&tres, "Três"}, {&duas, "Duas"}};
+    const ArquivoPDF arquivo(secoes);
+    int pagina = 0;
+    for (const char* esperado : {"1 de 3", "2 de 3", "3 de 3", "1 de 2", "2 de 2"}) {
+        EXPECT_THAT(arquivo.Texto(++pagina),
+                    testing::StartsWith(std::string("30/06/2003 19:06:49 Página ") + esperado +
+                                        ", 100%%, %%x %%"));
+    }
+}
+
+TEST(Colocacao, TextReadsRowByRowWithLabelsBeforeValues) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        for (int linha = 0; linha < 3; ++linha) {
+            const double y = linha * 0.6;
+            const std::string n = std::to_string(linha);
+            doc.DesenharRetanguloArredondado(0, y, 8, 0.6, false, 0.1, 0, 0xFFFFFF, 1);
+            Escrever(doc, {{0.1, y, 8, 0.6}, "Razão Social " + n, {.tamanho = 6}});
+            Escrever(doc, {{0.2, y, 7, 0.6}, "Açúcar & Cia " + n, {.vertical = 2}});
+        }
+    }));
+    EXPECT_THAT(arquivo.Dito("pdftotext -raw", "-"),
+                testing::StartsWith("Razão Social 0\nAçúcar & Cia 0\n"
+                                    "Razão Social 1\nAçúcar & Cia 1\n"
+                                    "Razão Social 2\nAçúcar & Cia 2\n"));
+}
+
+}  // namespace
+}  // namespace tarvo

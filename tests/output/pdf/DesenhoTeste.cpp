@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include "document/Imagens.h"
+#include "document/QuadroPagina.h"
+#include "tests/output/pdf/ApoioPDF.h"
+
+// Shapes, colours and pictures, by the pixels that another program makes of them.
+namespace tarvo {
+namespace {
+
+constexpr CorRGB Branco{255, 255, 255};
+constexpr CorRGB Preto{0, 0, 0};
+constexpr CorRGB Vermelho{255, 0, 0};
+constexpr CorRGB Verde{0, 255, 0};
+
+// Four pixels in a row: red, green, blue, and one of the transparent colour.
+constexpr unsigned char QuatroCores[] = {
+    'G',  'I',  'F',  '8',  '9',  'a', 4, 0, 1,   0,  0x91, 0,  0,  // screen 4 x 1, 4 colours
+    255,  0,    0,    0,    255,  0,   0, 0, 255, 90, 90,   90,     // palette
+    0x21, 0xF9, 4,    1,    0,    0,   3, 0,                        // colour 3 is transparent
+    0x2C, 0,    0,    0,    0,    4,   0, 1, 0,   0,                // the picture
+    2,    3,    0x44, 0x34, 0x05, 0,                                // its pixels 0 1 2 3
+    0x3B};
+
+Imagem GIF(std::span<const unsigned char> bytes) {
+    return {"teste", FormatoImagem::GIF, 4, 1, bytes};
+}
+
+TEST(Desenho, ColoursBordersAndFillsAreThoseOfTheArguments) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        doc.DesenharRetangulo(1, 1, 4, 2, true, 0x0000FF, 0x808000, 8);
+        doc.DesenharRetangulo(7, 1, 4, 2, false, 0, 0x808000, 1);
+        doc.DesenharRetanguloArredondado(1, 5, 4, 2, true, 9, 0, 0x00FF00, 1);
+        doc.DesenharLinha(-1.5, 10, 20, 0, 0, 0, 8, 0);
+    }));
+    EXPECT_EQ(arquivo.Cor(1, 3, 2), (CorRGB{0, 128, 128}));
+    EXPECT_EQ(arquivo.Cor(1, 1, 2), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 9, 2), Branco);
+    // A radius larger than the box is that of a half circle at each end.
+    EXPECT_EQ(arquivo.Cor(1, 3, 6), Verde);
+    EXPECT_EQ(arquivo.Cor(1, 1.05, 5.05), Branco);
+    EXPECT_EQ(arquivo.Cor(1, 2.1, 5.05), Verde);
+    EXPECT_EQ(arquivo.Cor(1, -1.4, 10), Preto);
+    EXPECT_EQ(arquivo.Cor(1, 18.4, 10), Preto);
+}
+
+TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        doc.DesenharLinha(0, 1, 10, 0, 0, 0, 1, 2);
+        doc.DesenharLinha(0, 2, 10, 0, 0, 0, 1, 0);
+    }));
+    const auto trocas = [&](double y) {
+        int n = 0;
+        bool escuro = false;
+        for (int centesimo = 100; centesimo < 900; ++centesimo) {
+            const bool agora = arquivo.Cor(1, centesimo / 100.0, y)[0] < 128;
+            n += agora != escuro ? 1 : 0;
+            escuro = agora;
+        }
+        return n;
+    };
+    // 8 cm with a dot every 1.5 points: about 150 dots, each a change to dark and back.
+    EXPECT_GT(trocas(1), 200);
+    EXPECT_EQ(trocas(2), 1);
+}
+
+TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        Escrever(doc, {{1, 1, 8, 1}, "████████", {.tamanho = 20, .cor = 255}});
+        doc.DesenharRetangulo(1, 1, 3, 2, true, 0xFFFFFF, 0xFFFFFF, 1);
+        doc.DesenharRetangulo(1, 5, 8, 1, true, 0, 0, 1);
+        Escrever(doc, {{1, 5, 8, 1}, "████████", {.vertical = 1, .tamanho = 20, .cor = 255}});
+        doc.DesenharFigura(10, 1, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
+        doc.DesenharRetangulo(10, 1, 2, 2, true, 255, 255, 1);
+    }));
+    EXPECT_EQ(arquivo.Cor(1, 2, 1.5), Branco);
+    EXPECT_EQ(arquivo.Cor(1, 4.5, 1.5), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 2, 5.5), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 8.5, 5.1), Preto);
+    EXPECT_EQ(arquivo.Cor(1, 11, 2), Vermelho);
+}
+
+TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {
+    const auto pagina = [](DocumentoRelatorio& doc, int) {
+        ImprimirTopo(doc, {.titulo = "Título"}, 0, 0, nullptr);
+        for (int linha = 0; linha < 31; ++linha) {
+            const double y = 5.9 + linha * 0.6;
+            Celula(doc, {.cor = Cor::Teal}, 0, y, 0.9, 0.6, "001");
+            Celula(doc, {}, 0.9, y, 11.7, 0.6, "Por saídas com débito do imposto");
+            doc.DesenharLinha(13, y, 2, 0, 0, 0, 1, 2);
+            CelulaRotulada(doc, CampoTotal, 13.7, y, 3.3, 0.6, "Total", "1,00");
+        }
+    };
+    const ArquivoPDF so(Paginas(1, pagina));
+    const ArquivoPDF muitas(Paginas(4, pagina));
+    for (int i = 1; i <= 4; ++i) {
+        EXPECT_EQ(muitas.Pixels(i), so.Pixels(1)) << "page " << i;
+    }
+}
+
+TEST(Desenho, APictureFillsItsBoxOrKeepsItsProportionsInIt) {
+    const Imagem imagem = GIF(QuatroCores);
+    const ArquivoPDF arquivo(Documento([&](DocumentoRelatorio& doc) {
+        doc.DesenharRetangulo(0, 0, 4, 4, true, 0xFFFF00, 0xFFFF00, 1);
+        doc.DesenharFigura(0, 0, 4, 4, imagem, false);
+        doc.DesenharFigura(6, 0, 4, 4, imagem, true);
+    }));
+    // Four columns; the fourth is transparent and shows what lies below.
+    EXPECT_EQ(arquivo.Cor(1, 0.5, 3.5), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 1.5, 0.5), Verde);
+    EXPECT_EQ(arquivo.Cor(1, 2.5, 0.5), (CorRGB{0, 0, 255}));
+    EXPECT_EQ(arquivo.Cor(1, 3.5, 2), (CorRGB{0, 255, 255}));
+    // Proportional: 4 cm wide and 1 cm high, in the middle.
+    EXPECT_EQ(arquivo.Cor(1, 6.5, 2), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 6.5, 1.4), Branco);
+    EXPECT_EQ(arquivo.Cor(1, 6.5, 2.6), Branco);
+}
+
+TEST(Desenho, EachPictureIsEmbeddedOnceWithItsOwnNumberOfColours) {
+    const ArquivoPDF arquivo(Paginas(3, [](DocumentoRelatorio& doc, int) {
+        doc.DesenharFigura(0, 0, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
+        doc.DesenharFigura(3, 0, 2, 2, frmFiguras::imgBrasaoVDMonocromatico, true);
+    }));
+    std::vector<int> bits;
+    for (const auto& [nome, objeto] : arquivo.Objetos().items()) {
+        if (objeto.contains("stream") &&
+            objeto["stream"]["dict"].value("/Subtype", "") == "/Image") {
+            bits.push_back(objeto["stream"]["dict"]["/BitsPerComponent"]);
+        }
+    }
+    EXPECT_THAT(bits, testing::UnorderedElementsAre(1, 8));
+}
+
+TEST(Desenho, APictureThatIsNoneIsAnErrorThatNamesIt) {
+    const auto bytes = std::span(QuatroCores);
+    const Imagem icone{"icone", FormatoImagem::Icone, 32, 32, bytes};
+    for (const Imagem& imagem : {icone, GIF(bytes.first(30)), GIF({}), GIF(bytes.subspan(1))}) {
+        const Conteudo conteudo = Documento(
+            [&](DocumentoRelatorio& doc) { doc.DesenharFigura(0, 0, 1, 1, imagem, false); });
+        const Erro erro = apoio::ErroDe([&] { Renderizar(conteudo); });
+        EXPECT_EQ(erro.Numero(), NumeroErro::ChamadaInvalida);
+        EXPECT_THAT(erro.Descricao(), testing::HasSubstr(std::string(imagem.nome)));
+    }
+}
+
+TEST(Desenho, UnderlinedTextCarriesALineInItsColour) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        doc.EscreverTexto(0, 0, 5, 1, "nn nn", 0, 0, "Arial", 20, false, true, true, 255);
+    }));
+    // Baseline at 0.905 of 20 points, the line about a tenth below it; between the words, too.
+    int vermelhos = 0;
+    for (int centesimo = 64; centesimo < 80; ++centesimo) {
+        vermelhos += arquivo.Cor(1, 0.85, centesimo / 100.0) == Vermelho ? 1 : 0;
+    }
+    EXPECT_GE(vermelhos, 2);
+    EXPECT_THAT(arquivo.Dito("pdffonts"), testing::HasSubstr("LiberationSans-Italic"));
+}
+
+}  // namespace
+}  // namespace tarvo

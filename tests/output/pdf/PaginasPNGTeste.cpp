@@ -1,0 +1,49 @@
+#include "output/png/PaginasPNG.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/output/pdf/ApoioPDF.h"
+
+namespace tarvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A square in the corner of the last page.
+std::string PDF(int paginas) {
+    return Renderizar(Paginas(paginas, [paginas](DocumentoRelatorio& doc, int pagina) {
+        if (pagina + 1 == paginas) {
+            doc.DesenharRetangulo(0, 0, 1, 1, true, 0x808000, 0x808000, 1);
+        }
+    }));
+}
+
+TEST(PaginasPNG, EveryPageIsAPictureInTheWantedResolution) {
+    const apoio::PastaTemporaria pasta;
+    const auto arquivos = GravarPNG(PDF(11), pasta.Caminho(), "10-Relatorio", 100);
+    ASSERT_EQ(arquivos.size(), 11U);
+    EXPECT_EQ(arquivos[0], pasta / "10-Relatorio-001.png");
+    EXPECT_EQ(arquivos[10], pasta / "10-Relatorio-011.png");
+    EXPECT_EQ(Entradas(pasta.Caminho()), 11);
+    // 3937 pixels a metre; the colours within the square and beside it.
+    const std::string lida = apoio::SaidaDe("convert " + arquivos[10].string() +
+                                            " -format '%w x %h, %[png:pHYs]: %[pixel:p{98,98}] "
+                                            "%[pixel:p{137,137}]' info:");
+    EXPECT_THAT(lida, testing::HasSubstr("827 x 1169, x_res=3937, y_res=3937, units=1: "
+                                         "srgb(0,128,128) srgb(255,255,255)"));
+}
+
+TEST(PaginasPNG, WhatIsNoPDFOrNoResolutionIsRefusedAndLeavesNothing) {
+    const apoio::PastaTemporaria pasta;
+    const auto numero = [&](std::string_view pdf, int dpi, const char* onde = "") {
+        return apoio::ErroDe([&] { GravarPNG(pdf, pasta / onde, "x", dpi); }).Numero();
+    };
+    EXPECT_EQ(numero("isto não é um PDF", 150), NumeroErro::ChamadaInvalida);
+    EXPECT_EQ(numero(PDF(1), 0), NumeroErro::ChamadaInvalida);
+    EXPECT_EQ(numero(PDF(1), 100000), NumeroErro::ChamadaInvalida);
+    EXPECT_EQ(numero(PDF(1), 150, "nada"), NumeroErro::CaminhoNaoEncontrado);
+    EXPECT_TRUE(fs::is_empty(pasta.Caminho()));
+}
+
+}  // namespace
+}  // namespace tarvo
