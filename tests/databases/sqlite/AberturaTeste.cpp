@@ -90,7 +90,7 @@ void LerEEsvaziar(const fs::path& arquivo, TabelasDeTrabalho onde = TabelasDeTra
     banco->CreateQueryDef("", "DELETE * FROM tblResumoCFOPsEntradas")->Execute();
 }
 
-TEST_F(Abertura, CriarNuncaSubstituiNemDeixaRestos) {
+TEST_F(Abertura, CreatingNeverReplacesAFileNorLeavesAnythingBehind) {
     EXPECT_EQ(NumeroDoErro([&] { CriarBanco(banco_); }), 3204);
     EXPECT_EQ(NumeroDoErro([&] { CriarBanco(pasta_ / "falta" / "x.tarvo"); }), 76);
     fs::permissions(pasta_.Caminho(), fs::perms(0555));
@@ -101,7 +101,7 @@ TEST_F(Abertura, CriarNuncaSubstituiNemDeixaRestos) {
     EXPECT_EQ(Entradas(pasta_.Caminho()), 1U) << "no -wal and no -shm stays";
 }
 
-TEST_F(Abertura, OQueNaoEBancoEErroComNumero) {
+TEST_F(Abertura, WhatIsNoDatabaseIsAnErrorWithItsNumber) {
     for (const char* nome : {"falta", "falta/banco"}) {
         EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_ / nome); }), 3024);
     }
@@ -118,7 +118,7 @@ TEST_F(Abertura, OQueNaoEBancoEErroComNumero) {
     EXPECT_EQ(Entradas(pasta_.Caminho()), 2U) << "opening creates nothing";
 }
 
-TEST_F(Abertura, UmaPaginaDanificadaEErroQuandoLida) {
+TEST_F(Abertura, ADamagedPageIsAnErrorWhenItIsRead) {
     BancoSQLite::Abrir(banco_)->ExecutarScript(
         "WITH RECURSIVE d(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM d WHERE n < 500) INSERT INTO "
         "tblVELO (Contribuinte) SELECT 'contribuinte número ' || n FROM d");
@@ -130,7 +130,7 @@ TEST_F(Abertura, UmaPaginaDanificadaEErroQuandoLida) {
               3343);
 }
 
-TEST_F(Abertura, UmBancoBloqueadoEErroDepoisDaEspera) {
+TEST_F(Abertura, ALockedDatabaseIsAnErrorAfterTheWait) {
     sqlite3* outro = nullptr;
     ASSERT_EQ(sqlite3_open(banco_.c_str(), &outro), SQLITE_OK);
     sqlite3_exec(outro, "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
@@ -140,7 +140,7 @@ TEST_F(Abertura, UmBancoBloqueadoEErroDepoisDaEspera) {
     sqlite3_close(outro);
 }
 
-TEST_F(Abertura, SemPermissaoDeLeituraEErro70) {
+TEST_F(Abertura, WithoutPermissionToReadItIsError70) {
     fs::permissions(banco_, fs::perms(0200));
     EXPECT_EQ(NumeroSemPrivilegio([&] { BancoSQLite::Abrir(banco_); }), 70);
     fs::permissions(banco_, fs::perms(0644));
@@ -148,7 +148,7 @@ TEST_F(Abertura, SemPermissaoDeLeituraEErro70) {
     EXPECT_EQ(NumeroSemPrivilegio([&] { BancoSQLite::Abrir(banco_); }), 70);
 }
 
-TEST_F(Abertura, OQueNaoSePodeEscreverAindaSeLe) {
+TEST_F(Abertura, WhatCannotBeWrittenIsStillRead) {
     const std::string antes = Conteudo(banco_);
     for (const auto permissao : {fs::perms(0555), fs::perms(0777)}) {      // of the folder
         for (const auto doArquivo : {fs::perms(0444), fs::perms(0666)}) {  // of the file
@@ -172,7 +172,7 @@ TEST_F(Abertura, OQueNaoSePodeEscreverAindaSeLe) {
     }
 }
 
-TEST_F(Abertura, UmBancoDeOutrosGuardaOSeuModo) {
+TEST_F(Abertura, ADatabaseOfOthersKeepsItsOwnForm) {
     const fs::path outro = pasta_ / "outro.db";
     // Another encoding, another order of columns, a column more, no keys, other capitals; a table
     // without rowid, a view.

@@ -15,7 +15,7 @@ int Sinal(int n) {
     return static_cast<int>(n > 0) - static_cast<int>(n < 0);
 }
 
-TEST(Alfabeto, OrdenaComoOPortugues) {
+TEST(Alfabeto, OrdersAsPortugueseDoes) {
     const std::array<std::string, 20> ordem{
         "",          "-1",        ".5",         "1.01", "1.1",     "10",    "2",
         "A",         "á",         "ab",         "água", "agudo",   "cabo",  "caboclo",
@@ -30,7 +30,7 @@ TEST(Alfabeto, OrdenaComoOPortugues) {
     }
 }
 
-TEST(Alfabeto, SoACaixaNaoDistingueTextos) {
+TEST(Alfabeto, OnlyLetterCaseDoesNotTellTextsApart) {
     const Alfabeto alfabeto;
     EXPECT_EQ(alfabeto.Comparar("ÁGUA doce", "água DOCE"), 0);
     EXPECT_EQ(alfabeto.Comparar("Isenta", "iSENTA"), 0);
@@ -41,7 +41,7 @@ TEST(Alfabeto, SoACaixaNaoDistingueTextos) {
 }
 
 // The short cut for ASCII must order as the alphabet's tables do, which the appended letter forces.
-TEST(Alfabeto, OAtalhoParaAsciiDaAMesmaOrdem) {
+TEST(Alfabeto, TheShortCutForAsciiGivesTheSameOrder) {
     const Alfabeto alfabeto;
     for (char a = ' '; a <= '~'; ++a) {
         for (char b = ' '; b <= '~'; ++b) {
@@ -53,7 +53,7 @@ TEST(Alfabeto, OAtalhoParaAsciiDaAMesmaOrdem) {
     }
 }
 
-TEST(Padrao, SegueOsCuringas) {
+TEST(Padrao, FollowsTheWildcards) {
     const auto casa = [](const char* padrao, const char* texto) {
         return Padrao(padrao).Casa(texto);
     };

@@ -223,7 +223,7 @@ class ConsultasDosRelatorios : public testing::Test {
     apoio::BancoDeTeste banco_{Dados};
 };
 
-TEST_F(ConsultasDosRelatorios, SignificamOQueDizem) {
+TEST_F(ConsultasDosRelatorios, MeanWhatTheySay) {
     for (const auto& [promessa, texto, colunas, linhas] : Consultas) {
         SCOPED_TRACE(promessa);
         try {
@@ -237,7 +237,7 @@ TEST_F(ConsultasDosRelatorios, SignificamOQueDizem) {
 }
 
 // SQLite counts the steps of its machine: a declaration among many must cost what it costs alone.
-TEST_F(ConsultasDosRelatorios, CustamOMesmoEntreMuitasDeclaracoes) {
+TEST_F(ConsultasDosRelatorios, CostTheSameAmongManyDeclarations) {
     const auto passos = [this] {
         sqlite3* db = nullptr;
         EXPECT_EQ(sqlite3_open(banco_.Arquivo().c_str(), &db), SQLITE_OK);

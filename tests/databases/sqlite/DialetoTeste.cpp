@@ -29,7 +29,7 @@ class Dialeto : public testing::Test {
     apoio::BancoDeTeste banco_{Dados};
 };
 
-TEST_F(Dialeto, AsCondicoesEscolhemAsSuasLinhas) {
+TEST_F(Dialeto, ConditionsChooseTheirRows) {
     const std::vector<std::pair<std::string, std::string>> casos = {
         {"CódSubItem = 'B'", "1\n5"},
         {"CÓDSUBITEM = 'á'", "2"},
@@ -61,7 +61,7 @@ TEST_F(Dialeto, AsCondicoesEscolhemAsSuasLinhas) {
     }
 }
 
-TEST_F(Dialeto, AsDatasComparamComoDatas) {
+TEST_F(Dialeto, DatesCompareAsDates) {
     const auto valores = [this](const std::string& condicao) {
         return Ler("SELECT Valor FROM tblPagamento WHERE " + condicao, "Valor");
     };
@@ -74,7 +74,7 @@ TEST_F(Dialeto, AsDatasComparamComoDatas) {
               "0,0003\n0,0001\n0,0002\n0,0004\n0,0005");
 }
 
-TEST_F(Dialeto, AOrdemPoeNulosEVerdadeiroPrimeiro) {
+TEST_F(Dialeto, OrderPutsNullsAndTrueFirst) {
     EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências ORDER BY OpPróprias, CódSubItem", "Código"),
               "4\n3\n1\n2\n5");
     EXPECT_EQ(
@@ -82,7 +82,7 @@ TEST_F(Dialeto, AOrdemPoeNulosEVerdadeiroPrimeiro) {
         "2\n5\n1\n3\n4");
 }
 
-TEST_F(Dialeto, AgrupaSemCaixaNaOrdemDeChegada) {
+TEST_F(Dialeto, GroupsWithoutRegardToCaseInTheOrderOfArrival) {
     EXPECT_EQ(Ler("SELECT CódSubItem, Count(*) AS N, Sum(Valor), Max(Valor) FROM tblOcorrências "
                   "GROUP BY CódSubItem",
                   "CódSubItem|N|Expr1002|Expr1003"),
@@ -101,7 +101,7 @@ TEST_F(Dialeto, AgrupaSemCaixaNaOrdemDeChegada) {
         "Null\nVerdadeiro\nFalso");
 }
 
-TEST_F(Dialeto, UmaJuncaoSegueAPrimeiraTabelaCitada) {
+TEST_F(Dialeto, AJoinFollowsTheFirstTableNamed) {
     const std::string onde = " WHERE tblQuadroOcorrências.CódSubItem = tblOcorrências.CódSubItem";
     EXPECT_EQ(Ler("SELECT Código FROM tblOcorrências, tblQuadroOcorrências" + onde, "Código"),
               "1\n3\n5");
@@ -109,14 +109,14 @@ TEST_F(Dialeto, UmaJuncaoSegueAPrimeiraTabelaCitada) {
               "1\n5\n3");
 }
 
-TEST_F(Dialeto, ExcluiOQueACondicaoDiz) {
+TEST_F(Dialeto, DeletesWhatTheConditionSays) {
     banco_->CreateQueryDef("", "delete from tblOcorrências where CódSubItem like 'B';")->Execute();
     banco_->CreateQueryDef("", "DELETE tblocorrências.* FROM tblOcorrências WHERE NroDRQ = 8")
         ->Execute();
     EXPECT_EQ(CodigosOnde("TRUE"), "2\n3");
 }
 
-TEST_F(Dialeto, OsErrosTemNumeroENomeiamOQueFalta) {
+TEST_F(Dialeto, ErrorsHaveANumberAndNameWhatIsMissing) {
     const std::vector<std::tuple<std::string, int, std::string>> casos = {
         {"SELECT * FROM tblNada", 3078, "tblNada"},
         {"SELECT * FROM tblDRQ, [tbl outra]", 3078, "tbl outra"},

@@ -31,7 +31,7 @@ class Registros : public testing::Test {
         "INSERT INTO tblContribuinte (IE) VALUES ('a');"};
 };
 
-TEST_F(Registros, AndamDoComecoAoFim) {
+TEST_F(Registros, GoFromTheFirstToTheLast) {
     for (const auto tipo : {Avanco, Dina}) {
         const auto rs = banco_->OpenRecordset("SELECT * FROM tblDRQ", tipo);
         EXPECT_FALSE(rs->BOF());
@@ -54,7 +54,7 @@ TEST_F(Registros, AndamDoComecoAoFim) {
     }
 }
 
-TEST_F(Registros, UmNomeQueDuasColunasTemPedeATabela) {
+TEST_F(Registros, ANameThatTwoColumnsHaveNeedsItsTable) {
     const auto rs = banco_->OpenRecordset(
         "select tblContribuinte.*, tblDRQ.* from tblContribuinte, tblDRQ where tblDRQ.IE = 'b'",
         Avanco);
@@ -68,7 +68,7 @@ TEST_F(Registros, UmNomeQueDuasColunasTemPedeATabela) {
     }
 }
 
-TEST_F(Registros, OAcrescimoValeNaHoraENaOrdem) {
+TEST_F(Registros, AnAddedRowCountsAtOnceAndInItsOrder) {
     const auto outra = AbrirOutra();
     const auto trabalho = banco_->OpenRecordset(Apuracao, Dina);
     for (const char* linha : {"z", "a", "m"}) {
@@ -80,7 +80,7 @@ TEST_F(Registros, OAcrescimoValeNaHoraENaOrdem) {
     EXPECT_EQ(Lidas(*banco_), "b") << "a dynaset holds nothing that others change";
 }
 
-TEST_F(Registros, SoTabelasInteirasEmDynasetAcrescentam) {
+TEST_F(Registros, OnlyDynasetsOfWholeTablesAddRows) {
     EXPECT_EQ(NumeroDoErro([&] { banco_->OpenRecordset(Apuracao, Avanco)->AddNew(); }), 3219);
     for (const char* consulta : {"SELECT IE FROM tblDRQ", "SELECT * FROM tblDRQ WHERE Tipo = 1",
                                  "SELECT * FROM tblDRQ, tblEstados"}) {
@@ -100,7 +100,7 @@ TEST_F(Registros, SoTabelasInteirasEmDynasetAcrescentam) {
     EXPECT_EQ(banco_.Linhas("SELECT NroDRQ FROM tblDRQ", 1).size(), 3U);
 }
 
-TEST_F(Registros, SobrevivemAoBanco) {
+TEST_F(Registros, OutliveTheirDatabase) {
     auto banco = AbrirOutra();
     const auto avanco = banco->OpenRecordset("SELECT * FROM tblDRQ", Avanco);
     const auto dinamico = banco->OpenRecordset(Apuracao, Dina);
@@ -113,7 +113,7 @@ TEST_F(Registros, SobrevivemAoBanco) {
     EXPECT_TRUE(banco_.Linhas("SELECT * FROM tblContribuinte", 1).empty());
 }
 
-TEST_F(Registros, TabelasPrivadasNuncaEscrevemNoArquivo) {
+TEST_F(Registros, PrivateTablesNeverWriteToTheFile) {
     Acrescentar(*banco_->OpenRecordset(Apuracao, Dina), "do banco");
     const auto privado = AbrirOutra(
         {.modo = ModoAbertura::SomenteLeitura, .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
@@ -126,7 +126,7 @@ TEST_F(Registros, TabelasPrivadasNuncaEscrevemNoArquivo) {
     EXPECT_EQ(Lidas(*AbrirOutra({.tabelasDeTrabalho = TabelasDeTrabalho::Privadas})), "");
 }
 
-TEST_F(Registros, ABancoSomenteLeituraRecusaTodaEscrita) {
+TEST_F(Registros, AReadOnlyDatabaseRefusesEveryWriting) {
     const auto banco = AbrirOutra({.modo = ModoAbertura::SomenteLeitura});
     const auto exclusao = banco->CreateQueryDef("", "DELETE * FROM tblDRQ");
     EXPECT_EQ(NumeroDoErro([&] { exclusao->Execute(); }), 3027);
@@ -136,7 +136,7 @@ TEST_F(Registros, ABancoSomenteLeituraRecusaTodaEscrita) {
     EXPECT_EQ(banco_.Linhas("SELECT * FROM tblDRQ", 1).size(), 2U);
 }
 
-TEST_F(Registros, UmScriptValeInteiroOuNada) {
+TEST_F(Registros, AScriptCountsWholeOrNotAtAll) {
     EXPECT_EQ(NumeroDoErro(
                   [&] { banco_.Executar("DELETE FROM tblDRQ; INSERT INTO tblNada VALUES (1)"); }),
               3075);
@@ -145,7 +145,7 @@ TEST_F(Registros, UmScriptValeInteiroOuNada) {
     EXPECT_EQ(banco_.Linhas("SELECT AÇÃO FROM Nova", 1).front(), "sim");
 }
 
-TEST_F(Registros, AConexaoDoHospedeiroFicaComoEra) {
+TEST_F(Registros, AHostsConnectionStaysAsItWas) {
     sqlite3* db = nullptr;
     ASSERT_EQ(sqlite3_open(banco_.Arquivo().c_str(), &db), SQLITE_OK);
     {

@@ -35,7 +35,7 @@ class Valores : public testing::Test {
 
 constexpr auto Maior = std::numeric_limits<std::int64_t>::max();
 
-TEST_F(Valores, SomasDeMoedaSaoExatas) {
+TEST_F(Valores, SumsOfCurrencyAreExact) {
     EXPECT_EQ(Soma("(7, 1), (7, NULL), (7, 2)"), Valor(Moeda::DeDecimosMilesimos(3)));
     EXPECT_EQ(Soma("(7, NULL), (7, NULL)"), Valor(Nulo{}));
     const std::string maior = "(7, " + std::to_string(Maior) + ")";
@@ -44,7 +44,7 @@ TEST_F(Valores, SomasDeMoedaSaoExatas) {
     EXPECT_EQ(apoio::ErroDe([&] { Soma(maior + ", (7, 1)"); }).Numero(), NumeroErro::Estouro);
 }
 
-TEST_F(Valores, UmaSomaNomeiaOQueNaoEMoeda) {
+TEST_F(Valores, ASumNamesWhatIsNoCurrency) {
     for (const char* valor : {"'abc'", "0.5", "x'41'"}) {
         ConferirConversao([&] { Soma("(7, 1), (7, " + std::string(valor) + ")"); },
                           {"tblPagamento", "Valor"});
@@ -53,7 +53,7 @@ TEST_F(Valores, UmaSomaNomeiaOQueNaoEMoeda) {
         << "another declaration's fault";
 }
 
-TEST_F(Valores, OQueNaoCabeNoTipoDeclaradoEErroQueONomeia) {
+TEST_F(Valores, WhatDoesNotFitItsDeclaredTypeIsAnErrorThatNamesIt) {
     struct Caso {
         const char* tabela;
         const char* coluna;
@@ -91,7 +91,7 @@ TEST_F(Valores, OQueNaoCabeNoTipoDeclaradoEErroQueONomeia) {
                       {"OpPróprias"});
 }
 
-TEST_F(Valores, AEscritaConverteParaOTipoDaColuna) {
+TEST_F(Valores, WritingConvertsToTheColumnsType) {
     const auto pagamentos = Abrir("SELECT * FROM tblPagamento");
     const auto acrescentar = [&](const Valor& numero, const Valor& proprias, const Valor& data,
                                  const Valor& valor) {
@@ -116,7 +116,7 @@ TEST_F(Valores, AEscritaConverteParaOTipoDaColuna) {
                       {"dois reais", "Valor", "tblPagamento"});
 }
 
-TEST_F(Valores, OArquivoGuardaAsFormasDoContrato) {
+TEST_F(Valores, TheFileHoldsEachTypeInItsStoredForm) {
     const auto pagamentos = Abrir("SELECT * FROM tblPagamento");
     pagamentos->AddNew();
     pagamentos->Fields("OpPróprias") = true;
