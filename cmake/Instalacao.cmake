@@ -3,7 +3,6 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-set(cabecalhos ${CMAKE_INSTALL_INCLUDEDIR}/RelatoriosTarvo)
 set(pacote_cmake ${CMAKE_INSTALL_LIBDIR}/cmake/RelatoriosTarvo)
 
 foreach(componente Nucleo SQLite PDF Desktop C)
@@ -17,7 +16,7 @@ foreach(componente Nucleo SQLite PDF Desktop C)
         endif()
         install(TARGETS tarvo_instalada_${componente} EXPORT RelatoriosTarvo${componente}
             LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${parte} NAMELINK_COMPONENT ${parte_cmake}
-            FILE_SET HEADERS DESTINATION ${cabecalhos} COMPONENT dev)
+            FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
         install(EXPORT RelatoriosTarvo${componente} NAMESPACE RelatoriosTarvo::
             DESTINATION ${pacote_cmake} COMPONENT ${parte_cmake})
     endif()

@@ -42,17 +42,15 @@ endfunction()
 
 # tarvo_instalada(COMPONENT FOLDERS f... HEADERS h... [SOURCES s...] [LINK l...]): an installed shared
 # library of the objects of those folders, which are not compiled again; what the folders link from
-# outside the project it links too. Programs find it as RelatoriosTarvo::COMPONENT.
+# outside the project it links too. Programs find it as RelatoriosTarvo::COMPONENT, and the headers
+# in one folder: <relatoriostarvo/BancoDados.h>.
 function(tarvo_instalada componente)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE" "FOLDERS;HEADERS;SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FOLDERS;HEADERS;SOURCES;LINK")
     set(alvo tarvo_instalada_${componente})
     if(componente STREQUAL Nucleo)
         set(nome RelatoriosTarvo)
     else()
         set(nome RelatoriosTarvo${componente})
-    endif()
-    if(NOT arg_BASE)
-        set(arg_BASE ${PROJECT_SOURCE_DIR})
     endif()
     add_library(${alvo} SHARED ${arg_SOURCES})
     add_library(RelatoriosTarvo::${componente} ALIAS ${alvo})
@@ -70,8 +68,21 @@ function(tarvo_instalada componente)
         target_link_libraries(${alvo} PRIVATE
             $<FILTER:$<TARGET_PROPERTY:tarvo_${pasta},LINK_LIBRARIES>,EXCLUDE,^tarvo_>)
     endforeach()
-    list(TRANSFORM arg_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/)
-    target_sources(${alvo} PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_BASE} FILES ${arg_HEADERS})
+    set(cabecalhos)
+    foreach(cabecalho ${arg_HEADERS})
+        get_filename_component(nome ${cabecalho} NAME)
+        set(entrada ${PROJECT_SOURCE_DIR}/${cabecalho})
+        set(saida ${PROJECT_BINARY_DIR}/include/relatoriostarvo/${nome})
+        set(script ${PROJECT_SOURCE_DIR}/cmake/CabecalhoInstalado.cmake)
+        add_custom_command(OUTPUT ${saida}
+            COMMAND ${CMAKE_COMMAND} -DENTRADA=${entrada} -DSAIDA=${saida} -P ${script}
+            DEPENDS ${entrada} ${script}
+            VERBATIM)
+        list(APPEND cabecalhos ${saida})
+    endforeach()
+    target_sources(${alvo} PUBLIC
+        FILE_SET HEADERS BASE_DIRS ${PROJECT_BINARY_DIR}/include FILES ${cabecalhos})
+    target_include_directories(${alvo} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
     target_link_libraries(${alvo} PUBLIC ${arg_LINK})
     target_compile_features(${alvo} INTERFACE cxx_std_20)
 endfunction()

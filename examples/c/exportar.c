@@ -2,7 +2,7 @@
  *
  *     cc exportar.c $(pkg-config --cflags --libs relatoriostarvo) -o exportar
  */
-#include <relatoriostarvo.h>
+#include <relatoriostarvo/relatoriostarvo.h>
 #include <stdio.h>
 #include <stdlib.h>
 

@@ -2,10 +2,10 @@
 #include <cstdlib>
 #include <iostream>
 
-#include <data/CodigosDeErros.h>
-#include <databases/sqlite/BancoSQLite.h>
-#include <output/pdf/RenderizadorPDF.h>
-#include <reports/RelatorioApuracaoOpProp.h>
+#include <relatoriostarvo/BancoSQLite.h>
+#include <relatoriostarvo/CodigosDeErros.h>
+#include <relatoriostarvo/RelatorioApuracaoOpProp.h>
+#include <relatoriostarvo/RenderizadorPDF.h>
 
 int main(int argc, char** argv) {
     if (argc != 5) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <relatoriostarvo.h>
+#include <relatoriostarvo/relatoriostarvo.h>
 #include <stdlib.h>
 
 #include <filesystem>
