@@ -63,10 +63,10 @@ int Listar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
 
 int Exportar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     return ParaCadaRelatorio(a, erros, [&](const std::string& codigo, const Relatorio& relatorio) {
-        ResultadoPDF resultado = Gravar(codigo, relatorio, a.destino);
+        auto resultado = GravarRelatorio(codigo, relatorio, a.saida);
         saida << NomeDoArquivo(codigo) << "  " << resultado.paginas
               << (resultado.paginas == 1 ? " página\n" : " páginas\n");
-        return resultado;
+        return std::move(resultado.cortados);
     });
 }
 

@@ -93,9 +93,9 @@ class Trabalhador {
     }
 
     void ProduzirCadaUm(const DeclaracaoDoLote& d, const std::vector<std::string>& codigos) {
-        Destino destino = lote_.argumentos.destino;
-        destino.pasta /= NomeDaDeclaracao(d);
-        destino.espera = Espera::Nenhuma;
+        SaidaEmArquivos saida = lote_.argumentos.saida;
+        saida.pasta /= NomeDaDeclaracao(d);
+        saida.opcoes.espera = Espera::Nenhuma;
         for (const auto& codigo : codigos) {
             if (Interrompido()) {
                 return;
@@ -107,8 +107,7 @@ class Trabalhador {
             LinhaResumo linha = NovaLinha(d, codigo);
             Tentar(linha, [&] {
                 const auto relatorio = Construir(d, codigo);
-                Registrar(linha, ArquivoNoLote(d, codigo, destino.formato),
-                          Gravar(codigo, *relatorio, destino));
+                Registrar(linha, GravarRelatorio(codigo, *relatorio, saida));
             });
         }
     }
@@ -119,27 +118,26 @@ class Trabalhador {
             return;
         }
         std::vector<std::unique_ptr<Relatorio>> relatorios;
-        std::vector<SecaoPDF> secoes;
+        std::vector<DocumentoDeSaida> documentos;
         for (const auto& codigo : codigos) {
             LinhaResumo linha = NovaLinha(d, codigo);
             Tentar(linha, [&] {
                 relatorios.push_back(Construir(d, codigo));
-                const Conteudo& documento = relatorios.back()->Documento();
-                secoes.push_back({&documento, codigo + " - " + documento.tituloResumido});
+                auto& documento = documentos.emplace_back(DocumentoDe(*relatorios.back()));
+                documento.marcador = codigo + " - " + documento.conteudo->tituloResumido;
             });
             if (Interrompido()) {
                 return;
             }
         }
-        if (secoes.empty()) {
+        if (documentos.empty()) {
             return;
         }
         LinhaResumo linha = NovaLinha(d, CodigoUnico);
         Tentar(linha, [&] {
-            const auto arquivo = ArquivoNoLote(d, CodigoUnico, Formato::PDF);
-            Registrar(
-                linha, arquivo,
-                GravarSecoes(secoes, lote_.argumentos.destino.pasta / arquivo, Espera::Nenhuma));
+            const auto& saida = lote_.argumentos.saida;
+            Registrar(linha, Gravar(documentos, *saida.formato, saida.pasta, NomeDaDeclaracao(d),
+                                    {.espera = Espera::Nenhuma}));
         });
     }
 
@@ -181,11 +179,10 @@ class Trabalhador {
         return linha;
     }
 
-    void Registrar(LinhaResumo& linha, const std::string& arquivo, const ResultadoPDF& resultado) {
-        std::error_code ignorado;
-        linha.arquivo = arquivo;
-        linha.bytes =
-            std::filesystem::file_size(lote_.argumentos.destino.pasta / arquivo, ignorado);
+    void Registrar(LinhaResumo& linha, const ResultadoDaSaida& resultado) {
+        const ArquivoGravado& primeiro = resultado.arquivos.front();
+        linha.arquivo = primeiro.caminho.lexically_relative(lote_.argumentos.saida.pasta);
+        linha.bytes = primeiro.bytes;
         linha.paginas = resultado.paginas;
         linha.cortados = resultado.cortados.size();
         lote_.resumo.Acrescentar(linha);
@@ -228,10 +225,10 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
     if (declaracoes.empty()) {
         erros << "aviso: nenhuma declaração corresponde ao que foi pedido\n";
     }
-    CriarPasta(a.destino.pasta);
+    CriarPasta(a.saida.pasta);
     const CapturaDeInterrupcao captura;
     const ArquivosProntos prontos = a.retomar ? Retomar(a, declaracoes) : ArquivosProntos();
-    ResumoLote resumo(a.destino.pasta, a.retomar);
+    ResumoLote resumo(a.saida.pasta, a.retomar);
     const ConfiguracoesDaChamada configuracoes(a.refAtual);
     ProgressoLote progresso(saida, erros, configuracoes, declaracoes.size(),
                             ::isatty(STDOUT_FILENO) == 1);
@@ -251,7 +248,7 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
         erros << "o lote parou antes do fim; a mesma chamada com --retomar continua\n";
         return Falhou;
     }
-    EsperarPeloDisco(a.destino.pasta);
+    EsperarPeloDisco(a.saida.pasta);
     return progresso.Falhas() == 0 ? Feito : Falhou;
 }
 

@@ -48,7 +48,7 @@ class Conferencia {
             incompletas_.insert(linha.NroDRQ);
             return false;
         }
-        if (linha.arquivo != ArquivoNoLote(*declaracao, linha.relatorio, a_.destino.formato)) {
+        if (linha.arquivo != ArquivoNoLote(*declaracao, linha.relatorio, *a_.saida.formato)) {
             return true;
         }
         if (!Inteiro(linha) || (a_.unico && incompletas_.contains(linha.NroDRQ))) {
@@ -65,7 +65,7 @@ class Conferencia {
     }
     [[nodiscard]] bool Inteiro(const LinhaResumo& linha) const {
         std::error_code erro;
-        return fs::file_size(a_.destino.pasta / linha.arquivo, erro) == linha.bytes && !erro;
+        return fs::file_size(a_.saida.pasta / linha.arquivo, erro) == linha.bytes && !erro;
     }
 
     const Argumentos& a_;
@@ -98,10 +98,10 @@ bool ArquivosProntos::Contem(std::int32_t NroDRQ, const std::string& codigo) con
 }
 
 ArquivosProntos Retomar(const Argumentos& a, const std::vector<DeclaracaoDoLote>& declaracoes) {
-    RemoverRestos(a.destino.pasta);
+    RemoverRestos(a.saida.pasta);
     ArquivosProntos prontos;
     Conferencia conferencia(a, declaracoes, prontos);
-    FiltrarResumo(a.destino.pasta,
+    FiltrarResumo(a.saida.pasta,
                   [&](const LinhaResumo& linha) { return conferencia.Manter(linha); });
     prontos.Ordenar();
     return prontos;

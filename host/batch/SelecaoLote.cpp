@@ -65,13 +65,12 @@ std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao) {
 }
 
 std::string ArquivoNoLote(const DeclaracaoDoLote& declaracao, const std::string& codigo,
-                          Formato formato) {
+                          const FormatoDeSaida& formato) {
     const std::string nome = NomeDaDeclaracao(declaracao);
     if (codigo == CodigoUnico) {
-        return nome + ".pdf";
+        return PrimeiroArquivo(formato, nome);
     }
-    return nome + "/" + NomeDoArquivo(codigo) + (formato == Formato::PNG ? "-001." : ".") +
-           std::string(Extensao(formato));
+    return nome + "/" + PrimeiroArquivo(formato, NomeDoArquivo(codigo));
 }
 
 }  // namespace tarvo::host

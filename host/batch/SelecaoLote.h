@@ -33,6 +33,6 @@ std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao);
 // first. With unico, codigo is CodigoUnico.
 constexpr const char* CodigoUnico = "todos";
 std::string ArquivoNoLote(const DeclaracaoDoLote& declaracao, const std::string& codigo,
-                          Formato formato);
+                          const FormatoDeSaida& formato);
 
 }  // namespace tarvo::host

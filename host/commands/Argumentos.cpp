@@ -73,22 +73,21 @@ void ExigirDeclaracao(const LinhaDeComando& l, const Argumentos& a) {
     }
 }
 
-void LerDestino(const LinhaDeComando& l, const std::string& formato, Argumentos& a) {
+void LerSaida(const LinhaDeComando& l, const std::string& formato, Argumentos& a) {
     Exigir(l.saida, "--saida");
-    const auto lido = LerFormato(formato);
-    if (!lido) {
-        Recusar("--formato é pdf, png ou json, não \"" + formato + "\"");
+    a.saida.pasta = l.saida;
+    a.saida.formato = ProcurarFormato(formato);
+    if (a.saida.formato == nullptr) {
+        Recusar("--formato é " + ListaDeFormatos() + ", não \"" + formato + "\"");
     }
-    a.destino.pasta = l.saida;
-    a.destino.formato = *lido;
     if (!l.dpi.empty()) {
-        a.destino.dpi = LerInteiro(l.dpi, "--dpi", 20, 1200);
+        a.saida.opcoes.dpi = LerInteiro(l.dpi, "--dpi", 20, 1200);
     }
 }
 
 void LerLote(const LinhaDeComando& l, Argumentos& a) {
     LerRelatorios(l.relatorios.empty() ? "todos" : l.relatorios, a);
-    LerDestino(l, l.formato.empty() ? "pdf" : l.formato, a);
+    LerSaida(l, l.formato.empty() ? "pdf" : l.formato, a);
     a.de = LerMesAnoOpcional(l.de);
     a.ate = LerMesAnoOpcional(l.ate);
     if (a.de && a.ate && a.de->Ordem() > a.ate->Ordem()) {
@@ -96,8 +95,8 @@ void LerLote(const LinhaDeComando& l, Argumentos& a) {
     }
     a.unico = l.unico;
     a.retomar = l.retomar;
-    if (a.unico && a.destino.formato != Formato::PDF) {
-        Recusar("--unico é só para pdf");
+    if (a.unico && !a.saida.formato->reune) {
+        Recusar("--unico não se faz em " + std::string(a.saida.formato->nome));
     }
     const int nucleos = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
     a.trabalhos = l.trabalhos.empty() ? nucleos : LerInteiro(l.trabalhos, "--trabalhos", 1, 256);
@@ -130,7 +129,7 @@ Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
     a.impressora = l.impressora;
     switch (l.comando) {
         case Comando::Exportar:
-            LerDestino(l, l.formato, a);
+            LerSaida(l, l.formato, a);
             [[fallthrough]];
         case Comando::Imprimir:
             LerRelatorios(l.relatorios, a);

@@ -29,7 +29,7 @@ struct Argumentos {
     std::optional<std::int32_t> NumeroDRQ;
     bool todos = false;                // every report that the dialog would offer
     std::vector<std::string> codigos;  // otherwise these
-    Destino destino;
+    SaidaEmArquivos saida;
     std::int32_t opcoes = 0;              // entries that selecionar ticks, bit by bit
     std::string impressora;               // empty: the user's default printer
     std::optional<std::string> refAtual;  // "MM/AAAA"

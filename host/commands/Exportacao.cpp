@@ -3,15 +3,10 @@
 #include <algorithm>
 #include <cctype>
 #include <map>
-#include <sstream>
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
-#include "output/json/DocumentoJSON.h"
-#include "output/png/PaginasPNG.h"
 #include "slip/RelatorioVELO.h"
-#include "system/files/Arquivos.h"
-#include "system/files/GravacaoSegura.h"
 
 namespace tarvo::host {
 
@@ -24,27 +19,6 @@ const EntradaCatalogo* Procurar(std::string_view codigo) {
         }
     }
     return nullptr;
-}
-
-void Confirmar(GravacaoSegura& gravacao, Espera espera) {
-    if (espera == Espera::PeloDisco) {
-        gravacao.Confirmar();
-    } else {
-        gravacao.ConfirmarSemEsperar();
-    }
-}
-
-// PNG pages that an earlier, longer document left.
-void RemoverPaginasAlem(const std::filesystem::path& pasta, const std::string& nome,
-                        std::size_t paginas) {
-    const std::string prefixo = nome + "-";
-    for (const auto& item : std::filesystem::directory_iterator(pasta)) {
-        const std::string arquivo = item.path().filename().string();
-        if (arquivo.starts_with(prefixo) && arquivo.ends_with(".png") &&
-            std::strtoull(arquivo.c_str() + prefixo.size(), nullptr, 10) > paginas) {
-            std::filesystem::remove(item.path());
-        }
-    }
 }
 
 }  // namespace
@@ -96,27 +70,6 @@ std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDado
     return relatorio;
 }
 
-std::optional<Formato> LerFormato(std::string_view nome) {
-    for (const Formato formato : {Formato::PDF, Formato::PNG, Formato::JSON}) {
-        if (EmMaiusculas(nome) == EmMaiusculas(Extensao(formato))) {
-            return formato;
-        }
-    }
-    return std::nullopt;
-}
-
-std::string_view Extensao(Formato formato) {
-    switch (formato) {
-        case Formato::PDF:
-            return "pdf";
-        case Formato::PNG:
-            return "png";
-        case Formato::JSON:
-            return "json";
-    }
-    return "";
-}
-
 std::string NomeDoArquivo(std::string_view codigo) {
     static const auto nomes = [] {
         std::map<std::string, std::string, std::less<>> lista;
@@ -133,41 +86,16 @@ std::string NomeDoArquivo(std::string_view codigo) {
     return nomes.find(codigo)->second;
 }
 
-ResultadoPDF GravarSecoes(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo,
-                          Espera espera) {
-    GravacaoSegura gravacao(arquivo);
-    ResultadoPDF resultado =
-        RenderizarPDF(secoes, [&](std::string_view bytes) { gravacao.Escrever(bytes); });
-    Confirmar(gravacao, espera);
-    return resultado;
+DocumentoDeSaida DocumentoDe(const Relatorio& relatorio) {
+    const Conteudo& conteudo = relatorio.Documento();
+    return {relatorio.Identidade().classe, &conteudo, conteudo.titulo};
 }
 
-ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino) {
-    CriarPasta(destino.pasta);
-    const Conteudo& conteudo = relatorio.Documento();
-    const std::string nome = NomeDoArquivo(codigo);
-    switch (destino.formato) {
-        case Formato::PDF: {
-            const SecaoPDF secao{.conteudo = &conteudo, .marcador = conteudo.titulo};
-            return GravarSecoes({&secao, 1}, destino.pasta / (nome + ".pdf"), destino.espera);
-        }
-        case Formato::PNG: {
-            std::string pdf;
-            ResultadoPDF resultado = RenderizarPDF(conteudo, pdf);
-            RemoverPaginasAlem(destino.pasta, nome,
-                               GravarPNG(pdf, destino.pasta, nome, destino.dpi).size());
-            return resultado;
-        }
-        case Formato::JSON: {
-            std::ostringstream json;
-            EscreverJSON(relatorio.Identidade().classe, conteudo, json);
-            GravacaoSegura gravacao(destino.pasta / (nome + ".json"));
-            gravacao.Escrever(json.view());
-            Confirmar(gravacao, destino.espera);
-            return {.paginas = conteudo.paginas.size(), .cortados = {}};
-        }
-    }
-    return {};
+ResultadoDaSaida GravarRelatorio(std::string_view codigo, const Relatorio& relatorio,
+                                 const SaidaEmArquivos& saida) {
+    const DocumentoDeSaida documento = DocumentoDe(relatorio);
+    return Gravar({&documento, 1}, *saida.formato, saida.pasta, NomeDoArquivo(codigo),
+                  saida.opcoes);
 }
 
 }  // namespace tarvo::host

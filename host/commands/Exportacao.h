@@ -3,15 +3,13 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/BancoDados.h"
 #include "document/Relatorio.h"
-#include "output/pdf/RenderizadorPDF.h"
+#include "output/FormatoDeSaida.h"
 
 // Building reports by their codes and writing them to files.
 namespace tarvo::host {
@@ -46,32 +44,20 @@ struct Alvo {
 std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
                                               const Alvo& alvo, const Ambiente& ambiente);
 
-enum class Formato { PDF, PNG, JSON };
-std::optional<Formato> LerFormato(std::string_view nome);
-
-// Whether writing returns only once the file would outlast a power failure.
-enum class Espera { PeloDisco, Nenhuma };
-
-struct Destino {
+// Where the command writes its files, and as what.
+struct SaidaEmArquivos {
     std::filesystem::path pasta;
-    Formato formato = Formato::PDF;
-    int dpi = 150;  // of PNG pages
-    Espera espera = Espera::PeloDisco;
+    const FormatoDeSaida* formato = nullptr;
+    OpcoesDeSaida opcoes;
 };
-
-// "pdf"
-std::string_view Extensao(Formato formato);
 
 // "10-RelatorioApuracaoOpProp": the name of a report's files without their ending.
 std::string NomeDoArquivo(std::string_view codigo);
 
-// Writes a built report into the folder, which is made when it is missing. On an error no new file
-// is left, and a file of an earlier run stays as it was. Pages of an earlier run that the document
-// no longer has are removed.
-ResultadoPDF Gravar(std::string_view codigo, const Relatorio& relatorio, const Destino& destino);
+DocumentoDeSaida DocumentoDe(const Relatorio& relatorio);
 
-// Writes several documents as one PDF with an outline.
-ResultadoPDF GravarSecoes(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo,
-                          Espera espera);
+// Writes a built report (see Gravar).
+ResultadoDaSaida GravarRelatorio(std::string_view codigo, const Relatorio& relatorio,
+                                 const SaidaEmArquivos& saida);
 
 }  // namespace tarvo::host

@@ -16,7 +16,7 @@ int ImprimirRelatorios(const Argumentos& a, std::ostream& saida, std::ostream& e
                                              .titulo = relatorio.Documento().tituloResumido,
                                              .impressora = a.impressora});
         saida << NomeDoArquivo(codigo) << "  trabalho " << trabalho << "\n";
-        return resultado;
+        return std::move(resultado.cortados);
     });
 }
 

@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "output/FormatoDeSaida.h"
+
 namespace tarvo::host {
 
 namespace {
@@ -13,7 +15,7 @@ struct Opcao {
     const char* nome;
     const char* valor;  // what stands for the value in the help
     std::string LinhaDeComando::*destino;
-    const char* descricao;
+    std::string descricao;
     bool obrigatoria = false;
 };
 
@@ -33,17 +35,16 @@ struct Definicao {
 
 using L = LinhaDeComando;
 
-constexpr Opcao Banco{"BANCO", "", &L::banco, "arquivo do banco de declarações", true};
-constexpr Opcao IE{"--ie", "IE", &L::IE, "inscrição estadual (dispensada só por VELO)"};
-constexpr Opcao Drq{"--drq", "N", &L::drq, "número da declaração (dispensado por 01 e VELO)"};
+const Opcao Banco{"BANCO", "", &L::banco, "arquivo do banco de declarações", true};
+const Opcao IE{"--ie", "IE", &L::IE, "inscrição estadual (dispensada só por VELO)"};
+const Opcao Drq{"--drq", "N", &L::drq, "número da declaração (dispensado por 01 e VELO)"};
 constexpr const char* DescricaoLista =
     "todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO";
-constexpr Opcao Lista{"--relatorios", "LISTA", &L::relatorios, DescricaoLista, true};
-constexpr Opcao Saida{"--saida", "PASTA", &L::saida, "pasta dos arquivos; criada, se não existe",
-                      true};
-constexpr Opcao Dpi{"--dpi", "N", &L::dpi, "pontos por polegada das páginas em png (150)"};
-constexpr Opcao RefAtual{"--ref-atual", "MM/AAAA", &L::refAtual,
-                         "mês de referência atual, só nesta chamada"};
+const Opcao Lista{"--relatorios", "LISTA", &L::relatorios, DescricaoLista, true};
+const Opcao Saida{"--saida", "PASTA", &L::saida, "pasta dos arquivos; criada, se não existe", true};
+const Opcao Dpi{"--dpi", "N", &L::dpi, "pontos por polegada das páginas em png (150)"};
+const Opcao RefAtual{"--ref-atual", "MM/AAAA", &L::refAtual,
+                     "mês de referência atual, só nesta chamada"};
 
 std::vector<Definicao> Definicoes() {
     return {
@@ -56,8 +57,7 @@ std::vector<Definicao> Definicoes() {
         {Comando::Exportar,
          "exportar",
          "grava relatórios de uma declaração em arquivos",
-         {Banco, IE, Drq, Lista,
-          Opcao{"--formato", "FMT", &L::formato, "pdf, png (um arquivo por página) ou json", true},
+         {Banco, IE, Drq, Lista, Opcao{"--formato", "FMT", &L::formato, ListaDeFormatos(), true},
           Saida, Dpi, RefAtual},
          {}},
         {Comando::Lote,
@@ -65,7 +65,7 @@ std::vector<Definicao> Definicoes() {
          "grava os relatórios de muitas declarações, em paralelo",
          {Banco, Saida,
           Opcao{"--relatorios", "LISTA", &L::relatorios, "o mesmo que em exportar (todos)"},
-          Opcao{"--formato", "FMT", &L::formato, "pdf (se omitido), png ou json"}, Dpi,
+          Opcao{"--formato", "FMT", &L::formato, "o mesmo que em exportar (pdf)"}, Dpi,
           Opcao{"--ie", "IE", &L::IE, "só as declarações deste contribuinte"},
           Opcao{"--de", "MM/AAAA", &L::de, "a partir deste mês de referência"},
           Opcao{"--ate", "MM/AAAA", &L::ate, "até este mês de referência"},

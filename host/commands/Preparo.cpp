@@ -36,8 +36,9 @@ std::string EmUmaLinha(std::string texto) {
     return texto;
 }
 
-void AvisarCortes(std::ostream& erros, const std::string& nome, const ResultadoPDF& resultado) {
-    for (const auto& corte : resultado.cortados) {
+void AvisarCortes(std::ostream& erros, const std::string& nome,
+                  const std::vector<TextoCortado>& cortados) {
+    for (const auto& corte : cortados) {
         erros << "aviso: " << nome << ", página " << corte.pagina << ", a "
               << FormatarValor(Moeda::DeDouble(corte.caixa.x)) << " × "
               << FormatarValor(Moeda::DeDouble(corte.caixa.y))
@@ -60,8 +61,8 @@ std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo, st
 }  // namespace
 
 int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
-                      const std::function<ResultadoPDF(const std::string& codigo,
-                                                       const Relatorio& relatorio)>& usar) {
+                      const std::function<std::vector<TextoCortado>(
+                          const std::string& codigo, const Relatorio& relatorio)>& usar) {
     const auto banco = AbrirBanco(a.banco, erros);
     AvisarAusentes(*banco, a, erros);
     const ConfiguracoesDaChamada configuracoes(a.refAtual);

@@ -11,8 +11,8 @@ namespace tarvo::host {
 // that fails is said on erros and stops nothing; so are texts that were cut and a taxpayer or
 // declaration that does not exist. Returns the exit status; error 3021 when all reports of a
 // missing declaration are asked for.
-int ParaCadaRelatorio(
-    const Argumentos& argumentos, std::ostream& erros,
-    const std::function<ResultadoPDF(const std::string& codigo, const Relatorio& relatorio)>& usar);
+int ParaCadaRelatorio(const Argumentos& argumentos, std::ostream& erros,
+                      const std::function<std::vector<TextoCortado>(
+                          const std::string& codigo, const Relatorio& relatorio)>& usar);
 
 }  // namespace tarvo::host

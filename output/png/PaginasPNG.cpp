@@ -5,6 +5,7 @@
 #include <poppler-page.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -43,12 +44,6 @@ class PastaDeEspera {
   private:
     fs::path caminho_;
 };
-
-std::string NomeDaPagina(std::string_view nome, int pagina) {
-    std::string numero = std::to_string(pagina);
-    numero.insert(0, numero.size() < 3 ? 3 - numero.size() : 0, '0');
-    return std::string(nome) + "-" + numero + ".png";
-}
 
 std::unique_ptr<poppler::document> Abrir(std::string_view pdf) {
     std::unique_ptr<poppler::document> documento;
@@ -103,29 +98,49 @@ std::string Fotografar(const poppler::document& documento, int pagina, int dpi) 
     return CodificarPNG(rgb, largura, altura, dpi);
 }
 
+// Pages that an earlier, longer document left.
+void RemoverPaginasAlem(const fs::path& pasta, std::string_view nome, std::size_t paginas) {
+    const std::string prefixo = std::string(nome) + "-";
+    for (const auto& item : fs::directory_iterator(pasta)) {
+        const std::string arquivo = item.path().filename().string();
+        if (arquivo.starts_with(prefixo) && arquivo.ends_with(".png") &&
+            std::strtoull(arquivo.c_str() + prefixo.size(), nullptr, 10) > paginas) {
+            fs::remove(item.path());
+        }
+    }
+}
+
 }  // namespace
 
-std::vector<fs::path> GravarPNG(std::string_view pdf, const fs::path& pasta, std::string_view nome,
-                                int dpi) {
+std::string NomeDaPaginaPNG(std::string_view nome, std::size_t pagina) {
+    std::string numero = std::to_string(pagina);
+    numero.insert(0, numero.size() < 3 ? 3 - numero.size() : 0, '0');
+    return std::string(nome) + "-" + numero + ".png";
+}
+
+std::vector<ArquivoGravado> GravarPNG(std::string_view pdf, const fs::path& pasta,
+                                      std::string_view nome, int dpi) {
     if (dpi < MenorResolucao || dpi > MaiorResolucao) {
         throw Erro(NumeroErro::ChamadaInvalida,
                    "A resolução de " + std::to_string(dpi) + " dpi está fora de 10 a 2400.");
     }
     const auto documento = Abrir(pdf);
     const PastaDeEspera espera(pasta, nome);
-    std::vector<fs::path> arquivos;
+    std::vector<ArquivoGravado> arquivos;
     for (int pagina = 0; pagina < documento->pages(); ++pagina) {
-        const std::string arquivo = NomeDaPagina(nome, pagina + 1);
-        GravarArquivo(espera.Caminho() / arquivo, Fotografar(*documento, pagina, dpi));
-        arquivos.push_back(pasta / arquivo);
+        const auto arquivo = NomeDaPaginaPNG(nome, static_cast<std::size_t>(pagina) + 1);
+        const std::string png = Fotografar(*documento, pagina, dpi);
+        GravarArquivo(espera.Caminho() / arquivo, png);
+        arquivos.push_back({.caminho = pasta / arquivo, .bytes = png.size()});
     }
     for (const auto& arquivo : arquivos) {
         std::error_code erro;
-        fs::rename(espera.Caminho() / arquivo.filename(), arquivo, erro);
+        fs::rename(espera.Caminho() / arquivo.caminho.filename(), arquivo.caminho, erro);
         if (erro) {
-            LancarErroDeArquivo(arquivo, erro.value());
+            LancarErroDeArquivo(arquivo.caminho, erro.value());
         }
     }
+    RemoverPaginasAlem(pasta, nome, arquivos.size());
     return arquivos;
 }
 

@@ -1,11 +1,17 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 // Whole files, and the errors of the file system.
 namespace tarvo {
+
+struct ArquivoGravado {
+    std::filesystem::path caminho;
+    std::uintmax_t bytes = 0;
+};
 
 // Raises the error for a failed system call on a file, by errno's value: 76 no such folder, 70 no
 // permission, 61 no space, 57 anything else.

@@ -22,11 +22,12 @@ TEST(PaginasPNG, EveryPageIsAPictureInTheWantedResolution) {
     const apoio::PastaTemporaria pasta;
     const auto arquivos = GravarPNG(PDF(11), pasta.Caminho(), "10-Relatorio", 100);
     ASSERT_EQ(arquivos.size(), 11U);
-    EXPECT_EQ(arquivos[0], pasta / "10-Relatorio-001.png");
-    EXPECT_EQ(arquivos[10], pasta / "10-Relatorio-011.png");
+    EXPECT_EQ(arquivos[0].caminho, pasta / "10-Relatorio-001.png");
+    EXPECT_EQ(arquivos[10].caminho, pasta / "10-Relatorio-011.png");
+    EXPECT_EQ(arquivos[10].bytes, fs::file_size(arquivos[10].caminho));
     EXPECT_EQ(Entradas(pasta.Caminho()), 11);
     // 3937 pixels a metre; the colours within the square and beside it.
-    const std::string lida = apoio::SaidaDe("convert " + arquivos[10].string() +
+    const std::string lida = apoio::SaidaDe("convert " + arquivos[10].caminho.string() +
                                             " -format '%w x %h, %[png:pHYs]: %[pixel:p{98,98}] "
                                             "%[pixel:p{137,137}]' info:");
     EXPECT_THAT(lida, testing::HasSubstr("827 x 1169, x_res=3937, y_res=3937, units=1: "

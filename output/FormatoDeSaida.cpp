@@ -1,0 +1,113 @@
+#include "output/FormatoDeSaida.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "output/json/DocumentoJSON.h"
+#include "output/png/PaginasPNG.h"
+#include "system/files/GravacaoSegura.h"
+
+namespace tarvo {
+
+namespace {
+
+ResultadoDaSaida EscreverComoPDF(std::span<const DocumentoDeSaida> documentos,
+                                 const DestinoPDF& destino) {
+    std::vector<SecaoPDF> secoes;
+    for (const auto& documento : documentos) {
+        secoes.push_back({documento.conteudo, documento.marcador});
+    }
+    ResultadoPDF pdf = RenderizarPDF(secoes, destino);
+    return {.arquivos = {}, .paginas = pdf.paginas, .cortados = std::move(pdf.cortados)};
+}
+
+ResultadoDaSaida EscreverComoJSON(std::span<const DocumentoDeSaida> documentos,
+                                  const DestinoPDF& destino) {
+    const auto& documento = documentos.front();
+    std::ostringstream json;
+    EscreverJSON(documento.classe, *documento.conteudo, json);
+    destino(json.view());
+    return {.arquivos = {}, .paginas = documento.conteudo->paginas.size(), .cortados = {}};
+}
+
+constexpr FormatoDeSaida Formatos[] = {
+    {.nome = "pdf", .descricao = "", .reune = true, .escrever = EscreverComoPDF},
+    {.nome = "png", .descricao = "um arquivo por página"},
+    {.nome = "json", .descricao = "", .escrever = EscreverComoJSON},
+};
+
+ResultadoDaSaida GravarPaginas(std::span<const DocumentoDeSaida> documentos,
+                               const std::filesystem::path& pasta, std::string_view nome,
+                               const OpcoesDeSaida& opcoes) {
+    std::string pdf;
+    auto resultado = EscreverComoPDF(documentos, [&](std::string_view bytes) { pdf += bytes; });
+    resultado.arquivos = GravarPNG(pdf, pasta, nome, opcoes.dpi);
+    return resultado;
+}
+
+ResultadoDaSaida GravarUmArquivo(std::span<const DocumentoDeSaida> documentos,
+                                 const FormatoDeSaida& formato,
+                                 const std::filesystem::path& arquivo, Espera espera) {
+    GravacaoSegura gravacao(arquivo);
+    std::uintmax_t tamanho = 0;
+    auto resultado = formato.escrever(documentos, [&](std::string_view bytes) {
+        gravacao.Escrever(bytes);
+        tamanho += bytes.size();
+    });
+    if (espera == Espera::PeloDisco) {
+        gravacao.Confirmar();
+    } else {
+        gravacao.ConfirmarSemEsperar();
+    }
+    resultado.arquivos = {{.caminho = arquivo, .bytes = tamanho}};
+    return resultado;
+}
+
+bool MesmoNome(std::string_view a, std::string_view b) {
+    const auto minuscula = [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    return std::ranges::equal(a, b, {}, minuscula, minuscula);
+}
+
+}  // namespace
+
+std::span<const FormatoDeSaida> FormatosDeSaida() {
+    return Formatos;
+}
+
+const FormatoDeSaida* ProcurarFormato(std::string_view nome) {
+    const auto* const achado = std::ranges::find_if(
+        Formatos, [&](const FormatoDeSaida& formato) { return MesmoNome(formato.nome, nome); });
+    return achado != std::end(Formatos) ? achado : nullptr;
+}
+
+std::string ListaDeFormatos() {
+    std::string lista;
+    for (const auto& formato : Formatos) {
+        const bool ultimo = &formato == std::end(Formatos) - 1;
+        lista += lista.empty() ? "" : ultimo ? " ou " : ", ";
+        lista += formato.nome;
+        if (!formato.descricao.empty()) {
+            lista.append(" (").append(formato.descricao).append(")");
+        }
+    }
+    return lista;
+}
+
+std::string PrimeiroArquivo(const FormatoDeSaida& formato, std::string_view nome) {
+    return formato.escrever == nullptr ? NomeDaPaginaPNG(nome, 1)
+                                       : std::string(nome).append(".").append(formato.nome);
+}
+
+ResultadoDaSaida Gravar(std::span<const DocumentoDeSaida> documentos, const FormatoDeSaida& formato,
+                        const std::filesystem::path& pasta, std::string_view nome,
+                        const OpcoesDeSaida& opcoes) {
+    CriarPasta(pasta);
+    return formato.escrever == nullptr
+               ? GravarPaginas(documentos, pasta, nome, opcoes)
+               : GravarUmArquivo(documentos, formato, pasta / PrimeiroArquivo(formato, nome),
+                                 opcoes.espera);
+}
+
+}  // namespace tarvo
