@@ -3,6 +3,17 @@
 function(tarvo_biblioteca nome)
     add_library(tarvo_${nome} STATIC ${ARGN})
     target_include_directories(tarvo_${nome} PUBLIC ${PROJECT_SOURCE_DIR})
+    tarvo_comodo(tarvo_${nome})
+endfunction()
+
+# tarvo_comodo(TARGET): a line for the target in build/comodos.txt, which a test holds against the
+# tree's includes: folder, sources, what it links and what it hands on to those who link it.
+function(tarvo_comodo alvo)
+    set(linha "${alvo}|${CMAKE_CURRENT_SOURCE_DIR}")
+    foreach(propriedade SOURCES LINK_LIBRARIES INTERFACE_LINK_LIBRARIES)
+        string(APPEND linha "|$<JOIN:$<TARGET_PROPERTY:${alvo},${propriedade}>,$<COMMA>>")
+    endforeach()
+    set_property(GLOBAL APPEND_STRING PROPERTY TARVO_COMODOS "${linha}\n")
 endfunction()
 
 # tarvo_teste(NAME LIBRARIES SOURCES...): one test program per folder under tests/.
