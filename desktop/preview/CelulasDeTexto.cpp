@@ -6,7 +6,7 @@
 #include "data/Formatos.h"
 #include "desktop/ApoioQt.h"
 #include "output/pdf/file/Momento.h"
-#include "output/pdf/page/Marcadores.h"
+#include "output/pdf/page/Substituicoes.h"
 
 namespace tarvo {
 

@@ -1,9 +1,12 @@
 #include "output/pdf/RenderizadorPDF.h"
 
 #include "data/Formatos.h"
+#include "output/pdf/file/ArvoreDePaginas.h"
 #include "output/pdf/file/EscritorPDF.h"
 #include "output/pdf/file/Metadados.h"
 #include "output/pdf/file/Momento.h"
+#include "output/pdf/file/Sintaxe.h"
+#include "output/pdf/file/Sumario.h"
 #include "output/pdf/page/PaginaPDF.h"
 #include "system/files/GravacaoSegura.h"
 
@@ -12,82 +15,6 @@ namespace tarvo {
 namespace {
 
 using namespace pdf;
-
-// The page tree: pages in leaves of a fixed number under one root, so that no node grows with the
-// document beyond the list of leaves.
-class ArvoreDePaginas {
-  public:
-    explicit ArvoreDePaginas(EscritorPDF& escritor)
-        : escritor_(escritor), raiz_(escritor.Reservar()) {}
-
-    // The node under which the next page, with that object number, stands.
-    int Acrescentar(int pagina) {
-        if (quantas_ % PaginasPorFolha == 0) {
-            FecharFolha();
-            folha_ = escritor_.Reservar();
-            folhas_ += Referencia(folha_) + " ";
-        }
-        filhas_ += Referencia(pagina) + " ";
-        ++quantas_;
-        return folha_;
-    }
-
-    int Terminar() {
-        FecharFolha();
-        escritor_.Objeto(
-            raiz_, "<</Type/Pages/Count " + std::to_string(quantas_) + "/Kids[" + folhas_ + "]>>");
-        return raiz_;
-    }
-
-  private:
-    static constexpr std::size_t PaginasPorFolha = 64;
-
-    void FecharFolha() {
-        if (filhas_.empty()) {
-            return;
-        }
-        const auto nesta = (quantas_ - 1) % PaginasPorFolha + 1;
-        escritor_.Objeto(folha_, "<</Type/Pages/Parent " + Referencia(raiz_) + "/Count " +
-                                     std::to_string(nesta) + "/Kids[" + filhas_ + "]>>");
-        filhas_.clear();
-    }
-
-    EscritorPDF& escritor_;
-    int raiz_;
-    int folha_ = 0;
-    std::size_t quantas_ = 0;
-    std::string filhas_;
-    std::string folhas_;
-};
-
-struct Marcador {
-    std::string titulo;
-    int pagina = 0;  // object number
-};
-
-int EscreverSumario(EscritorPDF& escritor, const std::vector<Marcador>& marcadores) {
-    const int raiz = escritor.Reservar();
-    std::vector<int> itens(marcadores.size());
-    for (auto& item : itens) {
-        item = escritor.Reservar();
-    }
-    for (std::size_t i = 0; i < itens.size(); ++i) {
-        std::string item = "<</Title" + TextoDeObjeto(marcadores[i].titulo) + "/Parent " +
-                           Referencia(raiz) + "/Dest[" + Referencia(marcadores[i].pagina) +
-                           "/XYZ null null null]";
-        if (i > 0) {
-            item += "/Prev " + Referencia(itens[i - 1]);
-        }
-        if (i + 1 < itens.size()) {
-            item += "/Next " + Referencia(itens[i + 1]);
-        }
-        escritor.Objeto(itens[i], item + ">>");
-    }
-    escritor.Objeto(raiz, "<</Type/Outlines/First " + Referencia(itens.front()) + "/Last " +
-                              Referencia(itens.back()) + "/Count " + std::to_string(itens.size()) +
-                              ">>");
-    return raiz;
-}
 
 class Renderizacao {
   public:
@@ -105,9 +32,9 @@ class Renderizacao {
     void Acrescentar(const SecaoPDF& secao) {
         const Conteudo& conteudo = *secao.conteudo;
         PaginaPDF pagina(recursos_, conteudo);
-        std::string caixa = "/MediaBox[0 0 ";
-        AnexarOperandos(caixa, DeCm(conteudo.LarguraPapel()), DeCm(conteudo.AlturaPapel()));
-        caixa.back() = ']';
+        std::string mediaBox = "/MediaBox[0 0 ";
+        AnexarOperandos(mediaBox, DeCm(conteudo.LarguraPapel()), DeCm(conteudo.AlturaPapel()));
+        mediaBox.back() = ']';
         substituicoes_.paginas = std::to_string(conteudo.paginas.size());
         for (std::size_t i = 0; i < conteudo.paginas.size(); ++i) {
             substituicoes_.pagina = std::to_string(i + 1);
@@ -115,14 +42,14 @@ class Renderizacao {
             if (i == 0) {
                 marcadores_.push_back({secao.marcador, objeto});
             }
-            AcrescentarPagina(objeto, caixa, pagina, conteudo.paginas[i]);
+            AcrescentarPagina(objeto, mediaBox, pagina, conteudo.paginas[i]);
         }
     }
 
     ResultadoPDF Terminar(std::string_view titulo) {
         const Metadados metadados = EscreverMetadados(escritor_, titulo, momento_);
         std::string recursos = "<</Font<<" + recursos_.fontes.Embutir();
-        recursos += ">>/XObject<<" + recursos_.figuras.Recursos() + recursos_.linhas.Recursos() +
+        recursos += ">>/XObject<<" + recursos_.figuras.Recursos() + recursos_.fileiras.Recursos() +
                     recursos_.paginas.Recursos() + ">>>>";
         escritor_.Objeto(objetoRecursos_, recursos);
         const int raiz = escritor_.Reservar();
@@ -140,19 +67,17 @@ class Renderizacao {
     }
 
   private:
-    void AcrescentarPagina(int objeto, const std::string& caixa, PaginaPDF& pagina,
+    void AcrescentarPagina(int objeto, const std::string& mediaBox, PaginaPDF& pagina,
                            const Pagina& primitivas) {
-        auto& cortados = resultado_.cortados;
-        const auto antes = cortados.size();
         const int fluxo = escritor_.Reservar();
-        escritor_.Fluxo(fluxo, "", pagina.Desenhar(primitivas, substituicoes_, cortados));
+        escritor_.Fluxo(fluxo, "", pagina.Desenhar(primitivas, substituicoes_));
         ++resultado_.paginas;
-        for (std::size_t i = antes; i < cortados.size(); ++i) {
-            cortados[i].pagina = resultado_.paginas;
+        for (const auto& [onde, texto] : pagina.Cortes()) {
+            resultado_.cortados.push_back({resultado_.paginas, onde, texto});
         }
         const int pai = arvore_.Acrescentar(objeto);
-        escritor_.Objeto(objeto, "<</Type/Page/Parent " + Referencia(pai) + caixa + "/Resources " +
-                                     Referencia(objetoRecursos_) + "/Contents " +
+        escritor_.Objeto(objeto, "<</Type/Page/Parent " + Referencia(pai) + mediaBox +
+                                     "/Resources " + Referencia(objetoRecursos_) + "/Contents " +
                                      Referencia(fluxo) + ">>");
     }
 

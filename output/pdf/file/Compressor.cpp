@@ -1,7 +1,5 @@
 #include "output/pdf/file/Compressor.h"
 
-#include <libdeflate.h>
-
 #include <new>
 
 namespace tarvo::pdf {
@@ -15,10 +13,6 @@ Compressor::Compressor() : compressor_(libdeflate_alloc_compressor(Nivel)) {
     if (compressor_ == nullptr) {
         throw std::bad_alloc();
     }
-}
-
-void Compressor::Liberar::operator()(libdeflate_compressor* c) const noexcept {
-    libdeflate_free_compressor(c);
 }
 
 std::string_view Compressor::Comprimir(std::string_view dados) {

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <libdeflate.h>
+
 #include <string_view>
 #include <vector>
 
-struct libdeflate_compressor;
+#include "data/ObjetoDeC.h"
 
 namespace tarvo::pdf {
 
@@ -16,10 +17,7 @@ class Compressor {
     std::string_view Comprimir(std::string_view dados);
 
   private:
-    struct Liberar {
-        void operator()(libdeflate_compressor* c) const noexcept;
-    };
-    std::unique_ptr<libdeflate_compressor, Liberar> compressor_;
+    ObjetoDeC<libdeflate_free_compressor> compressor_;
     std::vector<char> saida_;
 };
 

@@ -2,14 +2,14 @@
 
 #include <cstring>
 
-#include "output/pdf/file/Numeros.h"
+#include "output/pdf/file/Sintaxe.h"
 
 namespace tarvo::pdf {
 
 namespace {
 
 constexpr std::size_t TamanhoSaida = std::size_t{256} * 1024;
-constexpr int ObjetosPorLote = 200;
+constexpr int ObjetosPorFluxo = 200;
 constexpr std::size_t ColunasTabela = 8;  // type 1, place 5, index 2 bytes
 
 // A mixing of 64-bit words, good enough to tell files apart.
@@ -38,32 +38,32 @@ int EscritorPDF::Reservar() {
 }
 
 void EscritorPDF::Objeto(int numero, std::string_view corpo) {
-    if (quantidade_ == 0) {
-        numeroLote_ = Reservar();
+    if (quantos_ == 0) {
+        numeroDoFluxo_ = Reservar();
     }
     auto& lugar = lugares_.at(static_cast<std::size_t>(numero));
-    lugar = {static_cast<std::uint64_t>(numeroLote_), static_cast<std::uint16_t>(quantidade_), 2};
+    lugar = {static_cast<std::uint64_t>(numeroDoFluxo_), static_cast<std::uint16_t>(quantos_), 2};
     AnexarInteiro(indices_, numero);
     indices_.push_back(' ');
-    AnexarInteiro(indices_, static_cast<std::int64_t>(lote_.size()));
+    AnexarInteiro(indices_, static_cast<std::int64_t>(objetos_.size()));
     indices_.push_back(' ');
-    lote_.append(corpo).push_back('\n');
-    if (++quantidade_ == ObjetosPorLote) {
-        FecharLote();
+    objetos_.append(corpo).push_back('\n');
+    if (++quantos_ == ObjetosPorFluxo) {
+        FecharFluxoDeObjetos();
     }
 }
 
-void EscritorPDF::FecharLote() {
-    if (quantidade_ == 0) {
+void EscritorPDF::FecharFluxoDeObjetos() {
+    if (quantos_ == 0) {
         return;
     }
-    const std::string dicionario = "/Type/ObjStm/N " + std::to_string(quantidade_) + "/First " +
-                                   std::to_string(indices_.size());
-    indices_ += lote_;
-    Fluxo(numeroLote_, dicionario, indices_);
+    const std::string dicionario =
+        "/Type/ObjStm/N " + std::to_string(quantos_) + "/First " + std::to_string(indices_.size());
+    indices_ += objetos_;
+    Fluxo(numeroDoFluxo_, dicionario, indices_);
     indices_.clear();
-    lote_.clear();
-    quantidade_ = 0;
+    objetos_.clear();
+    quantos_ = 0;
 }
 
 void EscritorPDF::Fluxo(int numero, std::string_view dicionario, std::string_view dados) {
@@ -99,7 +99,7 @@ void EscritorPDF::Abrir(int numero) {
 }
 
 void EscritorPDF::Terminar(int raiz, int informacao) {
-    FecharLote();
+    FecharFluxoDeObjetos();
     const int numero = Reservar();
     const auto inicio = escritos_;
     lugares_.back() = {inicio, 0, 1};

@@ -44,7 +44,7 @@ class EscritorPDF {
     void Abrir(int numero);
     void EscreverFluxo(int numero, std::string_view dicionario, std::string_view dados,
                        bool comprimido);
-    void FecharLote();
+    void FecharFluxoDeObjetos();
     [[nodiscard]] std::string TabelaDeLugares() const;
     [[nodiscard]] std::string Identificador() const;
 
@@ -54,10 +54,10 @@ class EscritorPDF {
     std::uint64_t escritos_ = 0;                   // bytes handed over, those in saida_ included
     std::array<std::uint64_t, 2> digestao_{1, 2};  // of all bytes so far, for the file's identifier
     std::vector<Lugar> lugares_;                   // by object number
-    std::string lote_;                             // bodies of the open object stream
+    std::string objetos_;                          // bodies of the open object stream
     std::string indices_;                          // "number place" of each
-    int quantidade_ = 0;
-    int numeroLote_ = 0;
+    int quantos_ = 0;
+    int numeroDoFluxo_ = 0;
 };
 
 }  // namespace tarvo::pdf

@@ -6,7 +6,8 @@
 #include <new>
 
 #include "data/CodigosDeErros.h"
-#include "output/pdf/file/Numeros.h"
+#include "data/ObjetoDeC.h"
+#include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
@@ -44,10 +45,8 @@ std::string MapaUnicode(const std::vector<CodigoUnicode>& pares, int digitos) {
 
 // The face reduced to the glyphs in use. Their numbers stay, since text written by glyph number
 // has already gone out.
-std::string Subconjunto(const Fonte& fonte) {
-    const auto liberar = [](hb_subset_input_t* p) { hb_subset_input_destroy(p); };
-    const std::unique_ptr<hb_subset_input_t, decltype(liberar)> pedido(
-        hb_subset_input_create_or_fail(), liberar);
+std::string Subconjunto(const FonteDoArquivo& f) {
+    const ObjetoDeC<hb_subset_input_destroy> pedido(hb_subset_input_create_or_fail());
     if (pedido == nullptr) {
         throw std::bad_alloc();
     }
@@ -55,12 +54,12 @@ std::string Subconjunto(const Fonte& fonte) {
                               HB_SUBSET_FLAGS_NO_HINTING | HB_SUBSET_FLAGS_RETAIN_GIDS);
     hb_set_t* const caracteres = hb_subset_input_unicode_set(pedido.get());
     for (unsigned codigo = 0; codigo < 256; ++codigo) {
-        if (fonte.CodigosUsados().test(codigo)) {
+        if (f.codigos.test(codigo)) {
             hb_set_add(caracteres, UnicodeDeWinAnsi(static_cast<std::uint8_t>(codigo)));
         }
     }
     hb_set_t* const glifos = hb_subset_input_glyph_set(pedido.get());
-    for (const auto& [glifo, unicode] : fonte.GlifosUsados()) {
+    for (const auto& [glifo, unicode] : f.glifos) {
         hb_set_add(glifos, glifo);
     }
     // A PDF has no use for layout tables; left in, they would also pull in glyphs.
@@ -70,18 +69,16 @@ std::string Subconjunto(const Fonte& fonte) {
           HB_TAG('k', 'e', 'r', 'n'), HB_TAG('n', 'a', 'm', 'e'), HB_TAG('D', 'S', 'I', 'G')}) {
         hb_set_add(fora, tabela);
     }
-    hb_face_t* const reduzida = hb_subset_or_fail(fonte.AFace().Hb(), pedido.get());
+    const Face& face = f.fonte.FaceUsada();
+    const ObjetoDeC<hb_face_destroy> reduzida(hb_subset_or_fail(face.Hb(), pedido.get()));
     if (reduzida == nullptr) {
         throw Erro(NumeroErro::FonteAusente,
-                   "A fonte " + fonte.AFace().NomePostScript() + " não pôde ser embutida.");
+                   "A fonte " + face.NomePostScript() + " não pôde ser embutida.");
     }
-    hb_blob_t* const blob = hb_face_reference_blob(reduzida);
+    const ObjetoDeC<hb_blob_destroy> blob(hb_face_reference_blob(reduzida.get()));
     unsigned tamanho = 0;
-    const char* const dados = hb_blob_get_data(blob, &tamanho);
-    std::string bytes(dados, tamanho);
-    hb_blob_destroy(blob);
-    hb_face_destroy(reduzida);
-    return bytes;
+    const char* const dados = hb_blob_get_data(blob.get(), &tamanho);
+    return {dados, tamanho};
 }
 
 // Six capitals and a plus mark a subset; the number of the face tells two subsets apart.
@@ -89,7 +86,7 @@ std::string NomeDoSubconjunto(const FonteDoArquivo& f) {
     std::string marca = "TARVOA";
     marca[5] = static_cast<char>('A' + f.numero % 26);
     marca[4] = static_cast<char>('A' + f.numero / 26 % 26);
-    return marca + "+" + f.fonte.AFace().NomePostScript();
+    return marca + "+" + f.fonte.FaceUsada().NomePostScript();
 }
 
 std::string Descritor(const Fonte& fonte, const std::string& nome, int arquivo) {
@@ -134,41 +131,38 @@ std::string FontesPDF::Embutir() {
     return recursos;
 }
 
-void FontesPDF::EmbutirFace(FonteDoArquivo& f, std::string& recursos) {
-    const bool codigos = f.fonte.CodigosUsados().any();
-    const bool glifos = !f.fonte.GlifosUsados().empty();
-    if (!codigos && !glifos) {
+void FontesPDF::EmbutirFace(const FonteDoArquivo& f, std::string& recursos) {
+    if (f.codigos.none() && f.glifos.empty()) {
         return;
     }
     const std::string nome = NomeDoSubconjunto(f);
-    const std::string bytes = Subconjunto(f.fonte);
+    const std::string bytes = Subconjunto(f);
     const int arquivo = escritor_.Reservar();
     const int descritor = escritor_.Reservar();
     escritor_.Fluxo(arquivo, "/Length1 " + std::to_string(bytes.size()), bytes);
     escritor_.Objeto(descritor, Descritor(f.fonte, nome, arquivo));
-    if (codigos) {
+    if (f.codigos.any()) {
         recursos += "/F" + std::to_string(f.numero) + " " + Referencia(f.objetoCodigos);
         EmbutirCodigos(f, nome, descritor);
     }
-    if (glifos) {
+    if (!f.glifos.empty()) {
         recursos += "/G" + std::to_string(f.numero) + " " + Referencia(f.objetoGlifos);
         EmbutirGlifos(f, nome, descritor);
     }
 }
 
 void FontesPDF::EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome, int descritor) {
-    const auto& usados = f.fonte.CodigosUsados();
     std::vector<CodigoUnicode> pares;
     std::string larguras;
-    for (unsigned codigo = 0; codigo < usados.size(); ++codigo) {
-        if (usados.test(codigo)) {
+    for (unsigned codigo = 0; codigo < f.codigos.size(); ++codigo) {
+        if (f.codigos.test(codigo)) {
             const auto byte = static_cast<std::uint8_t>(codigo);
             // Widths are given without gaps from the first code to the last.
             for (auto n = pares.empty() ? codigo : pares.back().codigo + 1; n < codigo; ++n) {
                 larguras += "0 ";
             }
             pares.push_back({codigo, UnicodeDeWinAnsi(byte)});
-            larguras += std::to_string(f.fonte.AFace().Avanco(byte)) + " ";
+            larguras += std::to_string(f.fonte.FaceUsada().Avanco(byte)) + " ";
         }
     }
     const int mapa = escritor_.Reservar();
@@ -181,12 +175,12 @@ void FontesPDF::EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome,
                                           "/ToUnicode " + Referencia(mapa) + ">>");
 }
 
-void FontesPDF::EmbutirGlifos(FonteDoArquivo& f, const std::string& nome, int descritor) {
+void FontesPDF::EmbutirGlifos(const FonteDoArquivo& f, const std::string& nome, int descritor) {
     std::vector<CodigoUnicode> pares;
     std::string larguras;
-    for (const auto& [glifo, unicode] : f.fonte.GlifosUsados()) {
-        larguras +=
-            std::to_string(glifo) + "[" + std::to_string(f.fonte.AFace().AvancoGlifo(glifo)) + "]";
+    for (const auto& [glifo, unicode] : f.glifos) {
+        larguras += std::to_string(glifo) + "[" +
+                    std::to_string(f.fonte.FaceUsada().AvancoGlifo(glifo)) + "]";
         if (unicode != 0) {
             pares.push_back({glifo, unicode});
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <map>
 #include <memory>
 #include <string>
@@ -12,7 +13,7 @@
 namespace tarvo::pdf {
 
 // A face of the file with its number, which gives its names in content streams: "F" for one-byte
-// text, "G" for text by glyph number.
+// text, "G" for text by glyph number; and what of it the file has used so far, which is embedded.
 struct FonteDoArquivo {
     explicit FonteDoArquivo(std::shared_ptr<const Face> face) : fonte(std::move(face)) {}
 
@@ -20,6 +21,9 @@ struct FonteDoArquivo {
     int numero = 0;
     int objetoCodigos = 0;
     int objetoGlifos = 0;
+    std::bitset<256> codigos;
+    std::map<hb_codepoint_t, char32_t>
+        glifos;  // with the character that each stands for, 0 for none
 };
 
 // The faces of one file: loaded on first use, embedded at the end as subsets of what was used.
@@ -32,9 +36,9 @@ class FontesPDF {
     std::string Embutir();
 
   private:
-    void EmbutirFace(FonteDoArquivo& f, std::string& recursos);
+    void EmbutirFace(const FonteDoArquivo& f, std::string& recursos);
     void EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome, int descritor);
-    void EmbutirGlifos(FonteDoArquivo& f, const std::string& nome, int descritor);
+    void EmbutirGlifos(const FonteDoArquivo& f, const std::string& nome, int descritor);
 
     EscritorPDF& escritor_;
     std::vector<std::unique_ptr<FonteDoArquivo>> fontes_;

@@ -1,7 +1,9 @@
 #include "output/pdf/file/Metadados.h"
 
-#include "output/pdf/file/Numeros.h"
+#include <unicode/unistr.h>
+
 #include "output/pdf/file/PerfilCor.h"
+#include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
@@ -10,24 +12,31 @@ namespace {
 
 constexpr std::string_view Programa = "RelatoriosTarvo";
 
-std::string EscaparXML(std::u32string_view texto) {
+std::string EscaparXML(std::string_view utf8) {
     std::string saida;
-    for (const char32_t c : texto) {
+    for (const char c : utf8) {
         switch (c) {
-            case U'&':
+            case '&':
                 saida += "&amp;";
                 break;
-            case U'<':
+            case '<':
                 saida += "&lt;";
                 break;
-            case U'>':
+            case '>':
                 saida += "&gt;";
                 break;
             default:
-                AnexarUTF8(saida, c);
+                saida += c;
         }
     }
     return saida;
+}
+
+std::string EmUTF8(std::u32string_view texto) {
+    std::string saida;
+    const auto* const caracteres = reinterpret_cast<const UChar32*>(texto.data());
+    return icu::UnicodeString::fromUTF32(caracteres, static_cast<std::int32_t>(texto.size()))
+        .toUTF8String(saida);
 }
 
 std::string PacoteXMP(std::string_view titulo, const Momento& momento) {
@@ -43,7 +52,7 @@ std::string PacoteXMP(std::string_view titulo, const Momento& momento) {
            "<pdfaid:part>2</pdfaid:part>\n<pdfaid:conformance>B</pdfaid:conformance>\n"
            "<dc:format>application/pdf</dc:format>\n"
            "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
-           EscaparXML(Decodificar(titulo)) +
+           EscaparXML(EmUTF8(Decodificar(titulo))) +
            "</rdf:li></rdf:Alt></dc:title>\n"
            "<dc:language><rdf:Bag><rdf:li>pt-BR</rdf:li></rdf:Bag></dc:language>\n"
            "<xmp:CreateDate>" +

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "output/pdf/file/Sintaxe.h"
+#include "output/pdf/page/Cor.h"
+
 namespace tarvo::pdf {
 
 namespace {
@@ -106,45 +109,14 @@ void AnexarArredondado(std::string& saida, Centesimos x, Centesimos y, Centesimo
 
 }  // namespace
 
-std::int32_t SoRGB(std::int32_t cor) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(cor) & 0xFFFFFFU);
-}
-
-void AnexarCor(std::string& saida, std::int32_t cor, bool traco) {
-    const auto componente = [&](unsigned deslocamento) {
-        // Thousandths, so that every one of the 256 steps comes out as itself.
-        const auto valor = (static_cast<std::uint32_t>(cor) >> deslocamento) & 0xFFU;
-        const auto milesimos = (valor * 1000 + 127) / 255;
-        if (milesimos == 1000) {
-            saida += "1 ";
-        } else if (milesimos == 0) {
-            saida += "0 ";
-        } else {
-            const std::string digitos = std::to_string(1000 + milesimos);
-            saida += '.';
-            saida.append(digitos, 1, 3);
-            saida += ' ';
-        }
-    };
-    const auto rgb = static_cast<std::uint32_t>(cor) & 0xFFFFFFU;
-    componente(0);
-    if (rgb == (rgb & 0xFFU) * 0x010101U) {
-        saida += traco ? "G\n" : "g\n";
-        return;
-    }
-    componente(8);
-    componente(16);
-    saida += traco ? "RG\n" : "rg\n";
-}
-
-void Retangular::Unir(const Retangular& r) {
+void Area::Unir(const Area& r) {
     x0 = std::min(x0, r.x0);
     y0 = std::min(y0, r.y0);
     x1 = std::max(x1, r.x1);
     y1 = std::max(y1, r.y1);
 }
 
-Retangular Forma::Contorno() const {
+Area Forma::Contorno() const {
     const Centesimos e = espessura / 2 + 1;
     return {std::min(x, x + largura) - e, std::min(y, y + altura) - e, std::max(x, x + largura) + e,
             std::max(y, y + altura) + e};
@@ -154,7 +126,7 @@ bool Forma::SoPinta(std::int32_t cor) const {
     return corBorda == cor && (corPreenchimento == SemPreenchimento || corPreenchimento == cor);
 }
 
-bool Forma::Pinta(const Retangular& r) const {
+bool Forma::Pinta(const Area& r) const {
     if (!Contorno().Toca(r)) {
         return false;
     }

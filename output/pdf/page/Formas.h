@@ -7,23 +7,23 @@
 #include <vector>
 
 #include "document/Conteudo.h"
-#include "output/pdf/file/Numeros.h"
+#include "output/pdf/text/Comprimentos.h"
 
 // The shapes of a page (lines and rectangles) in the page's own units, and their operators.
 namespace tarvo::pdf {
 
 enum class TipoForma : std::int32_t { Linha, LinhaPontilhada, Retangulo, Arredondado };
 
-struct Retangular {
+struct Area {
     Centesimos x0 = 0;
     Centesimos y0 = 0;
     Centesimos x1 = 0;
     Centesimos y1 = 0;
 
-    [[nodiscard]] bool Toca(const Retangular& r) const {
+    [[nodiscard]] bool Toca(const Area& r) const {
         return x0 <= r.x1 && r.x0 <= x1 && y0 <= r.y1 && r.y0 <= y1;
     }
-    void Unir(const Retangular& r);
+    void Unir(const Area& r);
 };
 
 // y grows upwards, as in the page; (x, y) is the lower left corner of a rectangle and the start of
@@ -41,19 +41,16 @@ struct Forma {
     friend bool operator==(const Forma&, const Forma&) = default;
 
     static constexpr std::int32_t SemPreenchimento = -1;
-    [[nodiscard]] Retangular Contorno() const;
+    [[nodiscard]] Area Contorno() const;
     // Whether it paints only in that colour.
     [[nodiscard]] bool SoPinta(std::int32_t cor) const;
     // Whether it paints anything inside r.
-    [[nodiscard]] bool Pinta(const Retangular& r) const;
+    [[nodiscard]] bool Pinta(const Area& r) const;
 };
 
 Forma FazerForma(const Linha& linha, Centesimos x, Centesimos yTopo);
 Forma FazerForma(const Retangulo& retangulo, Centesimos x, Centesimos yTopo);
 Forma FazerForma(const RetanguloArredondado& retangulo, Centesimos x, Centesimos yTopo);
-
-// A colour without the bits that are no colour.
-std::int32_t SoRGB(std::int32_t cor);
 
 // How a page begins: lines end square, so that those that meet in a corner close it.
 constexpr std::string_view IniciarTraco = "2 J\n";

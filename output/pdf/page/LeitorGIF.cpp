@@ -3,23 +3,20 @@
 #include <gif_lib.h>
 
 #include <algorithm>
-#include <memory>
 #include <span>
 #include <string>
 
 #include "data/CodigosDeErros.h"
+#include "data/ObjetoDeC.h"
 
 namespace tarvo::pdf {
 
 namespace {
 
-struct Fechar {
-    void operator()(GifFileType* gif) const noexcept {
-        int erro = 0;
-        DGifCloseFile(gif, &erro);
-    }
-};
-using ArquivoGIF = std::unique_ptr<GifFileType, Fechar>;
+void Fechar(GifFileType* gif) {
+    int erro = 0;
+    DGifCloseFile(gif, &erro);
+}
 
 int LerBytes(GifFileType* gif, GifByteType* destino, int quantos) {
     auto& resto = *static_cast<std::span<const unsigned char>*>(gif->UserData);
@@ -51,8 +48,8 @@ void Colocar(const GifImageDesc& quadro, const GifByteType* pontos, std::uint8_t
 Raster LerGIF(const Imagem& imagem) {
     auto resto = imagem.bytes;
     int erro = 0;
-    const ArquivoGIF gif(imagem.formato == FormatoImagem::GIF ? DGifOpen(&resto, LerBytes, &erro)
-                                                              : nullptr);
+    const ObjetoDeC<Fechar> gif(
+        imagem.formato == FormatoImagem::GIF ? DGifOpen(&resto, LerBytes, &erro) : nullptr);
     if (gif == nullptr || DGifSlurp(gif.get()) != GIF_OK || gif->ImageCount < 1) {
         LancarIlegivel(imagem);
     }

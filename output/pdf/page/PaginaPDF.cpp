@@ -2,18 +2,14 @@
 
 #include <algorithm>
 
+#include "output/pdf/file/Sintaxe.h"
+
 namespace tarvo::pdf {
 
-namespace {
-constexpr std::int32_t SemCor = -1;
-}  // namespace
-
-const std::string& PaginaPDF::Desenhar(const Pagina& pagina, const Substituicoes& substituicoes,
-                                       std::vector<TextoCortado>& cortados) {
-    substituicoes_ = &substituicoes;
-    cortados_ = &cortados;
+const std::string& PaginaPDF::Desenhar(const Pagina& pagina, const Substituicoes& substituicoes) {
     saida_ = IniciarTraco;
-    escrita_.Reiniciar();
+    operadores_.Reiniciar();
+    textos_.IniciarPagina(substituicoes);
     for (const auto& primitiva : pagina) {
         std::visit([this](const auto& p) { Desenhar(p); }, primitiva);
     }
@@ -22,7 +18,7 @@ const std::string& PaginaPDF::Desenhar(const Pagina& pagina, const Substituicoes
 }
 
 void PaginaPDF::Acrescentar(const Forma& forma) {
-    if (CobreAlgo(forma)) {
+    if (ocupadas_.TemCobertaPor(forma)) {
         EncerrarCamada();
     }
     // Two cells in one place draw one frame twice, which would only make it look thicker.
@@ -31,32 +27,11 @@ void PaginaPDF::Acrescentar(const Forma& forma) {
     }
 }
 
-bool PaginaPDF::CobreAlgo(const Forma& forma) const {
-    const auto cobre = [&forma](const Pendente& p) {
-        // In one and the same colour the order makes no difference.
-        return !forma.SoPinta(p.cor) && forma.Pinta(p.area);
-    };
-    return std::any_of(porCor_.begin(), porCor_.end(), cobre) &&
-           std::any_of(pendentes_.begin(), pendentes_.end(), cobre);
-}
-
-void PaginaPDF::Pender(const Retangular& area, std::int32_t cor) {
-    pendentes_.push_back({area, cor});
-    const auto mesma = std::find_if(porCor_.begin(), porCor_.end(),
-                                    [cor](const Pendente& p) { return p.cor == cor; });
-    if (mesma == porCor_.end()) {
-        porCor_.push_back({area, cor});
-    } else {
-        mesma->area.Unir(area);
-    }
-}
-
 void PaginaPDF::EncerrarCamada() {
     EscreverFormas();
-    escrita_.Entregar(saida_);
+    operadores_.Entregar(saida_);
     formas_.clear();
-    pendentes_.clear();
-    porCor_.clear();
+    ocupadas_.Limpar();
 }
 
 void PaginaPDF::EscreverFormas() {
@@ -65,8 +40,9 @@ void PaginaPDF::EscreverFormas() {
     }
     constexpr std::size_t MenorPagina = 8;
     if (formas_.size() >= MenorPagina) {
-        if (const auto molde = recursos_.paginas.Procurar(formas_, 0, 0); !molde.empty()) {
-            saida_.append("/").append(molde).append(" Do\n");
+        if (const auto formulario = recursos_.paginas.Procurar(formas_, 0, 0);
+            !formulario.empty()) {
+            saida_.append("/").append(formulario).append(" Do\n");
             return;
         }
     }
@@ -78,22 +54,22 @@ void PaginaPDF::EscreverFormas() {
             return f.y != resto.front().y || f.altura != resto.front().altura;
         });
         const auto quantas = static_cast<std::size_t>(fim - resto.begin());
-        EscreverLinhaDeFormas(resto.first(quantas));
+        EscreverFileira(resto.first(quantas));
         resto = resto.subspan(quantas);
     }
     saida_ += "Q\n";
 }
 
-void PaginaPDF::EscreverLinhaDeFormas(std::span<const Forma> formas) {
+void PaginaPDF::EscreverFileira(std::span<const Forma> formas) {
     const auto& primeira = formas.front();
     // A form pays for what is longer than its name and place.
-    constexpr std::size_t MenorLinha = 3;
-    if (formas.size() >= MenorLinha || primeira.tipo == TipoForma::Arredondado) {
-        const auto molde = recursos_.linhas.Procurar(formas, primeira.x, primeira.y);
-        if (!molde.empty()) {
+    constexpr std::size_t MenorFileira = 3;
+    if (formas.size() >= MenorFileira || primeira.tipo == TipoForma::Arredondado) {
+        const auto formulario = recursos_.fileiras.Procurar(formas, primeira.x, primeira.y);
+        if (!formulario.empty()) {
             saida_ += "q 1 0 0 1 ";
             AnexarOperandos(saida_, primeira.x, primeira.y);
-            saida_.append("cm/").append(molde).append(" Do Q\n");
+            saida_.append("cm/").append(formulario).append(" Do Q\n");
             return;
         }
     }
@@ -111,14 +87,14 @@ void PaginaPDF::Desenhar(const Figura& figura) {
         caixa = {caixa.x + (caixa.largura - largura) / 2, caixa.y + (caixa.altura - altura) / 2,
                  largura, altura};
     }
-    const Centesimos x = X(caixa.x);
-    const Centesimos y = Y(caixa.y + caixa.altura);
+    const Centesimos x = papel_.X(caixa.x);
+    const Centesimos y = papel_.Y(caixa.y + caixa.altura);
     const Centesimos largura = DeCm(caixa.largura);
     const Centesimos altura = DeCm(caixa.altura);
-    escrita_.Figura(recursos_.figuras.Obter(imagem), x, y, largura, altura);
-    Pender({std::min(x, x + largura), std::min(y, y + altura), std::max(x, x + largura),
-            std::max(y, y + altura)},
-           SemCor);
+    operadores_.DesenharFigura(recursos_.figuras.Obter(imagem), x, y, largura, altura);
+    ocupadas_.Ocupar({std::min(x, x + largura), std::min(y, y + altura), std::max(x, x + largura),
+                      std::max(y, y + altura)},
+                     AreasOcupadas::VariasCores);
 }
 
 }  // namespace tarvo::pdf

@@ -14,12 +14,12 @@ constexpr std::size_t MaiorPalavra = 30;
 constexpr int PassoReducao = 200;  // hundredths of a per cent
 
 Centesimos Reduzir(Centesimos tamanho, int escala) {
-    return static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * escala / Inteiro);
+    return static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * escala / CemPorCento);
 }
 
 // Width of a box in thousandths of a font size.
 int Limite(Centesimos largura, Centesimos corpo, int condensacao) {
-    const auto milesimos = (static_cast<std::int64_t>(largura) + Folga) * 1000 * Inteiro /
+    const auto milesimos = (static_cast<std::int64_t>(largura) + Folga) * 1000 * CemPorCento /
                            (static_cast<std::int64_t>(std::max(corpo, 1)) * condensacao);
     return static_cast<int>(std::clamp<std::int64_t>(milesimos, 0, 100'000'000));
 }
@@ -117,9 +117,9 @@ TextoComposto ComporLinha(Fonte& fonte, std::u32string_view linha, Centesimos ta
     const Regua regua(fonte, texto);
     composto.corpo = CorpoParaAltura(fonte, tamanho, altura, composto.cortado);
     const int natural = regua.Largura(0, texto.size());
-    const int limite = Limite(largura, composto.corpo, Inteiro);
+    const int limite = Limite(largura, composto.corpo, CemPorCento);
     if (natural > limite) {
-        const auto precisa = static_cast<std::int64_t>(limite) * Inteiro / natural;
+        const auto precisa = static_cast<std::int64_t>(limite) * CemPorCento / natural;
         composto.condensacao = std::max(static_cast<int>(precisa), MenorCondensacao);
     }
     const int condensado = Limite(largura, composto.corpo, composto.condensacao);
@@ -147,9 +147,10 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
     // as can be.
     bool cabe = false;
     for (const bool partindo : {false, true}) {
-        for (int escala = Inteiro; !cabe && escala >= MenorCondensacao; escala -= PassoReducao) {
+        for (int escala = CemPorCento; !cabe && escala >= MenorCondensacao;
+             escala -= PassoReducao) {
             composto.corpo = Reduzir(tamanho, escala);
-            limite = Limite(largura, composto.corpo, Inteiro);
+            limite = Limite(largura, composto.corpo, CemPorCento);
             quebra = Quebrar(regua, limite);
             cabe = (partindo || !quebra.partiuPalavra) && cabem(quebra.linhas.size());
         }

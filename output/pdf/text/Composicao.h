@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "output/pdf/file/Numeros.h"
+#include "output/pdf/text/Comprimentos.h"
 #include "output/pdf/text/Fonte.h"
 #include "output/pdf/text/Regua.h"
 
@@ -11,12 +11,12 @@
 // down to 60 %; what still does not fit is cut and ends in "…".
 namespace tarvo::pdf {
 
-constexpr int Inteiro = 10000;  // 100 % in hundredths of a per cent
+constexpr int CemPorCento = 10000;  // 100 % in hundredths of a per cent
 constexpr int MenorCondensacao = 6000;
 
 struct TextoComposto {
-    Centesimos corpo = 0;       // font size
-    int condensacao = Inteiro;  // horizontal
+    Centesimos corpo = 0;           // font size
+    int condensacao = CemPorCento;  // horizontal
     bool cortado = false;
     std::vector<LinhaComposta> linhas;
 };

@@ -9,7 +9,7 @@
 #include <tuple>
 
 #include "data/CodigosDeErros.h"
-#include "output/pdf/file/Numeros.h"
+#include "output/pdf/text/Comprimentos.h"
 #include "output/pdf/text/Lingua.h"
 #include "output/pdf/text/TextoUnicode.h"
 
@@ -43,13 +43,13 @@ std::shared_ptr<const Face> Face::Obter(std::string_view nome, bool negrito, boo
 }
 
 Face::Face(const ArquivoFonte& arquivo) {
-    hb_blob_t* const blob = hb_blob_create_from_file_or_fail(arquivo.caminho.c_str());
+    const ObjetoDeC<hb_blob_destroy> blob(
+        hb_blob_create_from_file_or_fail(arquivo.caminho.c_str()));
     if (blob == nullptr) {
         throw Erro(NumeroErro::FonteAusente,
                    "Não foi possível ler a fonte " + arquivo.caminho + ".");
     }
-    face_.reset(hb_face_create(blob, arquivo.indice));
-    hb_blob_destroy(blob);
+    face_.reset(hb_face_create(blob.get(), arquivo.indice));
     hb_face_make_immutable(face_.get());
     fonte_.reset(hb_font_create(face_.get()));
     hb_font_make_immutable(fonte_.get());
@@ -78,9 +78,10 @@ void Face::LerMetricas() {
     metricas_.inclinacao =
         static_cast<int>(hb_style_get_value(fonte_.get(), HB_STYLE_TAG_SLANT_ANGLE));
 
-    hb_blob_t* const head = hb_face_reference_table(face_.get(), HB_TAG('h', 'e', 'a', 'd'));
+    const ObjetoDeC<hb_blob_destroy> head(
+        hb_face_reference_table(face_.get(), HB_TAG('h', 'e', 'a', 'd')));
     unsigned tamanho = 0;
-    const char* const dados = hb_blob_get_data(head, &tamanho);
+    const char* const dados = hb_blob_get_data(head.get(), &tamanho);
     constexpr unsigned CaixaEmHead = 36;
     if (tamanho >= CaixaEmHead + 8) {
         metricas_.xMinimo = Milesimos(Inteiro16(dados + CaixaEmHead));
@@ -88,7 +89,6 @@ void Face::LerMetricas() {
         metricas_.xMaximo = Milesimos(Inteiro16(dados + CaixaEmHead + 4));
         metricas_.yMaximo = Milesimos(Inteiro16(dados + CaixaEmHead + 6));
     }
-    hb_blob_destroy(head);
 }
 
 void Face::LerAvancos() {
@@ -134,7 +134,7 @@ int Face::MedirKern(std::uint8_t a, std::uint8_t b) const {
         {HB_TAG('l', 'i', 'g', 'a'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
         {HB_TAG('c', 'l', 'i', 'g'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END}};
     const std::uint32_t par[] = {UnicodeDeWinAnsi(a), UnicodeDeWinAnsi(b)};
-    const std::unique_ptr<hb_buffer_t, Liberar<hb_buffer_destroy>> buffer(hb_buffer_create());
+    const ObjetoDeC<hb_buffer_destroy> buffer(hb_buffer_create());
     hb_buffer_add_utf32(buffer.get(), par, 2, 0, 2);
     hb_buffer_set_direction(buffer.get(), HB_DIRECTION_LTR);
     hb_buffer_set_script(buffer.get(), HB_SCRIPT_LATIN);

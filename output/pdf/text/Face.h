@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/ObjetoDeC.h"
 #include "output/pdf/text/LocalizarFonte.h"
 
 namespace tarvo::pdf {
@@ -54,21 +55,13 @@ class Face {
     [[nodiscard]] std::string NomePostScript() const;
 
   private:
-    template <auto Funcao>
-    struct Liberar {
-        template <class T>
-        void operator()(T* p) const noexcept {
-            Funcao(p);
-        }
-    };
-
     void LerMetricas();
     void LerAvancos();
     [[nodiscard]] int KernDoPar(std::uint8_t a, std::uint8_t b) const;
     [[nodiscard]] int MedirKern(std::uint8_t a, std::uint8_t b) const;
 
-    std::unique_ptr<hb_face_t, Liberar<hb_face_destroy>> face_;
-    std::unique_ptr<hb_font_t, Liberar<hb_font_destroy>> fonte_;
+    ObjetoDeC<hb_face_destroy> face_;
+    ObjetoDeC<hb_font_destroy> fonte_;
     int unidades_ = 1000;
     MetricasFonte metricas_;
     std::array<std::int16_t, 256> avancos_{};

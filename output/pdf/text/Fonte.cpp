@@ -1,6 +1,5 @@
 #include "output/pdf/text/Fonte.h"
 
-#include "output/pdf/file/Numeros.h"
 #include "output/pdf/text/Lingua.h"
 #include "output/pdf/text/TextoUnicode.h"
 
@@ -41,35 +40,6 @@ int Fonte::LarguraCodigos(std::string_view codigos) const {
     return largura;
 }
 
-void Fonte::AnexarCodigos(std::string& saida, std::string_view codigos) {
-    const std::size_t inicio = saida.size();
-    bool comKern = false;
-    saida += "[(";
-    std::uint8_t anterior = 0;
-    for (const char c : codigos) {
-        const auto codigo = static_cast<std::uint8_t>(c);
-        usados_.set(codigo);
-        const int kern = face_->Kern(anterior, codigo);
-        if (kern != 0) {
-            comKern = true;
-            saida += ')';
-            AnexarInteiro(saida, -kern);
-            saida += '(';
-        }
-        if (c == '(' || c == ')' || c == '\\') {
-            saida += '\\';
-        }
-        saida += c;
-        anterior = codigo;
-    }
-    if (comKern) {
-        saida += ")]TJ\n";
-    } else {
-        saida.erase(inicio, 1);
-        saida += ")Tj\n";
-    }
-}
-
 int Fonte::Largura(char32_t c) const {
     if (const auto codigo = Codigo(c); codigo != 0) {
         return face_->Avanco(codigo);
@@ -107,13 +77,6 @@ std::vector<Fonte::Glifo> Fonte::Formar(std::u32string_view texto) {
                           face_->Milesimos(posicoes[i].y_offset)});
     }
     return glifos;
-}
-
-void Fonte::MarcarGlifo(const Glifo& g) {
-    auto& unicode = glifos_[g.glifo];
-    if (unicode == 0) {
-        unicode = g.unicode;
-    }
 }
 
 }  // namespace tarvo::pdf

@@ -2,26 +2,25 @@
 
 #include <hb.h>
 
-#include <bitset>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "data/ObjetoDeC.h"
 #include "output/pdf/text/Face.h"
 
 namespace tarvo::pdf {
 
-// A face as one file uses it: widths, kerning, and which characters have been used. Text is
-// written in one byte a character where WinAnsiEncoding and the face have it, otherwise by glyph
-// number. All lengths are thousandths of the font size. Belongs to one rendering.
+// A face as one rendering sets text in it: codes, widths and shaping. Text is kept in one byte a
+// character where WinAnsiEncoding and the face have it, otherwise shaped glyph by glyph. All
+// lengths are thousandths of the font size. Belongs to one thread.
 class Fonte {
   public:
     explicit Fonte(std::shared_ptr<const Face> face);
 
-    [[nodiscard]] const Face& AFace() const { return *face_; }
+    [[nodiscard]] const Face& FaceUsada() const { return *face_; }
     [[nodiscard]] const MetricasFonte& Metricas() const { return face_->Metricas(); }
 
     // The one-byte codes of a UTF-8 text, appended; false when some character has none (or needs
@@ -32,9 +31,6 @@ class Fonte {
     [[nodiscard]] int AvancoDepoisDe(std::uint8_t anterior, std::uint8_t codigo) const {
         return face_->Avanco(codigo) + face_->Kern(anterior, codigo);
     }
-    // "(text)Tj" or "[(te)12(xt)]TJ"; marks the codes as used.
-    void AnexarCodigos(std::string& saida, std::string_view codigos);
-
     // The code of a character in this face, 0 when it has to be written by glyph number.
     [[nodiscard]] std::uint8_t Codigo(char32_t c) const;
     // Width of one character by itself.
@@ -49,21 +45,10 @@ class Fonte {
         int dy = 0;
     };
     std::vector<Glifo> Formar(std::u32string_view texto);
-    void MarcarGlifo(const Glifo& g);
-
-    // What has been used, for embedding.
-    [[nodiscard]] const std::bitset<256>& CodigosUsados() const { return usados_; }
-    [[nodiscard]] const std::map<hb_codepoint_t, char32_t>& GlifosUsados() const { return glifos_; }
 
   private:
-    struct Liberar {
-        void operator()(hb_buffer_t* p) const noexcept { hb_buffer_destroy(p); }
-    };
-
     std::shared_ptr<const Face> face_;
-    std::unique_ptr<hb_buffer_t, Liberar> buffer_;
-    std::bitset<256> usados_;
-    std::map<hb_codepoint_t, char32_t> glifos_;
+    ObjetoDeC<hb_buffer_destroy> buffer_;
 };
 
 }  // namespace tarvo::pdf

@@ -2,10 +2,10 @@
 
 #include <fontconfig/fontconfig.h>
 
-#include <memory>
 #include <optional>
 
 #include "data/CodigosDeErros.h"
+#include "data/ObjetoDeC.h"
 
 namespace tarvo::pdf {
 
@@ -21,10 +21,7 @@ constexpr Gemea Gemeas[] = {{"Arial", "Liberation Sans"},
                             {"Times New Roman", "Liberation Serif"}};
 constexpr const char* PacoteDasGemeas = "fonts-liberation";
 
-struct Destruir {
-    void operator()(FcPattern* p) const noexcept { FcPatternDestroy(p); }
-};
-using Padrao = std::unique_ptr<FcPattern, Destruir>;
+using Padrao = ObjetoDeC<FcPatternDestroy>;
 
 const FcChar8* Fc(const char* texto) {
     return reinterpret_cast<const FcChar8*>(texto);
@@ -32,8 +29,7 @@ const FcChar8* Fc(const char* texto) {
 
 // The machine's fonts, read once in a process; fontconfig's matching is thread-safe.
 FcConfig* Configuracao() {
-    static const std::unique_ptr<FcConfig, void (*)(FcConfig*)> configuracao(
-        FcInitLoadConfigAndFonts(), FcConfigDestroy);
+    static const ObjetoDeC<FcConfigDestroy> configuracao(FcInitLoadConfigAndFonts());
     return configuracao.get();
 }
 

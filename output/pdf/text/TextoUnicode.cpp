@@ -1,11 +1,10 @@
 #include "output/pdf/text/TextoUnicode.h"
 
 #include <hb.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <iterator>
-
-#include "output/pdf/file/Numeros.h"
 
 namespace tarvo::pdf {
 
@@ -16,10 +15,6 @@ constexpr char32_t Intermediarios[32] = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-constexpr bool EhContinuacao(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
 
 bool EhIgnorado(char32_t c) {
     const bool controle = c < 0x20 || (c >= 0x7F && c < 0xA0);
@@ -34,26 +29,25 @@ bool EhIgnorado(char32_t c) {
 
 }  // namespace
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"  // inside ICU's macro
 char32_t LerCaractere(std::string_view texto, std::size_t& i) {
-    const auto primeiro = static_cast<unsigned char>(texto[i++]);
-    if (primeiro < 0x80) {
-        return primeiro;
+    const auto inicio = i;
+    UChar32 c = 0;
+    U8_NEXT(texto.data(), i, texto.size(), c);
+    if (c >= 0) {
+        return static_cast<char32_t>(c);
     }
-    const int continuacoes = primeiro >= 0xF0 ? 3 : primeiro >= 0xE0 ? 2 : 1;
-    if (primeiro < 0xC2 || primeiro > 0xF4) {
-        return Substituto;
+    // What has the form of one character but stands for none (a surrogate, an overlong form) is one
+    // U+FFFD, not one for each of its bytes.
+    const auto fim = std::min(texto.size(), inicio + 1 + U8_COUNT_TRAIL_BYTES(texto[inicio]));
+    i = inicio + 1;
+    while (i < fim && U8_IS_TRAIL(texto[i])) {
+        ++i;
     }
-    char32_t c = primeiro & (0x3FU >> static_cast<unsigned>(continuacoes));
-    for (int n = 0; n < continuacoes; ++n) {
-        if (i >= texto.size() || !EhContinuacao(texto[i])) {
-            return Substituto;
-        }
-        c = (c << 6U) | (static_cast<unsigned char>(texto[i++]) & 0x3FU);
-    }
-    constexpr char32_t Minimos[] = {0, 0x80, 0x800, 0x10000};
-    const bool substituto = c >= 0xD800 && c <= 0xDFFF;
-    return c < Minimos[continuacoes] || c > 0x10FFFF || substituto ? Substituto : c;
+    return Substituto;
 }
+#pragma GCC diagnostic pop
 
 bool EhMarcaCombinante(char32_t c) {
     if (c < 0x300) {
@@ -111,34 +105,6 @@ char32_t UnicodeDeWinAnsi(std::uint8_t codigo) {
     }
     const bool tem = codigo >= 0x20 && codigo != 0x7F && codigo != 0xA0 && codigo != 0xAD;
     return tem ? codigo : U'\0';
-}
-
-void AnexarUTF8(std::string& saida, char32_t c) {
-    const auto anexar = [&saida](char32_t byte) { saida.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        anexar(c);
-        return;
-    }
-    if (c < 0x800) {
-        anexar(0xC0U | (c >> 6U));
-    } else if (c < 0x10000) {
-        anexar(0xE0U | (c >> 12U));
-        anexar(0x80U | ((c >> 6U) & 0x3FU));
-    } else {
-        anexar(0xF0U | (c >> 18U));
-        anexar(0x80U | ((c >> 12U) & 0x3FU));
-        anexar(0x80U | ((c >> 6U) & 0x3FU));
-    }
-    anexar(0x80U | (c & 0x3FU));
-}
-
-void AnexarUTF16Hex(std::string& saida, char32_t c) {
-    if (c < 0x10000) {
-        AnexarHex(saida, c, 4);
-        return;
-    }
-    AnexarHex(saida, 0xD7C0U + (c >> 10U), 4);
-    AnexarHex(saida, 0xDC00U + (c & 0x3FFU), 4);
 }
 
 }  // namespace tarvo::pdf

@@ -24,8 +24,4 @@ char32_t UnicodeDeWinAnsi(std::uint8_t codigo);
 
 bool EhMarcaCombinante(char32_t c);
 
-void AnexarUTF8(std::string& saida, char32_t c);
-// UTF-16, big-endian, in hexadecimal.
-void AnexarUTF16Hex(std::string& saida, char32_t c);
-
 }  // namespace tarvo::pdf

@@ -1,8 +1,10 @@
-#include "output/pdf/page/Moldes.h"
+#include "output/pdf/page/FormulariosPDF.h"
 
 #include <algorithm>
 #include <bit>
 #include <type_traits>
+
+#include "output/pdf/file/Sintaxe.h"
 
 namespace tarvo::pdf {
 
@@ -32,40 +34,41 @@ std::uint64_t Digerir(std::span<const Forma> formas, Centesimos x0, Centesimos y
 
 }  // namespace
 
-std::string_view Moldes::Procurar(std::span<const Forma> formas, Centesimos x0, Centesimos y0) {
+std::string_view FormulariosPDF::Procurar(std::span<const Forma> formas, Centesimos x0,
+                                          Centesimos y0) {
     const auto digestao = Digerir(formas, x0, y0);
-    if (const auto achado = moldes_.find(digestao); achado != moldes_.end()) {
-        const auto& molde = achado->second;
-        const bool iguais =
-            std::equal(formas.begin(), formas.end(), molde.formas.begin(), molde.formas.end(),
-                       [&](const Forma& a, const Forma& b) { return Deslocada(a, x0, y0) == b; });
-        return iguais ? std::string_view(molde.nome) : std::string_view();
+    if (const auto achado = formularios_.find(digestao); achado != formularios_.end()) {
+        const auto& formulario = achado->second;
+        const bool iguais = std::equal(
+            formas.begin(), formas.end(), formulario.formas.begin(), formulario.formas.end(),
+            [&](const Forma& a, const Forma& b) { return Deslocada(a, x0, y0) == b; });
+        return iguais ? std::string_view(formulario.nome) : std::string_view();
     }
     auto& visto = vistos_[digestao % vistos_.size()];
-    if (visto != digestao || moldes_.size() >= maximo_) {
+    if (visto != digestao || formularios_.size() >= maximo_) {
         visto = digestao;
         return {};
     }
     return Criar(digestao, formas, x0, y0);
 }
 
-std::string_view Moldes::Criar(std::uint64_t digestao, std::span<const Forma> formas, Centesimos x0,
-                               Centesimos y0) {
-    Molde molde;
-    molde.nome = prefixo_ + std::to_string(moldes_.size());
-    Retangular caixa = Deslocada(formas.front(), x0, y0).Contorno();
+std::string_view FormulariosPDF::Criar(std::uint64_t digestao, std::span<const Forma> formas,
+                                       Centesimos x0, Centesimos y0) {
+    Formulario formulario;
+    formulario.nome = prefixo_ + std::to_string(formularios_.size());
+    Area caixa = Deslocada(formas.front(), x0, y0).Contorno();
     for (const auto& forma : formas) {
-        molde.formas.push_back(Deslocada(forma, x0, y0));
-        caixa.Unir(molde.formas.back().Contorno());
+        formulario.formas.push_back(Deslocada(forma, x0, y0));
+        caixa.Unir(formulario.formas.back().Contorno());
     }
     std::string conteudo;
-    AnexarFormas(conteudo, molde.formas, 0, 0);
+    AnexarFormas(conteudo, formulario.formas, 0, 0);
     const int objeto = escritor_.Reservar();
     std::string dicionario = "/Type/XObject/Subtype/Form/Resources<<>>/BBox[";
     AnexarOperandos(dicionario, caixa.x0, caixa.y0, caixa.x1, caixa.y1);
     escritor_.Fluxo(objeto, dicionario + "]", conteudo);
-    recursos_ += "/" + molde.nome + " " + Referencia(objeto);
-    return moldes_.emplace(digestao, std::move(molde)).first->second.nome;
+    recursos_ += "/" + formulario.nome + " " + Referencia(objeto);
+    return formularios_.emplace(digestao, std::move(formulario)).first->second.nome;
 }
 
 }  // namespace tarvo::pdf

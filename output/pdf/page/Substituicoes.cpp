@@ -1,4 +1,4 @@
-#include "output/pdf/page/Marcadores.h"
+#include "output/pdf/page/Substituicoes.h"
 
 namespace tarvo::pdf {
 

@@ -1,4 +1,4 @@
-#include "output/pdf/page/Figuras.h"
+#include "output/pdf/page/FigurasPDF.h"
 
 #include <algorithm>
 #include <memory>
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "output/pdf/file/Compressor.h"
-#include "output/pdf/file/Numeros.h"
+#include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/page/LeitorGIF.h"
 
 namespace tarvo::pdf {

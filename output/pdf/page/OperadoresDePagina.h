@@ -5,12 +5,12 @@
 #include <string_view>
 
 #include "output/pdf/file/FontesPDF.h"
-#include "output/pdf/file/Numeros.h"
+#include "output/pdf/text/Comprimentos.h"
 
 namespace tarvo::pdf {
 
-// How a line of text is set.
-struct Letra {
+// How a line of text is set: the parameters of a PDF's text state that differ between texts.
+struct EstadoDeTexto {
     FonteDoArquivo* fonte = nullptr;
     Centesimos corpo = 0;  // font size
     int condensacao = 0;   // horizontal, hundredths of a per cent
@@ -19,28 +19,32 @@ struct Letra {
 
 // The operators of a page's texts and pictures: sets font, colour and width only where they
 // change, and moves from line to line by differences.
-class EscritaPDF {
+class OperadoresDePagina {
   public:
     // For a new page.
     void Reiniciar();
     // A line from its start (x, y) on the baseline; codigos in the font's one-byte code.
-    void Linha(const Letra& letra, Centesimos x, Centesimos y, std::string_view codigos);
-    void Linha(const Letra& letra, Centesimos x, Centesimos y, std::u32string_view texto);
-    void Sublinhado(const Letra& letra, Centesimos x, Centesimos y, Centesimos largura);
+    void EscreverCodigos(const EstadoDeTexto& estado, Centesimos x, Centesimos y,
+                         std::string_view codigos);
+    // The same for any text: shaped where some character has no code.
+    void EscreverTexto(const EstadoDeTexto& estado, Centesimos x, Centesimos y,
+                       std::u32string_view texto);
+    void Sublinhar(const EstadoDeTexto& estado, Centesimos x, Centesimos y, Centesimos largura);
     // A picture in the box with the lower left corner (x, y).
-    void Figura(std::string_view nome, Centesimos x, Centesimos y, Centesimos largura,
-                Centesimos altura);
+    void DesenharFigura(std::string_view nome, Centesimos x, Centesimos y, Centesimos largura,
+                        Centesimos altura);
     // Appends what has been written since the last call to saida.
     void Entregar(std::string& saida);
 
   private:
     enum class Modo : std::uint8_t { Codigos, Glifos };
 
-    void Posicionar(const Letra& letra, Centesimos x, Centesimos y);
-    void EscolherFonte(const Letra& letra, Modo modo);
+    void Posicionar(const EstadoDeTexto& estado, Centesimos x, Centesimos y);
+    void EscolherFonte(const EstadoDeTexto& estado, Modo modo);
     void EscolherCor(std::int32_t cor);
     void Fechar();
-    void Glifos(Fonte& fonte, Centesimos corpo, std::u32string_view texto);
+    void AnexarCodigos(FonteDoArquivo& fonte, std::string_view codigos);
+    void AnexarGlifos(FonteDoArquivo& fonte, Centesimos corpo, std::u32string_view texto);
 
     std::string operadores_;
     std::string codigos_;

@@ -1,45 +1,21 @@
 #pragma once
 
+#include <unicode/utf16.h>
+
+#include <charconv>
 #include <cstdint>
+#include <iterator>
 #include <string>
 
-// Numbers of a PDF: lengths are integers of hundredths of a point and are written without printf.
+#include "output/pdf/text/Comprimentos.h"
+
+// How numbers, references and texts are written in a PDF. By hand: a page has thousands of numbers,
+// and these writers take a fraction of what printf or to_chars with a precision does.
 namespace tarvo::pdf {
-
-using Centesimos = std::int32_t;  // hundredths of a typographic point
-
-constexpr Centesimos Arredondar(double valor) {
-    // The largest page of a PDF, 14,400 points: nothing drawn farther outside can be seen.
-    constexpr double Maximo = 1'440'000.0;
-    if (!(valor > -Maximo)) {
-        return static_cast<Centesimos>(-Maximo);
-    }
-    if (valor > Maximo) {
-        return static_cast<Centesimos>(Maximo);
-    }
-    return static_cast<Centesimos>(valor < 0 ? valor - 0.5 : valor + 0.5);
-}
-
-constexpr Centesimos DeCm(double cm) {
-    return Arredondar(cm * (7200.0 / 2.54));
-}
-
-constexpr Centesimos DePontos(double pontos) {
-    return Arredondar(pontos * 100.0);
-}
 
 inline void AnexarInteiro(std::string& saida, std::int64_t n) {
     char texto[20];
-    char* p = texto + sizeof texto;
-    auto resto = n < 0 ? 0 - static_cast<std::uint64_t>(n) : static_cast<std::uint64_t>(n);
-    do {
-        *--p = static_cast<char>('0' + resto % 10);
-        resto /= 10;
-    } while (resto != 0);
-    if (n < 0) {
-        *--p = '-';
-    }
-    saida.append(p, static_cast<std::size_t>(texto + sizeof texto - p));
+    saida.append(texto, std::to_chars(std::begin(texto), std::end(texto), n).ptr);
 }
 
 // n hundredths as the shortest decimal: 1250 is "12.5", 50 is ".5".
@@ -88,8 +64,14 @@ inline std::string Referencia(int objeto) {
     return std::to_string(objeto) + " 0 R";
 }
 
-// A colour 0x00BBGGRR with the operator for its colour space: grey when it is one ("g" or "G"),
-// otherwise "rg" or "RG".
-void AnexarCor(std::string& saida, std::int32_t cor, bool traco);
+// UTF-16, big-endian, in hexadecimal.
+inline void AnexarUTF16Hex(std::string& saida, char32_t c) {
+    if (c < 0x10000) {
+        AnexarHex(saida, c, 4);
+        return;
+    }
+    AnexarHex(saida, U16_LEAD(c), 4);
+    AnexarHex(saida, U16_TRAIL(c), 4);
+}
 
 }  // namespace tarvo::pdf

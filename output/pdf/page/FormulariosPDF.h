@@ -14,9 +14,9 @@ namespace tarvo::pdf {
 
 // Groups of shapes that come again and again (the frames of a row, of a page) are written once, as
 // form XObjects, and then only named. A group becomes a form when it is seen for the second time.
-class Moldes {
+class FormulariosPDF {
   public:
-    Moldes(EscritorPDF& escritor, std::string prefixo, std::size_t maximo)
+    FormulariosPDF(EscritorPDF& escritor, std::string prefixo, std::size_t maximo)
         : escritor_(escritor), prefixo_(std::move(prefixo)), maximo_(maximo) {}
 
     // The name of the form that draws these shapes with (x0, y0) at the origin; empty for none.
@@ -25,7 +25,7 @@ class Moldes {
     [[nodiscard]] const std::string& Recursos() const { return recursos_; }
 
   private:
-    struct Molde {
+    struct Formulario {
         std::string nome;
         std::vector<Forma> formas;  // moved to the origin
     };
@@ -36,7 +36,7 @@ class Moldes {
     EscritorPDF& escritor_;
     std::string prefixo_;
     std::size_t maximo_;
-    std::unordered_map<std::uint64_t, Molde> moldes_;
+    std::unordered_map<std::uint64_t, Formulario> formularios_;
     std::array<std::uint64_t, 2048> vistos_{};  // groups seen once lately, by their last bits
     std::string recursos_;
 };
