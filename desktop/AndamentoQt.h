@@ -4,7 +4,7 @@
 #include <QProgressDialog>
 #include <memory>
 
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 namespace tarvo {
 

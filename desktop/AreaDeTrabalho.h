@@ -5,7 +5,7 @@
 
 #include "data/Publico.h"
 #include "dispatch/frmImpressaoRelatorios.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 // The desktop: previews, printing and the selection dialog, for hosts with and without a user
 // interface of their own.

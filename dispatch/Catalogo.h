@@ -13,12 +13,11 @@ namespace tarvo {
 struct EntradaCatalogo {
     std::string_view codigo;  // "01", "11A"
     std::string_view rotulo;  // as the selection dialog shows it
+    std::string_view classe;  // "RelatorioCadastro"
     std::unique_ptr<RelatorioDeclaracao> (*criar)(const Ambiente& ambiente);
+    int desde = 0;  // offered for declarations whose reference is of this year or later
 };
 
 std::span<const EntradaCatalogo> Catalogo();
-
-// Index of the entry that declarations before 2002 do not have.
-constexpr std::size_t EntradaDesde2002 = 15;
 
 }  // namespace tarvo

@@ -1,6 +1,5 @@
 #include "dispatch/Relatorios.h"
 
-#include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Funcoes.h"
 #include "dispatch/Catalogo.h"
@@ -8,76 +7,77 @@
 
 namespace tarvo {
 
-Relatorios::Relatorios(const Ambiente& ambiente, JanelaSelecao& janela)
-    : Relatorios(ambiente, janela, Catalogo()) {}
+namespace {
 
-Relatorios::Relatorios(const Ambiente& ambiente, JanelaSelecao& janela,
-                       std::span<const EntradaCatalogo> catalogo)
-    : janela_(janela), catalogo_(catalogo.data()) {
-    relatorios_.reserve(catalogo.size());
-    for (const auto& entrada : catalogo) {
-        relatorios_.push_back(entrada.criar != nullptr ? entrada.criar(ambiente) : nullptr);
+std::vector<EntradaSelecao> CriarTodos(const Ambiente& ambiente) {
+    std::vector<EntradaSelecao> entradas;
+    for (const auto& entrada : Catalogo()) {
+        entradas.push_back({entrada.rotulo, entrada.criar(ambiente), entrada.desde});
     }
+    return entradas;
 }
 
+}  // namespace
+
+Relatorios::Relatorios(const Ambiente& ambiente, JanelaSelecao& janela)
+    : Relatorios(janela, CriarTodos(ambiente)) {}
+
+Relatorios::Relatorios(JanelaSelecao& janela, std::vector<EntradaSelecao> entradas)
+    : janela_(janela), entradas_(std::move(entradas)) {}
+
 Relatorios::~Relatorios() {
-    for (auto& relatorio : relatorios_) {
-        relatorio.reset();
+    for (auto& entrada : entradas_) {
+        entrada.relatorio.reset();
     }
 }
 
 void Relatorios::Executar(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ,
                           std::int32_t OpcoesSelecionadas) {
-    OcultarTodos();
-    frmImpressaoRelatorios dialogo({catalogo_, relatorios_.size()});
-    auto& lista = dialogo.lstSelecao;
-    const auto opcoes = static_cast<std::uint32_t>(OpcoesSelecionadas);
-    for (std::size_t i = 0; i < lista.Quantidade(); ++i) {
-        lista.Selecionar(i, (opcoes >> i & 1U) != 0);
+    for (const auto& entrada : entradas_) {
+        entrada.relatorio->Ocultar();
     }
-    if (!ReferenciaDesde2002(BancoDados, NumeroDRQ)) {
-        lista.Remover(EntradaDesde2002);
-    }
-    lista.Focar(0);
+    frmImpressaoRelatorios dialogo;
+    Oferecer(dialogo, OpcoesSelecionadas, AnoDaReferencia(BancoDados, NumeroDRQ));
     dialogo.ExibirModal(janela_);
     if (dialogo.lngModoSaida != ModoSaida::Visualizar &&
         dialogo.lngModoSaida != ModoSaida::Imprimir) {
         return;
     }
+    const auto& lista = dialogo.lstSelecao;
     for (std::size_t i = 0; i < lista.Quantidade(); ++i) {
-        if (lista.Selecionada(i)) {
-            Produzir(dialogo, lista.Relatorio(i), BancoDados, IE, NumeroDRQ);
+        if (!lista.Selecionada(i)) {
+            continue;
+        }
+        RelatorioDeclaracao& relatorio = *entradas_.at(lista.Relatorio(i)).relatorio;
+        relatorio.Construir(BancoDados, IE, NumeroDRQ);
+        if (dialogo.lngModoSaida == ModoSaida::Visualizar) {
+            relatorio.Exibir();
+        } else if (dialogo.lngModoSaida == ModoSaida::Imprimir) {
+            relatorio.Imprimir();
         }
     }
 }
 
-bool Relatorios::ReferenciaDesde2002(BancoDados& BancoDados, std::int32_t NumeroDRQ) {
+int Relatorios::AnoDaReferencia(BancoDados& BancoDados, std::int32_t NumeroDRQ) {
     const auto declaracao =
         BancoDados.OpenRecordset(ConsultaRef1(NumeroDRQ), TipoRecordset::ForwardOnly);
-    return DataCampo(declaracao->Fields("Ref1")).Ano() >= 2002;
+    return DataCampo(declaracao->Fields("Ref1")).Ano();
 }
 
-void Relatorios::OcultarTodos() {
-    for (const auto& relatorio : relatorios_) {
-        if (relatorio != nullptr) {
-            relatorio->Ocultar();
+void Relatorios::Oferecer(frmImpressaoRelatorios& dialogo, std::int32_t opcoes, int ano) const {
+    auto& lista = dialogo.lstSelecao;
+    auto bits = static_cast<std::uint32_t>(opcoes);
+    for (const auto& entrada : entradas_) {
+        lista.Acrescentar(entrada.rotulo, (bits & 1U) != 0);
+        bits >>= 1U;
+    }
+    for (std::size_t i = entradas_.size(); i-- > 0;) {
+        if (entradas_[i].desde > ano) {
+            lista.Remover(i);
         }
     }
-}
-
-void Relatorios::Produzir(const frmImpressaoRelatorios& dialogo, std::size_t indice,
-                          BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) {
-    const auto& relatorio = relatorios_.at(indice);
-    if (relatorio == nullptr) {
-        throw Erro(NumeroErro::AcaoNaoSuportada, "O relatório \"" +
-                                                     std::string(catalogo_[indice].rotulo) +
-                                                     "\" não está disponível nesta versão.");
-    }
-    relatorio->Construir(banco, IE, NumeroDRQ);
-    if (dialogo.lngModoSaida == ModoSaida::Visualizar) {
-        relatorio->Exibir();
-    } else if (dialogo.lngModoSaida == ModoSaida::Imprimir) {
-        relatorio->Imprimir();
+    if (lista.Quantidade() != 0) {
+        lista.Focar(0);
     }
 }
 

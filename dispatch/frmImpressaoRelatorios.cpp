@@ -1,14 +1,9 @@
 #include "dispatch/frmImpressaoRelatorios.h"
 
-#include "dispatch/Catalogo.h"
-
 namespace tarvo {
 
-ListaSelecao::ListaSelecao(std::span<const EntradaCatalogo> catalogo) {
-    entradas_.reserve(catalogo.size());
-    for (const auto& entrada : catalogo) {
-        entradas_.push_back({entrada.rotulo, entradas_.size(), false});
-    }
+void ListaSelecao::Acrescentar(std::string_view rotulo, bool selecionada) {
+    entradas_.push_back({rotulo, acrescentadas_++, selecionada});
 }
 
 std::string_view ListaSelecao::Rotulo(std::size_t posicao) const {
@@ -39,9 +34,6 @@ void ListaSelecao::Focar(std::size_t posicao) {
     static_cast<void>(entradas_.at(posicao));
     foco_ = posicao;
 }
-
-frmImpressaoRelatorios::frmImpressaoRelatorios(std::span<const EntradaCatalogo> catalogo)
-    : lstSelecao(catalogo) {}
 
 void frmImpressaoRelatorios::ExibirModal(JanelaSelecao& janela) {
     visivel_ = true;

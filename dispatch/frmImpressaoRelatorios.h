@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -10,8 +9,6 @@
 
 // The behaviour of the selection dialog, apart from the window that shows it.
 namespace tarvo {
-
-struct EntradaCatalogo;
 
 // What the dialog's user asked for; the numbers are lngModoSaida's.
 namespace ModoSaida {
@@ -24,11 +21,11 @@ constexpr std::int32_t Imprimir = 2;
 // of an entry stays. A position outside the list is std::out_of_range.
 class TARVO_PUBLICO ListaSelecao {
   public:
-    explicit ListaSelecao(std::span<const EntradaCatalogo> catalogo);
-
+    // Below the others. rotulo outlives the list.
+    void Acrescentar(std::string_view rotulo, bool selecionada = false);
     [[nodiscard]] std::size_t Quantidade() const { return entradas_.size(); }
     [[nodiscard]] std::string_view Rotulo(std::size_t posicao) const;
-    // Index of the entry's report in the catalogue.
+    // Which of all that were ever added the entry is, counted from 0.
     [[nodiscard]] std::size_t Relatorio(std::size_t posicao) const;
     [[nodiscard]] bool Selecionada(std::size_t posicao) const;
     void Selecionar(std::size_t posicao, bool selecionada);
@@ -44,6 +41,7 @@ class TARVO_PUBLICO ListaSelecao {
         bool selecionada;
     };
     std::vector<Entrada> entradas_;
+    std::size_t acrescentadas_ = 0;
     std::size_t foco_ = 0;
 };
 
@@ -52,8 +50,6 @@ class JanelaSelecao;
 // The dialog. Its window calls the cmd operations when their buttons are pressed.
 class TARVO_PUBLICO frmImpressaoRelatorios {
   public:
-    explicit frmImpressaoRelatorios(std::span<const EntradaCatalogo> catalogo);
-
     ListaSelecao lstSelecao;
     std::int32_t lngModoSaida = ModoSaida::Nenhum;
 

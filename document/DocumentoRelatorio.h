@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "data/Publico.h"
+#include "document/Ambiente.h"
 #include "document/Conteudo.h"
-#include "document/Visualizador.h"
 
 namespace tarvo {
 

@@ -32,7 +32,7 @@ void Objeto::DefinirReferencia(std::optional<std::string> mesAno) {
     if (mesAno) {
         static_cast<void>(DataDeReferencia(*mesAno));
     }
-    configuracoes_ = ConfiguracoesDaChamada(std::move(mesAno));
+    configuracoes_ = ConfiguracoesDaChamada(doUsuario_, std::move(mesAno));
 }
 
 void Objeto::UsarImpressao() {

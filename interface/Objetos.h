@@ -11,7 +11,8 @@
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
 #include "output/pdf/RenderizadorPDF.h"
-#include "system/settings/ConfiguracoesDaChamada.h"
+#include "reports/ConfiguracoesDaChamada.h"
+#include "system/settings/ConfiguracoesIni.h"
 
 // The three kinds of things that a program holds in the C interface.
 namespace tarvo::c {
@@ -69,7 +70,8 @@ class Objeto final : public Recurso {
     [[noreturn]] void RecusarOperacao() const;
 
     std::string nome_;
-    ConfiguracoesDaChamada configuracoes_;
+    ConfiguracoesIni doUsuario_;
+    ConfiguracoesDaChamada configuracoes_{doUsuario_};
     bool comJanelas_ = false;
     ObjetoPublico objeto_;
 };

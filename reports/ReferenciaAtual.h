@@ -4,7 +4,7 @@
 
 #include "data/Data.h"
 #include "data/Publico.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 // The host's current reference period: a per-user setting that holds month/year.
 namespace tarvo {

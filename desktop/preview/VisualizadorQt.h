@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 namespace tarvo {
 

@@ -17,8 +17,9 @@
 #include "host/commands/Declaracoes.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
+#include "reports/ConfiguracoesDaChamada.h"
 #include "system/files/Arquivos.h"
-#include "system/settings/ConfiguracoesDaChamada.h"
+#include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo::host {
 
@@ -54,7 +55,7 @@ class Trabalhador {
     explicit Trabalhador(Lote& lote)
         : lote_(lote),
           banco_(AbrirParaLer(lote.argumentos)),
-          configuracoes_(lote.argumentos.refAtual) {}
+          configuracoes_(doUsuario_, lote.argumentos.refAtual) {}
 
     void Trabalhar() {
         for (std::size_t i = lote_.proxima++; i < lote_.declaracoes.size() && !Interrompido();
@@ -191,6 +192,7 @@ class Trabalhador {
 
     Lote& lote_;
     std::unique_ptr<BancoSQLite> banco_;
+    ConfiguracoesIni doUsuario_;
     ConfiguracoesDaChamada configuracoes_;
     CancelaSeInterrompido andamento_;
     // Of the current declaration:
@@ -229,7 +231,8 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
     const CapturaDeInterrupcao captura;
     const ArquivosProntos prontos = a.retomar ? Retomar(a, declaracoes) : ArquivosProntos();
     ResumoLote resumo(a.saida.pasta, a.retomar);
-    const ConfiguracoesDaChamada configuracoes(a.refAtual);
+    const ConfiguracoesIni doUsuario;
+    const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
     ProgressoLote progresso(saida, erros, configuracoes, declaracoes.size(),
                             ::isatty(STDOUT_FILENO) == 1);
     Lote lote{.argumentos = a,

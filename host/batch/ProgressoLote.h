@@ -8,7 +8,7 @@
 #include <string>
 
 #include "data/CodigosDeErros.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 namespace tarvo::host {
 

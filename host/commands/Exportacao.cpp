@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <map>
 
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
@@ -11,6 +10,8 @@
 namespace tarvo::host {
 
 namespace {
+
+constexpr std::string_view ClasseVELO = "RelatorioVELO";
 
 const EntradaCatalogo* Procurar(std::string_view codigo) {
     for (const auto& entrada : Catalogo()) {
@@ -48,10 +49,10 @@ bool ExisteCodigo(std::string_view codigo) {
 }
 
 std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ) {
-    const bool desde2002 = Relatorios::ReferenciaDesde2002(banco, NumeroDRQ);
+    const int ano = Relatorios::AnoDaReferencia(banco, NumeroDRQ);
     std::vector<std::string> codigos;
     for (const auto& entrada : Catalogo()) {
-        if (desde2002 || &entrada != &Catalogo()[EntradaDesde2002]) {
+        if (entrada.desde <= ano) {
             codigos.emplace_back(entrada.codigo);
         }
     }
@@ -71,19 +72,9 @@ std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDado
 }
 
 std::string NomeDoArquivo(std::string_view codigo) {
-    static const auto nomes = [] {
-        std::map<std::string, std::string, std::less<>> lista;
-        const auto acrescentar = [&](std::string_view um, const Relatorio& relatorio) {
-            lista[std::string(um)] =
-                std::string(um) + "-" + std::string(relatorio.Identidade().classe);
-        };
-        for (const auto& entrada : Catalogo()) {
-            acrescentar(entrada.codigo, *entrada.criar({}));
-        }
-        acrescentar(CodigoVELO, RelatorioVELO());
-        return lista;
-    }();
-    return nomes.find(codigo)->second;
+    const EntradaCatalogo* entrada = Procurar(codigo);
+    return std::string(codigo).append("-").append(entrada != nullptr ? entrada->classe
+                                                                     : ClasseVELO);
 }
 
 DocumentoDeSaida DocumentoDe(const Relatorio& relatorio) {

@@ -3,7 +3,7 @@
 #include <array>
 #include <csignal>
 
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 // Stopping a long command from outside.
 namespace tarvo::host {

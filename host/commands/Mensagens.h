@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 // What the command says when something is wrong, and how it ends.
 namespace tarvo::host {

@@ -9,7 +9,8 @@
 #include "databases/sqlite/BancoSQLite.h"
 #include "host/commands/Declaracoes.h"
 #include "host/commands/Mensagens.h"
-#include "system/settings/ConfiguracoesDaChamada.h"
+#include "reports/ConfiguracoesDaChamada.h"
+#include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo::host {
 
@@ -65,7 +66,8 @@ int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
                           const std::string& codigo, const Relatorio& relatorio)>& usar) {
     const auto banco = AbrirBanco(a.banco, erros);
     AvisarAusentes(*banco, a, erros);
-    const ConfiguracoesDaChamada configuracoes(a.refAtual);
+    const ConfiguracoesIni doUsuario;
+    const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
     const Ambiente ambiente{.configuracoes = &configuracoes};
     const Alvo alvo{a.IE.value_or(""), a.NumeroDRQ.value_or(0)};
     int situacao = Feito;

@@ -6,7 +6,7 @@
 
 #include "desktop/AndamentoQt.h"
 #include "desktop/preview/VisualizadorQt.h"
-#include "system/settings/ConfiguracoesDaChamada.h"
+#include "reports/ConfiguracoesDaChamada.h"
 #include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo::host {
@@ -16,7 +16,7 @@ namespace tarvo::host {
 class AmbienteComJanelas {
   public:
     explicit AmbienteComJanelas(const std::optional<std::string>& refAtual)
-        : configuracoes_(refAtual) {}
+        : configuracoes_(preferencias_, refAtual) {}
 
     [[nodiscard]] Ambiente DosRelatorios();
     [[nodiscard]] ConfiguracoesIni& Preferencias() { return preferencias_; }

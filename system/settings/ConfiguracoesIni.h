@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "data/Publico.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 
 namespace tarvo {
 

@@ -22,6 +22,11 @@ using namespace Qt::StringLiterals;
 
 class JanelaSelecaoTeste : public testing::Test {
   protected:
+    JanelaSelecaoTeste() {
+        for (const auto& entrada : Catalogo()) {
+            dialogo.lstSelecao.Acrescentar(entrada.rotulo);
+        }
+    }
     // Shows the dialog and lets the user act on it; closes it when the user left it open.
     void Mostrar(const std::function<void()>& usuario) {
         QTimer::singleShot(0, [&] {
@@ -56,7 +61,7 @@ class JanelaSelecaoTeste : public testing::Test {
         return marcadas;
     }
 
-    frmImpressaoRelatorios dialogo{Catalogo()};
+    frmImpressaoRelatorios dialogo;
     QDialog* janela = nullptr;
     QListWidget* lista = nullptr;
     bool aberta = true;
@@ -88,7 +93,7 @@ TEST_F(JanelaSelecaoTeste, SaysWhatItIsAndShowsEveryEntryWhole) {
 }
 
 TEST_F(JanelaSelecaoTeste, ShowsOnlyTheEntriesThatAreOffered) {
-    dialogo.lstSelecao.Remover(EntradaDesde2002);
+    dialogo.lstSelecao.Remover(15);
     Mostrar([&] {
         ASSERT_EQ(lista->count(), 17);
         EXPECT_EQ(lista->item(15)->text(), u"16 - Registros de Exportação"_s);

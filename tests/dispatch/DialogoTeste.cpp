@@ -10,6 +10,15 @@ namespace {
 
 using testing::ElementsAre;
 
+// The dialog as the dispatcher offers it, with every entry of the catalogue.
+struct DialogoCompleto : frmImpressaoRelatorios {
+    DialogoCompleto() {
+        for (const auto& entrada : Catalogo()) {
+            lstSelecao.Acrescentar(entrada.rotulo);
+        }
+    }
+};
+
 std::vector<std::size_t> Marcadas(const ListaSelecao& lista) {
     std::vector<std::size_t> marcadas;
     for (std::size_t i = 0; i < lista.Quantidade(); ++i) {
@@ -21,7 +30,7 @@ std::vector<std::size_t> Marcadas(const ListaSelecao& lista) {
 }
 
 TEST(Dialogo, OpensWithTheEighteenEntriesAndNothingChosen) {
-    const frmImpressaoRelatorios dialogo(Catalogo());
+    const DialogoCompleto dialogo;
     EXPECT_EQ(dialogo.lngModoSaida, 0);
     ASSERT_EQ(dialogo.lstSelecao.Quantidade(), 18U);
     EXPECT_EQ(dialogo.lstSelecao.Rotulo(0), "01 - Cadastro do Contribuinte");
@@ -30,13 +39,13 @@ TEST(Dialogo, OpensWithTheEighteenEntriesAndNothingChosen) {
 }
 
 TEST(Dialogo, SelectAllClearsOnlyWhenEverythingIsSelected) {
-    frmImpressaoRelatorios dialogo(Catalogo());
+    DialogoCompleto dialogo;
     dialogo.lstSelecao.Selecionar(0, true);
     for (const auto marcadas : {18U, 0U, 18U}) {
         dialogo.cmdSelecionarTodos();
         EXPECT_EQ(Marcadas(dialogo.lstSelecao).size(), marcadas);
     }
-    dialogo.lstSelecao.Remover(EntradaDesde2002);
+    dialogo.lstSelecao.Remover(15);
     for (const auto marcadas : {0U, 17U}) {
         dialogo.cmdSelecionarTodos();
         EXPECT_EQ(Marcadas(dialogo.lstSelecao).size(), marcadas);
@@ -44,7 +53,7 @@ TEST(Dialogo, SelectAllClearsOnlyWhenEverythingIsSelected) {
 }
 
 TEST(Dialogo, EntriesBelowARemovedOneKeepLabelMarkAndReport) {
-    frmImpressaoRelatorios dialogo(Catalogo());
+    DialogoCompleto dialogo;
     auto& lista = dialogo.lstSelecao;
     lista.Selecionar(15, true);
     lista.Selecionar(17, true);
@@ -80,7 +89,7 @@ TEST(Dialogo, OutputButtonsRecordTheModeAndHideTheDialog) {
                  {&frmImpressaoRelatorios::cmdImprimir, 2, false},
                  {&frmImpressaoRelatorios::cmdSelecionarTodos, 0, true}};
     for (const auto& caso : casos) {
-        frmImpressaoRelatorios dialogo(Catalogo());
+        frmImpressaoRelatorios dialogo;
         JanelaQueAperta janela;
         janela.botao = caso.botao;
         dialogo.ExibirModal(janela);

@@ -1,6 +1,5 @@
 #include "dispatch/Relatorios.h"
 
-#include <array>
 #include <functional>
 #include <utility>
 
@@ -34,9 +33,6 @@ class RelatorioFalso : public RelatorioDeclaracao {
             aoConstruir(N);
         }
     }
-    static std::unique_ptr<RelatorioDeclaracao> Criar(const Ambiente& ambiente) {
-        return std::make_unique<RelatorioFalso>(ambiente);
-    }
 
   private:
     inline static const std::string numero = std::to_string(N);
@@ -44,10 +40,14 @@ class RelatorioFalso : public RelatorioDeclaracao {
         .classe = "", .titulo = numero, .tituloResumido = ""};
 };
 
+// The catalogue's entries with reports that only note what is done to them.
 template <std::size_t... N>
-auto CatalogoFalso(std::index_sequence<N...>) {
-    return std::array<EntradaCatalogo, sizeof...(N)>{
-        EntradaCatalogo{"", Catalogo()[N].rotulo, RelatorioFalso<N>::Criar}...};
+std::vector<EntradaSelecao> Falsos(const Ambiente& ambiente, std::index_sequence<N...> /*quais*/) {
+    std::vector<EntradaSelecao> entradas;
+    (entradas.push_back({Catalogo()[N].rotulo, std::make_unique<RelatorioFalso<N>>(ambiente),
+                         Catalogo()[N].desde}),
+     ...);
+    return entradas;
 }
 
 class RelatoriosTeste : public testing::Test, public JanelaSelecao {
@@ -59,8 +59,8 @@ class RelatoriosTeste : public testing::Test, public JanelaSelecao {
     ~RelatoriosTeste() override { aoConstruir = nullptr; }
 
     void Criar() {
-        relatorios =
-            std::make_unique<Relatorios>(Ambiente{.visualizadores = &fabrica}, *this, catalogo);
+        relatorios = std::make_unique<Relatorios>(
+            *this, Falsos({.visualizadores = &fabrica}, std::make_index_sequence<18>()));
     }
     void Declarar(const std::string& ref1) {
         banco.Executar("UPDATE tblDRQ SET Ref1 = " + ref1 + " WHERE NroDRQ = 7");
@@ -90,7 +90,6 @@ class RelatoriosTeste : public testing::Test, public JanelaSelecao {
     apoio::BancoDeTeste banco{
         "INSERT INTO tblDRQ (NroDRQ, Ref1) VALUES (6, '2001-12-31'), (7, '2002-01-01')"};
     apoio::VisualizadoresAnotados fabrica{diario};
-    std::array<EntradaCatalogo, 18> catalogo = CatalogoFalso(std::make_index_sequence<18>());
     std::unique_ptr<Relatorios> relatorios;
 };
 
@@ -202,14 +201,29 @@ TEST_F(RelatoriosTeste, AMissingDeclarationIsAnErrorBeforeTheDialog) {
     EXPECT_THAT(diario, IsEmpty());
 }
 
-TEST_F(RelatoriosTeste, AReportThatIsNotBuiltYetSaysSoWhenChosen) {
-    catalogo[9].criar = nullptr;
-    Criar();
+TEST_F(RelatoriosTeste, AListOfTheHostsOwnMayBeShorterAndOfOtherYears) {
+    std::vector<EntradaSelecao> entradas =
+        Falsos({.visualizadores = &fabrica}, std::make_index_sequence<3>());
+    entradas[0].desde = entradas[2].desde = 2002;
+    relatorios = std::make_unique<Relatorios>(*this, std::move(entradas));
     usuario = Visualizar;
-    const Erro erro = ErroDe([&] { Executar(1 << 9); });
-    EXPECT_EQ(erro.Numero(), NumeroErro::AcaoNaoSuportada);
-    EXPECT_THAT(erro.Descricao(), testing::HasSubstr("10 - Apuração do ICMS"));
-    EXPECT_EQ(quantidade, 18U);
+    diario.clear();
+    Executar(0b101);
+    Declarar("'2001-12-31'");
+    Executar(0b111);
+    EXPECT_THAT(diario, ElementsAre("dialogo", "construir 0 111/7", "Exibir 0", "construir 2 111/7",
+                                    "Exibir 2", "Ocultar 0", "Ocultar 2", "dialogo",
+                                    "construir 1 111/7", "Exibir 1"));
+    relatorios = std::make_unique<Relatorios>(*this, std::vector<EntradaSelecao>{});
+    Executar(1);
+    EXPECT_EQ(quantidade, 0U);
+}
+
+TEST(Catalogo, EachRowNamesTheClassThatItCreates) {
+    for (const auto& entrada : Catalogo()) {
+        EXPECT_EQ(entrada.criar({})->Identidade().classe, entrada.classe);
+        EXPECT_TRUE(entrada.rotulo.starts_with(entrada.codigo));
+    }
 }
 
 }  // namespace

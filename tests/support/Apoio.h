@@ -10,8 +10,8 @@
 
 #include "data/CodigosDeErros.h"
 #include "databases/sqlite/BancoSQLite.h"
+#include "document/Ambiente.h"
 #include "document/Conteudo.h"
-#include "document/Visualizador.h"
 
 // Fixtures that several test programs share.
 namespace tarvo::apoio {

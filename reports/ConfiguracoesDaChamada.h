@@ -7,7 +7,6 @@
 
 #include "data/Publico.h"
 #include "reports/ReferenciaAtual.h"
-#include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo {
 
@@ -15,18 +14,20 @@ namespace tarvo {
 // given. Text that is no month is error 13 when a report reads it.
 class TARVO_PUBLICO ConfiguracoesDaChamada final : public Configuracoes {
   public:
-    explicit ConfiguracoesDaChamada(std::optional<std::string> refAtual = {})
-        : refAtual_(std::move(refAtual)) {}
+    // doUsuario outlives this object.
+    explicit ConfiguracoesDaChamada(const Configuracoes& doUsuario,
+                                    std::optional<std::string> refAtual = {})
+        : doUsuario_(&doUsuario), refAtual_(std::move(refAtual)) {}
 
     [[nodiscard]] std::string Ler(std::string_view aplicacao, std::string_view secao,
                                   std::string_view chave, std::string_view padrao) const override {
         const bool substituida = refAtual_ && chave == AjusteRefAtual::Chave;
-        return substituida ? *refAtual_ : doUsuario_.Ler(aplicacao, secao, chave, padrao);
+        return substituida ? *refAtual_ : doUsuario_->Ler(aplicacao, secao, chave, padrao);
     }
 
   private:
+    const Configuracoes* doUsuario_;
     std::optional<std::string> refAtual_;
-    ConfiguracoesIni doUsuario_;
 };
 
 }  // namespace tarvo
