@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "databases/sqlite/BancoSQLite.h"
 
 // The database: walking many rows, finding one declaration among many, refilling a work table.

@@ -1,11 +1,13 @@
 #include "data/Data.h"
 
-#include <array>
+#include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <string>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 
 namespace tarvo {
 
@@ -15,46 +17,41 @@ using std::chrono::sys_days;
 
 constexpr int SegundosPorDia = 86'400;
 constexpr sys_days DiaZero = std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
+constexpr int PrimeiroAno = 100;
 constexpr double PrimeiroDia = -657'434;  // 01/01/100
 constexpr double UltimoDia = 2'958'465;   // 31/12/9999
 
-bool EhDigito(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// Takes digits from the front of the text; -1 when there are fewer than minimo.
-int TomarNumero(std::string_view& texto, std::size_t minimo, std::size_t maximo,
-                std::size_t* digitos = nullptr) {
-    std::size_t n = 0;
-    int valor = 0;
-    while (n < texto.size() && n < maximo && EhDigito(texto[n])) {
-        valor = valor * 10 + (texto[n] - '0');
-        ++n;
+// Takes a number of that many digits from the front of the text, when one stands there.
+bool TomarNumero(std::string_view& texto, std::size_t minimo, std::size_t maximo, int& valor) {
+    const auto fim = std::find_if_not(texto.begin(), texto.end(), EhDigito);
+    const auto digitos = std::min(static_cast<std::size_t>(fim - texto.begin()), maximo);
+    if (digitos < minimo) {
+        return false;
     }
-    if (n < minimo) {
-        return -1;
-    }
-    texto.remove_prefix(n);
-    if (digitos != nullptr) {
-        *digitos = n;
-    }
-    return valor;
+    std::from_chars(texto.data(), texto.data() + digitos, valor);
+    texto.remove_prefix(digitos);
+    return true;
 }
 
 bool Tomar(std::string_view& texto, char c) {
-    if (texto.empty() || texto.front() != c) {
+    if (!texto.starts_with(c)) {
         return false;
     }
     texto.remove_prefix(1);
     return true;
 }
 
-std::string_view SemBrancos(std::string_view texto) {
-    const auto inicio = texto.find_first_not_of(' ');
-    if (inicio == std::string_view::npos) {
-        return {};
+// A month and its year as hands write them: two digits stand for a year near the present.
+bool TomarMesAno(std::string_view& texto, DataCivil& civil) {
+    if (!TomarNumero(texto, 1, 2, civil.mes) || !Tomar(texto, '/')) {
+        return false;
     }
-    return texto.substr(inicio, texto.find_last_not_of(' ') - inicio + 1);
+    if (TomarNumero(texto, 4, 4, civil.ano)) {
+        return true;
+    }
+    const bool lido = TomarNumero(texto, 2, 2, civil.ano);
+    civil.ano += civil.ano < 30 ? 2000 : 1900;
+    return lido;
 }
 
 bool Existe(const DataCivil& c) {
@@ -70,20 +67,13 @@ bool LerHora(std::string_view texto, bool comSegundos, DataCivil& civil) {
     if (texto.empty()) {
         return true;
     }
-    if (!Tomar(texto, ' ')) {
+    if (!Tomar(texto, ' ') || !TomarNumero(texto, 1, 2, civil.hora) || !Tomar(texto, ':') ||
+        !TomarNumero(texto, 2, 2, civil.minuto)) {
         return false;
     }
-    civil.hora = TomarNumero(texto, 1, 2);
-    if (!Tomar(texto, ':')) {
-        return false;
-    }
-    civil.minuto = TomarNumero(texto, 2, 2);
-    if (Tomar(texto, ':')) {
-        civil.segundo = TomarNumero(texto, 2, 2);
-    } else if (comSegundos) {
-        return false;
-    }
-    return texto.empty();
+    const bool temSegundos = Tomar(texto, ':');
+    return temSegundos ? TomarNumero(texto, 2, 2, civil.segundo) && texto.empty()
+                       : !comSegundos && texto.empty();
 }
 
 }  // namespace
@@ -114,34 +104,30 @@ Data Data::DeCivil(const DataCivil& c) {
 Data Data::DeTexto(std::string_view texto) {
     std::string_view resto = SemBrancos(texto);
     DataCivil civil;
-    std::size_t digitosAno = 0;
-    civil.dia = TomarNumero(resto, 1, 2);
-    const bool temDia = Tomar(resto, '/');
-    civil.mes = TomarNumero(resto, 1, 2);
-    const bool temMes = Tomar(resto, '/');
-    civil.ano = TomarNumero(resto, 2, 4, &digitosAno);
-    if (!temDia || !temMes || (digitosAno != 2 && digitosAno != 4) ||
-        !LerHora(resto, false, civil)) {
-        LancarTipoIncompativel(texto, "data");
-    }
-    if (digitosAno == 2) {
-        civil.ano += civil.ano < 30 ? 2000 : 1900;
-    }
-    if (!Existe(civil)) {
+    const bool lida = TomarNumero(resto, 1, 2, civil.dia) && Tomar(resto, '/') &&
+                      TomarMesAno(resto, civil) && LerHora(resto, false, civil);
+    if (!lida || !Existe(civil)) {
         LancarTipoIncompativel(texto, "data");
     }
     return DeCivil(civil);
 }
 
+std::optional<Data> Data::DeMesAno(std::string_view texto) {
+    DataCivil civil{.dia = 1};
+    const bool lido = TomarMesAno(texto, civil) && texto.empty();
+    return lido && Existe(civil) && civil.ano >= PrimeiroAno ? std::optional(DeCivil(civil))
+                                                             : std::nullopt;
+}
+
 std::optional<Data> Data::DeIso(std::string_view texto) {
     DataCivil civil;
-    civil.ano = TomarNumero(texto, 4, 4);
-    const bool temAno = Tomar(texto, '-');
-    civil.mes = TomarNumero(texto, 2, 2);
-    const bool temMes = Tomar(texto, '-');
-    civil.dia = TomarNumero(texto, 2, 2);
-    if (!temAno || !temMes || (!texto.empty() && texto.size() != 9) ||
-        !LerHora(texto, true, civil) || !Existe(civil) || civil.ano < 100) {
+    const bool lida = TomarNumero(texto, 4, 4, civil.ano) && Tomar(texto, '-') &&
+                      TomarNumero(texto, 2, 2, civil.mes) && Tomar(texto, '-') &&
+                      TomarNumero(texto, 2, 2, civil.dia);
+    const bool comHoraInteira =
+        texto.empty() || texto.size() == std::string_view(" HH:MM:SS").size();
+    if (!lida || !comHoraInteira || !LerHora(texto, true, civil) || !Existe(civil) ||
+        civil.ano < PrimeiroAno) {
         return std::nullopt;
     }
     return DeCivil(civil);

@@ -32,6 +32,9 @@ class TARVO_PUBLICO Data {
     // Text in day/month/year order ("5/3/2001", "05/03/01 13:45", "05/03/2001 13:45:10");
     // two-digit years 00 to 29 are 20xx, 30 to 99 are 19xx. Error 13 for anything else.
     static Data DeTexto(std::string_view texto);
+    // The first day of a month given as "1/2003", "01/2003" or "01/03" (two-digit years as above);
+    // empty when the text is no month and year.
+    static std::optional<Data> DeMesAno(std::string_view texto);
     // "YYYY-MM-DD" or "YYYY-MM-DD HH:MM:SS", nothing else; empty when the text is no such date.
     static std::optional<Data> DeIso(std::string_view texto);
 

@@ -1,9 +1,12 @@
 #include "data/Formatos.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <optional>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 
 namespace tarvo {
 
@@ -11,13 +14,29 @@ namespace {
 
 constexpr std::uint64_t DecimosMilesimosPorCentavo = 100;
 
-std::string ComZeros(int valor, std::size_t largura) {
-    std::string texto = std::to_string(valor);
-    return std::string(texto.size() < largura ? largura - texto.size() : 0, '0') + texto;
-}
+struct Decimal {
+    bool negativo;
+    std::string inteiros;  // digits before the comma
+    std::string decimais;  // digits after it
+};
 
-bool EhDigito(char c) {
-    return c >= '0' && c <= '9';
+// The parts of a number in the Brazilian convention. Points may stand anywhere after its first
+// digit, up to the comma; there is at least one digit.
+std::optional<Decimal> Decompor(std::string_view texto) {
+    Decimal d{texto.starts_with('-'), {}, {}};
+    if (d.negativo || texto.starts_with('+')) {
+        texto.remove_prefix(1);
+    }
+    const auto virgula = std::min(texto.find(','), texto.size());
+    d.inteiros = texto.substr(0, virgula);
+    d.decimais = texto.substr(std::min(virgula + 1, texto.size()));
+    const bool pontoSemDigito = d.inteiros.starts_with('.');
+    std::erase(d.inteiros, '.');
+    const bool temDigito = !d.inteiros.empty() || !d.decimais.empty();
+    if (pontoSemDigito || !temDigito || !SoDigitos(d.inteiros) || !SoDigitos(d.decimais)) {
+        return std::nullopt;
+    }
+    return d;
 }
 
 }  // namespace
@@ -64,69 +83,28 @@ std::string FormatarHora(Data data) {
 }
 
 std::int64_t LerDecimal(std::string_view texto, int casas, std::string_view destino) {
-    std::string_view resto = texto;
-    while (!resto.empty() && resto.front() == ' ') {
-        resto.remove_prefix(1);
-    }
-    while (!resto.empty() && resto.back() == ' ') {
-        resto.remove_suffix(1);
-    }
-    const bool negativo = !resto.empty() && resto.front() == '-';
-    if (negativo || (!resto.empty() && resto.front() == '+')) {
-        resto.remove_prefix(1);
-    }
-
-    std::int64_t unidades = 0;  // kept negative, whose range is the larger one
-    bool temDigitos = false;
-    bool depoisDaVirgula = false;
-    int lidas = 0;            // decimals taken into unidades
-    int arredondamento = -1;  // first dropped decimal
-    bool restoNaoZero = false;
-    const auto acrescentar = [&](int digito) {
-        if (__builtin_mul_overflow(unidades, std::int64_t{10}, &unidades) ||
-            __builtin_sub_overflow(unidades, std::int64_t{digito}, &unidades)) {
-            LancarEstouro("\"" + std::string(texto) + "\" não cabe em " + std::string(destino));
-        }
-    };
-    for (const char c : resto) {
-        if (EhDigito(c)) {
-            temDigitos = true;
-            if (!depoisDaVirgula) {
-                acrescentar(c - '0');
-            } else if (lidas < casas) {
-                acrescentar(c - '0');
-                ++lidas;
-            } else if (arredondamento < 0) {
-                arredondamento = c - '0';
-            } else {
-                restoNaoZero = restoNaoZero || c != '0';
-            }
-        } else if (c == ',' && !depoisDaVirgula) {
-            depoisDaVirgula = true;
-        } else if (c != '.' || depoisDaVirgula || !temDigitos) {
-            LancarTipoIncompativel(texto, destino);
-        }
-    }
-    if (!temDigitos) {
+    auto decimal = Decompor(SemBrancos(texto));
+    if (!decimal) {
         LancarTipoIncompativel(texto, destino);
     }
-    for (; lidas < casas; ++lidas) {
-        acrescentar(0);
-    }
-    const bool impar = unidades % 2 != 0;
-    if (arredondamento > 5 || (arredondamento == 5 && (restoNaoZero || impar))) {
-        if (__builtin_sub_overflow(unidades, std::int64_t{1}, &unidades)) {
-            LancarEstouro("\"" + std::string(texto) + "\" não cabe em " + std::string(destino));
-        }
-    }
-    if (negativo) {
-        return unidades;
-    }
-    std::int64_t positivo = 0;
-    if (__builtin_sub_overflow(std::int64_t{0}, unidades, &positivo)) {
+    const auto mantidas = std::min(decimal->decimais.size(), static_cast<std::size_t>(casas));
+    std::string resto = decimal->decimais.substr(mantidas);
+    resto.erase(resto.find_last_not_of('0') + 1);
+    decimal->decimais.resize(mantidas);
+    decimal->decimais.resize(static_cast<std::size_t>(casas), '0');
+
+    const std::string digitos = "0" + decimal->inteiros + decimal->decimais;
+    std::uint64_t modulo = 0;
+    const auto lido = std::from_chars(digitos.data(), digitos.data() + digitos.size(), modulo);
+    // Digits compare as the fractions that they are: what lies above "5" is more than a half.
+    const bool paraCima = resto > "5" || (resto == "5" && modulo % 2 != 0);
+    const std::uint64_t maior = std::numeric_limits<std::int64_t>::max();
+    if (lido.ec != std::errc() ||
+        modulo > maior + (decimal->negativo ? 1 : 0) - (paraCima ? 1 : 0)) {
         LancarEstouro("\"" + std::string(texto) + "\" não cabe em " + std::string(destino));
     }
-    return positivo;
+    modulo += paraCima ? 1 : 0;
+    return static_cast<std::int64_t>(decimal->negativo ? ~modulo + 1 : modulo);
 }
 
 }  // namespace tarvo

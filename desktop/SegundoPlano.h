@@ -29,8 +29,8 @@ void EmSegundoPlano(QObject* dono, QThreadPool& fila, Trabalho trabalho, Depois 
     fila.start([promessa, trabalho = std::move(trabalho)] {
         try {
             promessa->addResult(Resultado(trabalho()));
-        } catch (const Erro& erro) {
-            promessa->addResult(Resultado(erro));
+        } catch (...) {
+            promessa->addResult(Resultado(ErroCorrente()));
         }
         promessa->finish();
     });

@@ -1,7 +1,7 @@
 #include "dispatch/Relatorios.h"
 
 #include "data/Consultas.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "dispatch/Catalogo.h"
 #include "dispatch/frmImpressaoRelatorios.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/Imagens.h"
 
 namespace tarvo {

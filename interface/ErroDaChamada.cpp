@@ -1,7 +1,11 @@
 #include "interface/ErroDaChamada.h"
 
+#include <algorithm>
 #include <array>
-#include <cstring>
+#include <new>
+#include <string_view>
+
+#include "data/Textos.h"
 
 namespace tarvo::c {
 
@@ -16,31 +20,26 @@ thread_local constinit ErroGuardado Ultimo{};
 
 constexpr std::string_view Cortado = "…";
 
-// How many bytes of the text fit, whole characters only.
-std::size_t QueCabem(std::string_view texto, std::size_t lugar) {
-    if (texto.size() <= lugar) {
-        return texto.size();
+void Guardar(NumeroErro numero, std::string_view descricao) {
+    Ultimo.numero = static_cast<std::int32_t>(numero);
+    const auto inicio = InicioInteiro(descricao, Ultimo.texto.size() - Cortado.size() - 1);
+    char* fim = std::copy(inicio.begin(), inicio.end(), Ultimo.texto.data());
+    if (inicio.size() < descricao.size()) {
+        fim = std::copy(Cortado.begin(), Cortado.end(), fim);
     }
-    std::size_t bytes = lugar;
-    while (bytes > 0 && (static_cast<unsigned char>(texto[bytes]) & 0xC0U) == 0x80U) {
-        --bytes;
-    }
-    return bytes;
+    *fim = '\0';
 }
 
 }  // namespace
 
-void GuardarErro(NumeroErro numero, std::string_view descricao) noexcept {
-    Ultimo.numero = static_cast<std::int32_t>(numero);
-    const std::size_t lugar = Ultimo.texto.size() - Cortado.size() - 1;
-    const std::size_t bytes = QueCabem(descricao, lugar);
-    std::memcpy(Ultimo.texto.data(), descricao.data(), bytes);
-    char* fim = Ultimo.texto.data() + bytes;
-    if (bytes < descricao.size()) {
-        std::memcpy(fim, Cortado.data(), Cortado.size());
-        fim += Cortado.size();
+std::int32_t GuardarErro() noexcept {
+    try {
+        const Erro erro = ErroCorrente();
+        Guardar(erro.Numero(), erro.Descricao());
+    } catch (const std::bad_alloc&) {  // not even the error finds room
+        Guardar(NumeroErro::MemoriaInsuficiente, "Memória insuficiente.");
     }
-    *fim = '\0';
+    return Ultimo.numero;
 }
 
 std::int32_t NumeroDoErro() noexcept {

@@ -2,22 +2,18 @@
 
 #include <algorithm>
 
+#include "data/Textos.h"
+
 namespace tarvo {
 
 namespace {
 
-bool EhDigito(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // The code's digits as a number under a pattern like "0.00.0": right-aligned, filled up with
 // zeros; digits beyond the pattern stand before its first point.
 std::string ComPontos(std::string_view codigo, std::string_view padrao) {
-    std::string digitos;
-    std::copy_if(codigo.begin(), codigo.end(), std::back_inserter(digitos), EhDigito);
-    const bool soDigitosEPontos =
-        std::all_of(codigo.begin(), codigo.end(), [](char c) { return EhDigito(c) || c == '.'; });
-    if (!soDigitosEPontos || digitos.empty()) {
+    std::string digitos(codigo);
+    std::erase(digitos, '.');
+    if (digitos.empty() || !SoDigitos(digitos)) {
         return std::string(codigo);
     }
     digitos.erase(0, std::min(digitos.find_first_not_of('0'), digitos.size()));

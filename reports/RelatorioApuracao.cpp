@@ -4,7 +4,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "reports/LinhasApuracao.h"
 #include "reports/Somas.h"
 #include "reports/TipoApuracao.h"

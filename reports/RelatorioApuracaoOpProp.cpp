@@ -1,7 +1,7 @@
 #include "reports/RelatorioApuracaoOpProp.h"
 
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "reports/LinhasApuracao.h"
 #include "reports/TipoApuracao.h"
 

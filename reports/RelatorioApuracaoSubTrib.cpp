@@ -1,6 +1,6 @@
 #include "reports/RelatorioApuracaoSubTrib.h"
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "reports/LinhasApuracao.h"
 #include "reports/TipoApuracao.h"
 

@@ -2,7 +2,7 @@
 
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 
 namespace tarvo {

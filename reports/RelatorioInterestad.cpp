@@ -6,7 +6,7 @@
 
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
 #include "reports/RelatorioEntInterestad.h"

@@ -2,7 +2,7 @@
 
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
 
@@ -66,6 +66,20 @@ std::string ConsultaCodigos(std::string_view grupo, std::int32_t NumeroDRQ) {
            std::to_string(NumeroDRQ);
 }
 
+// The heading of a group of codes: that of the first code of the group, without its final full
+// stop; "" when there is none.
+std::string CabecalhoCodigoMIDAX(BancoDados& banco, std::string_view grupo) {
+    const auto codigos = banco.OpenRecordset(
+        "select Cabeçalho from tblCódigosMIDAX where Left(tblCódigosMIDAX.Código, 1) = " +
+            TextoSql(grupo),
+        TipoRecordset::ForwardOnly);
+    std::string cabecalho = codigos->EOF_() ? "" : TextoCampo(codigos->Fields(0));
+    if (cabecalho.ends_with('.')) {
+        cabecalho.pop_back();
+    }
+    return cabecalho;
+}
+
 // The page header, with the heading of the group of codes between title and identification.
 void ImprimirCabecalhoMIDAXB(DocumentoRelatorio& doc, const DescricaoMIDAXB& descricao,
                              std::string_view cabecalhoGrupo, Recordset& identificacao) {
@@ -104,7 +118,7 @@ void RelatorioMIDAXBMunicipios::Construir(BancoDados& BancoDados, const std::str
     if (identificacao->EOF_()) {
         return;
     }
-    const std::string cabecalho = CabecalhoCodigoMIDAX(BancoDados, std::string(descricao_.grupo));
+    const std::string cabecalho = CabecalhoCodigoMIDAX(BancoDados, descricao_.grupo);
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalhoMIDAXB(Desenho(), descricao_, cabecalho, *identificacao);
     });
@@ -157,7 +171,7 @@ void RelatorioMIDAXBCodigo3::Construir(BancoDados& BancoDados, const std::string
     if (identificacao->EOF_()) {
         return;
     }
-    const std::string cabecalho = CabecalhoCodigoMIDAX(BancoDados, std::string(Codigo3.grupo));
+    const std::string cabecalho = CabecalhoCodigoMIDAX(BancoDados, Codigo3.grupo);
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalhoMIDAXB(Desenho(), Codigo3, cabecalho, *identificacao);
     });

@@ -3,7 +3,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
 

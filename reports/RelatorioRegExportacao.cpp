@@ -1,7 +1,7 @@
 #include "reports/RelatorioRegExportacao.h"
 
 #include "data/Consultas.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 
 namespace tarvo {

@@ -7,7 +7,8 @@
 
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
+#include "data/Textos.h"
 #include "reports/FormatosCFOP.h"
 #include "reports/ReferenciaAtual.h"
 #include "reports/Somas.h"
@@ -73,11 +74,6 @@ constexpr ConjuntoDeColunas Desde2002{CamposDesde2002, "Isentas / Não Tribut.",
 
 const ConjuntoDeColunas& ColunasDaDeclaracao(Recordset& identificacao) {
     return DataCampo(identificacao.Fields("Ref1")).Ano() >= 2002 ? Desde2002 : Ate2001;
-}
-
-std::size_t Caracteres(std::string_view utf8) {
-    return static_cast<std::size_t>(
-        std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 std::unique_ptr<Recordset> AbrirDetalhesCFOPs(BancoDados& banco, const FaixaCFOP& faixa,

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "data/Consultas.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 
 namespace tarvo {
 

@@ -1,6 +1,6 @@
 #include "slip/RelatorioVELO.h"
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 
 namespace tarvo {

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "data/CodigosDeErros.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "databases/sqlite/Alfabeto.h"
 
 namespace tarvo::sqlite {

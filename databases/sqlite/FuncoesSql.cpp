@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "data/CodigosDeErros.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Celula.h"
 #include "databases/sqlite/Conexao.h"

@@ -1,6 +1,5 @@
 #include "host/commands/Mensagens.h"
 
-#include <new>
 #include <ostream>
 #include <string>
 
@@ -36,18 +35,6 @@ constexpr Conselho Conselhos[] = {
 };
 
 }  // namespace
-
-Erro ErroCorrente() {
-    try {
-        throw;
-    } catch (const Erro& erro) {
-        return erro;
-    } catch (const std::bad_alloc&) {
-        return {NumeroErro::MemoriaInsuficiente, "Memória insuficiente."};
-    } catch (const std::exception& excecao) {
-        return {NumeroErro::ErroInterno, std::string("Erro interno: ") + excecao.what()};
-    }
-}
 
 void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto) {
     erros << "erro " << static_cast<int>(erro.Numero()) << ": " << contexto

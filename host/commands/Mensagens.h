@@ -18,10 +18,6 @@ enum Situacao : int {
     Incompreendido = 2,  // wrong usage
 };
 
-// The exception that is being handled, as an Erro: 7 when memory is out, 51 for what is none of
-// ours.
-Erro ErroCorrente();
-
 // "erro NÚMERO: descrição". contexto, when not empty, comes before the description ("relatório
 // 10").
 void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "");

@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "output/png/CodificadorPNG.h"
 #include "system/files/Arquivos.h"
 
@@ -113,9 +114,7 @@ void RemoverPaginasAlem(const fs::path& pasta, std::string_view nome, std::size_
 }  // namespace
 
 std::string NomeDaPaginaPNG(std::string_view nome, std::size_t pagina) {
-    std::string numero = std::to_string(pagina);
-    numero.insert(0, numero.size() < 3 ? 3 - numero.size() : 0, '0');
-    return std::string(nome) + "-" + numero + ".png";
+    return std::string(nome) + "-" + ComZeros(static_cast<std::int64_t>(pagina), 3) + ".png";
 }
 
 std::vector<ArquivoGravado> GravarPNG(std::string_view pdf, const fs::path& pasta,

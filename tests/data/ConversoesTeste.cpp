@@ -1,5 +1,5 @@
 #include "data/Consultas.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "tests/support/Apoio.h"
 
 namespace tarvo {
@@ -73,6 +73,17 @@ TEST(Datas, TextIsDayMonthYearWithAWindowForTwoDigitYears) {
     for (const char* texto : {"", "20/", "29/02/2003", "31/04/2003", "20/13/2003", "20/1/203",
                               "2003-01-20", "20/01/2003x", "20/01/2003 25:00", "20/1/2003/4"}) {
         EXPECT_EQ(NumeroDe([&] { Data::DeTexto(texto); }), NumeroErro::TipoIncompativel) << texto;
+    }
+}
+
+TEST(Datas, AMonthAndYearIsReadAsHandsWriteIt) {
+    for (const char* texto : {"7/2003", "07/2003", "7/03", "07/03"}) {
+        EXPECT_EQ(Data::DeMesAno(texto), Dia(2003, 7, 1)) << texto;
+    }
+    EXPECT_EQ(Data::DeMesAno("12/30"), Dia(1930, 12, 1));
+    for (const char* texto : {"", "7", "7/", "/2003", "0/2003", "13/2003", "007/2003", "7/203",
+                              "7/20034", "07/0099", "-7/2003", " 7/2003", "7/2003 ", "1/7/2003"}) {
+        EXPECT_FALSE(Data::DeMesAno(texto).has_value()) << texto;
     }
 }
 

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "output/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoOpProp.h"
 #include "reports/RelatorioApuracaoSubTrib.h"

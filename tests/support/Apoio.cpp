@@ -8,7 +8,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "output/json/DocumentoJSON.h"
 
 namespace tarvo::apoio {

@@ -7,16 +7,11 @@
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 
 namespace tarvo::pdf {
 
 namespace {
-
-std::string Digitos(int valor, std::size_t quantos) {
-    std::string texto = std::to_string(valor);
-    texto.insert(0, texto.size() < quantos ? quantos - texto.size() : 0, '0');
-    return texto;
-}
 
 std::optional<std::time_t> MomentoFixado() {
     const char* const texto = std::getenv("SOURCE_DATE_EPOCH");
@@ -37,8 +32,8 @@ std::optional<std::time_t> MomentoFixado() {
 
 std::string Deslocamento(int minutos, const char* separador) {
     const int absoluto = std::abs(minutos);
-    return (minutos < 0 ? "-" : "+") + Digitos(absoluto / 60, 2) + separador +
-           Digitos(absoluto % 60, 2);
+    return (minutos < 0 ? "-" : "+") + ComZeros(absoluto / 60, 2) + separador +
+           ComZeros(absoluto % 60, 2);
 }
 
 }  // namespace
@@ -57,15 +52,15 @@ Momento Momento::Agora() {
 }
 
 std::string Momento::FormatoPDF() const {
-    return "D:" + Digitos(civil.ano, 4) + Digitos(civil.mes, 2) + Digitos(civil.dia, 2) +
-           Digitos(civil.hora, 2) + Digitos(civil.minuto, 2) + Digitos(civil.segundo, 2) +
+    return "D:" + ComZeros(civil.ano, 4) + ComZeros(civil.mes, 2) + ComZeros(civil.dia, 2) +
+           ComZeros(civil.hora, 2) + ComZeros(civil.minuto, 2) + ComZeros(civil.segundo, 2) +
            Deslocamento(deslocamento, "'") + "'";
 }
 
 std::string Momento::FormatoXMP() const {
-    return Digitos(civil.ano, 4) + "-" + Digitos(civil.mes, 2) + "-" + Digitos(civil.dia, 2) + "T" +
-           Digitos(civil.hora, 2) + ":" + Digitos(civil.minuto, 2) + ":" +
-           Digitos(civil.segundo, 2) + Deslocamento(deslocamento, ":");
+    return ComZeros(civil.ano, 4) + "-" + ComZeros(civil.mes, 2) + "-" + ComZeros(civil.dia, 2) +
+           "T" + ComZeros(civil.hora, 2) + ":" + ComZeros(civil.minuto, 2) + ":" +
+           ComZeros(civil.segundo, 2) + Deslocamento(deslocamento, ":");
 }
 
 }  // namespace tarvo::pdf

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "tests/support/Apoio.h"
 
 namespace tarvo {

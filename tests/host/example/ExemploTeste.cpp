@@ -4,7 +4,7 @@
 #include <map>
 
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "dispatch/Catalogo.h"
 #include "tests/support/Apoio.h"
 

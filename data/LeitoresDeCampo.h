@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include "data/BancoDados.h"
 #include "data/Publico.h"
 #include "data/Valor.h"
 
@@ -22,9 +21,5 @@ TARVO_PUBLICO Moeda MoedaCampo(const Valor& valor);
 TARVO_PUBLICO Data DataCampo(const Valor& valor);
 // Zero is False, any other number True.
 TARVO_PUBLICO bool BooleanoCampo(const Valor& valor);
-
-// The heading of a group of MIDAX codes: the heading of the first code that begins with codigo,
-// without its final full stop; "" when there is none.
-TARVO_PUBLICO std::string CabecalhoCodigoMIDAX(BancoDados& BancoDados, const std::string& codigo);
 
 }  // namespace tarvo

@@ -1,4 +1,4 @@
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 
 #include <array>
 #include <charconv>
@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "data/CodigosDeErros.h"
-#include "data/Consultas.h"
 #include "data/Formatos.h"
+#include "data/Textos.h"
 
 namespace tarvo {
 
@@ -37,8 +37,7 @@ std::string TextoDeMoeda(Moeda valor) {
     if (unidades < 0 && unidades > -Moeda::Escala) {
         texto = "-0";
     }
-    std::string decimais = std::to_string(std::abs(unidades % Moeda::Escala));
-    decimais.insert(0, 4 - decimais.size(), '0');
+    std::string decimais = ComZeros(std::abs(unidades % Moeda::Escala), 4);
     decimais.erase(decimais.find_last_not_of('0') + 1);
     return decimais.empty() ? texto : texto + "," + decimais;
 }
@@ -155,18 +154,6 @@ bool BooleanoCampo(const Valor& valor) {
                           [](const std::string& v) { return BooleanoDeTexto(v); },
                       },
                       valor);
-}
-
-std::string CabecalhoCodigoMIDAX(BancoDados& BancoDados, const std::string& codigo) {
-    const auto codigos = BancoDados.OpenRecordset(
-        "select Cabeçalho from tblCódigosMIDAX where Left(tblCódigosMIDAX.Código, 1) = " +
-            TextoSql(codigo),
-        TipoRecordset::ForwardOnly);
-    std::string cabecalho = codigos->EOF_() ? "" : TextoCampo(codigos->Fields(0));
-    if (cabecalho.ends_with('.')) {
-        cabecalho.pop_back();
-    }
-    return cabecalho;
 }
 
 }  // namespace tarvo

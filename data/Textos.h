@@ -1,0 +1,55 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// Small operations on texts that every room needs. Digits are those of ASCII, whatever the locale.
+namespace tarvo {
+
+constexpr bool EhDigito(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// True for the empty text too.
+constexpr bool SoDigitos(std::string_view texto) {
+    return std::all_of(texto.begin(), texto.end(), EhDigito);
+}
+
+// At least that many digits: ComZeros(7, 2) is "07". For numbers from 0 on.
+inline std::string ComZeros(std::int64_t valor, std::size_t digitos) {
+    std::string texto = std::to_string(valor);
+    texto.insert(0, digitos - std::min(digitos, texto.size()), '0');
+    return texto;
+}
+
+// Without the blanks at both ends.
+constexpr std::string_view SemBrancos(std::string_view texto) {
+    texto.remove_prefix(std::min(texto.find_first_not_of(' '), texto.size()));
+    return texto.substr(0, texto.find_last_not_of(' ') + 1);
+}
+
+// Whether the byte continues a character of UTF-8, where every other byte begins one.
+constexpr bool ContinuaCaractere(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+// How many characters a UTF-8 text has.
+constexpr std::size_t Caracteres(std::string_view texto) {
+    return static_cast<std::size_t>(
+        std::count_if(texto.begin(), texto.end(), [](char c) { return !ContinuaCaractere(c); }));
+}
+
+// The longest beginning of a UTF-8 text in whole characters that has at most that many bytes.
+constexpr std::string_view InicioInteiro(std::string_view texto, std::size_t bytes) {
+    if (texto.size() <= bytes) {
+        return texto;
+    }
+    while (bytes > 0 && ContinuaCaractere(texto[bytes])) {
+        --bytes;
+    }
+    return texto.substr(0, bytes);
+}
+
+}  // namespace tarvo
