@@ -1,15 +1,17 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string_view>
 
+#include "data/Acompanhante.h"
 #include "data/Publico.h"
 #include "data/Valor.h"
 
 // The declaration database as the library sees it: the operations that the reports use and no
 // others. An engine implements these classes; the host owns the open database and keeps it open
-// while a report is built. Queries are in the desktop engine's dialect (see platform/sqlite).
+// while a report is built. Queries are in the desktop engine's dialect (see databases/sqlite).
 //
 // Threads: a database and its recordsets belong to one thread at a time.
 namespace tarvo {
@@ -104,6 +106,38 @@ class TARVO_PUBLICO BancoDados {
     // nome is empty: the query is temporary and stored nowhere.
     virtual std::unique_ptr<QueryDef> CreateQueryDef(std::string_view nome,
                                                      std::string_view consulta) = 0;
+
+    // Runs refazer, which empties a work table, refills it and reads it back, as one step: no other
+    // build comes between. Waits for its turn; error 3260 when that takes too long. What refazer
+    // throws is thrown again, and the lines up to there stay in the table, unless the database
+    // itself failed (a full disk, a damaged page), which leaves the lines of the build before.
+    // An engine that does not override it lets builds of several processes mix their lines.
+    virtual void RefazerTabela(std::string_view /*tabela*/, const std::function<void()>& refazer) {
+        refazer();
+    }
+
+    // Who is asked from now on whether to go on, nullptr for nobody; returns who was asked before.
+    // An engine that does not override it runs every query to its end.
+    virtual Acompanhante* Acompanhar(Acompanhante* /*quem*/) { return nullptr; }
+};
+
+// Has a database ask quem for the lifetime of this object, or whom it asked before for nullptr.
+class TARVO_PUBLICO Acompanhamento {
+  public:
+    Acompanhamento(BancoDados& banco, Acompanhante* quem)
+        : banco_(quem == nullptr ? nullptr : &banco),
+          anterior_(quem == nullptr ? nullptr : banco.Acompanhar(quem)) {}
+    ~Acompanhamento() {
+        if (banco_ != nullptr) {
+            banco_->Acompanhar(anterior_);
+        }
+    }
+    Acompanhamento(const Acompanhamento&) = delete;
+    Acompanhamento& operator=(const Acompanhamento&) = delete;
+
+  private:
+    BancoDados* banco_;
+    Acompanhante* anterior_;
 };
 
 }  // namespace tarvo

@@ -14,11 +14,30 @@ constexpr qint64 Intervalo = 50;    // ms between two looks at the user's action
 }  // namespace
 
 bool AndamentoQt::PaginaConcluida(std::size_t paginas) {
-    if (paginas <= 1 || !tempo_.isValid()) {
+    if (paginas <= 1) {
         Concluir();
+    }
+    return Perguntar(u"%L1 páginas prontas…"_s.arg(paginas));
+}
+
+bool AndamentoQt::Continuar(std::chrono::milliseconds aguardando) {
+    return Perguntar(aguardando.count() > 0 ? u"Aguardando outro programa que usa o banco…"_s
+                                            : u"Lendo o banco…"_s);
+}
+
+void AndamentoQt::Concluir() {
+    dialogo_.reset();
+    tempo_.invalidate();
+}
+
+// Looks at the user's actions, once the work has lasted long enough.
+bool AndamentoQt::Perguntar(const QString& situacao) {
+    // After a silence, as while the user looks at another window, the patience begins anew.
+    if (!tempo_.isValid() || (dialogo_ == nullptr && ultimaPergunta_.hasExpired(Paciencia))) {
         tempo_.start();
         ultimaPausa_ = 0;
     }
+    ultimaPergunta_.start();
     const auto decorrido = tempo_.elapsed();
     if (decorrido < Paciencia || decorrido < ultimaPausa_ + Intervalo) {
         return true;
@@ -35,13 +54,12 @@ bool AndamentoQt::PaginaConcluida(std::size_t paginas) {
         dialogo_->setMinimumDuration(0);
         dialogo_->show();
     }
-    dialogo_->setLabelText(u"%L1 páginas prontas…"_s.arg(paginas));
+    dialogo_->setLabelText(situacao);
     QApplication::processEvents();
     ultimaPausa_ = tempo_.elapsed();
     const bool continuar = !dialogo_->wasCanceled();
     if (!continuar) {
         Concluir();
-        tempo_.invalidate();
     }
     return continuar;
 }

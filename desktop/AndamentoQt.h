@@ -13,11 +13,15 @@ namespace tarvo {
 class AndamentoQt final : public Andamento {
   public:
     bool PaginaConcluida(std::size_t paginas) override;
+    bool Continuar(std::chrono::milliseconds aguardando) override;
     // The build is over: takes the window away.
-    void Concluir() { dialogo_.reset(); }
+    void Concluir();
 
   private:
+    bool Perguntar(const QString& situacao);
+
     QElapsedTimer tempo_;
+    QElapsedTimer ultimaPergunta_;
     qint64 ultimaPausa_ = 0;  // ms
     std::unique_ptr<QProgressDialog> dialogo_;
 };

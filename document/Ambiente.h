@@ -1,9 +1,12 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "data/Acompanhante.h"
 #include "data/Publico.h"
 
 // What a host hands to the library once: the pieces of the user's desktop that documents and
@@ -41,12 +44,14 @@ class TARVO_PUBLICO Configuracoes {
                                           std::string_view padrao) const = 0;
 };
 
-// Told of each finished page while a document is built, so that a long build can show progress.
-class TARVO_PUBLICO Andamento {
+// Told of each finished page while a document is built, so that a long build can show progress, and
+// asked by the database while a query runs or waits for its turn.
+class TARVO_PUBLICO Andamento : public Acompanhante {
   public:
-    virtual ~Andamento() = default;
     // False cancels the build, which ends with error 18.
     virtual bool PaginaConcluida(std::size_t paginas) = 0;
+    // The same; never cancels unless overridden.
+    bool Continuar(std::chrono::milliseconds /*aguardando*/) override { return true; }
 };
 
 // All of them; the objects outlive every report object made with them.

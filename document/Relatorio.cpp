@@ -15,6 +15,12 @@ void Relatorio::IniciarDocumento() {
     documento_.DefinirMargens(m.esquerda, m.direita, m.superior, m.inferior);
 }
 
+void RelatorioDeclaracao::Construir(BancoDados& banco, const std::string& IE,
+                                    std::int32_t NumeroDRQ) {
+    const Acompanhamento acompanhamento(banco, AmbienteDoRelatorio().andamento);
+    Desenhar(banco, IE, NumeroDRQ);
+}
+
 void RelatorioDeclaracao::Imprimir() {
     bool perguntar = false;
     Desenho().Imprimir(perguntar);

@@ -60,15 +60,18 @@ class TARVO_PUBLICO RelatorioDeclaracao : public Relatorio {
 
     // Reads the declaration from the open database and draws the whole document anew. A missing
     // taxpayer or declaration gives a document of one empty page, unless the class says otherwise.
-    // Database and conversion errors reach the caller.
-    virtual void Construir(BancoDados& BancoDados, const std::string& IE,
-                           std::int32_t NumeroDRQ) = 0;
+    // Database and conversion errors reach the caller; error 18 when the environment's Andamento
+    // cancels, be it between two pages or in the middle of a query.
+    void Construir(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ);
 
     // Prints at once on the chosen or the user's default printer.
     void Imprimir();
 
   protected:
     using Relatorio::Relatorio;
+
+  private:
+    virtual void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) = 0;
 };
 
 }  // namespace tarvo

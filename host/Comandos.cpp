@@ -9,6 +9,7 @@
 #include "host/commands/Argumentos.h"
 #include "host/commands/Declaracoes.h"
 #include "host/commands/Impressao.h"
+#include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/Preparo.h"
 #include "host/commands/ProgramaDeJanelas.h"
@@ -32,7 +33,10 @@ void EscreverDeclaracao(std::ostream& saida, const Declaracao& d) {
 }
 
 int Listar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
+    const CapturaDeInterrupcao captura;
+    CancelaSeInterrompido andamento(&erros);
     const auto banco = BancoSQLite::Abrir(a.banco, {.modo = ModoAbertura::SomenteLeitura});
+    const Acompanhamento acompanhamento(*banco, &andamento);
     const auto contribuintes = LerContribuintes(*banco);
     std::map<std::optional<std::string>, std::vector<Declaracao>> declaracoes;
     for (auto& declaracao : LerDeclaracoes(*banco)) {

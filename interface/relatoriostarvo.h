@@ -60,8 +60,8 @@ typedef uint64_t tarvo_memoria;
 enum tarvo_opcoes {
     /** Nothing may be written: reports that refill a work table in the database are error 3027. */
     TARVO_SOMENTE_LEITURA = 1,
-    /** The work tables are this connection's own and temporary: the file is never written, and
-     *  several connections may build the same report at the same time. */
+    /** The work tables are this connection's own and temporary: the file is never written, and no
+     *  build waits for another's. */
     TARVO_TABELAS_PRIVADAS = 2
 };
 
@@ -114,7 +114,8 @@ TARVO_API int32_t tarvo_executar(tarvo_objeto objeto, tarvo_banco banco, const c
 /**
  * Builds the report of a declaration, in place of what the object held. A taxpayer or declaration
  * that does not exist gives a document of one empty page. After an error the object holds what was
- * drawn so far. The database is used during the call only.
+ * drawn so far. The database is used during the call only. Where other programs or threads build
+ * with the same work table, the call waits for its turn, up to a minute.
  *
  * Errors: 450 for RelatorioCadastro and RelatorioVELO, which take other arguments; 438 for
  * Relatorios; database errors (3061, 3078, 3260, 3027 and others), conversion errors (13, 94, 6,

@@ -53,20 +53,16 @@ RelatorioCadastro::RelatorioCadastro(const Ambiente& ambiente)
 
 RelatorioCadastro::~RelatorioCadastro() = default;
 
-void RelatorioCadastro::Construir(BancoDados& BancoDados, const std::string& IE) {
+void RelatorioCadastro::Desenhar(BancoDados& banco, const std::string& IE,
+                                 std::int32_t /*NumeroDRQ*/) {
     const auto contribuinte =
-        BancoDados.OpenRecordset(ConsultaContribuinte(IE), TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaContribuinte(IE), TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (!contribuinte->EOF_()) {
         ImprimirTopo(Desenho(), Cabecalho, 0, 0, nullptr);
         ImprimirCadastro(*contribuinte, 0, 4.2);
         ImprimirRodape(Desenho(), 0, YRodape);
     }
-}
-
-void RelatorioCadastro::Construir(BancoDados& BancoDados, const std::string& IE,
-                                  std::int32_t /*NumeroDRQ*/) {
-    Construir(BancoDados, IE);
 }
 
 void RelatorioCadastro::ImprimirCadastro(Recordset& contribuinte, double x, double y) {

@@ -14,11 +14,12 @@ class TARVO_PUBLICO RelatorioCadastro final : public RelatorioDeclaracao {
     explicit RelatorioCadastro(const Ambiente& ambiente = {});
     ~RelatorioCadastro() override;
 
-    void Construir(BancoDados& BancoDados, const std::string& IE);
+    using RelatorioDeclaracao::Construir;
     // The declaration plays no part.
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
+    void Construir(BancoDados& banco, const std::string& IE) { Construir(banco, IE, 0); }
 
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirCadastro(Recordset& contribuinte, double x, double y);
 };
 

@@ -7,16 +7,17 @@
 
 namespace tarvo {
 
-void RelatorioDeTabela::Construir(BancoDados& BancoDados, const std::string& IE,
-                                  std::int32_t NumeroDRQ) {
-    Montar(BancoDados, NumeroDRQ);
-    const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto linhas = TabelaDeTrabalho::Ler(BancoDados, formato_.tabela, NumeroDRQ);
-    IniciarDocumento();
-    if (!identificacao->EOF_()) {
-        ImprimirPaginas(*linhas, *identificacao);
-    }
+void RelatorioDeTabela::Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) {
+    banco.RefazerTabela(formato_.tabela, [&] {
+        Montar(banco, NumeroDRQ);
+        const auto identificacao =
+            banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+        const auto linhas = TabelaDeTrabalho::Ler(banco, formato_.tabela, NumeroDRQ);
+        IniciarDocumento();
+        if (!identificacao->EOF_()) {
+            ImprimirPaginas(*linhas, *identificacao);
+        }
+    });
 }
 
 void RelatorioDeTabela::ImprimirPaginas(Recordset& linhas, Recordset& identificacao) {

@@ -11,12 +11,9 @@ namespace tarvo {
 struct FormatoDeTabela;
 
 // A report in two phases: it computes its printed lines into a work table of its own, and then
-// prints that table's rows page by page. The work table is refilled even when there is no such
-// taxpayer and the document stays empty; it belongs to one build at a time.
+// prints that table's rows page by page, both as one step that no other build enters. The work
+// table is refilled even when there is no such taxpayer and the document stays empty.
 class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeclaracao {
-  public:
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) final;
-
   protected:
     static constexpr double AlturaLinha = 0.6;  // cm
 
@@ -32,6 +29,7 @@ class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeclaracao {
     virtual void ImprimirLinha(Recordset& linha, Recordset& identificacao, double y) = 0;
 
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) final;
     void ImprimirPaginas(Recordset& linhas, Recordset& identificacao);
 
     const FormatoDeTabela& formato_;

@@ -201,12 +201,12 @@ RelatorioDetSubitens::RelatorioDetSubitens(const DescricaoDetSubitens& descricao
                                            const Ambiente& ambiente)
     : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
 
-void RelatorioDetSubitens::Construir(BancoDados& BancoDados, const std::string& IE,
-                                     std::int32_t NumeroDRQ) {
+void RelatorioDetSubitens::Desenhar(BancoDados& banco, const std::string& IE,
+                                    std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto entradas = BancoDados.OpenRecordset(ConsultaEntradas(descricao_, NumeroDRQ),
-                                                   TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto entradas =
+        banco.OpenRecordset(ConsultaEntradas(descricao_, NumeroDRQ), TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (identificacao->EOF_()) {
         return;
@@ -224,9 +224,9 @@ void RelatorioDetSubitens::Construir(BancoDados& BancoDados, const std::string& 
         ImprimirSubitem(paginas.Bloco(LimiteSubitem, AlturaSubitem), subitem,
                         TextoCampo(entradas->Fields("Ocorrência")),
                         TextoCampo(entradas->Fields("FLegal")));
-        const auto linhas = BancoDados.OpenRecordset(
-            ConsultaLinhas(descricao_, LongCampo(entradas->Fields("Código"))),
-            TipoRecordset::ForwardOnly);
+        const auto linhas =
+            banco.OpenRecordset(ConsultaLinhas(descricao_, LongCampo(entradas->Fields("Código"))),
+                                TipoRecordset::ForwardOnly);
         for (; !linhas->EOF_(); linhas->MoveNext()) {
             ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), subitem, *linhas);
         }

@@ -13,13 +13,11 @@ struct DescricaoDetSubitens;
 // supporting rows and its declared value, and the total of the declared values: the one design of
 // five entries of the selection list.
 class RelatorioDetSubitens : public RelatorioDeclaracao {
-  public:
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
-
   protected:
     RelatorioDetSubitens(const DescricaoDetSubitens& descricao, const Ambiente& ambiente);
 
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirSubitem(double y, std::string_view subitem, std::string_view ocorrencia,
                          std::string_view fundamento);
     void ImprimirLinha(double y, std::string_view subitem, Recordset& linha);

@@ -185,12 +185,12 @@ RelatorioInterestad::RelatorioInterestad(const DescricaoInterestad& descricao,
                                          const Ambiente& ambiente)
     : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
 
-void RelatorioInterestad::Construir(BancoDados& BancoDados, const std::string& IE,
-                                    std::int32_t NumeroDRQ) {
+void RelatorioInterestad::Desenhar(BancoDados& banco, const std::string& IE,
+                                   std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto estados = BancoDados.OpenRecordset(ConsultaEstados(descricao_, NumeroDRQ),
-                                                  TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto estados =
+        banco.OpenRecordset(ConsultaEstados(descricao_, NumeroDRQ), TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (identificacao->EOF_()) {
         return;

@@ -13,13 +13,12 @@ struct DescricaoInterestad;
 // The interstate operations of a declaration summed per state, in the order of the states' names,
 // with a total row: the one design of entries 04 and 05. From 2002 on with the tax column.
 class TARVO_PUBLICO RelatorioInterestad : public RelatorioDeclaracao {
-  public:
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
-
   protected:
     RelatorioInterestad(const DescricaoInterestad& descricao, const Ambiente& ambiente);
 
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+
     const DescricaoInterestad& descricao_;
 };
 

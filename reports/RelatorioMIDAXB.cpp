@@ -108,17 +108,17 @@ RelatorioMIDAXBMunicipios::RelatorioMIDAXBMunicipios(const DescricaoMIDAXB& desc
                                                      const Ambiente& ambiente)
     : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
 
-void RelatorioMIDAXBMunicipios::Construir(BancoDados& BancoDados, const std::string& IE,
-                                          std::int32_t NumeroDRQ) {
+void RelatorioMIDAXBMunicipios::Desenhar(BancoDados& banco, const std::string& IE,
+                                         std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto entradas = BancoDados.OpenRecordset(ConsultaMunicipios(descricao_.grupo, NumeroDRQ),
-                                                   TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto entradas = banco.OpenRecordset(ConsultaMunicipios(descricao_.grupo, NumeroDRQ),
+                                              TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (identificacao->EOF_()) {
         return;
     }
-    const std::string cabecalho = CabecalhoCodigoMIDAX(BancoDados, descricao_.grupo);
+    const std::string cabecalho = CabecalhoCodigoMIDAX(banco, descricao_.grupo);
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalhoMIDAXB(Desenho(), descricao_, cabecalho, *identificacao);
     });
@@ -161,17 +161,17 @@ RelatorioMIDAXBCodigo2::RelatorioMIDAXBCodigo2(const Ambiente& ambiente)
 RelatorioMIDAXBCodigo3::RelatorioMIDAXBCodigo3(const Ambiente& ambiente)
     : RelatorioDeclaracao(Codigo3.identidade, ambiente) {}
 
-void RelatorioMIDAXBCodigo3::Construir(BancoDados& BancoDados, const std::string& IE,
-                                       std::int32_t NumeroDRQ) {
+void RelatorioMIDAXBCodigo3::Desenhar(BancoDados& banco, const std::string& IE,
+                                      std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto entradas = BancoDados.OpenRecordset(ConsultaCodigos(Codigo3.grupo, NumeroDRQ),
-                                                   TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto entradas =
+        banco.OpenRecordset(ConsultaCodigos(Codigo3.grupo, NumeroDRQ), TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (identificacao->EOF_()) {
         return;
     }
-    const std::string cabecalho = CabecalhoCodigoMIDAX(BancoDados, Codigo3.grupo);
+    const std::string cabecalho = CabecalhoCodigoMIDAX(banco, Codigo3.grupo);
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalhoMIDAXB(Desenho(), Codigo3, cabecalho, *identificacao);
     });

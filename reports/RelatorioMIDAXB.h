@@ -14,13 +14,11 @@ struct DescricaoMIDAXB;
 
 // Groups 1 and 2: the entries town by town, each town with its subtotal.
 class RelatorioMIDAXBMunicipios : public RelatorioDeclaracao {
-  public:
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
-
   protected:
     RelatorioMIDAXBMunicipios(const DescricaoMIDAXB& descricao, const Ambiente& ambiente);
 
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirLinha(double y, std::string_view municipio, Recordset& entrada);
     void ImprimirSoma(double y, std::string_view rotulo, Moeda soma);
 
@@ -42,9 +40,8 @@ class RelatorioMIDAXBCodigo3 final : public RelatorioDeclaracao {
   public:
     explicit RelatorioMIDAXBCodigo3(const Ambiente& ambiente = {});
 
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
-
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirBloco(double y, Recordset& entrada);
     void ImprimirTotal(double y, Moeda total);
 };

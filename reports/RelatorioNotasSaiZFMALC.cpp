@@ -90,12 +90,11 @@ RelatorioNotasSaiZFMALC::RelatorioNotasSaiZFMALC(const Ambiente& ambiente)
 
 RelatorioNotasSaiZFMALC::~RelatorioNotasSaiZFMALC() = default;
 
-void RelatorioNotasSaiZFMALC::Construir(BancoDados& BancoDados, const std::string& IE,
-                                        std::int32_t NumeroDRQ) {
+void RelatorioNotasSaiZFMALC::Desenhar(BancoDados& banco, const std::string& IE,
+                                       std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto grupos =
-        BancoDados.OpenRecordset(ConsultaGrupos(NumeroDRQ), TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto grupos = banco.OpenRecordset(ConsultaGrupos(NumeroDRQ), TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (identificacao->EOF_()) {
         return;
@@ -110,7 +109,7 @@ void RelatorioNotasSaiZFMALC::Construir(BancoDados& BancoDados, const std::strin
         const std::string CFOP = TextoCampo(grupos->Fields("CFOP"));
         ImprimirTitulosGrupo(paginas.Bloco(LimiteGrupo, AlturaGrupo), CFOP);
         const auto notas =
-            BancoDados.OpenRecordset(ConsultaNotas(NumeroDRQ, CFOP), TipoRecordset::ForwardOnly);
+            banco.OpenRecordset(ConsultaNotas(NumeroDRQ, CFOP), TipoRecordset::ForwardOnly);
         Moeda subtotal;
         for (; !notas->EOF_(); notas->MoveNext()) {
             ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaCelula), *notas);

@@ -15,9 +15,8 @@ class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeclaracao {
     explicit RelatorioNotasSaiZFMALC(const Ambiente& ambiente = {});
     ~RelatorioNotasSaiZFMALC() override;
 
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
-
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirTitulosGrupo(double y, std::string_view CFOP);
     void ImprimirLinha(double y, Recordset& nota);
     void ImprimirSubtotal(double y, Moeda subtotal);

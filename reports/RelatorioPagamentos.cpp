@@ -53,11 +53,11 @@ RelatorioPagamentos::RelatorioPagamentos(const Ambiente& ambiente)
 
 RelatorioPagamentos::~RelatorioPagamentos() = default;
 
-void RelatorioPagamentos::Construir(BancoDados& BancoDados, const std::string& IE,
-                                    std::int32_t NumeroDRQ) {
+void RelatorioPagamentos::Desenhar(BancoDados& banco, const std::string& IE,
+                                   std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto pagamentos = BancoDados.OpenRecordset(
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto pagamentos = banco.OpenRecordset(
         ConsultaDaDeclaracao("tblPagamento", NumeroDRQ) + " order by opPróprias, data",
         TipoRecordset::ForwardOnly);
     IniciarDocumento();

@@ -9,20 +9,19 @@
 namespace tarvo {
 
 // The payments of a declaration in two groups, own operations and substitution tax, each with its
-// total: entry 17 of the selection list.
+// total: entry 17 of the selection list. A payment without an amount ends with error 94, after its
+// line is drawn.
 class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeclaracao {
   public:
     explicit RelatorioPagamentos(const Ambiente& ambiente = {});
     ~RelatorioPagamentos() override;
-
-    // A payment without an amount ends with error 94, after its line is drawn.
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
 
     // Draws a group's total line with its top-left corner at (x, y), cm, on the current page.
     // Error 6 when totOp is outside the range of Moeda.
     void AdicionarTotalOP(double x, double y, double totOp);
 
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirTitulosGrupo(double y, int grupo);
     void ImprimirLinha(double y, Recordset& pagamento);
 };

@@ -29,11 +29,11 @@ RelatorioRegExportacao::RelatorioRegExportacao(const Ambiente& ambiente)
 
 RelatorioRegExportacao::~RelatorioRegExportacao() = default;
 
-void RelatorioRegExportacao::Construir(BancoDados& BancoDados, const std::string& IE,
-                                       std::int32_t NumeroDRQ) {
+void RelatorioRegExportacao::Desenhar(BancoDados& banco, const std::string& IE,
+                                      std::int32_t NumeroDRQ) {
     const auto identificacao =
-        BancoDados.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto registros = BancoDados.OpenRecordset(
+        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
+    const auto registros = banco.OpenRecordset(
         ConsultaDaDeclaracao("tblRegistroExportação", NumeroDRQ) + " order by RE",
         TipoRecordset::ForwardOnly);
     IniciarDocumento();

@@ -15,9 +15,8 @@ class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeclaracao {
     explicit RelatorioRegExportacao(const Ambiente& ambiente = {});
     ~RelatorioRegExportacao() override;
 
-    void Construir(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ) override;
-
   private:
+    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
     void ImprimirPagina(Recordset& identificacao, Recordset& registros);
 };
 

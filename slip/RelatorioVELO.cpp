@@ -248,9 +248,9 @@ RelatorioVELO::RelatorioVELO(const Ambiente& ambiente) : Relatorio(VELO, ambient
 
 RelatorioVELO::~RelatorioVELO() = default;
 
-void RelatorioVELO::Construir(BancoDados& BancoDados) {
-    const auto dados =
-        BancoDados.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
+void RelatorioVELO::Construir(BancoDados& banco) {
+    const Acompanhamento acompanhamento(banco, AmbienteDoRelatorio().andamento);
+    const auto dados = banco.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (!dados->EOF_()) {
         Guia(Desenho(), *dados, 0, YViaContribuinte).Imprimir("VIA CONTRIBUINTE");

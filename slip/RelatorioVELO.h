@@ -13,7 +13,7 @@ class TARVO_PUBLICO RelatorioVELO final : public Relatorio {
     explicit RelatorioVELO(const Ambiente& ambiente = {});
     ~RelatorioVELO() override;
 
-    void Construir(BancoDados& BancoDados);
+    void Construir(BancoDados& banco);
 };
 
 }  // namespace tarvo

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "data/CodigosDeErros.h"
 
@@ -16,8 +17,6 @@ namespace tarvo::sqlite {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int EsperaPorBloqueioMs = 2000;
 
 [[noreturn]] void Lancar(NumeroErro numero, const fs::path& arquivo, std::string_view problema) {
     throw Erro(numero, "\"" + arquivo.string() + "\": " + std::string(problema) + ".");
@@ -75,6 +74,30 @@ std::string Uri(const fs::path& arquivo) {
     return uri;
 }
 
+// The file may come from anybody: nothing in its schema runs by itself or reaches beyond it, and a
+// page is looked at before it is believed.
+void Desconfiar(Conexao& conexao) {
+    constexpr std::pair<int, int> Chaves[] = {
+        {SQLITE_DBCONFIG_DEFENSIVE, 1},
+        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+        {SQLITE_DBCONFIG_ENABLE_FKEY, 0},
+    };
+    constexpr std::pair<int, int> Limites[] = {
+        {SQLITE_LIMIT_LENGTH, 1 << 26},  // bytes of a value or row
+        {SQLITE_LIMIT_SQL_LENGTH, 1 << 24},  {SQLITE_LIMIT_VDBE_OP, 1 << 22},
+        {SQLITE_LIMIT_COMPOUND_SELECT, 100}, {SQLITE_LIMIT_ATTACHED, 0},
+        {SQLITE_LIMIT_TRIGGER_DEPTH, 1},     {SQLITE_LIMIT_WORKER_THREADS, 0},
+    };
+    for (const auto& [chave, valor] : Chaves) {
+        conexao.Conferir(sqlite3_db_config(conexao.Db(), chave, valor, nullptr));
+    }
+    for (const auto& [limite, valor] : Limites) {
+        sqlite3_limit(conexao.Db(), limite, valor);
+    }
+    conexao.Executar("PRAGMA cell_size_check = ON");
+}
+
 }  // namespace
 
 std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo) {
@@ -92,12 +115,12 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
                             (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE),
                         nullptr);
     std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
+    if (estado != SQLITE_OK) {
+        LancarErroSQLite(db, estado);
+    }
     auto conexao = std::make_shared<Conexao>(db, Conexao::Posse::Propria);
     static_cast<void>(semDono.release());
-    if (estado != SQLITE_OK) {
-        LancarErroSQLite(db);
-    }
-    sqlite3_busy_timeout(db, EsperaPorBloqueioMs);
+    Desconfiar(*conexao);
     conexao->Executar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_master");
     if (wal) {
         conexao->Executar("PRAGMA synchronous = NORMAL");

@@ -6,11 +6,11 @@
 #include "databases/sqlite/Abertura.h"
 #include "databases/sqlite/Conexao.h"
 #include "databases/sqlite/Esquema.h"
-#include "databases/sqlite/FuncoesSql.h"
 #include "databases/sqlite/Gramatica.h"
 #include "databases/sqlite/RecordsetSQLite.h"
 #include "databases/sqlite/Tabelas.h"
 #include "databases/sqlite/Tradutor.h"
+#include "databases/sqlite/Transacao.h"
 
 namespace tarvo {
 
@@ -18,10 +18,16 @@ namespace {
 
 using namespace sqlite;
 
-class Comandada final : public QueryDef {
+// Errors after which what was written cannot be relied on.
+bool EhDoArmazenamento(NumeroErro numero) {
+    return numero == NumeroErro::DiscoCheio || numero == NumeroErro::ErroDispositivo ||
+           numero == NumeroErro::BancoIrreconhecivel || numero == NumeroErro::BancoOcupado;
+}
+
+class ConsultaDeExclusao final : public QueryDef {
   public:
-    Comandada(std::shared_ptr<Conexao> conexao, std::shared_ptr<Esquema> esquema,
-              std::string_view consulta)
+    ConsultaDeExclusao(std::shared_ptr<Conexao> conexao, std::shared_ptr<Esquema> esquema,
+                       std::string_view consulta)
         : conexao_(std::move(conexao)),
           esquema_(std::move(esquema)),
           consulta_(consulta),
@@ -49,7 +55,6 @@ class Banco final : public BancoSQLite {
   public:
     Banco(std::shared_ptr<Conexao> conexao, TabelasDeTrabalho tabelasDeTrabalho)
         : conexao_(std::move(conexao)), esquema_(std::make_shared<Esquema>(conexao_)) {
-        RegistrarFuncoes(conexao_->Db());
         if (tabelasDeTrabalho == TabelasDeTrabalho::Privadas) {
             for (const DefinicaoTabela& tabela : TabelasRefeitas()) {
                 conexao_->CriarTemporaria(std::string(tabela.nome), std::string(tabela.colunas));
@@ -74,19 +79,34 @@ class Banco final : public BancoSQLite {
         if (!nome.empty()) {
             throw Erro(NumeroErro::ChamadaInvalida, "Só há consultas temporárias, sem nome.");
         }
-        return std::make_unique<Comandada>(conexao_, esquema_, consulta);
+        return std::make_unique<ConsultaDeExclusao>(conexao_, esquema_, consulta);
     }
+
+    void RefazerTabela(std::string_view nome, const std::function<void()>& refazer) override {
+        const auto tabela = esquema_->Procurar(nome);
+        if (tabela == nullptr) {
+            return refazer();  // its first query says what is missing
+        }
+        conexao_->ExigirEscrita(tabela->esquema);
+        Transacao transacao(*conexao_, *tabela);
+        try {
+            refazer();
+        } catch (const Erro& erro) {
+            if (!EhDoArmazenamento(erro.Numero())) {
+                transacao.Confirmar();
+            }
+            throw;
+        }
+        transacao.Confirmar();
+    }
+
+    Acompanhante* Acompanhar(Acompanhante* quem) override { return conexao_->Acompanhar(quem); }
 
     void ExecutarScript(std::string_view sql) override {
         conexao_->ExigirEscrita("main");
-        conexao_->Executar("SAVEPOINT tarvo_script");
-        try {
-            conexao_->Executar(std::string(sql));
-            conexao_->Executar("RELEASE tarvo_script");
-        } catch (...) {
-            conexao_->Desfazer("tarvo_script");
-            throw;
-        }
+        Transacao transacao(*conexao_);
+        conexao_->Executar(std::string(sql));
+        transacao.Confirmar();
         esquema_->Esquecer();
     }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdio>
 #include <limits>
+#include <new>
 #include <string>
 
 #include "data/CodigosDeErros.h"
@@ -106,6 +107,14 @@ double LerDuplo(const Celula& celula, const Origem& origem) {
     LancarConversao(Mostrar(celula), TipoColuna::Duplo, origem);
 }
 
+// A text that SQLite hands out; it has none when converting it took more memory than there is.
+std::string_view Texto(const unsigned char* texto, int bytes) {
+    if (texto == nullptr) {
+        throw std::bad_alloc();
+    }
+    return {reinterpret_cast<const char*>(texto), static_cast<std::size_t>(bytes)};
+}
+
 TipoColuna TipoGuardado(const Celula& celula) {
     switch (celula.classe) {
         case SQLITE_INTEGER:
@@ -155,13 +164,10 @@ Celula LerCelula(sqlite3_stmt* instrucao, int coluna) {
         case SQLITE_FLOAT:
             celula.real = sqlite3_column_double(instrucao, coluna);
             break;
-        case SQLITE_TEXT: {
-            const auto* texto =
-                reinterpret_cast<const char*>(sqlite3_column_text(instrucao, coluna));
-            celula.texto = {texto,
-                            static_cast<std::size_t>(sqlite3_column_bytes(instrucao, coluna))};
+        case SQLITE_TEXT:
+            celula.texto = Texto(sqlite3_column_text(instrucao, coluna),
+                                 sqlite3_column_bytes(instrucao, coluna));
             break;
-        }
         default:
             break;
     }
@@ -177,11 +183,9 @@ Celula LerCelula(sqlite3_value* valor) {
         case SQLITE_FLOAT:
             celula.real = sqlite3_value_double(valor);
             break;
-        case SQLITE_TEXT: {
-            const auto* texto = reinterpret_cast<const char*>(sqlite3_value_text(valor));
-            celula.texto = {texto, static_cast<std::size_t>(sqlite3_value_bytes(valor))};
+        case SQLITE_TEXT:
+            celula.texto = Texto(sqlite3_value_text(valor), sqlite3_value_bytes(valor));
             break;
-        }
         default:
             break;
     }
@@ -235,26 +239,30 @@ Valor ConverterParaColuna(const Valor& valor, TipoColuna tipo, const Origem& ori
     }
 }
 
-void Vincular(sqlite3_stmt* instrucao, int parametro, const Valor& valor) {
+int Vincular(sqlite3_stmt* instrucao, int parametro, const Valor& valor) {
     const auto vincularTexto = [&](const std::string& texto) {
-        sqlite3_bind_text64(instrucao, parametro, texto.data(), texto.size(), SQLITE_TRANSIENT,
-                            SQLITE_UTF8);
+        return sqlite3_bind_text64(instrucao, parametro, texto.data(), texto.size(),
+                                   SQLITE_TRANSIENT, SQLITE_UTF8);
     };
     if (const auto* longo = std::get_if<std::int32_t>(&valor)) {
-        sqlite3_bind_int(instrucao, parametro, *longo);
-    } else if (const auto* duplo = std::get_if<double>(&valor)) {
-        sqlite3_bind_double(instrucao, parametro, *duplo);
-    } else if (const auto* moeda = std::get_if<Moeda>(&valor)) {
-        sqlite3_bind_int64(instrucao, parametro, moeda->DecimosMilesimos());
-    } else if (const auto* data = std::get_if<Data>(&valor)) {
-        vincularTexto(TextoIso(*data));
-    } else if (const auto* booleano = std::get_if<bool>(&valor)) {
-        sqlite3_bind_int(instrucao, parametro, *booleano ? -1 : 0);
-    } else if (const auto* texto = std::get_if<std::string>(&valor)) {
-        vincularTexto(*texto);
-    } else {
-        sqlite3_bind_null(instrucao, parametro);
+        return sqlite3_bind_int(instrucao, parametro, *longo);
     }
+    if (const auto* duplo = std::get_if<double>(&valor)) {
+        return sqlite3_bind_double(instrucao, parametro, *duplo);
+    }
+    if (const auto* moeda = std::get_if<Moeda>(&valor)) {
+        return sqlite3_bind_int64(instrucao, parametro, moeda->DecimosMilesimos());
+    }
+    if (const auto* data = std::get_if<Data>(&valor)) {
+        return vincularTexto(TextoIso(*data));
+    }
+    if (const auto* booleano = std::get_if<bool>(&valor)) {
+        return sqlite3_bind_int(instrucao, parametro, *booleano ? -1 : 0);
+    }
+    if (const auto* texto = std::get_if<std::string>(&valor)) {
+        return vincularTexto(*texto);
+    }
+    return sqlite3_bind_null(instrucao, parametro);
 }
 
 }  // namespace tarvo::sqlite

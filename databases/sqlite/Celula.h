@@ -49,7 +49,7 @@ Valor Converter(const Celula& celula, TipoColuna tipo, const Origem& origem);
 // stays Null. Error 3421 when it does not convert.
 Valor ConverterParaColuna(const Valor& valor, TipoColuna tipo, const Origem& origem);
 
-// Binds a value in the form in which its type is stored.
-void Vincular(sqlite3_stmt* instrucao, int parametro, const Valor& valor);
+// Binds a value in the form in which its type is stored; SQLite's result.
+[[nodiscard]] int Vincular(sqlite3_stmt* instrucao, int parametro, const Valor& valor);
 
 }  // namespace tarvo::sqlite

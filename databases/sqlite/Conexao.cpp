@@ -3,16 +3,15 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <charconv>
 #include <new>
+#include <utility>
 
 #include "data/CodigosDeErros.h"
+#include "databases/sqlite/FuncoesSql.h"
 
 namespace tarvo::sqlite {
 
 namespace {
-
-constexpr std::string_view MarcaDeErro = "tarvo#";
 
 struct ErroTraduzido {
     NumeroErro numero;
@@ -41,6 +40,8 @@ ErroTraduzido TraduzirCodigo(int codigo) {
             return {NumeroErro::PermissaoNegada, "Permissão negada no banco de dados", false};
         case SQLITE_IOERR:
             return {NumeroErro::ErroDispositivo, "Erro de leitura ou gravação", true};
+        case SQLITE_INTERRUPT:  // by a host, on its own connection
+            return {NumeroErro::Cancelado, "Operação cancelada", false};
         case SQLITE_ERROR:
             return {NumeroErro::ErroSintaxeConsulta, "Erro na consulta", true};
         default:
@@ -61,24 +62,21 @@ std::string NomeSql(std::string_view nome) {
     return sql + "\"";
 }
 
-std::string CodificarErro(int numero, std::string_view descricao) {
-    return std::string(MarcaDeErro) + std::to_string(numero) + " " + std::string(descricao);
-}
-
-void LancarErroSQLite(sqlite3* db) {
-    const int codigo = sqlite3_extended_errcode(db);
-    if ((codigo & 0xFF) == SQLITE_NOMEM) {
+void LancarErroSQLite(sqlite3* db, int resultado) {
+    if ((resultado & 0xFF) == SQLITE_NOMEM) {
         throw std::bad_alloc();
     }
-    const std::string mensagem = sqlite3_errmsg(db);
-    if (mensagem.starts_with(MarcaDeErro)) {
-        int numero = 0;
-        const char* fim = mensagem.data() + mensagem.size();
-        const auto lido = std::from_chars(mensagem.data() + MarcaDeErro.size(), fim, numero);
-        throw Erro(static_cast<NumeroErro>(numero), std::string(lido.ptr + 1, fim));
+    const ErroTraduzido erro = TraduzirCodigo(resultado & 0xFF);
+    throw Erro(erro.numero,
+               std::string(erro.descricao) +
+                   (erro.comDetalhe ? " (" + std::string(sqlite3_errmsg(db)) + ")." : "."));
+}
+
+Conexao::Conexao(sqlite3* db, Posse posse)
+    : db_(db), posse_(posse), erroDasFuncoes_(RegistrarFuncoes(db)) {
+    if (posse_ == Posse::Propria) {
+        vigilancia_.Instalar(db_);
     }
-    const ErroTraduzido erro = TraduzirCodigo(codigo & 0xFF);
-    throw Erro(erro.numero, erro.descricao + (erro.comDetalhe ? " (" + mensagem + ")." : "."));
 }
 
 void Conexao::Fechar() noexcept {
@@ -93,6 +91,7 @@ void Conexao::Fechar() noexcept {
 }
 
 Conexao::~Conexao() {
+    vigilancia_.Acompanhar(nullptr);
     if (posse_ == Posse::Propria) {
         Fechar();
         return;
@@ -103,15 +102,42 @@ Conexao::~Conexao() {
 }
 
 void Conexao::Executar(const std::string& sql) {
-    if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-        LancarErroSQLite(db_);
+    Comecar();
+    Conferir(sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr));
+}
+
+int Conexao::Tentar(const char* sql) noexcept {
+    vigilancia_.Esperar(false);
+    const int resultado = sqlite3_exec(db_, sql, nullptr, nullptr, nullptr);
+    vigilancia_.Esperar(true);
+    return resultado == SQLITE_OK ? resultado : sqlite3_extended_errcode(db_);
+}
+
+void Conexao::Comecar() noexcept {
+    erroDasFuncoes_.erro = nullptr;  // a statement of the host's may have left one
+}
+
+// What our own functions and the one who accompanies have said counts whatever SQLite makes of it:
+// a comparison, for one, cannot fail.
+void Conexao::Conferir(int resultado) {
+    if (erroDasFuncoes_.erro != nullptr) {
+        std::rethrow_exception(std::exchange(erroDasFuncoes_.erro, nullptr));
+    }
+    vigilancia_.LancarSeParou();
+    if (resultado != SQLITE_OK && resultado != SQLITE_ROW && resultado != SQLITE_DONE) {
+        LancarErroSQLite(db_, resultado);
     }
 }
 
-void Conexao::Desfazer(const std::string& ponto) noexcept {
-    const std::unique_ptr<char, decltype(&sqlite3_free)> sql(
-        sqlite3_mprintf("ROLLBACK TO %s; RELEASE %s", ponto.c_str(), ponto.c_str()), sqlite3_free);
-    sqlite3_exec(db_, sql.get(), nullptr, nullptr, nullptr);
+void Conexao::Perguntar(std::chrono::milliseconds aguardando) {
+    static_cast<void>(vigilancia_.Continuar(aguardando));
+    vigilancia_.LancarSeParou();
+}
+
+void Conexao::PerguntarEntreLinhas() {
+    if (posse_ == Posse::DoHospedeiro) {
+        Perguntar(std::chrono::milliseconds(0));
+    }
 }
 
 void Conexao::ExigirEscrita(const std::string& esquema) const {
@@ -134,10 +160,9 @@ void Conexao::CriarTemporaria(const std::string& nome, const std::string& defini
 
 Instrucao::Instrucao(std::shared_ptr<Conexao> conexao, std::string_view sql)
     : conexao_(std::move(conexao)) {
-    if (sqlite3_prepare_v3(conexao_->Db(), sql.data(), static_cast<int>(sql.size()), 0, &ponteiro_,
-                           nullptr) != SQLITE_OK) {
-        LancarErroSQLite(conexao_->Db());
-    }
+    conexao_->Comecar();
+    conexao_->Conferir(sqlite3_prepare_v3(conexao_->Db(), sql.data(), static_cast<int>(sql.size()),
+                                          0, &ponteiro_, nullptr));
 }
 
 Instrucao::~Instrucao() {
@@ -145,23 +170,22 @@ Instrucao::~Instrucao() {
 }
 
 bool Instrucao::Passo() {
-    const int estado = sqlite3_step(ponteiro_);
-    if (estado != SQLITE_ROW && estado != SQLITE_DONE) {
-        LancarErroSQLite(conexao_->Db());
-    }
-    return estado == SQLITE_ROW;
+    conexao_->PerguntarEntreLinhas();
+    conexao_->Comecar();
+    const int resultado = sqlite3_step(ponteiro_);
+    conexao_->Conferir(resultado);
+    return resultado == SQLITE_ROW;
 }
 
 void Instrucao::Executar() {
+    conexao_->Comecar();
     while (sqlite3_step(ponteiro_) == SQLITE_ROW) {
     }
-    if (sqlite3_reset(ponteiro_) != SQLITE_OK) {
-        LancarErroSQLite(conexao_->Db());
-    }
+    Reiniciar();
 }
 
 void Instrucao::Reiniciar() {
-    sqlite3_reset(ponteiro_);
+    conexao_->Conferir(sqlite3_reset(ponteiro_));
 }
 
 }  // namespace tarvo::sqlite

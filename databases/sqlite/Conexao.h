@@ -5,11 +5,15 @@
 #include <string_view>
 #include <vector>
 
+#include "databases/sqlite/Vigilancia.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
 // The connection and its prepared statements.
 namespace tarvo::sqlite {
+
+struct ErroPendente;
 
 // An open connection, shared by a database and its recordsets: the last of them closes it, so that
 // neither a statement nor the file's handle outlives its owner, whatever the order of destruction.
@@ -17,16 +21,26 @@ class Conexao {
   public:
     enum class Posse { Propria, DoHospedeiro };
 
-    // A connection of our own is closed with this object, a host's is left open.
-    Conexao(sqlite3* db, Posse posse) : db_(db), posse_(posse) {}
+    // A connection of our own is closed with this object, a host's is left open. Registers what
+    // generated SQL calls (see FuncoesSql).
+    Conexao(sqlite3* db, Posse posse);
     ~Conexao();
     Conexao(const Conexao&) = delete;
     Conexao& operator=(const Conexao&) = delete;
 
     [[nodiscard]] sqlite3* Db() const { return db_; }
     void Executar(const std::string& sql);
-    // Undoes what was done since the savepoint, if it still stands.
-    void Desfazer(const std::string& ponto) noexcept;
+    // SQLite's own result, SQLITE_BUSY at once.
+    [[nodiscard]] int Tentar(const char* sql) noexcept;
+    // Before a statement runs, and after SQLite has returned: throws unless that succeeded.
+    void Comecar() noexcept;
+    void Conferir(int resultado);
+
+    Acompanhante* Acompanhar(Acompanhante* quem) { return vigilancia_.Acompanhar(quem); }
+    // Error 18 when the one who accompanies says so.
+    void Perguntar(std::chrono::milliseconds aguardando);
+    // The same, where SQLite itself does not ask.
+    void PerguntarEntreLinhas();
 
     // Error 3027 when nothing may be written to that schema ("main", "temp").
     void ExigirEscrita(const std::string& esquema) const;
@@ -41,6 +55,8 @@ class Conexao {
 
     sqlite3* db_;
     Posse posse_;
+    ErroPendente& erroDasFuncoes_;
+    Vigilancia vigilancia_;
     bool proibida_ = false;
     std::vector<std::string> remocoes_;  // ready to run: the destructor must not allocate
 };
@@ -68,10 +84,7 @@ class Instrucao {
 // A name as SQLite quotes it.
 std::string NomeSql(std::string_view nome);
 
-// The connection's last error as an Erro.
-[[noreturn]] void LancarErroSQLite(sqlite3* db);
-
-// How a function that SQLite calls passes an Erro through it: the number stands in the text.
-std::string CodificarErro(int numero, std::string_view descricao);
+// A result of SQLite's that is a failure, as an Erro (std::bad_alloc when memory is out).
+[[noreturn]] void LancarErroSQLite(sqlite3* db, int resultado);
 
 }  // namespace tarvo::sqlite

@@ -104,10 +104,12 @@ void CriarBanco(const fs::path& arquivo, std::string_view script) {
         sqlite3* db = nullptr;
         const int estado =
             sqlite3_open_v2(rascunho.Arquivo().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
-        Conexao conexao(db, Conexao::Posse::Propria);
+        std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
         if (estado != SQLITE_OK) {
-            sqlite::LancarErroSQLite(db);
+            sqlite::LancarErroSQLite(db, estado);
         }
+        Conexao conexao(db, Conexao::Posse::Propria);
+        static_cast<void>(semDono.release());
         conexao.Executar("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;" + Definicoes() +
                          "BEGIN;" + std::string(script) + "\n;COMMIT");
     }

@@ -51,14 +51,20 @@ void Esquema::LerNomes(const std::string& esquema) {
 
 std::shared_ptr<const Tabela> Esquema::LerTabela(const Tabela& nomes) const {
     auto tabela = std::make_shared<Tabela>(nomes);
-    Instrucao colunas(conexao_, "SELECT name, type FROM pragma_table_info(" + TextoSql(nomes.nome) +
-                                    ", " + TextoSql(nomes.esquema) + ")");
+    // Of the hidden columns those count that are computed from others (2 and 3).
+    Instrucao colunas(conexao_, "SELECT name, type, hidden FROM pragma_table_xinfo(" +
+                                    TextoSql(nomes.nome) + ", " + TextoSql(nomes.esquema) +
+                                    ") WHERE hidden <> 1");
     const auto comparacao = [&](const std::string& coluna) -> std::string_view {
         const char* ordem = nullptr;
-        const int estado = sqlite3_table_column_metadata(
+        const int resultado = sqlite3_table_column_metadata(
             conexao_->Db(), nomes.esquema.c_str(), nomes.nome.c_str(), coluna.c_str(), nullptr,
             &ordem, nullptr, nullptr, nullptr);
-        return estado == SQLITE_OK && ordem != nullptr ? ordem : "";
+        if (resultado == SQLITE_ERROR) {
+            return "";  // no such column, or a view's
+        }
+        conexao_->Conferir(resultado);
+        return ordem != nullptr ? ordem : "";
     };
     while (colunas.Passo()) {
         Coluna coluna;
@@ -67,6 +73,7 @@ std::shared_ptr<const Tabela> Esquema::LerTabela(const Tabela& nomes) const {
         coluna.tipo = TipoDeclarado(LerCelula(colunas.Ponteiro(), 1).texto);
         const std::string_view ordem = comparacao(coluna.nome);
         coluna.comparacaoSimples = ordem == "BINARY" || ordem == "NOCASE";
+        coluna.gerada = LerCelula(colunas.Ponteiro(), 2).inteiro != 0;
         tabela->colunas.push_back(std::move(coluna));
     }
     tabela->temRowid = !comparacao("rowid").empty();

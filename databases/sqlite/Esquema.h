@@ -20,6 +20,7 @@ struct Coluna {
     // Compared by SQLite byte for byte or without regard to ASCII case: an index on the column
     // serves comparisons with texts in which case makes no difference.
     bool comparacaoSimples = false;
+    bool gerada = false;  // computed by the database from others: read, never written
 };
 
 struct Tabela {

@@ -16,16 +16,20 @@ namespace tarvo::sqlite {
 
 namespace {
 
-// Nothing may be thrown through SQLite: an error becomes the function's result.
+// What the functions of one connection share.
+struct Estado {
+    ErroPendente pendente;
+    Alfabeto alfabeto;
+};
+
+// Nothing may be thrown through SQLite: an error ends the statement and waits beside it.
 template <class Corpo>
 void Proteger(sqlite3_context* contexto, Corpo corpo) {
     try {
         corpo();
-    } catch (const Erro& erro) {
-        const std::string texto = CodificarErro(static_cast<int>(erro.Numero()), erro.Descricao());
-        sqlite3_result_error(contexto, texto.data(), static_cast<int>(texto.size()));
-    } catch (const std::exception&) {
-        sqlite3_result_error_nomem(contexto);
+    } catch (...) {
+        static_cast<Estado*>(sqlite3_user_data(contexto))->pendente.erro = std::current_exception();
+        sqlite3_result_error_code(contexto, SQLITE_ERROR);
     }
 }
 
@@ -139,10 +143,27 @@ void DevolverSoma(sqlite3_context* contexto) {
     });
 }
 
-int Comparar(void* alfabeto, int tamanhoA, const void* a, int tamanhoB, const void* b) {
-    return static_cast<Alfabeto*>(alfabeto)->Comparar(
-        {static_cast<const char*>(a), static_cast<std::size_t>(tamanhoA)},
-        {static_cast<const char*>(b), static_cast<std::size_t>(tamanhoB)});
+// A comparison has no way to say that it failed: what it answers then does not matter any more.
+int Comparar(void* estado, int tamanhoA, const void* a, int tamanhoB, const void* b) {
+    auto* meu = static_cast<Estado*>(estado);
+    try {
+        return meu->alfabeto.Comparar(
+            {static_cast<const char*>(a), static_cast<std::size_t>(tamanhoA)},
+            {static_cast<const char*>(b), static_cast<std::size_t>(tamanhoB)});
+    } catch (...) {
+        meu->pendente.erro = std::current_exception();
+        return 0;
+    }
+}
+
+constexpr const char* NomeDoPendente = "tarvo_erro_pendente";
+constexpr const char* TipoDoPonteiro = "tarvo_estado";
+
+void DizerEstado(sqlite3_context* contexto, int /*n*/, sqlite3_value** argumentos) {
+    auto** destino = static_cast<Estado**>(sqlite3_value_pointer(argumentos[0], TipoDoPonteiro));
+    if (destino != nullptr) {
+        *destino = static_cast<Estado*>(sqlite3_user_data(contexto));
+    }
 }
 
 struct Funcao {
@@ -160,37 +181,51 @@ constexpr Funcao Funcoes[] = {
     {"tarvo_soma", 4, nullptr, Somar, DevolverSoma},
 };
 
-// Registering twice would fail while the other owner's statements run.
-bool JaRegistradas(sqlite3* db) {
+// The state of the functions that the connection has already, nullptr when it has none: registering
+// twice would fail while the other owner's statements run.
+Estado* EstadoRegistrado(sqlite3* db) {
+    Estado* estado = nullptr;
     sqlite3_stmt* instrucao = nullptr;
-    const int estado =
-        sqlite3_prepare_v2(db, "SELECT tarvo_soma(1, 2, '', '')", -1, &instrucao, nullptr);
+    const int resultado =
+        sqlite3_prepare_v2(db, "SELECT tarvo_erro_pendente(?)", -1, &instrucao, nullptr);
+    if (resultado == SQLITE_OK) {
+        sqlite3_bind_pointer(instrucao, 1, &estado, TipoDoPonteiro, nullptr);
+        sqlite3_step(instrucao);
+    }
     sqlite3_finalize(instrucao);
-    return estado == SQLITE_OK;
+    return estado;
 }
 
 }  // namespace
 
-void RegistrarFuncoes(sqlite3* db) {
-    if (JaRegistradas(db)) {
-        return;
+ErroPendente& RegistrarFuncoes(sqlite3* db) {
+    if (Estado* registrado = EstadoRegistrado(db)) {
+        return registrado->pendente;
     }
-    auto alfabeto = std::make_unique<Alfabeto>();
-    int estado = sqlite3_create_collation_v2(db, "tarvo_pt", SQLITE_UTF8, alfabeto.get(), Comparar,
-                                             [](void* p) { delete static_cast<Alfabeto*>(p); });
-    if (estado == SQLITE_OK) {
-        alfabeto.release();  // NOLINT(bugprone-unused-return-value): the connection owns it now
+    auto novo = std::make_unique<Estado>();
+    Estado* const estado = novo.get();
+    const auto registrar = [&](const Funcao& funcao, void (*soltar)(void*)) {
+        return sqlite3_create_function_v2(db, funcao.nome, funcao.argumentos,
+                                          SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
+                                          estado, funcao.escalar, funcao.passo, funcao.fim, soltar);
+    };
+    // From here on the connection owns the state, even when it refuses the function.
+    int resultado = registrar({NomeDoPendente, 1, DizerEstado, nullptr, nullptr},
+                              [](void* p) { delete static_cast<Estado*>(p); });
+    static_cast<void>(novo.release());
+    if (resultado == SQLITE_OK) {
+        resultado =
+            sqlite3_create_collation_v2(db, "tarvo_pt", SQLITE_UTF8, estado, Comparar, nullptr);
     }
     for (const Funcao& funcao : Funcoes) {
-        if (estado == SQLITE_OK) {
-            estado = sqlite3_create_function_v2(db, funcao.nome, funcao.argumentos,
-                                                SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
-                                                funcao.escalar, funcao.passo, funcao.fim, nullptr);
+        if (resultado == SQLITE_OK) {
+            resultado = registrar(funcao, nullptr);
         }
     }
-    if (estado != SQLITE_OK) {
-        LancarErroSQLite(db);
+    if (resultado != SQLITE_OK) {
+        LancarErroSQLite(db, resultado);
     }
+    return estado->pendente;
 }
 
 }  // namespace tarvo::sqlite

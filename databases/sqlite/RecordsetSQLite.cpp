@@ -151,9 +151,11 @@ void RecordsetSQLite::AddNew() {
 void RecordsetSQLite::PrepararInsercao() {
     std::string colunas;
     std::string valores;
-    for (const ColunaSaida& coluna : consulta_.colunas) {
-        colunas += (colunas.empty() ? "" : ", ") + NomeSql(coluna.coluna);
-        valores += valores.empty() ? "?" : ", ?";
+    for (const auto& coluna : consulta_.gravavel->colunas) {
+        if (!coluna.gerada) {
+            colunas += (colunas.empty() ? "" : ", ") + NomeSql(coluna.nome);
+            valores += valores.empty() ? "?" : ", ?";
+        }
     }
     insercao_ =
         std::make_unique<Instrucao>(conexao_, "INSERT INTO " + consulta_.gravavel->Sql() + " (" +
@@ -166,6 +168,10 @@ void RecordsetSQLite::Escrever(std::size_t coluna, const Valor& valor) {
         throw Erro(NumeroErro::AtualizacaoSemAddNew, "Escrita num campo sem AddNew.");
     }
     const ColunaSaida& saida = consulta_.colunas[coluna];
+    if (consulta_.gravavel->colunas[coluna].gerada) {
+        throw Erro(NumeroErro::OperacaoInvalida,
+                   "A coluna \"" + saida.coluna + "\" é calculada pelo banco; não se escreve.");
+    }
     (*nova_)[coluna] = ConverterParaColuna(valor, saida.tipo, {saida.tabela, saida.coluna});
 }
 
@@ -174,8 +180,11 @@ void RecordsetSQLite::Update() {
     if (!nova_) {
         throw Erro(NumeroErro::AtualizacaoSemAddNew, "Update sem AddNew.");
     }
+    int parametro = 0;
     for (std::size_t c = 0; c < nova_->size(); ++c) {
-        Vincular(insercao_->Ponteiro(), static_cast<int>(c) + 1, (*nova_)[c]);
+        if (!consulta_.gravavel->colunas[c].gerada) {
+            conexao_->Conferir(Vincular(insercao_->Ponteiro(), ++parametro, (*nova_)[c]));
+        }
     }
     insercao_->Executar();
     nova_.reset();

@@ -55,7 +55,9 @@ class Trabalhador {
     explicit Trabalhador(Lote& lote)
         : lote_(lote),
           banco_(AbrirParaLer(lote.argumentos)),
-          configuracoes_(doUsuario_, lote.argumentos.refAtual) {}
+          configuracoes_(doUsuario_, lote.argumentos.refAtual) {
+        banco_->Acompanhar(&andamento_);
+    }
 
     void Trabalhar() {
         for (std::size_t i = lote_.proxima++; i < lote_.declaracoes.size() && !Interrompido();
@@ -223,12 +225,15 @@ void Trabalhar(Lote& lote, std::size_t trabalhos) {
 
 int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     PrepararParaVariosFios();
-    const auto declaracoes = EscolherDeclaracoes(*AbrirParaLer(a), a);
+    const CapturaDeInterrupcao captura;
+    const auto banco = AbrirParaLer(a);
+    CancelaSeInterrompido andamento(&erros);
+    banco->Acompanhar(&andamento);
+    const auto declaracoes = EscolherDeclaracoes(*banco, a);
     if (declaracoes.empty()) {
         erros << "aviso: nenhuma declaração corresponde ao que foi pedido\n";
     }
     CriarPasta(a.saida.pasta);
-    const CapturaDeInterrupcao captura;
     const ArquivosProntos prontos = a.retomar ? Retomar(a, declaracoes) : ArquivosProntos();
     ResumoLote resumo(a.saida.pasta, a.retomar);
     const ConfiguracoesIni doUsuario;

@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <cstddef>
+#include <ostream>
+#include <utility>
 
 namespace tarvo::host {
 
@@ -33,6 +35,15 @@ CapturaDeInterrupcao::~CapturaDeInterrupcao() {
 
 bool Interrompido() {
     return Chegou;
+}
+
+bool CancelaSeInterrompido::Continuar(std::chrono::milliseconds aguardando) {
+    constexpr std::chrono::milliseconds Paciencia(1000);
+    if (aguardando >= Paciencia && erros_ != nullptr) {
+        *std::exchange(erros_, nullptr) << "aguardando outro programa que usa o banco...\n"
+                                        << std::flush;
+    }
+    return !Interrompido();
 }
 
 }  // namespace tarvo::host

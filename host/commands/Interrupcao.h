@@ -2,6 +2,7 @@
 
 #include <array>
 #include <csignal>
+#include <iosfwd>
 
 #include "document/Ambiente.h"
 
@@ -25,10 +26,16 @@ class CapturaDeInterrupcao {
 // Whether one of the signals has come. Any thread may ask.
 bool Interrompido();
 
-// Cancels the build of a report at the next page.
+// Cancels what is being done once a signal has come: the build of a report at the next page, a
+// query at once. Says on erros, where given, once, that the database keeps it waiting.
 class CancelaSeInterrompido final : public Andamento {
   public:
+    explicit CancelaSeInterrompido(std::ostream* erros = nullptr) : erros_(erros) {}
     bool PaginaConcluida(std::size_t /*paginas*/) override { return !Interrompido(); }
+    bool Continuar(std::chrono::milliseconds aguardando) override;
+
+  private:
+    std::ostream* erros_;  // until it has been said
 };
 
 }  // namespace tarvo::host

@@ -8,6 +8,7 @@
 #include "data/Formatos.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "host/commands/Declaracoes.h"
+#include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -64,11 +65,14 @@ std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo, st
 int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
                       const std::function<std::vector<TextoCortado>(
                           const std::string& codigo, const Relatorio& relatorio)>& usar) {
+    const CapturaDeInterrupcao captura;
+    CancelaSeInterrompido andamento(&erros);
     const auto banco = AbrirBanco(a.banco, erros);
+    const Acompanhamento acompanhamento(*banco, &andamento);
     AvisarAusentes(*banco, a, erros);
     const ConfiguracoesIni doUsuario;
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
-    const Ambiente ambiente{.configuracoes = &configuracoes};
+    const Ambiente ambiente{.configuracoes = &configuracoes, .andamento = &andamento};
     const Alvo alvo{a.IE.value_or(""), a.NumeroDRQ.value_or(0)};
     int situacao = Feito;
     for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, alvo.NumeroDRQ) : a.codigos) {
@@ -78,6 +82,9 @@ int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
         } catch (...) {
             DizerErro(erros, ErroCorrente(), "relatório " + codigo, &configuracoes);
             situacao = Falhou;
+        }
+        if (Interrompido()) {
+            return Falhou;
         }
     }
     return situacao;

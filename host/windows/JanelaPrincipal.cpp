@@ -147,6 +147,8 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
     }
     try {
         auto banco = BancoSQLite::Abrir(arquivo);
+        const auto fim = ambiente_.ConcluirAndamentoNoFim();
+        banco->Acompanhar(ambiente_.DosRelatorios().andamento);
         modelo_.Ler(*banco);
         relatorios_.reset();
         banco_ = std::move(banco);

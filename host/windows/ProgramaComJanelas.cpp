@@ -47,6 +47,7 @@ int Selecionar(const Argumentos& a, std::ostream& erros) {
     const auto banco = BancoSQLite::Abrir(a.banco);
     AmbienteComJanelas ambiente(a.refAtual);
     JanelaSelecaoQt janela;
+    banco->Acompanhar(ambiente.DosRelatorios().andamento);
     Relatorios relatorios(ambiente.DosRelatorios(), janela);
     return ComAsJanelas(erros, [&] {
         const auto fim = ambiente.ConcluirAndamentoNoFim();
@@ -59,6 +60,7 @@ int MostrarVelo(const Argumentos& a, std::ostream& erros) {
     AmbienteComJanelas ambiente(a.refAtual);
     RelatorioVELO velo(ambiente.DosRelatorios());
     return ComAsJanelas(erros, [&] {
+        const auto fim = ambiente.ConcluirAndamentoNoFim();
         velo.Construir(*banco);
         velo.Exibir();
     });

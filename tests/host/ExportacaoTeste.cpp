@@ -121,14 +121,43 @@ TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
 }
 
 TEST_F(Exportacao, ALockedDatabaseStopsOnlyWhatNeedsTheLock) {
+    const std::vector<std::string> chamada{"exportar",  Banco(), "--ie",         "250114377019",
+                                           "--drq",     "101",   "--relatorios", "17,10",
+                                           "--formato", "json",  "--saida",      Saida()};
     {
         const OutroPrograma escrevendo(Banco(), "BEGIN IMMEDIATE");
-        EXPECT_THAT(Exportar("10,17"), Termina(1, AllOf(HasSubstr("erro 3260: relatório 10: "),
-                                                        HasSubstr("Feche o outro programa"))));
-        EXPECT_THAT(Arquivos(Saida()), ElementsAre("17-RelatorioPagamentos.pdf"));
+        Programa impaciente(chamada);
+        EXPECT_TRUE(impaciente.Dizer("aguardando outro programa"));
+        impaciente.Sinalizar(SIGTERM);
+        EXPECT_THAT(impaciente.Esperar(), Termina(1, HasSubstr("erro 18: relatório 10: ")));
+        EXPECT_THAT(Arquivos(Saida()), ElementsAre("17-RelatorioPagamentos.json"));
     }
+    auto escrevendo = std::make_unique<OutroPrograma>(Banco(), "BEGIN IMMEDIATE");
+    Programa paciente(chamada);
+    EXPECT_TRUE(paciente.Dizer("aguardando outro programa"));
+    escrevendo.reset();
+    EXPECT_THAT(paciente.Esperar(), Termina(0));
     const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
-    EXPECT_THAT(Exportar("17"), Termina(1, StartsWith("erro 3260: ")));
+    EXPECT_THAT(Exportar("17"),
+                Termina(1, AllOf(HasSubstr("erro 3260: "), HasSubstr("Feche o outro programa"))));
+}
+
+TEST_F(Exportacao, AnEndlessQueryEndsWithTheFirstSignal) {
+    Executar(
+        "DROP TABLE tblPagamento; CREATE VIEW tblPagamento AS WITH RECURSIVE n(i) AS (SELECT 1 "
+        "UNION ALL SELECT i + 1 FROM n) SELECT 101 AS NroDRQ, 0 AS \"OpPróprias\", '2003-01-01' "
+        "AS Data, i AS Valor FROM n WHERE i % 7 = 9");
+    for (const int sinal : {SIGINT, SIGTERM}) {
+        Programa exportacao({"exportar", Banco(), "--ie", "250114377019", "--drq", "101",
+                             "--relatorios", "01,17,16", "--formato", "json", "--saida", Saida()});
+        while (Arquivos(Saida()).empty()) {
+            ::usleep(1000);
+        }
+        exportacao.Sinalizar(sinal);
+        EXPECT_THAT(exportacao.Esperar(), Termina(1, HasSubstr("erro 18: relatório 17: ")));
+        EXPECT_THAT(Arquivos(Saida()), ElementsAre("01-RelatorioCadastro.json"));
+        fs::remove_all(Saida());
+    }
 }
 
 TEST_F(Exportacao, OneReportCostsLittleProcessorTime) {

@@ -59,6 +59,16 @@ void Programa::Sinalizar(int sinal) const {
     ::kill(processo_, sinal);
 }
 
+bool Programa::Dizer(const std::string& texto) const {
+    for (int i = 0; i < 3000; ++i) {
+        if (apoio::BytesDe(pasta_ / "erros").find(texto) != std::string::npos) {
+            return true;
+        }
+        ::usleep(10'000);
+    }
+    return false;
+}
+
 Execucao Programa::Esperar() {
     int estado = 0;
     ::waitpid(processo_, &estado, 0);

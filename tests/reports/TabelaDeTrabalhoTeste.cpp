@@ -80,12 +80,14 @@ TEST(TabelaDeTrabalho, PrivateTablesGiveTheSamePagesAndLeaveTheFileAlone) {
     EXPECT_EQ(Bytes(banco.Arquivo()), antes);
 }
 
-TEST(TabelaDeTrabalho, TwentyProcessesAtOnceEachGetTheirOwnDeclaration) {
+class BuildsAtOnce : public testing::TestWithParam<TabelasDeTrabalho> {};
+
+TEST_P(BuildsAtOnce, EachGetTheirOwnDeclaration) {
     const apoio::PastaTemporaria pasta;
     const auto arquivo = pasta / "vinte.tarvo";
     CriarBanco(arquivo);
     BancoSQLite::Abrir(arquivo)->ExecutarScript(VinteDeclaracoes);
-    const OpcoesAbertura privadas{.tabelasDeTrabalho = TabelasDeTrabalho::Privadas};
+    const OpcoesAbertura opcoes{.tabelasDeTrabalho = GetParam()};
     const auto saida = [&](int i) { return pasta / (std::to_string(i) + ".json"); };
 
     std::vector<pid_t> filhos;
@@ -95,7 +97,7 @@ TEST(TabelaDeTrabalho, TwentyProcessesAtOnceEachGetTheirOwnDeclaration) {
         if (filho == 0) {
             int estado = 1;
             try {
-                const auto banco = BancoSQLite::Abrir(arquivo, privadas);
+                const auto banco = BancoSQLite::Abrir(arquivo, opcoes);
                 std::ofstream(saida(i), std::ios::binary) << Paginas(*banco, i);
                 estado = 0;
             } catch (const std::exception& erro) {
@@ -115,6 +117,9 @@ TEST(TabelaDeTrabalho, TwentyProcessesAtOnceEachGetTheirOwnDeclaration) {
         EXPECT_EQ(Bytes(saida(i)), Paginas(*sozinho, i)) << i;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(TabelaDeTrabalho, BuildsAtOnce,
+                         testing::Values(TabelasDeTrabalho::NoBanco, TabelasDeTrabalho::Privadas));
 
 }  // namespace
 }  // namespace tarvo
