@@ -3,6 +3,7 @@
 #include <map>
 #include <ostream>
 
+#include "databases/AbrirBanco.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "document/QuadroPagina.h"
 #include "host/batch/Lote.h"
@@ -35,7 +36,7 @@ void EscreverDeclaracao(std::ostream& saida, const Declaracao& d) {
 int Listar(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&erros);
-    const auto banco = BancoSQLite::Abrir(a.banco, {.modo = ModoAbertura::SomenteLeitura});
+    const auto banco = AbrirBanco(a.banco, {.modo = ModoAbertura::SomenteLeitura});
     const Acompanhamento acompanhamento(*banco, &andamento);
     const auto contribuintes = LerContribuintes(*banco);
     std::map<std::optional<std::string>, std::vector<Declaracao>> declaracoes;

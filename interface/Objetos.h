@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "databases/sqlite/BancoSQLite.h"
+#include "data/BancoDados.h"
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
 #include "output/pdf/RenderizadorPDF.h"
@@ -19,11 +19,11 @@ namespace tarvo::c {
 
 class Banco final : public Recurso {
   public:
-    explicit Banco(std::unique_ptr<BancoSQLite> banco) : banco_(std::move(banco)) {}
-    BancoSQLite& operator*() { return *banco_; }
+    explicit Banco(std::unique_ptr<BancoDados> banco) : banco_(std::move(banco)) {}
+    BancoDados& operator*() { return *banco_; }
 
   private:
-    std::unique_ptr<BancoSQLite> banco_;
+    std::unique_ptr<BancoDados> banco_;
 };
 
 class Memoria final : public Recurso {

@@ -3,6 +3,8 @@
 #include <cstring>
 #include <sstream>
 
+#include "databases/AbrirBanco.h"
+#include "databases/sqlite/BancoSQLite.h"
 #include "interface/ErroDaChamada.h"
 #include "interface/Janelas.h"
 #include "interface/Objetos.h"
@@ -168,7 +170,7 @@ int32_t tarvo_abrir_banco(const char* arquivo, uint32_t opcoes, tarvo_banco* ban
         const auto tabelas = Opcoes(opcoes, TARVO_SOMENTE_LEITURA | TARVO_TABELAS_PRIVADAS);
         const auto modo = (opcoes & TARVO_SOMENTE_LEITURA) != 0 ? ModoAbertura::SomenteLeitura
                                                                 : ModoAbertura::LeituraEscrita;
-        saida = Registrar<Banco>(BancoSQLite::Abrir(Caminho(arquivo), {modo, tabelas}));
+        saida = Registrar<Banco>(AbrirBanco(Caminho(arquivo), {modo, tabelas}));
     });
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "data/BancoDados.h"
+#include "data/OpcoesAbertura.h"
 #include "data/Publico.h"
 
 struct sqlite3;
@@ -12,20 +13,6 @@ struct sqlite3;
 // The declaration database on SQLite: one file, one database, queries in the desktop engine's
 // dialect.
 namespace tarvo {
-
-enum class ModoAbertura { LeituraEscrita, SomenteLeitura };
-
-// Where the work tables that some reports refill live.
-enum class TabelasDeTrabalho {
-    NoBanco,   // in the database, visible to everyone who opens it
-    Privadas,  // temporary tables of this connection that shadow the database's: the file is never
-               // written, so that read-only files and several builds at once work
-};
-
-struct OpcoesAbertura {
-    ModoAbertura modo = ModoAbertura::LeituraEscrita;
-    TabelasDeTrabalho tabelasDeTrabalho = TabelasDeTrabalho::NoBanco;
-};
 
 // An open database. Thread rule of BancoDados: one thread at a time. Recordsets and queries made
 // from it share its connection and may outlive it; the last of them closes the file.

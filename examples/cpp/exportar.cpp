@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include <relatoriostarvo/BancoSQLite.h>
+#include <relatoriostarvo/AbrirBanco.h>
 #include <relatoriostarvo/CodigosDeErros.h>
 #include <relatoriostarvo/RelatorioApuracaoOpProp.h>
 #include <relatoriostarvo/RenderizadorPDF.h>
@@ -14,9 +14,9 @@ int main(int argc, char** argv) {
     }
     try {
         // The file is only read: the report's work table is this connection's own.
-        const auto banco = tarvo::BancoSQLite::Abrir(
-            argv[1], {.modo = tarvo::ModoAbertura::SomenteLeitura,
-                      .tabelasDeTrabalho = tarvo::TabelasDeTrabalho::Privadas});
+        const auto banco =
+            tarvo::AbrirBanco(argv[1], {.modo = tarvo::ModoAbertura::SomenteLeitura,
+                                        .tabelasDeTrabalho = tarvo::TabelasDeTrabalho::Privadas});
         tarvo::RelatorioApuracaoOpProp relatorio;
         relatorio.Construir(*banco, argv[2], std::stoi(argv[3]));
         const auto resultado = tarvo::GravarPDF(relatorio.Documento(), argv[4]);

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "data/Formatos.h"
+#include "databases/AbrirBanco.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "host/batch/LotesAnteriores.h"
 #include "host/batch/ProgressoLote.h"
@@ -25,9 +26,9 @@ namespace tarvo::host {
 
 namespace {
 
-std::unique_ptr<BancoSQLite> AbrirParaLer(const Argumentos& a) {
-    return BancoSQLite::Abrir(a.banco, {.modo = ModoAbertura::SomenteLeitura,
-                                        .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+std::unique_ptr<BancoDados> AbrirParaLer(const Argumentos& a) {
+    return AbrirBanco(a.banco, {.modo = ModoAbertura::SomenteLeitura,
+                                .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
 }
 
 // What makes every other report fail too: the batch ends, and can be resumed.
@@ -193,7 +194,7 @@ class Trabalhador {
     }
 
     Lote& lote_;
-    std::unique_ptr<BancoSQLite> banco_;
+    std::unique_ptr<BancoDados> banco_;
     ConfiguracoesIni doUsuario_;
     ConfiguracoesDaChamada configuracoes_;
     CancelaSeInterrompido andamento_;

@@ -6,7 +6,7 @@
 #include <ostream>
 
 #include "data/Formatos.h"
-#include "databases/sqlite/BancoSQLite.h"
+#include "databases/AbrirBanco.h"
 #include "host/commands/Declaracoes.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
@@ -49,13 +49,14 @@ void AvisarCortes(std::ostream& erros, const std::string& nome,
 }
 
 // A database that cannot be written is read all the same, with work tables of this call alone.
-std::unique_ptr<BancoSQLite> AbrirBanco(const std::filesystem::path& arquivo, std::ostream& erros) {
+std::unique_ptr<BancoDados> AbrirParaRelatorios(const std::filesystem::path& arquivo,
+                                                std::ostream& erros) {
     const auto pasta = arquivo.has_parent_path() ? arquivo.parent_path() : ".";
     if (::access(arquivo.c_str(), W_OK) == 0 && ::access(pasta.c_str(), W_OK) == 0) {
-        return BancoSQLite::Abrir(arquivo);
+        return AbrirBanco(arquivo);
     }
-    auto banco = BancoSQLite::Abrir(arquivo, {.modo = ModoAbertura::SomenteLeitura,
-                                              .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    auto banco = AbrirBanco(arquivo, {.modo = ModoAbertura::SomenteLeitura,
+                                      .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
     erros << "aviso: o banco não pode ser alterado; as tabelas de trabalho são só desta chamada\n";
     return banco;
 }
@@ -67,7 +68,7 @@ int ParaCadaRelatorio(const Argumentos& a, std::ostream& erros,
                           const std::string& codigo, const Relatorio& relatorio)>& usar) {
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&erros);
-    const auto banco = AbrirBanco(a.banco, erros);
+    const auto banco = AbrirParaRelatorios(a.banco, erros);
     const Acompanhamento acompanhamento(*banco, &andamento);
     AvisarAusentes(*banco, a, erros);
     const ConfiguracoesIni doUsuario;

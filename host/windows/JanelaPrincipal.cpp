@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "databases/AbrirBanco.h"
 #include "desktop/ApoioQt.h"
 #include "document/Imagens.h"
 #include "host/commands/Declaracoes.h"
@@ -146,7 +147,7 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
         return;
     }
     try {
-        auto banco = BancoSQLite::Abrir(arquivo);
+        auto banco = AbrirBanco(arquivo);
         const auto fim = ambiente_.ConcluirAndamentoNoFim();
         banco->Acompanhar(ambiente_.DosRelatorios().andamento);
         modelo_.Ler(*banco);

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <memory>
 
+#include "data/BancoDados.h"
 #include "data/CodigosDeErros.h"
-#include "databases/sqlite/BancoSQLite.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "dispatch/Relatorios.h"
 #include "host/windows/ModeloDeclaracoes.h"
@@ -47,7 +47,7 @@ class JanelaPrincipal final : public QMainWindow {
 
     AmbienteComJanelas& ambiente_;
     JanelaSelecaoQt selecao_;
-    std::unique_ptr<BancoSQLite> banco_;
+    std::unique_ptr<BancoDados> banco_;
     std::unique_ptr<Relatorios> relatorios_;
     ModeloDeclaracoes modelo_;
     DeclaracoesFiltradas filtradas_;

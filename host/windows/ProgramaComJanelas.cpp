@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <ostream>
 
-#include "databases/sqlite/BancoSQLite.h"
+#include "databases/AbrirBanco.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "dispatch/Relatorios.h"
@@ -44,7 +44,7 @@ int ComAsJanelas(std::ostream& erros, Acao&& acao) {
 }
 
 int Selecionar(const Argumentos& a, std::ostream& erros) {
-    const auto banco = BancoSQLite::Abrir(a.banco);
+    const auto banco = AbrirBanco(a.banco);
     AmbienteComJanelas ambiente(a.refAtual);
     JanelaSelecaoQt janela;
     banco->Acompanhar(ambiente.DosRelatorios().andamento);
@@ -56,7 +56,7 @@ int Selecionar(const Argumentos& a, std::ostream& erros) {
 }
 
 int MostrarVelo(const Argumentos& a, std::ostream& erros) {
-    const auto banco = BancoSQLite::Abrir(a.banco);
+    const auto banco = AbrirBanco(a.banco);
     AmbienteComJanelas ambiente(a.refAtual);
     RelatorioVELO velo(ambiente.DosRelatorios());
     return ComAsJanelas(erros, [&] {

@@ -1,0 +1,20 @@
+#pragma once
+
+// How a declaration database is opened, whatever kind it is.
+namespace tarvo {
+
+enum class ModoAbertura { LeituraEscrita, SomenteLeitura };
+
+// Where the work tables that some reports refill live.
+enum class TabelasDeTrabalho {
+    NoBanco,   // in the database, visible to everyone who opens it
+    Privadas,  // temporary tables of this connection that shadow the database's: the file is never
+               // written, so that read-only files and several builds at once work
+};
+
+struct OpcoesAbertura {
+    ModoAbertura modo = ModoAbertura::LeituraEscrita;
+    TabelasDeTrabalho tabelasDeTrabalho = TabelasDeTrabalho::NoBanco;
+};
+
+}  // namespace tarvo
