@@ -22,7 +22,9 @@ enum class NumeroErro : int {
     ErroDispositivo = 57,               // reading or writing failed below the file system's rules
     ArquivoJaExiste = 58,               //
     DiscoCheio = 61,                    //
+    ArquivosDemais = 67,                // too many open files
     PermissaoNegada = 70,               //
+    DestinoRecusado = 75,               // what bears the name must not be replaced
     CaminhoNaoEncontrado = 76,          // a folder on the way does not exist
     ObjetoNaoDefinido = 91,             // no object where one must be
     UsoInvalidoDeNull = 94,             // Null where a value must be

@@ -41,20 +41,21 @@ ResultadoDaSaida GravarPaginas(std::span<const DocumentoDeSaida> documentos,
                                const OpcoesDeSaida& opcoes) {
     std::string pdf;
     auto resultado = EscreverComoPDF(documentos, [&](std::string_view bytes) { pdf += bytes; });
-    resultado.arquivos = GravarPNG(pdf, pasta, nome, opcoes.dpi);
+    resultado.arquivos = GravarPNG(pdf, pasta, nome, opcoes.dpi, opcoes.pastaDeEspera);
     return resultado;
 }
 
 ResultadoDaSaida GravarUmArquivo(std::span<const DocumentoDeSaida> documentos,
                                  const FormatoDeSaida& formato,
-                                 const std::filesystem::path& arquivo, Espera espera) {
-    GravacaoSegura gravacao(arquivo);
+                                 const std::filesystem::path& arquivo,
+                                 const OpcoesDeSaida& opcoes) {
+    GravacaoSegura gravacao(arquivo, opcoes.pastaDeEspera);
     std::uintmax_t tamanho = 0;
     auto resultado = formato.escrever(documentos, [&](std::string_view bytes) {
         gravacao.Escrever(bytes);
         tamanho += bytes.size();
     });
-    if (espera == Espera::PeloDisco) {
+    if (opcoes.espera == Espera::PeloDisco) {
         gravacao.Confirmar();
     } else {
         gravacao.ConfirmarSemEsperar();
@@ -107,7 +108,7 @@ ResultadoDaSaida Gravar(std::span<const DocumentoDeSaida> documentos, const Form
     return formato.escrever == nullptr
                ? GravarPaginas(documentos, pasta, nome, opcoes)
                : GravarUmArquivo(documentos, formato, pasta / PrimeiroArquivo(formato, nome),
-                                 opcoes.espera);
+                                 opcoes);
 }
 
 }  // namespace tarvo

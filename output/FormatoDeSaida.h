@@ -30,6 +30,7 @@ enum class Espera { PeloDisco, Nenhuma };
 struct OpcoesDeSaida {
     int dpi = 150;  // pixels an inch, of pictures
     Espera espera = Espera::PeloDisco;
+    std::filesystem::path pastaDeEspera = {};  // see GravacaoSegura
 };
 
 struct ResultadoDaSaida {

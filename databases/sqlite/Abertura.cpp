@@ -5,12 +5,14 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <fstream>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "data/CodigosDeErros.h"
+#include "system/files/Arquivos.h"
 
 namespace tarvo::sqlite {
 
@@ -37,7 +39,7 @@ bool UsaWal(const fs::path& arquivo) {
         Lancar(NumeroErro::BancoNaoEncontrado, arquivo, "o banco de dados não existe");
     }
     if (erro || !Permite(arquivo, R_OK)) {
-        Lancar(NumeroErro::PermissaoNegada, arquivo, "permissão negada");
+        LancarErroDeArquivo(arquivo, erro ? erro.value() : EACCES);
     }
     std::array<char, VersaoDeEscrita + 1> inicio{};
     if (estado.type() == fs::file_type::regular) {

@@ -3,11 +3,13 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <new>
 #include <utility>
 
 #include "data/CodigosDeErros.h"
 #include "databases/sqlite/FuncoesSql.h"
+#include "system/files/Arquivos.h"
 
 namespace tarvo::sqlite {
 
@@ -65,6 +67,11 @@ std::string NomeSql(std::string_view nome) {
 void LancarErroSQLite(sqlite3* db, int resultado) {
     if ((resultado & 0xFF) == SQLITE_NOMEM) {
         throw std::bad_alloc();
+    }
+    // SQLite has one code for all files that it cannot open.
+    const int sistema = sqlite3_system_errno(db);
+    if ((resultado & 0xFF) == SQLITE_CANTOPEN && (sistema == EMFILE || sistema == ENFILE)) {
+        LancarErroDeArquivo("banco de dados", sistema);
     }
     const ErroTraduzido erro = TraduzirCodigo(resultado & 0xFF);
     throw Erro(erro.numero,

@@ -1,8 +1,5 @@
-#include <fcntl.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <string>
 #include <system_error>
 
@@ -11,7 +8,7 @@
 #include "databases/sqlite/Conexao.h"
 #include "databases/sqlite/Tabelas.h"
 #include "system/files/Arquivos.h"
-#include "system/files/Descritor.h"
+#include "system/files/PastaDeEspera.h"
 
 namespace tarvo {
 
@@ -45,52 +42,21 @@ std::string Definicoes() {
     throw Erro(NumeroErro::BancoJaExiste, "O arquivo \"" + arquivo.string() + "\" já existe.");
 }
 
-// The database while it is being made: a new file beside its destination, gone with this object.
-class Rascunho {
-  public:
-    explicit Rascunho(const fs::path& destino) {
-        for (int n = 0;; ++n) {
-            arquivo_ = destino;
-            arquivo_ += "." + std::to_string(getpid()) + "-" + std::to_string(n) + ".novo";
-            const Descritor novo(
-                open(arquivo_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666));
-            if (novo.Valor() >= 0) {
-                return;
-            }
-            if (errno != EEXIST) {
-                LancarErroDeArquivo(destino, errno);
-            }
-        }
+// Gives the file a second name, unless something bears it already; where a file cannot have two
+// names it is renamed.
+void Publicar(const fs::path& pronto, const fs::path& destino) {
+    std::error_code erro;
+    fs::create_hard_link(pronto, destino, erro);
+    if (erro == std::errc::file_exists || (erro && fs::exists(destino))) {
+        LancarJaExiste(destino);
     }
-    ~Rascunho() {
-        std::error_code ignorado;
-        for (const char* sufixo : {"", "-wal", "-shm", "-journal"}) {
-            fs::remove(fs::path(arquivo_) += sufixo, ignorado);
-        }
+    if (erro) {
+        fs::rename(pronto, destino, erro);
     }
-    Rascunho(const Rascunho&) = delete;
-    Rascunho& operator=(const Rascunho&) = delete;
-    [[nodiscard]] const fs::path& Arquivo() const { return arquivo_; }
-
-    // A second name for the file, unless something bears it already; where a file cannot have two
-    // names it is renamed.
-    void Publicar(const fs::path& destino) const {
-        std::error_code erro;
-        fs::create_hard_link(arquivo_, destino, erro);
-        if (erro == std::errc::file_exists || (erro && fs::exists(destino))) {
-            LancarJaExiste(destino);
-        }
-        if (erro) {
-            fs::rename(arquivo_, destino, erro);
-        }
-        if (erro) {
-            LancarErroDeArquivo(destino, erro.value());
-        }
+    if (erro) {
+        LancarErroDeArquivo(destino, erro.value());
     }
-
-  private:
-    fs::path arquivo_;
-};
+}
 
 }  // namespace
 
@@ -99,11 +65,13 @@ void CriarBanco(const fs::path& arquivo, std::string_view script) {
     if (fs::exists(fs::symlink_status(arquivo, ignorado))) {
         LancarJaExiste(arquivo);
     }
-    const Rascunho rascunho(arquivo);
+    const auto espera =
+        PastaDeEspera::Nova(arquivo.has_parent_path() ? arquivo.parent_path() : fs::path("."));
+    const fs::path novo = espera->Caminho() / "novo";
+    GravarArquivo(novo, "");
     {
         sqlite3* db = nullptr;
-        const int estado =
-            sqlite3_open_v2(rascunho.Arquivo().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+        const int estado = sqlite3_open_v2(novo.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
         std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
         if (estado != SQLITE_OK) {
             sqlite::LancarErroSQLite(db, estado);
@@ -113,7 +81,7 @@ void CriarBanco(const fs::path& arquivo, std::string_view script) {
         conexao.Executar("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;" + Definicoes() +
                          "BEGIN;" + std::string(script) + "\n;COMMIT");
     }
-    rascunho.Publicar(arquivo);
+    Publicar(novo, arquivo);
 }
 
 }  // namespace tarvo

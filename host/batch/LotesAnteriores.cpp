@@ -12,25 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The names under which files wait until they are whole: ".tarvo-123-0.tmp", and a folder
-// "17-RelatorioPagamentos.123.tmp" with PNG pages.
-bool EhResto(const fs::directory_entry& item) {
-    const std::string nome = item.path().filename().string();
-    return nome.ends_with(".tmp") && (nome.starts_with(".tarvo-") || item.is_directory()) &&
-           !item.is_symlink();
-}
-
-void RemoverRestos(const fs::path& pasta, int profundidade = 1) {
-    std::error_code ignorado;
-    for (const auto& item : fs::directory_iterator(pasta, ignorado)) {
-        if (EhResto(item)) {
-            fs::remove_all(item.path(), ignorado);
-        } else if (profundidade > 0 && item.is_directory(ignorado) && !item.is_symlink(ignorado)) {
-            RemoverRestos(item.path(), profundidade - 1);
-        }
-    }
-}
-
 // Tells of each line of the summary whether it stays.
 class Conferencia {
   public:
@@ -98,7 +79,6 @@ bool ArquivosProntos::Contem(std::int32_t NroDRQ, const std::string& codigo) con
 }
 
 ArquivosProntos Retomar(const Argumentos& a, const std::vector<DeclaracaoDoLote>& declaracoes) {
-    RemoverRestos(a.saida.pasta);
     ArquivosProntos prontos;
     Conferencia conferencia(a, declaracoes, prontos);
     FiltrarResumo(a.saida.pasta,

@@ -3,9 +3,9 @@
 #include <poppler-document.h>
 #include <poppler-page-renderer.h>
 #include <poppler-page.h>
-#include <unistd.h>
 
-#include <cstdlib>
+#include <array>
+#include <fstream>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -16,35 +16,13 @@
 #include "data/Textos.h"
 #include "output/png/CodificadorPNG.h"
 #include "system/files/Arquivos.h"
+#include "system/files/PastaDeEspera.h"
 
 namespace tarvo {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// Where the pages wait until all of them are there; removed at the end with what is left in it.
-class PastaDeEspera {
-  public:
-    PastaDeEspera(const fs::path& pasta, std::string_view nome)
-        : caminho_(pasta / (std::string(nome) + "." + std::to_string(::getpid()) + ".tmp")) {
-        std::error_code erro;
-        if (!fs::create_directory(caminho_, erro) && erro) {
-            LancarErroDeArquivo(caminho_, erro.value());
-        }
-    }
-    ~PastaDeEspera() {
-        std::error_code ignorado;
-        fs::remove_all(caminho_, ignorado);
-    }
-    PastaDeEspera(const PastaDeEspera&) = delete;
-    PastaDeEspera& operator=(const PastaDeEspera&) = delete;
-
-    [[nodiscard]] const fs::path& Caminho() const { return caminho_; }
-
-  private:
-    fs::path caminho_;
-};
 
 std::unique_ptr<poppler::document> Abrir(std::string_view pdf) {
     std::unique_ptr<poppler::document> documento;
@@ -99,14 +77,22 @@ std::string Fotografar(const poppler::document& documento, int pagina, int dpi) 
     return CodificarPNG(rgb, largura, altura, dpi);
 }
 
-// Pages that an earlier, longer document left.
+bool EhPNG(const fs::path& arquivo) {
+    constexpr std::string_view Assinatura = "\x89PNG\r\n\x1A\n";
+    std::error_code ignorado;
+    std::array<char, Assinatura.size()> comeco{};
+    return fs::is_regular_file(fs::symlink_status(arquivo, ignorado)) &&
+           std::ifstream(arquivo, std::ios::binary).read(comeco.data(), comeco.size()) &&
+           std::string_view(comeco.data(), comeco.size()) == Assinatura;
+}
+
+// Pages that an earlier, longer document left: pictures that follow the last page without a gap.
 void RemoverPaginasAlem(const fs::path& pasta, std::string_view nome, std::size_t paginas) {
-    const std::string prefixo = std::string(nome) + "-";
-    for (const auto& item : fs::directory_iterator(pasta)) {
-        const std::string arquivo = item.path().filename().string();
-        if (arquivo.starts_with(prefixo) && arquivo.ends_with(".png") &&
-            std::strtoull(arquivo.c_str() + prefixo.size(), nullptr, 10) > paginas) {
-            fs::remove(item.path());
+    std::error_code ignorado;
+    for (std::size_t pagina = paginas + 1;; ++pagina) {
+        const fs::path arquivo = pasta / NomeDaPaginaPNG(nome, pagina);
+        if (!EhPNG(arquivo) || !fs::remove(arquivo, ignorado)) {
+            return;
         }
     }
 }
@@ -118,26 +104,26 @@ std::string NomeDaPaginaPNG(std::string_view nome, std::size_t pagina) {
 }
 
 std::vector<ArquivoGravado> GravarPNG(std::string_view pdf, const fs::path& pasta,
-                                      std::string_view nome, int dpi) {
+                                      std::string_view nome, int dpi,
+                                      const fs::path& pastaDeEspera) {
     if (dpi < MenorResolucao || dpi > MaiorResolucao) {
         throw Erro(NumeroErro::ChamadaInvalida,
                    "A resolução de " + std::to_string(dpi) + " dpi está fora de 10 a 2400.");
     }
     const auto documento = Abrir(pdf);
-    const PastaDeEspera espera(pasta, nome);
-    std::vector<ArquivoGravado> arquivos;
-    for (int pagina = 0; pagina < documento->pages(); ++pagina) {
-        const auto arquivo = NomeDaPaginaPNG(nome, static_cast<std::size_t>(pagina) + 1);
-        const std::string png = Fotografar(*documento, pagina, dpi);
-        GravarArquivo(espera.Caminho() / arquivo, png);
-        arquivos.push_back({.caminho = pasta / arquivo, .bytes = png.size()});
+    std::vector<ArquivoGravado> arquivos(static_cast<std::size_t>(documento->pages()));
+    for (std::size_t i = 0; i < arquivos.size(); ++i) {
+        arquivos[i].caminho = pasta / NomeDaPaginaPNG(nome, i + 1);
+        ConferirSubstituicao(arquivos[i].caminho);
+    }
+    const auto espera = PastaDeEspera::Nova(pastaDeEspera.empty() ? pasta : pastaDeEspera);
+    for (int pagina = 0; auto& arquivo : arquivos) {
+        const std::string png = Fotografar(*documento, pagina++, dpi);
+        GravarArquivo(espera->Caminho() / arquivo.caminho.filename(), png);
+        arquivo.bytes = png.size();
     }
     for (const auto& arquivo : arquivos) {
-        std::error_code erro;
-        fs::rename(espera.Caminho() / arquivo.caminho.filename(), arquivo.caminho, erro);
-        if (erro) {
-            LancarErroDeArquivo(arquivo.caminho, erro.value());
-        }
+        Renomear(espera->Caminho() / arquivo.caminho.filename(), arquivo.caminho);
     }
     RemoverPaginasAlem(pasta, nome, arquivos.size());
     return arquivos;

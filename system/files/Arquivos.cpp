@@ -6,61 +6,10 @@
 #include <cerrno>
 #include <system_error>
 
-#include "data/CodigosDeErros.h"
 #include "system/files/Descritor.h"
 #include "system/files/GravacaoSegura.h"
 
 namespace tarvo {
-
-namespace {
-
-NumeroErro NumeroDe(int codigo) {
-    switch (codigo) {
-        case ENOENT:
-        case ENOTDIR:
-        case ENAMETOOLONG:
-            return NumeroErro::CaminhoNaoEncontrado;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-        case ETXTBSY:
-            return NumeroErro::PermissaoNegada;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return NumeroErro::DiscoCheio;
-        default:
-            return NumeroErro::ErroDispositivo;
-    }
-}
-
-std::string MotivoDe(int codigo) {
-    switch (codigo) {
-        case EISDIR:
-            return "já existe uma pasta com esse nome";
-        case ENAMETOOLONG:
-            return "o nome é longo demais";
-        default:
-            break;
-    }
-    switch (NumeroDe(codigo)) {
-        case NumeroErro::CaminhoNaoEncontrado:
-            return "a pasta não existe";
-        case NumeroErro::PermissaoNegada:
-            return "sem permissão";
-        case NumeroErro::DiscoCheio:
-            return "não há espaço no disco";
-        default:
-            return std::generic_category().message(codigo);
-    }
-}
-
-}  // namespace
-
-void LancarErroDeArquivo(const std::filesystem::path& arquivo, int codigo) {
-    throw Erro(NumeroDe(codigo), "\"" + arquivo.string() + "\": " + MotivoDe(codigo) + ".");
-}
 
 std::string LerArquivo(const std::filesystem::path& arquivo) {
     const Descritor entrada(::open(arquivo.c_str(), O_RDONLY | O_CLOEXEC));
@@ -84,6 +33,18 @@ std::string LerArquivo(const std::filesystem::path& arquivo) {
     }
 }
 
+int EscreverTudo(int descritor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto escritos = ::write(descritor, bytes.data(), bytes.size());
+        if (escritos >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(escritos));
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
+}
+
 void GravarArquivo(const std::filesystem::path& arquivo, std::string_view bytes) {
     GravacaoSegura gravacao(arquivo);
     gravacao.Escrever(bytes);
@@ -100,9 +61,13 @@ void EsperarPeloDisco(const std::filesystem::path& pasta) {
 void CriarPasta(const std::filesystem::path& pasta) {
     std::error_code erro;
     std::filesystem::create_directories(pasta, erro);
-    if (erro) {
-        LancarErroDeArquivo(pasta, erro.value());
+    if (!erro) {
+        return;
     }
+    std::error_code ignorado;
+    const bool arquivo =
+        std::filesystem::exists(pasta, ignorado) && !std::filesystem::is_directory(pasta, ignorado);
+    LancarErroDeArquivo(pasta, arquivo ? EEXIST : erro.value());
 }
 
 }  // namespace tarvo

@@ -1,22 +1,27 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string_view>
+
+#include "system/files/PastaDeEspera.h"
 
 namespace tarvo {
 
 // Writes a file so that its old content stays whole until the new one is on the disk: into a file
-// of the same folder that has no name, or a temporary one where the file system knows no other,
-// and gets its own from Confirmar. Without Confirmar nothing is left behind, not even by a process
-// that is killed unless it had to use a temporary name (".tarvo-PROCESS-N.tmp"). The file's
-// permissions stay, a link stays a link. What is no regular file (a device, a pipe) is written
-// directly.
+// that has no name and gets its own from Confirmar, by way of a PastaDeEspera where the name is
+// taken or the file system knows no files without one. Without Confirmar nothing is left behind,
+// not even by a process that is killed, but for a PastaDeEspera. What bears the name is replaced as
+// Renomear does it.
 //
-// Errors: 76 a folder that does not exist, 70 no permission, 61 no space, 57 any other failure.
-// Belongs to one thread.
+// Errors: 76 a folder that does not exist, 75 what must not be replaced, 70 no permission, 67 too
+// many open files, 61 no space, 57 any other failure. Belongs to one thread.
 class GravacaoSegura {
   public:
-    explicit GravacaoSegura(std::filesystem::path arquivo);
+    // pastaDeEspera: where to make a PastaDeEspera, on the same file system; empty: beside the
+    // file.
+    explicit GravacaoSegura(std::filesystem::path arquivo,
+                            std::filesystem::path pastaDeEspera = {});
     ~GravacaoSegura();
     GravacaoSegura(const GravacaoSegura&) = delete;
     GravacaoSegura& operator=(const GravacaoSegura&) = delete;
@@ -29,16 +34,17 @@ class GravacaoSegura {
     void ConfirmarSemEsperar();
 
   private:
-    template <class Passo>
-    void ComNomeLivre(Passo&& passo);
-    void AbrirTemporario();
-    // Gives the file without a name its own and returns false, or a temporary one and returns true.
+    void Abrir();
+    // A name in the PastaDeEspera, which is made now.
+    [[nodiscard]] std::filesystem::path NomeDeEspera();
+    // Gives the file without a name its own and returns true, or one to wait under.
     bool Nomear();
     void Fechar();
 
     std::filesystem::path arquivo_;
-    std::filesystem::path temporario_;  // empty when there is none
-    bool direta_ = false;
+    std::filesystem::path pastaDeEspera_;
+    std::unique_ptr<PastaDeEspera> espera_;
+    std::filesystem::path temporario_;  // empty while the file has no name
     int descritor_ = -1;
 };
 

@@ -173,7 +173,11 @@ void ConfiguracoesIni::Gravar(std::string_view aplicacao, std::string_view secao
         LancarErroDeArquivo(pasta_, errno);
     }
     static_cast<void>(::flock(pasta.Valor(), LOCK_EX));
-    const auto destino = Arquivo(aplicacao);
+    auto destino = Arquivo(aplicacao);
+    // Users keep their settings elsewhere behind a link of their own: it stays one.
+    if (std::error_code erro; std::filesystem::is_symlink(destino, erro)) {
+        destino = std::filesystem::weakly_canonical(destino, erro);
+    }
     auto linhas = Linhas(LerArquivo(destino));
     Definir(linhas, secao, chave, valor);
     std::string texto;

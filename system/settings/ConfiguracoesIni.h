@@ -11,8 +11,9 @@ namespace tarvo {
 
 // The per-user settings: one file "<aplicacao>.ini" per application in the user's configuration
 // folder, UTF-8, sections and keys without regard to case. Every call goes to the file, so that
-// other programs' changes are seen. Errors: 70 no permission, 61 no space, 76 no such folder, 57
-// anything else that the file system refuses.
+// other programs' changes are seen. A link in the file's place stays one. Errors: 76 no such
+// folder, 75 something else bears the name, 70 no permission, 67 too many open files, 61 no space,
+// 57 anything else that the file system refuses.
 class TARVO_PUBLICO ConfiguracoesIni final : public Configuracoes {
   public:
     // $XDG_CONFIG_HOME, or ~/.config when that is unset or not absolute.

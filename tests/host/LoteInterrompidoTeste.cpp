@@ -105,19 +105,15 @@ TEST_F(LoteQueParou, ResumingBelievesOnlyWholeLinesOfWholeFiles) {
     antes.erase(perdido);
     std::ofstream(Saida("resumo.csv"), std::ios::app | std::ios::binary)
         << "250114377019;103;11/2001;17;250114377019-103/17-Relat";
-    // What a killed process may leave where files must have names.
-    std::ofstream(Saida("250114377019-101/.tarvo-1-0.tmp")) << "%PDF";
-    const std::string espera = "250114377019-101/17-RelatorioPagamentos.1.tmp";
-    fs::create_directory(Saida(espera));
-    std::ofstream(Saida(espera + "/x.png")) << "PNG";
-    std::ofstream(Saida("do usuário.tmp")) << "fica";
+    // Whatever its name, what the batch did not make stays.
+    fs::create_directories(Saida("trabalho.tmp"));
+    std::ofstream(Saida("trabalho.tmp/.tarvo-1-0.tmp")) << "fica";
     Retomar(chamada, antes);
     EXPECT_THAT(Resumo(), SizeIs(6));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(8));
-    EXPECT_EQ(apoio::BytesDe(Saida("do usuário.tmp")), "fica");
-    fs::remove(Saida("do usuário.tmp"));
+    EXPECT_EQ(apoio::BytesDe(Saida("trabalho.tmp/.tarvo-1-0.tmp")), "fica");
+    fs::remove_all(Saida("trabalho.tmp"));
     ConferirInteiros();
-    EXPECT_FALSE(fs::exists(Saida(espera)));
 }
 
 TEST_F(LoteQueParou, ResumingOnePartKeepsTheSummaryOfTheOthers) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "tests/output/pdf/ApoioPDF.h"
 
 namespace tarvo {
@@ -32,6 +34,24 @@ TEST(PaginasPNG, EveryPageIsAPictureInTheWantedResolution) {
                                             "%[pixel:p{137,137}]' info:");
     EXPECT_THAT(lida, testing::HasSubstr("827 x 1169, x_res=3937, y_res=3937, units=1: "
                                          "srgb(0,128,128) srgb(255,255,255)"));
+}
+
+TEST(PaginasPNG, OnlyPicturesThatFollowTheLastPageAreThoseOfAnEarlierRun) {
+    const apoio::PastaTemporaria pasta;
+    GravarPNG(PDF(7), pasta.Caminho(), "x", 30);
+    const fs::path alheias[] = {pasta / "x-2004 assinado.png", pasta / "x-5.png",
+                                pasta / "x-005 (2).png", pasta / "y-004.png"};
+    for (const auto& alheia : alheias) {
+        fs::copy_file(pasta / "x-001.png", alheia);
+    }
+    // The sixth is no picture, so that nothing from there on is known to be a page.
+    std::ofstream(pasta / "x-006.png") << "do usuário";
+    GravarPNG(PDF(3), pasta.Caminho(), "x", 30);
+    for (const auto& alheia : alheias) {
+        EXPECT_TRUE(fs::exists(alheia)) << alheia;
+    }
+    EXPECT_FALSE(fs::exists(pasta / "x-004.png") || fs::exists(pasta / "x-005.png"));
+    EXPECT_TRUE(fs::exists(pasta / "x-006.png") && fs::exists(pasta / "x-007.png"));
 }
 
 TEST(PaginasPNG, WhatIsNoPDFOrNoResolutionIsRefusedAndLeavesNothing) {

@@ -87,10 +87,10 @@ TEST_F(ConfiguracoesIniTeste, RefusesWhatALineCannotHoldAndFoldersThatAreNone) {
     }
     EXPECT_EQ(Conteudo(), "[pRef]\nRefAtual=1\n");
     EXPECT_EQ(NumeroDe([&] { ConfiguracoesIni(Arquivo()).Gravar("Tarvo", "a", "b", "c"); }),
-              NumeroErro::CaminhoNaoEncontrado);
+              NumeroErro::DestinoRecusado);
     std::filesystem::create_directory(pasta / "Outra.ini");
     EXPECT_EQ(NumeroDe([&] { static_cast<void>(configuracoes.Ler("Outra", "a", "b", "")); }),
-              NumeroErro::PermissaoNegada);
+              NumeroErro::DestinoRecusado);
 }
 
 TEST_F(ConfiguracoesIniTeste, TwoWritersAtOnceLoseNoKey) {
