@@ -1,0 +1,88 @@
+#include "review/Leitura.h"
+
+#include <algorithm>
+
+#include "data/Funcoes.h"
+
+namespace tarvo::revisao {
+
+namespace {
+
+std::string Consulta(std::string_view tabela, Colunas colunas, std::string_view condicao) {
+    std::string consulta = "select";
+    for (const char* separador = " "; const std::string_view coluna : colunas) {
+        consulta.append(separador).append(coluna);
+        separador = ", ";
+    }
+    consulta.append(" from ").append(tabela);
+    return condicao.empty() ? consulta : consulta.append(" where ").append(condicao);
+}
+
+}  // namespace
+
+Leitura::Leitura(BancoDados& banco, std::string_view tabela, Colunas colunas,
+                 std::string_view condicao)
+    : colunas_(colunas),
+      linhas_(
+          banco.OpenRecordset(Consulta(tabela, colunas, condicao), TipoRecordset::ForwardOnly)) {}
+
+Valor Leitura::Ler(std::string_view coluna) const {
+    return linhas_->Fields(
+        static_cast<int>(std::ranges::find(colunas_, coluna) - colunas_.begin()));
+}
+
+bool Leitura::Nulo(std::string_view coluna) const {
+    return EhNulo(Ler(coluna));
+}
+
+std::string Leitura::Texto(std::string_view coluna) const {
+    return TextoCampo(Ler(coluna));
+}
+
+std::optional<std::string> Leitura::Chave(std::string_view coluna) const {
+    const Valor valor = Ler(coluna);
+    return EhNulo(valor) ? std::nullopt : std::optional(TextoCampo(valor));
+}
+
+std::int32_t Leitura::Longo(std::string_view coluna) const {
+    return LongCampo(Ler(coluna));
+}
+
+Moeda Leitura::Quantia(std::string_view coluna) const {
+    return MoedaCampo(Ler(coluna));
+}
+
+std::string DaDeclaracao(std::int32_t NroDRQ) {
+    return "NroDRQ = " + std::to_string(NroDRQ);
+}
+
+void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
+                  const std::set<std::string>& valores,
+                  const std::function<void(const Leitura&)>& receber) {
+    constexpr std::size_t PorConsulta = 100;
+    for (auto valor = valores.begin(); valor != valores.end();) {
+        std::string condicao;
+        for (std::size_t i = 0; i < PorConsulta && valor != valores.end(); ++i, ++valor) {
+            condicao.append(i == 0 ? "" : " Or ").append(colunas[0]).append(" = ").append(*valor);
+        }
+        for (Leitura linha(banco, tabela, colunas, condicao); !linha.Fim(); linha.Proxima()) {
+            receber(linha);
+        }
+    }
+}
+
+// The letters of Western European alphabets; others count as they are.
+std::string SemCaixa(std::string_view texto) {
+    std::string dobrado(texto);
+    for (std::size_t i = 0; i < dobrado.size(); ++i) {
+        const auto letra = static_cast<unsigned char>(dobrado[i]);
+        const bool latina = i > 0 && dobrado[i - 1] == '\xC3' && letra >= 0x80 && letra <= 0x9E &&
+                            letra != 0x97;  // U+00D7 is no letter
+        if ((letra >= 'A' && letra <= 'Z') || latina) {
+            dobrado[i] = static_cast<char>(letra + 0x20);
+        }
+    }
+    return dobrado;
+}
+
+}  // namespace tarvo::revisao

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "data/BancoDados.h"
+
+// How a review reads: plain queries on one table, joined and grouped here, so that any engine that
+// serves the reports serves it.
+namespace tarvo::revisao {
+
+// Names of columns, constant data.
+using Colunas = std::span<const std::string_view>;
+
+// Some columns of the rows of a table. Keys tell Null, which joins with nothing, from the empty
+// text.
+class Leitura {
+  public:
+    // condicao: what follows "where"; empty for all rows. Only columns named here can be read.
+    Leitura(BancoDados& banco, std::string_view tabela, Colunas colunas,
+            std::string_view condicao = {});
+
+    [[nodiscard]] bool Fim() const { return linhas_->EOF_(); }
+    void Proxima() { linhas_->MoveNext(); }
+
+    [[nodiscard]] bool Tem(std::string_view coluna) const {
+        return std::ranges::find(colunas_, coluna) != colunas_.end();
+    }
+    [[nodiscard]] bool Nulo(std::string_view coluna) const;
+    [[nodiscard]] std::string Texto(std::string_view coluna) const;
+    [[nodiscard]] std::optional<std::string> Chave(std::string_view coluna) const;
+    [[nodiscard]] std::int32_t Longo(std::string_view coluna) const;
+    [[nodiscard]] Moeda Quantia(std::string_view coluna) const;  // Null is zero
+    [[nodiscard]] Valor Ler(std::string_view coluna) const;
+
+  private:
+    Colunas colunas_;
+    std::unique_ptr<Recordset> linhas_;
+};
+
+// The condition for the rows of one declaration.
+std::string DaDeclaracao(std::int32_t NroDRQ);
+
+// The rows of a table whose first column here has one of those values, which stand as a query says
+// them.
+void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
+                  const std::set<std::string>& valores,
+                  const std::function<void(const Leitura& linha)>& receber);
+
+// Texts that the database's comparisons take for the same have the same key.
+std::string SemCaixa(std::string_view texto);
+
+}  // namespace tarvo::revisao

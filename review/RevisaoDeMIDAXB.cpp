@@ -1,0 +1,115 @@
+#include <map>
+#include <vector>
+
+#include "data/Consultas.h"
+#include "review/Familias.h"
+#include "review/Leitura.h"
+
+namespace tarvo::revisao {
+
+namespace {
+
+constexpr std::string_view Tabela = "tblMIDAX";
+constexpr std::string_view ColunasLidas[] = {"CódMIDAX", "Município"};
+constexpr std::string_view ColunasDoMunicipio[] = {"CódMunicípio", "Município"};
+constexpr std::string_view ColunasDoCodigo[] = {"Código", "Descrição"};
+
+// Where the reports of a group of codes find the name of what they print.
+struct Ligacao {
+    std::string_view catalogo;
+    Colunas colunas;          // its key and the name
+    std::string_view coluna;  // of tblMIDAX
+    std::string_view semLinha;
+    std::string_view repetida;
+    std::string_view semNome;
+};
+
+constexpr Ligacao PeloMunicipio{"tblMunicípios",
+                                ColunasDoMunicipio,
+                                "Município",
+                                "município sem linha em tblMunicípios; não sai",
+                                "município com mais de uma linha em tblMunicípios; sai mais de uma "
+                                "vez",
+                                "município sem nome em tblMunicípios"};
+constexpr Ligacao PeloCodigo{"tblCódigosMIDAX",
+                             ColunasDoCodigo,
+                             "CódMIDAX",
+                             "código sem linha em tblCódigosMIDAX; não sai",
+                             "código com mais de uma linha em tblCódigosMIDAX; sai mais de uma vez",
+                             "código sem descrição em tblCódigosMIDAX"};
+
+struct Grupo {
+    char digito;
+    std::string_view relatorio;
+    const Ligacao& ligacao;
+};
+
+constexpr Grupo Grupos[] = {
+    {'1', "07", PeloMunicipio}, {'2', "08", PeloMunicipio}, {'3', "09", PeloCodigo}};
+
+struct Item {
+    std::size_t linhas = 0;  // of the catalogue
+    std::string nome;
+};
+
+using Chaves = std::vector<std::optional<std::string>>;
+
+void RevisarGrupo(const Contexto& c, const Grupo& grupo, const Chaves& chaves) {
+    const Ligacao& ligacao = grupo.ligacao;
+    std::set<std::string> codigos;
+    for (const auto& chave : chaves) {
+        if (chave) {
+            codigos.insert(TextoSql(*chave));
+        }
+    }
+    std::map<std::string, Item> catalogo;
+    LerLinhasCom(c.banco, ligacao.catalogo, ligacao.colunas, codigos, [&](const Leitura& linha) {
+        Item& item = catalogo[SemCaixa(linha.Texto(ligacao.colunas[0]))];
+        ++item.linhas;
+        item.nome = linha.Texto(ligacao.colunas[1]);
+    });
+    std::map<std::string, std::size_t> vezes;  // codes of one name
+    for (const auto& [codigo, item] : catalogo) {
+        ++vezes[SemCaixa(item.nome)];
+    }
+    for (const auto& chave : chaves) {
+        const auto achar = [&](std::string_view motivo) {
+            c.achados.Linha(grupo.relatorio, Tabela, motivo, chave.value_or(""));
+        };
+        const auto item = catalogo.find(SemCaixa(chave.value_or("")));
+        if (!chave || item == catalogo.end()) {
+            achar(ligacao.semLinha);
+        } else if (item->second.linhas > 1) {
+            achar(ligacao.repetida);
+        } else if (item->second.nome.empty()) {
+            achar(ligacao.semNome);
+        } else if (&ligacao == &PeloMunicipio && vezes[SemCaixa(item->second.nome)] > 1) {
+            achar("municípios de mesmo nome, misturados num só bloco");
+        }
+    }
+}
+
+}  // namespace
+
+void RevisarMIDAXB(const Contexto& c) {
+    std::map<char, Chaves> chaves;  // by the code's first character
+    for (Leitura linha(c.banco, Tabela, ColunasLidas, DaDeclaracao(c.NroDRQ)); !linha.Fim();
+         linha.Proxima()) {
+        const std::string codigo = linha.Texto("CódMIDAX");
+        const char digito = codigo.empty() ? ' ' : codigo[0];
+        if (digito < '1' || digito > '3') {
+            c.achados.Linha("", Tabela,
+                            "código que não começa com 1, 2 nem 3; não sai em relatório algum",
+                            codigo);
+        } else {
+            chaves[digito].push_back(linha.Chave(Grupos[digito - '1'].ligacao.coluna));
+        }
+    }
+    for (const Grupo& grupo : Grupos) {
+        if (c.pedido(grupo.relatorio) && !chaves[grupo.digito].empty()) {
+            RevisarGrupo(c, grupo, chaves[grupo.digito]);
+        }
+    }
+}
+
+}  // namespace tarvo::revisao
