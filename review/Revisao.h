@@ -18,10 +18,10 @@ namespace tarvo {
 
 // What is to be reviewed.
 struct PedidoDeRevisao {
-    std::string IE;  // of the taxpayer whose name the pages bear
-    std::optional<std::int32_t> NroDRQ;
+    std::string IE = {};  // of the taxpayer whose name the pages bear
+    std::optional<std::int32_t> NroDRQ = {};
     // Codes of the reports, "01" to "17", "11A", "VELO"; empty: those that the dialog offers.
-    std::vector<std::string> relatorios;
+    std::vector<std::string> relatorios = {};
     // As the CFOP summaries read them; null: each declaration's own month decides its CFOP table.
     const Configuracoes* configuracoes = nullptr;
 };
