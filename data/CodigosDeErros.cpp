@@ -4,6 +4,20 @@
 
 namespace tarvo {
 
+Erro ErroCorrente() {
+    try {
+        throw;
+    } catch (const Erro& erro) {
+        return erro;
+    } catch (const std::bad_alloc&) {
+        return {NumeroErro::MemoriaInsuficiente, "Memória insuficiente."};
+    } catch (const std::exception& excecao) {
+        return {NumeroErro::ErroInterno, std::string("Erro interno: ") + excecao.what()};
+    } catch (...) {
+        return {NumeroErro::ErroInterno, "Erro interno."};
+    }
+}
+
 namespace CodigosDeErros {
 const std::string_view DocumentoContemObjetos =
     "Relatório contém objetos. Não é possível configurar as páginas ou margens.";

@@ -73,6 +73,10 @@ class TARVO_PUBLICO Erro : public std::exception {
     std::string descricao_;
 };
 
+// The exception that is being handled, as an Erro: 7 when memory is out, 51 for what is none of
+// ours.
+TARVO_PUBLICO Erro ErroCorrente();
+
 // The error texts that several places raise word for word.
 namespace CodigosDeErros TARVO_PUBLICO {
 extern const std::string_view DocumentoContemObjetos;

@@ -6,7 +6,6 @@
 #include <QPixmap>
 #include <QTranslator>
 
-#include "data/CodigosDeErros.h"
 #include "document/Imagens.h"
 
 namespace tarvo {
@@ -29,10 +28,6 @@ void InstalarTraducao() {
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(tradutor);
     }
-}
-
-QString TextoDoErro(const Erro& erro) {
-    return u"erro %1: %2"_s.arg(static_cast<int>(erro.Numero())).arg(ParaQt(erro.Descricao()));
 }
 
 }  // namespace tarvo

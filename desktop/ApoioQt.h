@@ -6,11 +6,10 @@
 #include <string_view>
 
 // What the desktop's windows share: texts and images of the library in Qt's types, Portuguese for
-// Qt's own dialogs, and the way in which errors are told.
+// Qt's own dialogs.
 namespace tarvo {
 
 struct Imagem;
-class Erro;
 
 inline QString ParaQt(std::string_view texto) {
     return QString::fromUtf8(texto.data(), static_cast<qsizetype>(texto.size()));
@@ -22,8 +21,5 @@ QIcon IconeDe(const Imagem* imagem);
 // Texts of Qt's own dialogs in Brazilian Portuguese, for the whole program; once per program, after
 // the QApplication was made.
 void InstalarTraducao();
-
-// "erro 482: descrição"
-QString TextoDoErro(const Erro& erro);
 
 }  // namespace tarvo

@@ -9,6 +9,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "desktop/preview/JanelaVisualizacao.h"
 #include "desktop/preview/VisualizadorQt.h"
@@ -56,7 +57,7 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
         }
     }
 
-    [[nodiscard]] bool NestaLinha() const override {
+    [[nodiscard]] bool NestaThread() const override {
         return QThread::currentThread() == QCoreApplication::instance()->thread();
     }
     [[nodiscard]] bool TemTela() const override { return temTela_; }
@@ -67,7 +68,7 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
         Atender(QEventLoop::AllEvents);
         bool venceu = tempo.count() == 0;
         QTimer prazo;
-        QObject::connect(&prazo, &QTimer::timeout, [&venceu] { venceu = true; });
+        Ligar(&prazo, &QTimer::timeout, &prazo, [&venceu] { venceu = true; });
         if (tempo.count() > 0) {
             prazo.start(tempo);
         }

@@ -18,7 +18,7 @@ class TARVO_PUBLICO AreaDeTrabalho {
     virtual ~AreaDeTrabalho() = default;
 
     // Whether the calling thread is that one.
-    [[nodiscard]] virtual bool NestaLinha() const = 0;
+    [[nodiscard]] virtual bool NestaThread() const = 0;
     // False where the session has no screen: windows would be seen by nobody, printing works.
     [[nodiscard]] virtual bool TemTela() const = 0;
     // For Ambiente::visualizadores.

@@ -1,53 +1,32 @@
 #include "desktop/Icones.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
-#include <sstream>
-#include <string>
+#include <QSvgRenderer>
+
+// Outside any namespace, as the macro wants it.
+static void CarregarIcones() {
+    Q_INIT_RESOURCE(icones);
+}
 
 namespace tarvo {
 
 namespace {
 
-QPainterPath LerTracos(std::string_view tracos) {
-    std::istringstream leitura{std::string(tracos)};
-    leitura.imbue(std::locale::classic());
-    QPainterPath caminho;
-    char comando = 0;
-    double x = 0;
-    double y = 0;
-    while (leitura >> comando >> x >> y) {
-        if (comando == 'M') {
-            caminho.moveTo(x, y);
-        } else if (comando == 'L') {
-            caminho.lineTo(x, y);
-        } else {
-            double raio = 0;
-            leitura >> raio;
-            caminho.addEllipse(QPointF(x, y), raio, raio);
-        }
-    }
-    return caminho;
-}
-
+// The drawing is kept as text: its colour is known only when it is painted, because the user may
+// change the palette.
 class Tracos final : public QIconEngine {
   public:
-    explicit Tracos(std::string_view tracos) : caminho_(LerTracos(tracos)) {}
+    explicit Tracos(QByteArray desenho) : desenho_(std::move(desenho)) {}
 
     void paint(QPainter* pintura, const QRect& area, QIcon::Mode modo, QIcon::State) override {
         const auto grupo = modo == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const double escala = area.width() / 24.0;
-        pintura->save();
-        pintura->setRenderHint(QPainter::Antialiasing);
-        pintura->translate(area.topLeft());
-        pintura->scale(escala, escala);
-        pintura->setPen(QPen(QGuiApplication::palette().color(grupo, QPalette::WindowText), 1.7,
-                             Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        pintura->drawPath(caminho_);
-        pintura->restore();
+        const auto cor = QGuiApplication::palette().color(grupo, QPalette::WindowText);
+        QSvgRenderer(QByteArray(desenho_).replace("currentColor", cor.name().toLatin1()))
+            .render(pintura, area);
     }
     QPixmap pixmap(const QSize& tamanho, QIcon::Mode modo, QIcon::State estado) override {
         QPixmap figura(tamanho);
@@ -59,13 +38,15 @@ class Tracos final : public QIconEngine {
     [[nodiscard]] QIconEngine* clone() const override { return new Tracos(*this); }
 
   private:
-    QPainterPath caminho_;
+    QByteArray desenho_;
 };
 
 }  // namespace
 
-QIcon IconeDeTracos(std::string_view tracos) {
-    return tracos.empty() ? QIcon() : QIcon(new Tracos(tracos));
+QIcon IconeDeTracos(const char* nome) {
+    CarregarIcones();
+    QFile arquivo(QStringLiteral(":/tarvo/%1.svg").arg(QLatin1String(nome)));
+    return arquivo.open(QIODevice::ReadOnly) ? QIcon(new Tracos(arquivo.readAll())) : QIcon();
 }
 
 }  // namespace tarvo

@@ -8,7 +8,7 @@
 #include <utility>
 #include <variant>
 
-#include "data/CodigosDeErros.h"
+#include "desktop/Ligacao.h"
 
 namespace tarvo {
 
@@ -19,11 +19,10 @@ void EmSegundoPlano(QObject* dono, QThreadPool& fila, Trabalho trabalho, Depois 
     using Resultado = std::variant<std::invoke_result_t<Trabalho>, Erro>;
     auto promessa = std::make_shared<QPromise<Resultado>>();
     auto* vigia = new QFutureWatcher<Resultado>(dono);
-    QObject::connect(vigia, &QFutureWatcherBase::finished, dono,
-                     [vigia, depois = std::move(depois)] {
-                         vigia->deleteLater();
-                         depois(vigia->result());
-                     });
+    Ligar(vigia, &QFutureWatcherBase::finished, dono, [vigia, depois = std::move(depois)] {
+        vigia->deleteLater();
+        depois(vigia->result());
+    });
     vigia->setFuture(promessa->future());
     promessa->start();
     fila.start([promessa, trabalho = std::move(trabalho)] {

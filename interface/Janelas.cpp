@@ -57,7 +57,7 @@ class JanelaSobDemanda final : public JanelaSelecao {
 
 AreaDeTrabalho& ExigirAreaDeTrabalho() {
     AreaDeTrabalho& area = Abrir();
-    if (!area.NestaLinha()) {
+    if (!area.NestaThread()) {
         throw Erro(NumeroErro::AcaoNaoSuportada,
                    "As janelas e a impressão pertencem a outra linha de execução (thread) deste "
                    "programa.");

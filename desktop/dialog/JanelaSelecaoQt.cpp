@@ -13,6 +13,7 @@
 #include <functional>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
 #include "document/Imagens.h"
 
 namespace tarvo {
@@ -103,12 +104,12 @@ Janela::Janela(frmImpressaoRelatorios& dialogo, QWidget* pai) : QDialog(pai), di
     lista_->setCurrentRow(static_cast<int>(dialogo_.lstSelecao.Foco()),
                           QItemSelectionModel::NoUpdate);
     lista_->setFocus();
-    connect(lista_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { LerMarcas(); });
-    connect(lista_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& atual) {
-                dialogo_.lstSelecao.Focar(static_cast<std::size_t>(atual.row()));
-            });
+    Ligar(lista_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this] { LerMarcas(); });
+    Ligar(lista_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& atual) {
+              dialogo_.lstSelecao.Focar(static_cast<std::size_t>(atual.row()));
+          });
 }
 
 void Janela::CriarLista() {
@@ -130,7 +131,7 @@ QPushButton* Janela::CriarBotao(const QString& nome, const QString& rotulo,
     auto* botao = new QPushButton(rotulo, this);
     botao->setObjectName(nome);
     botao->setFont(Negrito({u"Arial"_s, u"Liberation Sans"_s}, 9));
-    connect(botao, &QPushButton::clicked, this, [this, acao] {
+    Ligar(botao, &QPushButton::clicked, this, [this, acao] {
         acao();
         MostrarMarcas();
         if (!dialogo_.Visivel()) {

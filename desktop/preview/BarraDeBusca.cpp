@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QToolButton>
 
+#include "desktop/Ligacao.h"
 #include "desktop/preview/BuscaTexto.h"
 
 namespace tarvo {
@@ -22,60 +23,93 @@ BarraDeBusca::BarraDeBusca(QWidget* pai, QAction& proximo, QAction& anterior)
     campo_->setMaximumWidth(320);
     campo_->installEventFilter(this);
     situacao_->setObjectName(u"situacaoBusca"_s);
-    auto* linha = new QHBoxLayout(this);
-    linha->setContentsMargins(6, 3, 6, 3);
-    linha->addWidget(rotulo);
-    linha->addWidget(campo_, 1);
+    auto* fila = new QHBoxLayout(this);
+    fila->setContentsMargins(6, 3, 6, 3);
+    fila->addWidget(rotulo);
+    fila->addWidget(campo_, 1);
     for (auto* acao : {&anterior, &proximo}) {
         auto* botao = new QToolButton(this);
         botao->setDefaultAction(acao);
         botao->setAutoRaise(true);
-        linha->addWidget(botao);
+        fila->addWidget(botao);
     }
-    linha->addWidget(situacao_);
-    linha->addStretch(1);
-    connect(campo_, &QLineEdit::textChanged, this, [this](const QString& texto) {
-        if (aoDigitar) {
-            aoDigitar(texto);
+    fila->addWidget(situacao_);
+    fila->addStretch(1);
+    Ligar(campo_, &QLineEdit::textChanged, this, [this](const QString& texto) {
+        if (busca_ != nullptr) {
+            busca_->Procurar(texto, paginaAtual());
         }
     });
+    hide();
+}
+
+BarraDeBusca::~BarraDeBusca() = default;
+
+void BarraDeBusca::Mostrar(QPdfDocument* documento) {
+    hide();
+    busca_ = documento != nullptr ? std::make_unique<BuscaTexto>(*documento) : nullptr;
+    if (busca_ != nullptr) {
+        busca_->aoMudar = [this](bool novoAtual) {
+            MostrarSituacao();
+            aoMudar(novoAtual);
+        };
+    }
 }
 
 void BarraDeBusca::Abrir() {
+    if (busca_ == nullptr) {
+        return;
+    }
     show();
     campo_->setFocus();
     campo_->selectAll();
+    if (busca_->Texto() != campo_->text()) {
+        busca_->Procurar(campo_->text(), paginaAtual());
+    }
+    MostrarSituacao();
 }
 
-QString BarraDeBusca::Texto() const {
-    return campo_->text();
+void BarraDeBusca::Fechar() {
+    hide();
+    if (busca_ != nullptr) {
+        busca_->Procurar({}, 0);
+    }
+    aoFechar();
+}
+
+void BarraDeBusca::Avancar() {
+    isVisible() ? busca_->Avancar() : Abrir();
+}
+
+void BarraDeBusca::Recuar() {
+    isVisible() ? busca_->Recuar() : Abrir();
 }
 
 bool BarraDeBusca::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::KeyPress) {
         const auto& tecla = *static_cast<QKeyEvent*>(evento);
-        if (tecla.key() == Qt::Key_Escape && aoFechar) {
-            aoFechar();
+        if (tecla.key() == Qt::Key_Escape) {
+            Fechar();
             return true;
         }
-        if ((tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) && aoPedirOutro) {
-            aoPedirOutro((tecla.modifiers() & Qt::ShiftModifier) == 0);
+        if (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) {
+            (tecla.modifiers() & Qt::ShiftModifier) == 0 ? Avancar() : Recuar();
             return true;
         }
     }
     return QWidget::eventFilter(objeto, evento);
 }
 
-void BarraDeBusca::MostrarSituacao(const BuscaTexto& busca, int paginas) {
+void BarraDeBusca::MostrarSituacao() {
     QString texto;
-    if (busca.Total() > 0) {
-        texto = u"%1 de %2"_s.arg(busca.Ordem()).arg(busca.Total());
-    } else if (busca.Terminada() && !busca.Texto().trimmed().isEmpty()) {
+    if (busca_->Total() > 0) {
+        texto = u"%1 de %2"_s.arg(busca_->Ordem()).arg(busca_->Total());
+    } else if (busca_->Terminada() && !busca_->Texto().trimmed().isEmpty()) {
         texto = u"Nenhum resultado"_s;
     }
-    if (!busca.Terminada()) {
+    if (!busca_->Terminada()) {
         texto += (texto.isEmpty() ? u"procurando… %1 %"_s : u" (procurando… %1 %)"_s)
-                     .arg(100 * busca.Lidas() / paginas);
+                     .arg(100 * busca_->Lidas() / busca_->Paginas());
     }
     situacao_->setText(texto);
 }

@@ -3,6 +3,8 @@
 #include <QElapsedTimer>
 #include <QPdfSelection>
 
+#include "desktop/Ligacao.h"
+
 namespace tarvo {
 
 namespace {
@@ -15,7 +17,7 @@ BuscaTexto::BuscaTexto(QPdfDocument& documento)
     : documento_(documento), achados_(static_cast<std::size_t>(documento.pageCount())) {
     lidas_ = Paginas();
     passo_.setInterval(0);
-    QObject::connect(&passo_, &QTimer::timeout, &passo_, [this] { Trabalhar(); });
+    Ligar(&passo_, &QTimer::timeout, &passo_, [this] { AvancarALeitura(); });
 }
 
 QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes) {
@@ -23,15 +25,14 @@ QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes) {
     dobrado.reserve(texto.size());
     for (int i = 0; i < texto.size(); ++i) {
         QChar c = texto[i];
-        if (c.isSpace()) {
-            c = u' ';
-            if (dobrado.endsWith(c)) {
-                continue;
-            }
-        } else if (c.decompositionTag() == QChar::Canonical) {
+        while (c.decompositionTag() == QChar::Canonical) {
             c = c.decomposition().at(0);
         }
-        dobrado += c.toCaseFolded();
+        const bool acento = c.category() == QChar::Mark_NonSpacing;
+        if (acento || (c.isSpace() && dobrado.endsWith(u' '))) {
+            continue;
+        }
+        dobrado += c.isSpace() ? QChar(u' ') : c.toCaseFolded();
         if (posicoes != nullptr) {
             posicoes->push_back(i);
         }
@@ -41,7 +42,7 @@ QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes) {
 
 void BuscaTexto::Procurar(const QString& texto, int pagina) {
     texto_ = texto;
-    procurado_ = Dobrar(texto.normalized(QString::NormalizationForm_C));
+    procurado_ = Dobrar(texto);
     primeira_ = pagina;
     total_ = 0;
     achados_.assign(achados_.size(), {});
@@ -60,7 +61,7 @@ void BuscaTexto::Procurar(const QString& texto, int pagina) {
 
 // What the user looks at comes first: finding the place of a hit takes about as long as reading a
 // page, and a page may have hundreds.
-void BuscaTexto::Trabalhar() {
+void BuscaTexto::AvancarALeitura() {
     QElapsedTimer tempo;
     tempo.start();
     bool novoAtual = false;

@@ -29,6 +29,7 @@ class BuscaTexto {
     // Forgets the earlier search; the first hit from that page on becomes the current one. An
     // empty text only forgets.
     void Procurar(const QString& texto, int pagina);
+    [[nodiscard]] int Paginas() const { return static_cast<int>(achados_.size()); }
     [[nodiscard]] bool Terminada() const { return lidas_ == Paginas(); }
     [[nodiscard]] int Lidas() const { return lidas_; }  // pages
     [[nodiscard]] int Total() const { return total_; }  // hits so far
@@ -53,8 +54,7 @@ class BuscaTexto {
     static QString Dobrar(const QString& texto, std::vector<int>* posicoes = nullptr);
 
   private:
-    [[nodiscard]] int Paginas() const { return static_cast<int>(achados_.size()); }
-    void Trabalhar();
+    void AvancarALeitura();
     void MarcarUm();
     bool LerUma();
     std::vector<Achado> LerPagina(int pagina) const;

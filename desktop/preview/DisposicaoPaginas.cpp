@@ -25,13 +25,36 @@ int DisposicaoPaginas::PaginaEm(int y) const {
     return std::clamp(indice, 0, paginas - 1);
 }
 
-int DisposicaoPaginas::PaginaPrincipal(int topo) const {
-    const int primeira = PaginaEm(topo);
-    const int fundo = topo + janela.height();
+int DisposicaoPaginas::PaginaPrincipal() const {
+    const int primeira = PaginaEm(topo.y());
+    const int fundo = topo.y() + janela.height();
     const int inicio = Origem(primeira).y();
-    const int visivel = std::min(inicio + pagina.height(), fundo) - std::max(inicio, topo);
+    const int visivel = std::min(inicio + pagina.height(), fundo) - std::max(inicio, topo.y());
     const bool principal = 2 * visivel >= std::min(pagina.height(), janela.height());
     return principal || primeira + 1 >= paginas || !continuo ? primeira : primeira + 1;
+}
+
+std::pair<int, int> DisposicaoPaginas::Visiveis() const {
+    return {PaginaNaJanela(0), PaginaNaJanela(janela.height())};
+}
+
+QRect DisposicaoPaginas::NoConteudo(int indice, const QRectF& area) const {
+    return QRectF(area.topLeft() * pixelsPorPonto, area.size() * pixelsPorPonto)
+        .toAlignedRect()
+        .translated(Origem(indice));
+}
+
+DisposicaoPaginas::Ancora DisposicaoPaginas::AncorarEm(const QPoint& ponto) const {
+    const int indice = PaginaNaJanela(ponto.y());
+    const QPointF dentro = ponto - NaJanela(indice).topLeft();
+    return {indice,
+            {dentro.x() / std::max(1, pagina.width()), dentro.y() / std::max(1, pagina.height())},
+            ponto};
+}
+
+QPoint DisposicaoPaginas::TopoPara(const Ancora& ancora) const {
+    const QPointF dentro(ancora.fracao.x() * pagina.width(), ancora.fracao.y() * pagina.height());
+    return Origem(ancora.pagina) + dentro.toPoint() - ancora.ponto;
 }
 
 }  // namespace tarvo

@@ -2,75 +2,66 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
+#include <QDockWidget>
 #include <QFileDialog>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QShowEvent>
-#include <QSpinBox>
 #include <QStandardPaths>
 #include <QStatusBar>
-#include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <cmath>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
 #include "desktop/preview/BarraDeBusca.h"
+#include "desktop/preview/BarraDeFerramentas.h"
 #include "desktop/preview/BuscaTexto.h"
-#include "desktop/preview/Comandos.h"
 #include "desktop/preview/Miniaturas.h"
 #include "desktop/preview/PintorPaginas.h"
 #include "desktop/preview/PreferenciasDaVista.h"
+#include "desktop/preview/TextosCortados.h"
 #include "desktop/preview/VistaPaginas.h"
 #include "desktop/printing/ImpressaoQt.h"
 #include "system/files/Arquivos.h"
-#include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString Percentual(double ampliacao) {
-    return u"%1 %"_s.arg(std::lround(ampliacao * 100));
-}
-
-}  // namespace
-
-DocumentoPronto Preparar(const Conteudo& conteudo) {
-    auto bytes = std::make_shared<std::string>();
-    auto resultado = RenderizarPDF(conteudo, *bytes);
-    return {.pdf = std::move(bytes),
-            .cortados = std::move(resultado.cortados),
-            .celulas = CelulasDeTexto(conteudo),
-            .titulo = ParaQt(conteudo.titulo),
-            .tituloResumido = conteudo.tituloResumido,
-            .icone = conteudo.icone};
-}
-
 JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias)
     : preferencias_(preferencias),
-      comandos_(std::make_unique<Comandos>(*this, [this](Comando c) { Executar(c); })),
-      vista_(new VistaPaginas(this)) {
+      lugar_(preferencias, "Visualizacao", {900, 1000}),
+      acoes_(*this),
+      vista_(new VistaPaginas(this)),
+      acoesDaVista_(acoes_, *vista_),
+      barraDeFerramentas_(new BarraDeFerramentas(this, acoes_, *vista_)),
+      barraDeBusca_(
+          new BarraDeBusca(this, acoes_[Acao::LocalizarProximo], acoes_[Acao::LocalizarAnterior])) {
     setObjectName(u"visualizacao"_s);
-    resize(900, 1000);
     auto* centro = new QWidget(this);
     auto* colunas = new QVBoxLayout(centro);
     colunas->setContentsMargins(0, 0, 0, 0);
     colunas->setSpacing(0);
     colunas->addWidget(vista_, 1);
+    colunas->addWidget(barraDeBusca_);
     setCentralWidget(centro);
-    CriarBarraDeFerramentas();
+    addToolBar(barraDeFerramentas_);
     CriarBarraDeEstado();
-    CriarBusca();
     CriarMiniaturas();
     CriarImpressao();
+    LigarAcoes();
     vista_->aoMudar = [this] { AtualizarEstado(); };
+    barraDeBusca_->paginaAtual = [this] { return vista_->Pagina(); };
+    barraDeBusca_->aoFechar = [this] { vista_->setFocus(); };
+    barraDeBusca_->aoMudar = [this](bool novoAtual) {
+        if (novoAtual) {
+            const auto& busca = *barraDeBusca_->Busca();
+            const auto marcas = busca.MarcaAtual();
+            vista_->Revelar(busca.Atual()->pagina,
+                            marcas.isEmpty() ? QRectF() : marcas.first().boundingRect());
+        }
+        vista_->viewport()->update();
+    };
     LerPreferencias();
     vista_->setFocus();
 }
@@ -80,6 +71,68 @@ JanelaVisualizacao::~JanelaVisualizacao() {
     Esvaziar();
 }
 
+// --- the parts
+
+void JanelaVisualizacao::CriarBarraDeEstado() {
+    situacaoPagina_ = new QLabel(this);
+    situacaoPagina_->setObjectName(u"situacaoPagina"_s);
+    situacaoCortes_ = new QToolButton(this);
+    situacaoCortes_->setObjectName(u"situacaoCortes"_s);
+    situacaoCortes_->setAutoRaise(true);
+    situacaoCortes_->setToolTip(u"Mostrar os textos que não couberam inteiros"_s);
+    Ligar(situacaoCortes_, &QToolButton::clicked, this, [this] { MostrarCortados(); });
+    statusBar()->addPermanentWidget(situacaoCortes_);
+    statusBar()->addPermanentWidget(situacaoPagina_);
+}
+
+void JanelaVisualizacao::CriarMiniaturas() {
+    auto* doca = new QDockWidget(u"Miniaturas"_s, this);
+    doca->setObjectName(u"docaMiniaturas"_s);
+    doca->setFeatures(QDockWidget::DockWidgetClosable);
+    miniaturas_ = new Miniaturas(doca);
+    miniaturas_->aoEscolher = [this](int pagina) { vista_->IrPara(pagina); };
+    doca->setWidget(miniaturas_);
+    addDockWidget(Qt::LeftDockWidgetArea, doca);
+    doca->hide();
+    auto& acao = acoes_[Acao::Miniaturas];
+    Ligar(&acao, &QAction::toggled, doca, [doca](bool visivel) { doca->setVisible(visivel); });
+    Ligar(doca, &QDockWidget::visibilityChanged, this, [this, doca, &acao] {
+        acao.setChecked(!doca->isHidden());
+        miniaturas_->Marcar(vista_->Pagina());
+    });
+}
+
+void JanelaVisualizacao::CriarImpressao() {
+    impressao_ = new ImpressaoQt(this);
+    impressao_->aoMudar = [this](const QString& situacao) { statusBar()->showMessage(situacao); };
+    impressao_->aoTerminar = [this](const std::optional<Erro>& erro) {
+        AtualizarEstado();
+        statusBar()->clearMessage();
+        if (erro) {
+            DizerErro(this, *erro);
+        } else {
+            DizerDePassagem(this, u"Enviado à impressora."_s);
+        }
+    };
+}
+
+void JanelaVisualizacao::LigarAcoes() {
+    const auto ligar = [this](Acao acao, auto fazer) {
+        Ligar(&acoes_[acao], &QAction::triggered, this, fazer);
+    };
+    ligar(Acao::Imprimir, [this] { Imprimir(); });
+    ligar(Acao::Salvar, [this] { Salvar(); });
+    ligar(Acao::Fechar, [this] { close(); });
+    ligar(Acao::Copiar, [this] { QApplication::clipboard()->setText(vista_->Selecao().Texto()); });
+    ligar(Acao::Localizar, [this] { barraDeBusca_->Abrir(); });
+    ligar(Acao::LocalizarProximo, [this] { barraDeBusca_->Avancar(); });
+    ligar(Acao::LocalizarAnterior, [this] { barraDeBusca_->Recuar(); });
+    ligar(Acao::IrParaPagina, [this] { barraDeFerramentas_->PedirPagina(); });
+    ligar(Acao::Atalhos, [this] { Dizer(this, AcoesDaVisualizacao::ListaDeAtalhos()); });
+}
+
+// --- the document
+
 void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     Esvaziar();
     documento_ = std::move(documento);
@@ -88,28 +141,18 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
         vista_->viewport()->update();
         miniaturas_->Atualizar();
     };
-    busca_ = std::make_unique<BuscaTexto>(pintor_->Documento());
-    busca_->aoMudar = [this](bool novoAtual) {
-        barraDeBusca_->MostrarSituacao(*busca_, pintor_->Paginas());
-        if (novoAtual) {
-            const auto marcas = busca_->MarcaAtual();
-            vista_->Revelar(busca_->Atual()->pagina,
-                            marcas.isEmpty() ? QRectF() : marcas.first().boundingRect());
-        }
-        vista_->viewport()->update();
-    };
     setWindowTitle(documento_.titulo);
     setWindowIcon(IconeDe(documento_.icone));
-    campoPagina_->setRange(1, pintor_->Paginas());
-    totalPaginas_->setText(u" de %1 "_s.arg(pintor_->Paginas()));
     const auto cortes = documento_.cortados.size();
     situacaoCortes_->setVisible(cortes > 0);
     situacaoCortes_->setText(cortes == 1 ? u"1 texto cortado"_s
                                          : u"%1 textos cortados"_s.arg(cortes));
     miniaturas_->Mostrar(pintor_.get());
-    vista_->Mostrar(pintor_.get(), busca_.get(), &documento_.celulas);
-    if (barraDeBusca_->isVisibleTo(this)) {
-        FecharBusca();
+    barraDeBusca_->Mostrar(&pintor_->Documento());
+    vista_->Mostrar(pintor_.get(), barraDeBusca_->Busca(), &documento_.celulas);
+    vista_->setFocus();
+    if (!isVisible()) {
+        lugar_.Colocar(*this);
     }
     show();
     raise();
@@ -119,7 +162,7 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
 void JanelaVisualizacao::Esvaziar() {
     vista_->Mostrar(nullptr, nullptr, nullptr);
     miniaturas_->Mostrar(nullptr);
-    busca_.reset();
+    barraDeBusca_->Mostrar(nullptr);
     pintor_.reset();
     documento_ = {};
 }
@@ -128,116 +171,11 @@ void JanelaVisualizacao::AtualizarEstado() {
     if (pintor_ == nullptr) {
         return;
     }
-    const int pagina = vista_->Pagina() + 1;
-    const int paginas = pintor_->Paginas();
-    situacaoPagina_->setText(u"Página %1 de %2"_s.arg(pagina).arg(paginas));
-    const QSignalBlocker silencio(campoPagina_);
-    campoPagina_->setValue(pagina);
-    miniaturas_->Marcar(pagina - 1);
-    const auto& c = *comandos_;
-    for (const auto comando : {Comando::Primeira, Comando::Anterior}) {
-        c[comando].setEnabled(pagina > 1);
-    }
-    for (const auto comando : {Comando::Proxima, Comando::Ultima}) {
-        c[comando].setEnabled(pagina < paginas);
-    }
-    const double ampliacao = vista_->Ampliacao();
-    c[Comando::Ampliar].setEnabled(ampliacao < VistaPaginas::AmpliacaoMaxima);
-    c[Comando::Reduzir].setEnabled(ampliacao > VistaPaginas::AmpliacaoMinima);
-    c[Comando::PaginaInteira].setChecked(vista_->AjusteAtual() == Ajuste::PaginaInteira);
-    c[Comando::LarguraDaPagina].setChecked(vista_->AjusteAtual() == Ajuste::LarguraDaPagina);
-    c[Comando::Continuo].setChecked(vista_->Continuo());
-    c[Comando::Copiar].setEnabled(vista_->TemSelecao());
-    c[Comando::Imprimir].setEnabled(!impressao_->EmCurso());
-    campoAmpliacao_->setEditText(Percentual(ampliacao));
-}
-
-void JanelaVisualizacao::Executar(Comando comando) {
-    if (pintor_ == nullptr) {
-        return;
-    }
-    switch (comando) {
-        case Comando::Imprimir:
-            return Imprimir();
-        case Comando::Salvar:
-            return Salvar();
-        case Comando::Fechar:
-            close();
-            return;
-        case Comando::Copiar:
-            return QApplication::clipboard()->setText(vista_->TextoSelecionado());
-        case Comando::Localizar:
-            return AbrirBusca();
-        case Comando::LocalizarProximo:
-            return barraDeBusca_->isVisible() ? busca_->Avancar() : AbrirBusca();
-        case Comando::LocalizarAnterior:
-            return barraDeBusca_->isVisible() ? busca_->Recuar() : AbrirBusca();
-        case Comando::IrParaPagina:
-            campoPagina_->setFocus();
-            return campoPagina_->selectAll();
-        case Comando::Atalhos:
-            return Dizer(QMessageBox::Information, Comandos::ListaDeAtalhos());
-        default:
-            ExecutarNaVista(comando);
-            AtualizarEstado();
-    }
-}
-
-void JanelaVisualizacao::ExecutarNaVista(Comando comando) {
-    switch (comando) {
-        case Comando::SelecionarPagina:
-            return vista_->SelecionarPagina();
-        case Comando::Ampliar:
-            return vista_->AmpliarUmPasso(1);
-        case Comando::Reduzir:
-            return vista_->AmpliarUmPasso(-1);
-        case Comando::TamanhoReal:
-            return vista_->Ampliar(1.0);
-        case Comando::PaginaInteira:
-            return vista_->Ajustar(Ajuste::PaginaInteira);
-        case Comando::LarguraDaPagina:
-            return vista_->Ajustar(Ajuste::LarguraDaPagina);
-        case Comando::Continuo:
-            return vista_->DefinirContinuo(!vista_->Continuo());
-        case Comando::Primeira:
-            return vista_->IrPara(0);
-        case Comando::Anterior:
-            return vista_->IrPara(vista_->Pagina() - 1);
-        case Comando::Proxima:
-            return vista_->IrPara(vista_->Pagina() + 1);
-        case Comando::Ultima:
-            return vista_->IrPara(pintor_->Paginas() - 1);
-        default:
-            return;
-    }
-}
-
-void JanelaVisualizacao::LerAmpliacao() {
-    const QString texto = campoAmpliacao_->currentText();
-    if (texto == campoAmpliacao_->itemText(0)) {
-        vista_->Ajustar(Ajuste::PaginaInteira);
-    } else if (texto == campoAmpliacao_->itemText(1)) {
-        vista_->Ajustar(Ajuste::LarguraDaPagina);
-    } else {
-        bool numero = false;
-        const double percentual = QString(texto).remove(u'%').trimmed().toDouble(&numero);
-        if (numero) {
-            vista_->Ampliar(percentual / 100);
-        }
-    }
-    AtualizarEstado();
-    vista_->setFocus();
-}
-
-void JanelaVisualizacao::AbrirBusca() {
-    barraDeBusca_->Abrir();
-    barraDeBusca_->MostrarSituacao(*busca_, pintor_->Paginas());
-}
-
-void JanelaVisualizacao::FecharBusca() {
-    barraDeBusca_->hide();
-    busca_->Procurar({}, 0);
-    vista_->setFocus();
+    situacaoPagina_->setText(u"Página %1 de %2"_s.arg(vista_->Pagina() + 1).arg(vista_->Paginas()));
+    miniaturas_->Marcar(vista_->Pagina());
+    acoesDaVista_.Atualizar();
+    acoes_[Acao::Imprimir].setEnabled(!impressao_->EmCurso());
+    barraDeFerramentas_->Atualizar();
 }
 
 void JanelaVisualizacao::Imprimir() {
@@ -255,48 +193,17 @@ void JanelaVisualizacao::Salvar() {
     dialogo->setDefaultSuffix(u"pdf"_s);
     dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialogo->selectFile(ParaQt(documento_.tituloResumido).replace(u'/', u'-') + u".pdf"_s);
-    connect(dialogo, &QFileDialog::fileSelected, this,
-            [this](const QString& arquivo) { GravarEm(arquivo); });
+    Ligar(dialogo, &QFileDialog::fileSelected, this,
+          [this, pdf = documento_.pdf](const QString& arquivo) {
+              GravarArquivo(arquivo.toStdString(), *pdf);
+              DizerDePassagem(this, u"Salvo em %1"_s.arg(arquivo));
+          });
     dialogo->open();
 }
 
-void JanelaVisualizacao::GravarEm(const QString& arquivo) {
-    try {
-        GravarArquivo(arquivo.toStdString(), *documento_.pdf);
-        statusBar()->showMessage(u"Salvo em %1"_s.arg(arquivo), 5000);
-    } catch (const Erro& erro) {
-        Dizer(QMessageBox::Warning, TextoDoErro(erro));
-    }
-}
-
-void JanelaVisualizacao::Dizer(int icone, const QString& texto) {
-    auto* caixa = new QMessageBox(static_cast<QMessageBox::Icon>(icone), windowTitle(), texto,
-                                  QMessageBox::Ok, this);
-    caixa->setAttribute(Qt::WA_DeleteOnClose);
-    caixa->open();
-}
-
 void JanelaVisualizacao::MostrarCortados() {
-    auto* dialogo = new QDialog(this);
-    dialogo->setAttribute(Qt::WA_DeleteOnClose);
-    dialogo->setWindowTitle(u"Textos que não couberam inteiros"_s);
-    dialogo->resize(600, 300);
-    auto* tabela = new QTableWidget(static_cast<int>(documento_.cortados.size()), 2, dialogo);
-    tabela->setHorizontalHeaderLabels({u"Página"_s, u"Texto inteiro"_s});
-    tabela->horizontalHeader()->setStretchLastSection(true);
-    tabela->verticalHeader()->hide();
-    tabela->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    tabela->setSelectionBehavior(QAbstractItemView::SelectRows);
-    for (int i = 0; i < tabela->rowCount(); ++i) {
-        const auto& corte = documento_.cortados[static_cast<std::size_t>(i)];
-        tabela->setItem(i, 0, new QTableWidgetItem(QString::number(corte.pagina)));
-        tabela->setItem(i, 1, new QTableWidgetItem(ParaQt(corte.texto)));
-    }
-    connect(tabela, &QTableWidget::itemSelectionChanged, this, [this, tabela] {
-        vista_->IrPara(tabela->item(tabela->currentRow(), 0)->text().toInt() - 1);
-    });
-    auto* colunas = new QVBoxLayout(dialogo);
-    colunas->addWidget(tabela);
+    auto* dialogo = new TextosCortados(this, documento_.cortados);
+    dialogo->aoEscolher = [this](int pagina) { vista_->IrPara(pagina); };
     dialogo->show();
 }
 
@@ -307,54 +214,35 @@ void JanelaVisualizacao::LerPreferencias() {
         return;
     }
     const auto preferidas = PreferenciasDaVista::Ler(*preferencias_);
-    restoreGeometry(preferidas.geometria);
     vista_->DefinirContinuo(preferidas.continuo);
     if (preferidas.ajuste == Ajuste::Livre) {
         vista_->Ampliar(preferidas.ampliacao);
     } else {
         vista_->Ajustar(preferidas.ajuste);
     }
-    (*comandos_)[Comando::Miniaturas].setChecked(preferidas.miniaturas);
+    acoes_[Acao::Miniaturas].setChecked(preferidas.miniaturas);
 }
 
-void JanelaVisualizacao::GuardarPreferencias() {
-    if (preferencias_ == nullptr) {
-        return;
+void JanelaVisualizacao::GravarPreferencias() {
+    lugar_.Gravar(*this);
+    if (preferencias_ != nullptr) {
+        PreferenciasDaVista{.ajuste = vista_->AjusteAtual(),
+                            .ampliacao = vista_->AmpliacaoAtual(),
+                            .continuo = vista_->Continuo(),
+                            .miniaturas = acoes_[Acao::Miniaturas].isChecked()}
+            .Gravar(*preferencias_);
     }
-    PreferenciasDaVista{.geometria = saveGeometry(),
-                        .ajuste = vista_->AjusteAtual(),
-                        .ampliacao = vista_->Ampliacao(),
-                        .continuo = vista_->Continuo(),
-                        .miniaturas = (*comandos_)[Comando::Miniaturas].isChecked()}
-        .Gravar(*preferencias_);
-}
-
-void JanelaVisualizacao::showEvent(QShowEvent* evento) {
-    if (!evento->spontaneous()) {
-        Afastar();
-    }
-    QMainWindow::showEvent(evento);
 }
 
 void JanelaVisualizacao::hideEvent(QHideEvent* evento) {
     QMainWindow::hideEvent(evento);
     if (!evento->spontaneous()) {
-        GuardarPreferencias();
+        impressao_->Cancelar();
+        for (auto* dialogo : findChildren<QDialog*>()) {
+            dialogo->close();
+        }
+        GravarPreferencias();
         Esvaziar();
-    }
-}
-
-void JanelaVisualizacao::Afastar() {
-    const auto janelas = QApplication::topLevelWidgets();
-    const auto outraNoLugar = [&] {
-        return std::any_of(janelas.begin(), janelas.end(), [this](const QWidget* outra) {
-            return outra != this && outra->isVisible() &&
-                   outra->geometry().topLeft() == geometry().topLeft() &&
-                   outra->objectName() == objectName();
-        });
-    };
-    while (outraNoLugar()) {
-        move(pos() + QPoint(28, 28));
     }
 }
 

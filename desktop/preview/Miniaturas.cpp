@@ -4,7 +4,8 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
-#include <QSignalBlocker>
+
+#include "desktop/Ligacao.h"
 
 namespace tarvo {
 
@@ -77,12 +78,12 @@ Miniaturas::Miniaturas(QWidget* pai) : QListView(pai), modelo_(new Modelo(this))
     setIconSize({Altura, Altura});
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     verticalScrollBar()->setSingleStep(40);
-    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& atual) {
-                if (aoEscolher && atual.isValid()) {
-                    aoEscolher(atual.row());
-                }
-            });
+    Ligar(selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& atual) {
+              if (aoEscolher && atual.isValid()) {
+                  aoEscolher(atual.row());
+              }
+          });
 }
 
 Miniaturas::~Miniaturas() = default;

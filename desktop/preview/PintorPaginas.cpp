@@ -30,7 +30,7 @@ PintorPaginas::PintorPaginas(std::shared_ptr<const std::string> pdf)
     leitura_.open(QIODevice::ReadOnly);
     documento_.load(&leitura_);
     pontos_ = documento_.pagePointSize(0);
-    linha_.setMaxThreadCount(1);
+    thread_.setMaxThreadCount(1);
 }
 
 PintorPaginas::~PintorPaginas() = default;
@@ -66,7 +66,7 @@ void PintorPaginas::Avancar() {
     emCurso_ = Proximo();
     if (emCurso_) {
         EmSegundoPlano(
-            &contexto_, linha_,
+            &contexto_, thread_,
             [this, recorte = *emCurso_] {
                 QPdfDocumentRenderOptions opcoes;
                 opcoes.setScaledSize(recorte.escala);

@@ -61,8 +61,8 @@ class PintorPaginas {
     std::vector<Recorte> paraVista_;
     std::vector<Recorte> miniaturas_;
     std::optional<Recorte> emCurso_;
-    QObject contexto_;   // what is being painted is of no use without it
-    QThreadPool linha_;  // one thread, which ends before the document goes
+    QObject contexto_;    // what is being painted is of no use without it
+    QThreadPool thread_;  // a single one, which ends before the document goes
 };
 
 }  // namespace tarvo

@@ -1,7 +1,5 @@
 #include "desktop/preview/PreferenciasDaVista.h"
 
-#include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "data/CodigosDeErros.h"
@@ -26,16 +24,12 @@ std::string Ler(const ConfiguracoesIni& configuracoes, std::string_view chave) {
 
 PreferenciasDaVista PreferenciasDaVista::Ler(const ConfiguracoesIni& configuracoes) {
     PreferenciasDaVista lidas;
-    lidas.geometria =
-        QByteArray::fromBase64(QByteArray::fromStdString(tarvo::Ler(configuracoes, "Geometria")));
     const auto ampliacao = tarvo::Ler(configuracoes, "Ampliacao");
     if (ampliacao == "pagina") {
         lidas.ajuste = Ajuste::PaginaInteira;
-    } else if (const int percentual = QByteArray::fromStdString(ampliacao).toInt();
-               percentual > 0) {
+    } else if (const auto livre = Ampliacao::LerPercentual(QString::fromStdString(ampliacao))) {
         lidas.ajuste = Ajuste::Livre;
-        lidas.ampliacao = std::clamp(percentual / 100.0, VistaPaginas::AmpliacaoMinima,
-                                     VistaPaginas::AmpliacaoMaxima);
+        lidas.ampliacao = *livre;
     }
     lidas.continuo = tarvo::Ler(configuracoes, "Continuo") != "0";
     lidas.miniaturas = tarvo::Ler(configuracoes, "Miniaturas") == "1";
@@ -46,14 +40,13 @@ void PreferenciasDaVista::Gravar(ConfiguracoesIni& configuracoes) const {
     const std::string escolhida = ajuste == Ajuste::PaginaInteira ? "pagina"
                                   : ajuste == Ajuste::LarguraDaPagina
                                       ? "largura"
-                                      : std::to_string(std::lround(ampliacao * 100));
+                                      : Ampliacao::Percentual(ampliacao).toStdString();
     try {
         const auto gravar = [&](std::string_view chave, const std::string& valor) {
             if (tarvo::Ler(configuracoes, chave) != valor) {
                 configuracoes.Gravar(Aplicacao, Secao, chave, valor);
             }
         };
-        gravar("Geometria", geometria.toBase64().toStdString());
         gravar("Ampliacao", escolhida);
         gravar("Continuo", continuo ? "1" : "0");
         gravar("Miniaturas", miniaturas ? "1" : "0");

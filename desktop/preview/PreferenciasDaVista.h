@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-
-#include "desktop/preview/VistaPaginas.h"
+#include "desktop/preview/Ampliacao.h"
 
 namespace tarvo {
 
@@ -10,7 +8,6 @@ class ConfiguracoesIni;
 
 // What the preview remembers of the user's last one.
 struct PreferenciasDaVista {
-    QByteArray geometria{};  // of the window
     Ajuste ajuste = Ajuste::LarguraDaPagina;
     double ampliacao = 1.0;  // for Ajuste::Livre
     bool continuo = true;
@@ -18,7 +15,7 @@ struct PreferenciasDaVista {
 
     // What is missing or unreadable has its default.
     static PreferenciasDaVista Ler(const ConfiguracoesIni& configuracoes);
-    // A store that cannot be written stays as it is: losing a window's place is no error.
+    // A store that cannot be written stays as it is: losing the user's habits is no error.
     void Gravar(ConfiguracoesIni& configuracoes) const;
 };
 

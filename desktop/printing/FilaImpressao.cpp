@@ -43,10 +43,10 @@ class Conexao {
     [[nodiscard]] http_t* Http() const { return http_.get(); }
 
     void LancarSeCalado() const {
-        LancarSeCancelado(cancelar_);
         if (segundosSemResposta_ >= EsperaResposta) {
             LancarErroImpressora("O serviço de impressão não respondeu.");
         }
+        LancarSeCancelado(cancelar_);
     }
     // The service's last refusal, or its silence, as an error.
     [[noreturn]] void Lancar(const std::string& operacao) const {

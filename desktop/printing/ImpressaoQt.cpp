@@ -10,6 +10,7 @@
 #include <climits>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
 #include "desktop/SegundoPlano.h"
 #include "desktop/printing/FilaImpressao.h"
 #include "system/files/Arquivos.h"
@@ -82,8 +83,8 @@ void ImpressaoQt::AbrirDialogo() {
                          QAbstractPrintDialog::PrintCollateCopies);
     dialogo_->setMinMax(1, documento_.paginas);
     dialogo_->setFromTo(1, documento_.paginas);
-    connect(dialogo_, &QDialog::accepted, this, [this] { AceitarDialogo(*dialogo_); });
-    connect(dialogo_, &QDialog::rejected, this, [this] { Terminar(ErroCancelado()); });
+    Ligar(dialogo_.data(), &QDialog::accepted, this, [this] { AceitarDialogo(*dialogo_); });
+    Ligar(dialogo_.data(), &QDialog::rejected, this, [this] { Terminar(ErroCancelado()); });
     if (dialogoBloqueia_) {
         dialogo_->setModal(true);
         dialogo_->show();
@@ -168,7 +169,7 @@ void ImpressaoQt::ImprimirEEsperar(QWidget* janela, const DocumentoImpresso& doc
     aviso.setWindowModality(Qt::ApplicationModal);
     aviso.setWindowTitle(ParaQt(documento.titulo));
     aviso.setMinimumDuration(INT_MAX);
-    connect(&aviso, &QProgressDialog::canceled, &impressao, [&] {
+    Ligar(&aviso, &QProgressDialog::canceled, &impressao, [&] {
         impressao.Cancelar();
         aviso.setLabelText(u"Cancelando…"_s);
     });

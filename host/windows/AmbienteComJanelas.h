@@ -18,7 +18,11 @@ class AmbienteComJanelas {
     explicit AmbienteComJanelas(const std::optional<std::string>& refAtual)
         : configuracoes_(preferencias_, refAtual) {}
 
-    [[nodiscard]] Ambiente DosRelatorios();
+    [[nodiscard]] Ambiente DosRelatorios() {
+        return {.visualizadores = &visualizadores_,
+                .configuracoes = &configuracoes_,
+                .andamento = &andamento_};
+    }
     [[nodiscard]] ConfiguracoesIni& Preferencias() { return preferencias_; }
 
     // Takes the progress window away when the returned object goes, however the build has ended.

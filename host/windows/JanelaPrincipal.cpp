@@ -4,122 +4,68 @@
 #include <QDate>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QInputDialog>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMessageBox>
+#include <QScopedValueRollback>
 #include <QStatusBar>
-#include <QTableView>
-#include <QVBoxLayout>
-#include <algorithm>
 
 #include "databases/AbrirBanco.h"
 #include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
 #include "document/Imagens.h"
 #include "host/commands/Declaracoes.h"
 #include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/ListaDeclaracoes.h"
 #include "host/windows/Recentes.h"
 
 namespace tarvo::host {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr std::string_view Secao = "JanelaPrincipal";
-constexpr int LarguraMaxima = 340;  // of a column; the tool tip shows what is cut
-
-}  // namespace
-
 JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
-    : ambiente_(ambiente), selecao_(this), filtradas_(modelo_) {
+    : ambiente_(ambiente),
+      lugar_(&ambiente.Preferencias(), "JanelaPrincipal", {980, 560}),
+      selecao_(this),
+      lista_(new ListaDeclaracoes(this)),
+      situacao_(new QLabel(u"Nenhum banco aberto. Use Arquivo, Abrir banco."_s, this)) {
     setObjectName(u"janelaPrincipal"_s);
     setWindowTitle(u"Relatórios Tarvo"_s);
     setWindowIcon(IconeDe(&frmFiguras::imgIconeR));
-    resize(980, 560);
     CriarMenus();
-    CriarLista();
-    situacao_ = new QLabel(u"Nenhum banco aberto. Use Arquivo, Abrir banco."_s, this);
+    lista_->aoAbrir = [this] { AbrirDeclaracao(); };
+    lista_->aoMudar = [this] { situacao_->setText(lista_->Situacao()); };
+    setCentralWidget(lista_);
     situacao_->setObjectName(u"situacao"_s);
     statusBar()->addWidget(situacao_, 1);
-    LerGeometria();
+    lugar_.Colocar(*this);
 }
 
 JanelaPrincipal::~JanelaPrincipal() = default;
 
 void JanelaPrincipal::CriarMenus() {
-    auto* arquivo = menuBar()->addMenu(u"&Arquivo"_s);
-    arquivo->addAction(u"&Abrir banco…"_s, QKeySequence(Qt::CTRL | Qt::Key_O), this,
-                       [this] { EscolherArquivo(); });
-    auto* recentes = arquivo->addMenu(u"&Recentes"_s);
+    const auto acrescentar = [this](QMenu& menu, const QString& texto, auto fazer,
+                                    const QKeySequence& atalho = {}) {
+        auto* acao = menu.addAction(texto);
+        acao->setShortcut(atalho);
+        Ligar(acao, &QAction::triggered, this, fazer);
+    };
+    auto& arquivo = *menuBar()->addMenu(u"&Arquivo"_s);
+    acrescentar(
+        arquivo, u"&Abrir banco…"_s, [this] { EscolherArquivo(); }, Qt::CTRL | Qt::Key_O);
+    auto* recentes = arquivo.addMenu(u"&Recentes"_s);
     recentes->setObjectName(u"recentes"_s);
-    connect(recentes, &QMenu::aboutToShow, this, [this, recentes] { MostrarRecentes(*recentes); });
-    arquivo->addSeparator();
-    arquivo->addAction(u"&Sair"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this,
-                       [] { QApplication::closeAllWindows(); });
-    auto* declaracao = menuBar()->addMenu(u"&Declaração"_s);
-    declaracao->addAction(u"&Relatórios…"_s, QKeySequence(Qt::CTRL | Qt::Key_R), this,
-                          [this] { AbrirDeclaracao(lista_->currentIndex()); });
-    declaracao->addAction(u"Mês de referência &atual…"_s, this, [this] { DefinirRefAtual(); });
-    declaracao->addAction(u"&Localizar"_s, QKeySequence(Qt::CTRL | Qt::Key_F), this, [this] {
-        campoBusca_->setFocus();
-        campoBusca_->selectAll();
-    });
-}
-
-void JanelaPrincipal::CriarLista() {
-    auto* centro = new QWidget(this);
-    campoBusca_ = new QLineEdit(centro);
-    campoBusca_->setObjectName(u"campoBusca"_s);
-    campoBusca_->setPlaceholderText(u"Localizar por nome, inscrição, CNPJ, número ou referência"_s);
-    campoBusca_->setAccessibleName(u"Localizar contribuinte ou declaração"_s);
-    campoBusca_->setClearButtonEnabled(true);
-    campoBusca_->installEventFilter(this);
-    connect(campoBusca_, &QLineEdit::textChanged, this, [this](const QString& texto) {
-        filtradas_.Procurar(texto);
-        lista_->selectRow(0);
-        DizerQuantas();
-    });
-    lista_ = new QTableView(centro);
-    lista_->setObjectName(u"declaracoes"_s);
-    lista_->setAccessibleName(u"Contribuintes e declarações"_s);
-    lista_->setModel(&filtradas_);
-    lista_->setSortingEnabled(true);
-    lista_->sortByColumn(ModeloDeclaracoes::RazaoSocial, Qt::AscendingOrder);
-    lista_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lista_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lista_->setTabKeyNavigation(false);
-    lista_->setAlternatingRowColors(true);
-    lista_->setShowGrid(false);
-    lista_->verticalHeader()->hide();
-    lista_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    lista_->horizontalHeader()->setStretchLastSection(true);
-    lista_->horizontalHeader()->setHighlightSections(false);
-    lista_->installEventFilter(this);
-    connect(lista_, &QTableView::doubleClicked, this,
-            [this](const QModelIndex& indice) { AbrirDeclaracao(indice); });
-    auto* colunas = new QVBoxLayout(centro);
-    colunas->addWidget(campoBusca_);
-    colunas->addWidget(lista_, 1);
-    setCentralWidget(centro);
-}
-
-bool JanelaPrincipal::eventFilter(QObject* objeto, QEvent* evento) {
-    if (evento->type() == QEvent::KeyPress) {
-        const int tecla = static_cast<QKeyEvent*>(evento)->key();
-        if (tecla == Qt::Key_Return || tecla == Qt::Key_Enter) {
-            AbrirDeclaracao(lista_->currentIndex());
-            return true;
-        }
-        if (objeto == campoBusca_ && (tecla == Qt::Key_Down || tecla == Qt::Key_Up)) {
-            QApplication::sendEvent(lista_, evento);
-            return true;
-        }
-    }
-    return QMainWindow::eventFilter(objeto, evento);
+    Ligar(recentes, &QMenu::aboutToShow, this, [this, recentes] { MostrarRecentes(*recentes); });
+    arquivo.addSeparator();
+    acrescentar(
+        arquivo, u"&Sair"_s, [] { QApplication::closeAllWindows(); }, Qt::CTRL | Qt::Key_Q);
+    auto& declaracao = *menuBar()->addMenu(u"&Declaração"_s);
+    acrescentar(
+        declaracao, u"&Relatórios…"_s, [this] { AbrirDeclaracao(); }, Qt::CTRL | Qt::Key_R);
+    acrescentar(declaracao, u"Mês de referência &atual…"_s, [this] { DefinirRefAtual(); });
+    acrescentar(
+        declaracao, u"&Localizar"_s, [this] { lista_->Localizar(); }, Qt::CTRL | Qt::Key_F);
 }
 
 void JanelaPrincipal::EscolherArquivo() {
@@ -134,8 +80,8 @@ void JanelaPrincipal::EscolherArquivo() {
 void JanelaPrincipal::MostrarRecentes(QMenu& menu) {
     menu.clear();
     for (const auto& recente : LerRecentes(ambiente_.Preferencias())) {
-        menu.addAction(QString(recente).replace(u'&', u"&&"_s), this,
-                       [this, recente] { Abrir(recente.toStdString()); });
+        Ligar(menu.addAction(QString(recente).replace(u'&', u"&&"_s)), &QAction::triggered, this,
+              [this, recente] { Abrir(recente.toStdString()); });
     }
     if (menu.isEmpty()) {
         menu.addAction(u"Nenhum"_s)->setEnabled(false);
@@ -146,51 +92,34 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
     if (ocupada_) {
         return;
     }
-    try {
+    Proteger(this, [&] {
         auto banco = AbrirBanco(arquivo);
         const auto fim = ambiente_.ConcluirAndamentoNoFim();
         banco->Acompanhar(ambiente_.DosRelatorios().andamento);
-        modelo_.Ler(*banco);
+        lista_->Ler(*banco);
         relatorios_.reset();
         banco_ = std::move(banco);
         relatorios_ = std::make_unique<Relatorios>(ambiente_.DosRelatorios(), selecao_);
-    } catch (const Erro& erro) {
-        return DizerErro(erro);
-    }
-    const QFileInfo nome(ParaQt(arquivo.string()));
-    setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
-    AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
-    lista_->resizeColumnsToContents();
-    for (int coluna = 0; coluna < ModeloDeclaracoes::Colunas; ++coluna) {
-        lista_->setColumnWidth(coluna, std::min(lista_->columnWidth(coluna), LarguraMaxima));
-    }
-    campoBusca_->clear();
-    lista_->selectRow(0);
-    lista_->setFocus();
-    DizerQuantas();
+        const QFileInfo nome(ParaQt(arquivo.string()));
+        setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
+        AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
+    });
 }
 
-void JanelaPrincipal::AbrirDeclaracao(const QModelIndex& indice) {
-    if (!indice.isValid() || ocupada_) {
+void JanelaPrincipal::AbrirDeclaracao() {
+    const auto linha = lista_->Escolhida();
+    if (!linha || ocupada_) {
         return;
     }
-    const auto& linha = filtradas_.Em(indice);
-    if (!linha.NroDRQ) {
-        statusBar()->showMessage(u"Este contribuinte não tem declarações."_s, 5000);
-        return;
+    if (!linha->NroDRQ) {
+        return DizerDePassagem(this, u"Este contribuinte não tem declarações."_s);
     }
-    const std::int32_t numero = *linha.NroDRQ;
-    ocupada_ = true;
-    try {
-        const auto fim = ambiente_.ConcluirAndamentoNoFim();
-        const auto IE = linha.IE.empty() ? PerguntarContribuinte() : linha.IE;
-        if (!IE.empty()) {
-            relatorios_->Executar(*banco_, IE, numero, 0);
-        }
-    } catch (const Erro& erro) {
-        DizerErro(erro);
+    const QScopedValueRollback emCurso(ocupada_, true);
+    const auto fim = ambiente_.ConcluirAndamentoNoFim();
+    const auto IE = linha->IE.empty() ? PerguntarContribuinte() : linha->IE;
+    if (!IE.empty()) {
+        relatorios_->Executar(*banco_, IE, *linha->NroDRQ, 0);
     }
-    ocupada_ = false;
 }
 
 std::string JanelaPrincipal::PerguntarContribuinte() {
@@ -205,60 +134,23 @@ std::string JanelaPrincipal::PerguntarContribuinte() {
 }
 
 void JanelaPrincipal::DefinirRefAtual() {
-    try {
-        auto& preferencias = ambiente_.Preferencias();
-        auto texto = ParaQt(preferencias.Ler("Tarvo", "pRef", "RefAtual", ""));
-        bool aceito = true;
-        do {
-            texto = QInputDialog::getText(this, u"Mês de referência atual"_s,
-                                          u"Mês e ano (MM/AAAA) que os resumos dos CFOPs usam:"_s,
-                                          QLineEdit::Normal, texto, &aceito)
-                        .trimmed();
-        } while (aceito && !QDate::fromString(texto, u"MM/yyyy"_s).isValid());
-        if (aceito) {
-            preferencias.Gravar("Tarvo", "pRef", "RefAtual", texto.toStdString());
-        }
-    } catch (const Erro& erro) {
-        DizerErro(erro);
-    }
-}
-
-void JanelaPrincipal::DizerQuantas() {
-    const int mostradas = filtradas_.rowCount();
-    const int todas = modelo_.rowCount();
-    situacao_->setText(mostradas == todas ? u"%L1 linhas"_s.arg(todas)
-                                          : u"%L1 de %L2 linhas"_s.arg(mostradas).arg(todas));
-}
-
-void JanelaPrincipal::DizerErro(const Erro& erro) {
-    if (erro.Numero() == NumeroErro::Cancelado) {
-        statusBar()->showMessage(ParaQt(erro.Descricao()), 5000);
-        return;
-    }
-    auto* caixa = new QMessageBox(QMessageBox::Warning, u"Relatórios Tarvo"_s, TextoDoErro(erro),
-                                  QMessageBox::Ok, this);
-    caixa->setAttribute(Qt::WA_DeleteOnClose);
-    caixa->open();
-}
-
-// Losing the window's place is no error.
-void JanelaPrincipal::LerGeometria() {
-    try {
-        const auto geometria = ambiente_.Preferencias().Ler("Tarvo", Secao, "Geometria", "");
-        restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometria)));
-    } catch (const Erro&) {
-        return;
+    auto& preferencias = ambiente_.Preferencias();
+    auto texto = ParaQt(preferencias.Ler("Tarvo", "pRef", "RefAtual", ""));
+    bool aceito = true;
+    do {
+        texto = QInputDialog::getText(this, u"Mês de referência atual"_s,
+                                      u"Mês e ano (MM/AAAA) que os resumos dos CFOPs usam:"_s,
+                                      QLineEdit::Normal, texto, &aceito)
+                    .trimmed();
+    } while (aceito && !QDate::fromString(texto, u"MM/yyyy"_s).isValid());
+    if (aceito) {
+        preferencias.Gravar("Tarvo", "pRef", "RefAtual", texto.toStdString());
     }
 }
 
 void JanelaPrincipal::closeEvent(QCloseEvent* evento) {
     QMainWindow::closeEvent(evento);
-    try {
-        ambiente_.Preferencias().Gravar("Tarvo", Secao, "Geometria",
-                                        saveGeometry().toBase64().toStdString());
-    } catch (const Erro&) {
-        return;
-    }
+    lugar_.Gravar(*this);
 }
 
 }  // namespace tarvo::host

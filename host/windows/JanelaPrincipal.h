@@ -5,21 +5,20 @@
 #include <memory>
 
 #include "data/BancoDados.h"
-#include "data/CodigosDeErros.h"
+#include "desktop/LugarDaJanela.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "dispatch/Relatorios.h"
-#include "host/windows/ModeloDeclaracoes.h"
 
 class QLabel;
-class QLineEdit;
-class QTableView;
+class QMenu;
 
 namespace tarvo::host {
 
 class AmbienteComJanelas;
+class ListaDeclaracoes;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
-// selection dialog. Errors are told in a box and leave the window as it was.
+// selection dialog. Errors are told over the window and leave it as it was.
 class JanelaPrincipal final : public QMainWindow {
   public:
     // ambiente outlives the window.
@@ -31,29 +30,22 @@ class JanelaPrincipal final : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* evento) override;
-    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   private:
-    void LerGeometria();
     void CriarMenus();
-    void CriarLista();
     void EscolherArquivo();
     void MostrarRecentes(QMenu& menu);
-    void AbrirDeclaracao(const QModelIndex& indice);
+    void AbrirDeclaracao();
     [[nodiscard]] std::string PerguntarContribuinte();  // empty: none chosen
     void DefinirRefAtual();
-    void DizerQuantas();
-    void DizerErro(const Erro& erro);
 
     AmbienteComJanelas& ambiente_;
+    LugarDaJanela lugar_;
     JanelaSelecaoQt selecao_;
     std::unique_ptr<BancoDados> banco_;
     std::unique_ptr<Relatorios> relatorios_;
-    ModeloDeclaracoes modelo_;
-    DeclaracoesFiltradas filtradas_;
-    QLineEdit* campoBusca_ = nullptr;
-    QTableView* lista_ = nullptr;
-    QLabel* situacao_ = nullptr;
+    ListaDeclaracoes* lista_;
+    QLabel* situacao_;
     bool ocupada_ = false;  // Executar must not be entered twice
 };
 

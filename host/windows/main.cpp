@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "host/windows/ProgramaComJanelas.h"
+#include "host/windows/ComandosComJanelas.h"
 
 int main(int argc, char** argv) {
     return tarvo::host::ExecutarComJanelas(argc, argv, std::cerr);

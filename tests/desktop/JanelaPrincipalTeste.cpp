@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/ModeloDeclaracoes.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo::host {

@@ -1,8 +1,12 @@
-#include <gmock/gmock.h>
+#include <set>
 
 #include "desktop/preview/BuscaTexto.h"
 #include "desktop/preview/CelulasDeTexto.h"
 #include "desktop/preview/DisposicaoPaginas.h"
+#include "desktop/preview/DocumentoPronto.h"
+#include "desktop/preview/PintorPaginas.h"
+#include "desktop/preview/VistaPaginas.h"
+#include "tests/desktop/Previas.h"
 
 namespace tarvo {
 namespace {
@@ -22,13 +26,18 @@ TEST(DisposicaoPaginas, PagesStandInTheMiddleBelowEachOtherOrAlone) {
 
 TEST(DisposicaoPaginas, TheCurrentPageIsTheOneThatShowsMost) {
     DisposicaoPaginas d{.paginas = 5, .pagina = {200, 300}, .janela = {400, 350}};
-    EXPECT_EQ(d.PaginaPrincipal(12 + 149), 0);
-    EXPECT_EQ(d.PaginaPrincipal(12 + 151), 1);
-    EXPECT_EQ(d.PaginaPrincipal(100'000), 4);
+    const auto principal = [&](int y) {
+        d.topo = {0, y};
+        return d.PaginaPrincipal();
+    };
+    EXPECT_EQ(principal(12 + 149), 0);
+    EXPECT_EQ(principal(12 + 150), 0) << "exactly half of it shows";
+    EXPECT_EQ(principal(12 + 151), 1);
+    EXPECT_EQ(principal(100'000), 4);
     // A page higher than the view is current while it fills half of the view.
     d.janela = {400, 100};
-    EXPECT_EQ(d.PaginaPrincipal(12 + 240), 0);
-    EXPECT_EQ(d.PaginaPrincipal(12 + 260), 1);
+    EXPECT_EQ(principal(12 + 250), 0) << "exactly half of the view";
+    EXPECT_EQ(principal(12 + 251), 1);
 }
 
 TEST(BuscaTexto, FoldsCaseAccentsAndBlanksAndKeepsThePlaces) {
@@ -36,6 +45,9 @@ TEST(BuscaTexto, FoldsCaseAccentsAndBlanksAndKeepsThePlaces) {
     EXPECT_EQ(BuscaTexto::Dobrar(u"Ção  \r\nÉ"_s, &posicoes), u"cao e"_s);
     EXPECT_THAT(posicoes, ElementsAre(0, 1, 2, 3, 7));
     EXPECT_EQ(BuscaTexto::Dobrar(u"nº ½ €"_s), u"nº ½ €"_s);
+    // Letters in parts, as some programs write them, and with two accents.
+    EXPECT_EQ(BuscaTexto::Dobrar(u"c\u0327a\u0303O\u0302 \u1ea5"_s, &(posicoes = {})), u"cao a"_s);
+    EXPECT_THAT(posicoes, ElementsAre(0, 2, 4, 6, 7));
 }
 
 TEST(CelulasDeTexto, RowsComeFromTopToBottomAndCellsFromLeftToRight) {
@@ -58,6 +70,27 @@ TEST(CelulasDeTexto, RowsComeFromTopToBottomAndCellsFromLeftToRight) {
     EXPECT_EQ(celulas.Copiar(0, QRectF(5 * 72 / 2.54 + 1, 0, 10, 900)), u"b"_s);
     ASSERT_EQ(celulas.Caixas(0, tudo).size(), 3U);
     EXPECT_NEAR(celulas.Caixas(0, tudo)[0].x(), 5 * 72 / 2.54, 0.01);
+}
+
+TEST(VistaPaginas, AThousandPagesCostThePaintingOfThoseInSight) {
+    DocumentoRelatorio documento;
+    apoio::MontarTabela(documento, 1000);
+    PintorPaginas pintor(Preparar(documento.Registrado()).pdf);
+    std::set<int> pintadas;
+    VistaPaginas vista(nullptr);
+    pintor.aoPintar = [&](const Recorte& recorte) {
+        pintadas.insert(recorte.pagina);
+        vista.viewport()->update();
+    };
+    vista.resize(900, 700);
+    vista.show();
+    vista.Mostrar(&pintor, nullptr, nullptr);
+    vista.IrPara(499);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pintadas.contains(499); }));
+    vista.RolarTela(1);
+    vista.RolarTela(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pintadas.contains(501); }));
+    EXPECT_THAT(pintadas, testing::IsSubsetOf({0, 1, 499, 500, 501, 502}));
 }
 
 }  // namespace

@@ -6,11 +6,10 @@
 #include <QListView>
 #include <QMenuBar>
 #include <QScrollBar>
-#include <QSpinBox>
+#include <QStatusBar>
 #include <QTableWidget>
 #include <QToolButton>
 #include <QWheelEvent>
-#include <ctime>
 #include <fstream>
 #include <iterator>
 
@@ -96,15 +95,16 @@ TEST_F(Visualizacao, ShowsTitleIconPageAndWhatWasCut) {
 TEST_F(Visualizacao, GoesThroughThePagesByKeysAndByNumber) {
     Mostrar(12);
     const std::pair<const char*, const char*> teclas[] = {
-        {"PgDown", "Página 2 de 12"}, {"PgDown", "Página 3 de 12"},  {"PgUp", "Página 2 de 12"},
-        {"End", "Página 12 de 12"},   {"PgDown", "Página 12 de 12"}, {"Home", "Página 1 de 12"}};
+        {"Ctrl+PgDown", "Página 2 de 12"},  {"Ctrl+PgDown", "Página 3 de 12"},
+        {"Ctrl+PgUp", "Página 2 de 12"},    {"End", "Página 12 de 12"},
+        {"Ctrl+PgDown", "Página 12 de 12"}, {"Home", "Página 1 de 12"}};
+    auto& campo = Parte<QLineEdit>("campoPagina");
     for (const char* modo : {"contínuo", "página a página"}) {
         for (const auto& [tecla, situacao] : teclas) {
             Teclar(tecla);
             EXPECT_EQ(Situacao(), situacao) << modo << " " << tecla;
         }
         Teclar("Ctrl+G");
-        auto& campo = Parte<QSpinBox>("campoPagina");
         EXPECT_TRUE(campo.hasFocus());
         QTest::keyClicks(&campo, u"7"_s);
         QTest::keyClick(&campo, Qt::Key_Return);
@@ -112,6 +112,76 @@ TEST_F(Visualizacao, GoesThroughThePagesByKeysAndByNumber) {
         EXPECT_TRUE(Parte<QWidget>("paginas").hasFocus());
         Teclar("Home");
         Teclar("Ctrl+3");
+    }
+}
+
+TEST_F(Visualizacao, APageThatDoesNotExistIsSaidAndNotShown) {
+    Mostrar(12);
+    Teclar("Ctrl+Home");
+    auto& campo = Parte<QLineEdit>("campoPagina");
+    for (const char* pagina : {"5000", "13", "0", "nada", ""}) {
+        Teclar("Ctrl+G");
+        Digitar(campo, QString::fromUtf8(pagina));
+        QTest::keyClick(&campo, Qt::Key_Backspace);  // an empty field too is something typed
+        Digitar(campo, QString::fromUtf8(pagina));
+        QTest::keyClick(&campo, Qt::Key_Return);
+        EXPECT_EQ(Situacao(), "Página 1 de 12") << pagina;
+        EXPECT_THAT(Unica().statusBar()->currentMessage().toStdString(),
+                    testing::HasSubstr("de 1 a 12"))
+            << pagina;
+        EXPECT_EQ(campo.text(), u"1"_s);
+        EXPECT_TRUE(campo.hasFocus());
+        Unica().statusBar()->clearMessage();
+    }
+    // A number left behind by the Tab key counts, and the focus stays where Tab has put it.
+    Digitar(campo, u"4"_s);
+    QTest::keyClick(&campo, Qt::Key_Tab);
+    EXPECT_EQ(Situacao(), "Página 4 de 12");
+    EXPECT_FALSE(Parte<QWidget>("paginas").hasFocus());
+}
+
+TEST_F(Visualizacao, AScreenfulSkipsNothingAndReachesTheEnd) {
+    Mostrar(4);
+    auto& barra = *Paginas().verticalScrollBar();
+    for (const auto& [tecla, fim] :
+         {std::pair{"PgDown", barra.maximum()}, {"PgUp", 0}, {"Space", barra.maximum()}}) {
+        int telas = 0;
+        while (barra.value() != fim && telas < 50) {
+            const int antes = barra.value();
+            Teclar(tecla);
+            EXPECT_NE(barra.value(), antes) << tecla;
+            EXPECT_LE(std::abs(barra.value() - antes), Area().height()) << tecla;
+            ++telas;
+        }
+        EXPECT_LE(telas, 2 * barra.maximum() / Area().height()) << tecla;
+    }
+    // Where pages stand alone, the next one begins where the last one has ended.
+    Teclar("Ctrl+3");
+    Teclar("Home");
+    Teclar("PgDown");
+    EXPECT_EQ(Situacao(), "Página 1 de 4");
+    barra.setValue(barra.maximum());
+    Teclar("PgDown");
+    EXPECT_EQ(Situacao(), "Página 2 de 4");
+    EXPECT_EQ(barra.value(), 0);
+}
+
+TEST_F(Visualizacao, TheTabKeyReachesEveryControlAndComesBack) {
+    MontarTabela(documento, 3);
+    EscreverEmCaixa(documento, {}, 0, 8, 1, 0.4, "um texto que não cabe nesta caixa estreita");
+    documento.Exibir();
+    Teclar("F9");
+    Teclar("Ctrl+F");
+    Parte<QWidget>("paginas").setFocus();
+    QStringList alcancados;
+    do {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        alcancados << QApplication::focusWidget()->objectName();
+    } while (alcancados.last() != u"paginas"_s && alcancados.size() < 30);
+    for (const char* controle : {"paginas", "campoPagina", "campoAmpliacao", "miniaturas",
+                                 "campoBusca", "situacaoCortes"}) {
+        EXPECT_TRUE(alcancados.contains(QLatin1String(controle)))
+            << controle << " in " << alcancados.join(u' ').toStdString();
     }
 }
 
@@ -141,12 +211,18 @@ TEST_F(Visualizacao, MagnifiesByKeysWheelAndNumberWithinItsLimits) {
     Teclar("Ctrl+-");
     EXPECT_EQ(Ampliacao(), "90 %");
     auto& campo = Parte<QComboBox>("campoAmpliacao");
-    for (const auto& [digitado, mostrado] :
-         {std::pair{"130", "130 %"}, {"5 %", "25 %"}, {"9999", "800 %"}, {"nada", "800 %"}}) {
+    for (const auto& [digitado, mostrado] : {std::pair{"130", "130 %"},
+                                             {"80", "80 %"},
+                                             {"137,5", "137,5 %"},
+                                             {"62.5 %", "62,5 %"},
+                                             {"5 %", "25 %"},
+                                             {"9999", "800 %"},
+                                             {"nada", "800 %"}}) {
         Digitar(*campo.lineEdit(), QString::fromUtf8(digitado));
         QTest::keyClick(campo.lineEdit(), Qt::Key_Return);
         EXPECT_EQ(Ampliacao(), mostrado);
     }
+    EXPECT_THAT(Unica().statusBar()->currentMessage().toStdString(), testing::HasSubstr("nada"));
     Teclar("Ctrl+0");
     GirarRoda(120, Qt::ControlModifier);
     EXPECT_EQ(Ampliacao(), "120 %");
@@ -155,7 +231,8 @@ TEST_F(Visualizacao, MagnifiesByKeysWheelAndNumberWithinItsLimits) {
     Unica().resize(1200, 700);
     EXPECT_TRUE(Esperar([&] { return Ampliacao() != largura; }));
     Teclar("Ctrl+1");
-    const auto inteira = QString::fromStdString(Ampliacao()).remove(u" %"_s).toInt();
+    const auto inteira =
+        QString::fromStdString(Ampliacao()).remove(u" %"_s).replace(u',', u'.').toDouble();
     EXPECT_NEAR(29.7 * 96 / 2.54 * inteira / 100, Area().height() - 24, 8);
 }
 
@@ -182,6 +259,8 @@ TEST_F(Visualizacao, FindsWithoutAccentsAndMarksEveryHit) {
     Teclar("F3", &campo);
     EXPECT_EQ(Situacao(), "Página 1 de 5");
 
+    campo.setText(u"Apurac\u0327a\u0303o"_s);
+    EXPECT_TRUE(Esperar([&] { return situacao() == u"1 de 5"_s; }));
     procurar(u"linha"_s, u"1 de 15"_s);
     EXPECT_TRUE(Esperar([] { return Pixels(Achado) > 100 && Pixels(AchadoAtual) > 100; }));
     procurar(u"inexistente"_s, u"Nenhum resultado"_s);
@@ -257,7 +336,7 @@ TEST_F(Visualizacao, ShownAgainItHasTheNewDocumentAtItsFirstPage) {
 
 TEST_F(Visualizacao, SeveralStandSideBySideAndGoWithTheirOwners) {
     Mostrar(1);
-    Unica().setGeometry(60, 70, 810, 620);
+    Unica().setGeometry(60, 70, 610, 520);
     documento.Ocultar();  // and the place is remembered
     documento.Exibir();
     auto outro = std::make_unique<DocumentoRelatorio>(ambiente);
@@ -279,7 +358,7 @@ TEST_F(Visualizacao, SeveralStandSideBySideAndGoWithTheirOwners) {
 
 TEST_F(Visualizacao, RemembersPlaceAndMagnification) {
     Mostrar(3);
-    Unica().setGeometry(60, 70, 810, 620);
+    Unica().setGeometry(60, 70, 610, 520);
     Teclar("Ctrl+0");
     Teclar("Ctrl++");
     Teclar("Ctrl+3");
@@ -288,53 +367,33 @@ TEST_F(Visualizacao, RemembersPlaceAndMagnification) {
     DocumentoRelatorio outro(ambiente);
     MontarTabela(outro, 2);
     outro.Exibir();
-    EXPECT_EQ(Unica().geometry(), QRect(60, 70, 810, 620));
+    EXPECT_EQ(Unica().geometry(), QRect(60, 70, 610, 520));
     EXPECT_EQ(Ampliacao(), "110 %");
     EXPECT_TRUE(Parte<QListView>("miniaturas").isVisible());
     EXPECT_LT(Paginas().verticalScrollBar()->maximum(), 1000) << "one page alone";
     outro.Ocultar();
     ini.Gravar("Tarvo", "Visualizacao", "Ampliacao", "pagina");
-    ini.Gravar("Tarvo", "Visualizacao", "Geometria", "lixo");
+    ini.Gravar("Tarvo", "Visualizacao", "Lugar", "lixo");
     DocumentoRelatorio terceiro(ambiente);
     MontarTabela(terceiro, 2);
     terceiro.Exibir();
     EXPECT_NE(Ampliacao(), "110 %");
 }
 
-TEST_F(Visualizacao, EveryCommandTellsItsShortcutWhereItIsOffered) {
+TEST_F(Visualizacao, EveryActionTellsItsShortcutWhereItIsOffered) {
     Mostrar(1);
-    int comandos = 0;
+    int acoes = 0;
     for (auto* menu : Unica().menuBar()->actions()) {
         for (auto* acao : menu->menu()->actions()) {
             if (!acao->isSeparator()) {
-                ++comandos;
+                ++acoes;
                 EXPECT_FALSE(acao->shortcut().isEmpty()) << acao->text().toStdString();
                 EXPECT_TRUE(
                     acao->toolTip().contains(acao->shortcut().toString(QKeySequence::NativeText)));
             }
         }
     }
-    EXPECT_EQ(comandos, 21);
-}
-
-TEST_F(Visualizacao, AThousandPagesAreThereWithinHalfASecond) {
-    MontarTabela(documento, 1);
-    documento.Exibir();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Unica()));
-    documento.Ocultar();
-    MontarTabela(documento, 1000);
-    // Processor time, so that a busy machine does not fail the test.
-    const auto inicio = std::clock();
-    documento.Exibir();
-    Teclar("Ctrl+1");
-    ASSERT_TRUE(Esperar([] { return Pixels(qRgb(0, 128, 128)) > 500; }));
-    const double segundos = double(std::clock() - inicio) / CLOCKS_PER_SEC;
-#if defined(__SANITIZE_ADDRESS__)
-    EXPECT_LT(segundos, 10);
-#else
-    EXPECT_LT(segundos, 0.5);
-#endif
-    EXPECT_EQ(Situacao(), "Página 1 de 1000");
+    EXPECT_EQ(acoes, 23);
 }
 
 }  // namespace

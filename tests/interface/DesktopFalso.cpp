@@ -30,7 +30,7 @@ class VisualizadorFalso final : public Visualizador {
 
 class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, public JanelaSelecao {
   public:
-    [[nodiscard]] bool NestaLinha() const override { return std::this_thread::get_id() == linha_; }
+    [[nodiscard]] bool NestaThread() const override { return std::this_thread::get_id() == linha_; }
     [[nodiscard]] bool TemTela() const override { return ODesktopFalso().temTela; }
     FabricaVisualizadores& Visualizadores() override { return *this; }
     JanelaSelecao& Selecao() override { return *this; }

@@ -1,6 +1,5 @@
 #include "desktop/printing/FilaImpressao.h"
 
-#include <chrono>
 #include <fstream>
 #include <future>
 #include <iterator>
@@ -126,6 +125,17 @@ TEST_F(FilaImpressao, ACancelledJobPrintsNothingAndIsToldAsCancelled) {
     EXPECT_EQ(servico->Trabalhos(), antes);
 }
 
+TEST_F(FilaImpressao, AJobThatIsGivenUpHalfwayDoesNotStayInTheQueue) {
+    // More than the service takes: it refuses the rest once the job has its number.
+    const std::string grande(4'000'000, 'x');
+    const auto antes = servico->Trabalhos();
+    const Erro e =
+        ErroDe([&] { EnviarTrabalho({.pdf = grande, .titulo = "x", .impressora = "Direta"}); });
+    EXPECT_EQ(e.Numero(), NumeroErro::ErroImpressora) << e.Descricao();
+    EXPECT_EQ(servico->Trabalhos(), antes + 1);
+    EXPECT_EQ(SaidaDe("lpstat -W not-completed -o"), "");
+}
+
 TEST_F(FilaImpressao, ListsThePrintersThatCanBeChosen) {
     const auto impressoras = ListarImpressoras();
     ASSERT_EQ(impressoras.size(), 4U);
@@ -147,20 +157,19 @@ TEST(FilaImpressaoSemServico, AnUnreachableServiceIsSaid) {
     EXPECT_THAT(e.Descricao(), HasSubstr("CUPS"));
 }
 
-TEST(FilaImpressaoSemServico, WaitingForASilentServiceCanBeCancelled) {
-    using namespace std::chrono_literals;
-    const apoio::ServicoMudo mudo;
+TEST(FilaImpressaoSemServico, WaitingForASilentServiceEndsByItselfOrByTheUser) {
+    apoio::ServicoMudo mudo;
     std::atomic<bool> cancelar = false;
+    const auto enviar = [&] { EnviarTrabalho({.pdf = "x", .titulo = "x"}, &cancelar); };
     std::thread usuario([&] {
-        std::this_thread::sleep_for(500ms);
+        mudo.EsperarCliente();
         cancelar = true;
     });
-    const auto inicio = std::chrono::steady_clock::now();
-    const Erro e =
-        ErroEmOutraThread([&] { EnviarTrabalho({.pdf = "x", .titulo = "x"}, &cancelar); });
+    const Erro doUsuario = ErroEmOutraThread(enviar);
     usuario.join();
-    EXPECT_EQ(e.Numero(), NumeroErro::Cancelado) << e.Descricao();
-    EXPECT_LT(std::chrono::steady_clock::now() - inicio, 8s);
+    EXPECT_EQ(doUsuario.Numero(), NumeroErro::Cancelado) << doUsuario.Descricao();
+    cancelar = false;
+    EXPECT_EQ(ErroEmOutraThread(enviar).Numero(), NumeroErro::ErroImpressora);
 }
 
 }  // namespace

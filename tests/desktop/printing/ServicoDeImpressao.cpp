@@ -79,7 +79,15 @@ ServicoMudo::ServicoMudo() : escuta_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC,
 
 ServicoMudo::~ServicoMudo() {
     close(escuta_);
+    if (cliente_ >= 0) {
+        close(cliente_);
+    }
     unsetenv("CUPS_SERVER");
+}
+
+void ServicoMudo::EsperarCliente() {
+    // Kept open: a closed connection would be an answer.
+    cliente_ = accept4(escuta_, nullptr, nullptr, SOCK_CLOEXEC);
 }
 
 }  // namespace tarvo::apoio

@@ -10,7 +10,7 @@ namespace tarvo::apoio {
 
 // A CUPS scheduler and a printer of the test's own, the print service of this process while the
 // object lives. Queues: Laser (prepares the pages), Direta (bytes as sent), Parada (stopped),
-// Recusa (accepts no jobs); no default printer.
+// Recusa (accepts no jobs); no default printer. Jobs above 2 MB are refused halfway.
 class ServicoDeImpressao {
   public:
     ServicoDeImpressao();
@@ -37,8 +37,12 @@ class ServicoMudo {
     ServicoMudo(const ServicoMudo&) = delete;
     ServicoMudo& operator=(const ServicoMudo&) = delete;
 
+    // Returns once a client has connected.
+    void EsperarCliente();
+
   private:
     int escuta_;
+    int cliente_ = -1;
 };
 
 }  // namespace tarvo::apoio

@@ -1,4 +1,4 @@
-#include "host/windows/ProgramaComJanelas.h"
+#include "host/windows/ComandosComJanelas.h"
 
 #include <QApplication>
 #include <algorithm>

@@ -1,0 +1,109 @@
+#include "desktop/preview/AcoesDaVisualizacao.h"
+
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "desktop/ApoioQt.h"
+#include "desktop/Icones.h"
+
+namespace tarvo {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Descricao {
+    Acao acao;
+    const char* menu;
+    const char* texto;    // in the menu
+    const char* atalhos;  // separated by blanks, the first one is shown
+    bool marcavel = false;
+    bool separada = false;  // from the action above it in the menu
+    const char* icone = nullptr;
+};
+
+constexpr const char* Arquivo = "&Arquivo";
+constexpr const char* Editar = "&Editar";
+constexpr const char* Exibir = "E&xibir";
+constexpr const char* Ir = "&Ir";
+constexpr const char* Ajuda = "Aj&uda";
+
+constexpr Descricao Tabela[] = {
+    {Acao::Imprimir, Arquivo, "&Imprimir…", "Ctrl+P", false, false, "imprimir"},
+    {Acao::Salvar, Arquivo, "&Salvar como PDF…", "Ctrl+S", false, false, "salvar"},
+    {Acao::Fechar, Arquivo, "&Fechar", "Ctrl+W", false, true},
+    {Acao::Copiar, Editar, "&Copiar", "Ctrl+C"},
+    {Acao::SelecionarPagina, Editar, "Selecionar a &página", "Ctrl+A"},
+    {Acao::Localizar, Editar, "&Localizar…", "Ctrl+F", false, true, "localizar"},
+    {Acao::LocalizarProximo, Editar, "Localizar p&róximo", "F3", false, false, "abaixo"},
+    {Acao::LocalizarAnterior, Editar, "Localizar &anterior", "Shift+F3", false, false, "acima"},
+    {Acao::Ampliar, Exibir, "&Ampliar", "Ctrl++ Ctrl+=", false, false, "ampliar"},
+    {Acao::Reduzir, Exibir, "&Reduzir", "Ctrl+-", false, false, "reduzir"},
+    {Acao::TamanhoReal, Exibir, "&Tamanho real", "Ctrl+0"},
+    {Acao::PaginaInteira, Exibir, "&Página inteira", "Ctrl+1", true, true, "pagina-inteira"},
+    {Acao::LarguraDaPagina, Exibir, "&Largura da página", "Ctrl+2", true, false, "largura"},
+    {Acao::Continuo, Exibir, "Páginas &contínuas", "Ctrl+3", true, true, "continuo"},
+    {Acao::Miniaturas, Exibir, "&Miniaturas", "F9", true, false, "miniaturas"},
+    {Acao::TelaSeguinte, Ir, "Tela &seguinte", "PgDown"},
+    {Acao::TelaAnterior, Ir, "T&ela anterior", "PgUp"},
+    {Acao::Primeira, Ir, "&Primeira página", "Home Ctrl+Home", false, true, "primeira"},
+    {Acao::Anterior, Ir, "Página &anterior", "Ctrl+PgUp", false, false, "anterior"},
+    {Acao::Proxima, Ir, "Pró&xima página", "Ctrl+PgDown", false, false, "proxima"},
+    {Acao::Ultima, Ir, "&Última página", "End Ctrl+End", false, false, "ultima"},
+    {Acao::IrParaPagina, Ir, "Ir para a pá&gina…", "Ctrl+G", false, true},
+    {Acao::Atalhos, Ajuda, "Atalhos do &teclado", "F1"},
+};
+
+QString SemMnemonico(const char* texto) {
+    return ParaQt(texto).remove(u'&').remove(u'…');
+}
+
+QList<QKeySequence> Atalhos(const Descricao& descricao) {
+    QList<QKeySequence> atalhos;
+    for (const auto& atalho : ParaQt(descricao.atalhos).split(u' ')) {
+        atalhos << QKeySequence(atalho, QKeySequence::PortableText);
+    }
+    return atalhos;
+}
+
+QString AtalhoMostrado(const Descricao& descricao) {
+    return Atalhos(descricao).first().toString(QKeySequence::NativeText);
+}
+
+}  // namespace
+
+AcoesDaVisualizacao::AcoesDaVisualizacao(QMainWindow& janela) {
+    QMenu* menu = nullptr;
+    const char* titulo = nullptr;
+    for (const auto& descricao : Tabela) {
+        if (menu == nullptr || titulo != descricao.menu) {
+            titulo = descricao.menu;
+            menu = janela.menuBar()->addMenu(ParaQt(titulo));
+        }
+        if (descricao.separada) {
+            menu->addSeparator();
+        }
+        auto* nova = menu->addAction(ParaQt(descricao.texto));
+        if (descricao.icone != nullptr) {
+            nova->setIcon(IconeDeTracos(descricao.icone));
+        }
+        nova->setIconText(SemMnemonico(descricao.texto));
+        nova->setToolTip(nova->iconText() + u" ("_s + AtalhoMostrado(descricao) + u")"_s);
+        nova->setShortcuts(Atalhos(descricao));
+        nova->setCheckable(descricao.marcavel);
+        nova->setIconVisibleInMenu(false);
+        acoes_.at(static_cast<std::size_t>(descricao.acao)) = nova;
+    }
+}
+
+QString AcoesDaVisualizacao::ListaDeAtalhos() {
+    QString linhas;
+    for (const auto& descricao : Tabela) {
+        linhas += u"<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>"_s.arg(
+            AtalhoMostrado(descricao).toHtmlEscaped(), SemMnemonico(descricao.texto));
+    }
+    return u"<table>"_s + linhas + u"</table>"_s;
+}
+
+}  // namespace tarvo

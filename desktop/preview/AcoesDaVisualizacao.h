@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QAction>
+#include <array>
+
+class QMainWindow;
+
+namespace tarvo {
+
+// What the user can do in the preview.
+enum class Acao {
+    Imprimir,
+    Salvar,
+    Fechar,
+    Copiar,
+    SelecionarPagina,
+    Localizar,
+    LocalizarProximo,
+    LocalizarAnterior,
+    Ampliar,
+    Reduzir,
+    TamanhoReal,
+    PaginaInteira,
+    LarguraDaPagina,
+    Continuo,
+    Miniaturas,
+    TelaSeguinte,
+    TelaAnterior,
+    Primeira,
+    Anterior,
+    Proxima,
+    Ultima,
+    IrParaPagina,
+    Atalhos,
+    Quantidade,
+};
+
+// The actions of one window: one table that menus, tool bar, tool tips and the list of shortcuts
+// are made from.
+class AcoesDaVisualizacao {
+  public:
+    // Makes the actions and the window's menus.
+    explicit AcoesDaVisualizacao(QMainWindow& janela);
+
+    [[nodiscard]] QAction& operator[](Acao acao) const {
+        return *acoes_.at(static_cast<std::size_t>(acao));
+    }
+    // Shortcut and name of every action, as a table of rich text.
+    static QString ListaDeAtalhos();
+
+  private:
+    std::array<QAction*, static_cast<std::size_t>(Acao::Quantidade)> acoes_{};
+};
+
+}  // namespace tarvo
