@@ -42,18 +42,4 @@ void LancarEstouro(std::string_view onde) {
     throw Erro(NumeroErro::Estouro, "Estouro: " + std::string(onde) + ".");
 }
 
-Erro ErroCorrente() {
-    try {
-        throw;
-    } catch (const Erro& erro) {
-        return erro;
-    } catch (const std::bad_alloc&) {
-        return {NumeroErro::MemoriaInsuficiente, "Memória insuficiente."};
-    } catch (const std::exception& excecao) {
-        return {NumeroErro::ErroInterno, std::string("Erro interno: ") + excecao.what()};
-    } catch (...) {
-        return {NumeroErro::ErroInterno, "Erro interno."};
-    }
-}
-
 }  // namespace tarvo

@@ -91,8 +91,4 @@ extern const std::string_view MargensInvalidas;
                                                        std::string_view destino);
 [[noreturn]] TARVO_PUBLICO void LancarEstouro(std::string_view onde);
 
-// The exception that is being handled, as an Erro: 7 when memory is out, 51 for what is none of the
-// library's. Called inside a handler only.
-TARVO_PUBLICO Erro ErroCorrente();
-
 }  // namespace tarvo

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "data/BancoDados.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 #include "review/Achados.h"
 
 // What the reports of each family leave out, split, repeat or show under another code of one

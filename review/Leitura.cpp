@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 
 namespace tarvo::revisao {
 

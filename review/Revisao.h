@@ -7,7 +7,7 @@
 
 #include "data/BancoDados.h"
 #include "data/Publico.h"
-#include "document/Visualizador.h"
+#include "document/Ambiente.h"
 #include "review/Achado.h"
 
 // Pages show what the queries of the reports give. What those leave out, split, repeat or show

@@ -4,7 +4,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 #include "reports/ReferenciaAtual.h"
 #include "review/Familias.h"

@@ -1,5 +1,5 @@
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 

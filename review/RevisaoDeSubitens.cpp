@@ -5,7 +5,7 @@
 
 #include "data/Consultas.h"
 #include "data/Formatos.h"
-#include "data/Funcoes.h"
+#include "data/LeitoresDeCampo.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 

@@ -26,7 +26,7 @@ class RelatorioFalso : public RelatorioDeclaracao {
         diario.push_back("criar " + numero);
     }
     ~RelatorioFalso() override { diario.push_back("liberar " + numero); }
-    void Construir(BancoDados&, const std::string& IE, std::int32_t NumeroDRQ) override {
+    void Desenhar(BancoDados& /*banco*/, const std::string& IE, std::int32_t NumeroDRQ) override {
         diario.push_back("construir " + numero + " " + IE + "/" + std::to_string(NumeroDRQ));
         IniciarDocumento();
         if (aoConstruir) {

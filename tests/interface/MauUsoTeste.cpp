@@ -161,7 +161,7 @@ TEST_F(MauUso, FilesThatCannotBeReadOrWrittenAreErrors) {
     EXPECT_EQ(memoria, 0U);
     EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, Saida("sem/pasta.pdf").c_str()), 76);
     EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_JSON, Saida("sem/pasta.json").c_str()), 76);
-    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, "/dev/full"), 61);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, "/dev/full"), 75);
 }
 
 TEST_F(MauUso, ReleasingTwiceIsAnErrorAndZeroIsNot) {
