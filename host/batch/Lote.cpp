@@ -17,6 +17,7 @@
 #include "host/commands/Declaracoes.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
+#include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/files/Arquivos.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -221,11 +222,11 @@ void Trabalhar(Lote& lote, std::size_t trabalhos) {
 
 }  // namespace
 
-int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
+int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararParaVariosFios();
     const auto declaracoes = EscolherDeclaracoes(*AbrirParaLer(a), a);
     if (declaracoes.empty()) {
-        erros << "aviso: nenhuma declaração corresponde ao que foi pedido\n";
+        console.Avisar("nenhuma declaração corresponde ao que foi pedido");
     }
     CriarPasta(a.saida.pasta);
     const CapturaDeInterrupcao captura;
@@ -233,7 +234,7 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
     ResumoLote resumo(a.saida.pasta, a.retomar);
     const ConfiguracoesIni doUsuario;
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
-    ProgressoLote progresso(saida, erros, configuracoes, declaracoes.size(),
+    ProgressoLote progresso(console, configuracoes, declaracoes.size(),
                             ::isatty(STDOUT_FILENO) == 1);
     Lote lote{.argumentos = a,
               .declaracoes = declaracoes,
@@ -246,9 +247,9 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
     progresso.Terminar();
     if (lote.erro || Interrompido()) {
         if (lote.erro) {
-            DizerErro(erros, *lote.erro);
+            DizerErro(console.Erros(), *lote.erro);
         }
-        erros << "o lote parou antes do fim; a mesma chamada com --retomar continua\n";
+        console.Erros() << "o lote parou antes do fim; a mesma chamada com --retomar continua\n";
         return Falhou;
     }
     EsperarPeloDisco(a.saida.pasta);
