@@ -18,6 +18,7 @@
 #include "host/commands/Declaracoes.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
+#include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/files/Arquivos.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -224,22 +225,22 @@ void Trabalhar(Lote& lote, std::size_t trabalhos) {
 
 }  // namespace
 
-int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
+int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararParaVariosFios();
     const CapturaDeInterrupcao captura;
     const auto banco = AbrirParaLer(a);
-    CancelaSeInterrompido andamento(&erros);
+    CancelaSeInterrompido andamento(&console.Erros());
     banco->Acompanhar(&andamento);
     const auto declaracoes = EscolherDeclaracoes(*banco, a);
     if (declaracoes.empty()) {
-        erros << "aviso: nenhuma declaração corresponde ao que foi pedido\n";
+        console.Avisar("nenhuma declaração corresponde ao que foi pedido");
     }
     CriarPasta(a.saida.pasta);
     const ArquivosProntos prontos = a.retomar ? Retomar(a, declaracoes) : ArquivosProntos();
     ResumoLote resumo(a.saida.pasta, a.retomar);
     const ConfiguracoesIni doUsuario;
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
-    ProgressoLote progresso(saida, erros, configuracoes, declaracoes.size(),
+    ProgressoLote progresso(console, configuracoes, declaracoes.size(),
                             ::isatty(STDOUT_FILENO) == 1);
     Lote lote{.argumentos = a,
               .declaracoes = declaracoes,
@@ -252,9 +253,9 @@ int ExecutarLote(const Argumentos& a, std::ostream& saida, std::ostream& erros) 
     progresso.Terminar();
     if (lote.erro || Interrompido()) {
         if (lote.erro) {
-            DizerErro(erros, *lote.erro);
+            DizerErro(console.Erros(), *lote.erro);
         }
-        erros << "o lote parou antes do fim; a mesma chamada com --retomar continua\n";
+        console.Erros() << "o lote parou antes do fim; a mesma chamada com --retomar continua\n";
         return Falhou;
     }
     EsperarPeloDisco(a.saida.pasta);

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <iosfwd>
-
 #include "host/commands/Argumentos.h"
+#include "host/commands/Console.h"
 
 namespace tarvo::host {
 
@@ -11,6 +10,6 @@ namespace tarvo::host {
 // and work tables of its own, so the database is never written. A report that fails stands in the
 // summary and stops nothing. SIGINT and SIGTERM stop between pages and leave nothing half-written;
 // retomar goes on where a stopped batch ended. Returns the exit status.
-int ExecutarLote(const Argumentos& argumentos, std::ostream& saida, std::ostream& erros);
+int ExecutarLote(const Argumentos& argumentos, Console& console);
 
 }  // namespace tarvo::host

@@ -1,7 +1,5 @@
 #include "host/batch/ProgressoLote.h"
 
-#include <ostream>
-
 #include "host/commands/Mensagens.h"
 
 namespace tarvo::host {
@@ -28,11 +26,10 @@ std::string Duracao(std::chrono::seconds tempo) {
 
 }  // namespace
 
-ProgressoLote::ProgressoLote(std::ostream& saida, std::ostream& erros,
-                             const Configuracoes& configuracoes, std::size_t declaracoes,
-                             bool noTerminal)
-    : saida_(saida),
-      erros_(erros),
+ProgressoLote::ProgressoLote(Console& console, const Configuracoes& configuracoes,
+                             std::size_t declaracoes, bool noTerminal)
+    : console_(console),
+      saida_(console.Saida()),
       configuracoes_(configuracoes),
       declaracoes_(declaracoes),
       noTerminal_(noTerminal) {}
@@ -56,9 +53,9 @@ void ProgressoLote::Falhar(const Erro& erro, const std::string& contexto) {
     const std::lock_guard trava(mutex_);
     ++falhas_;
     ApagarLinha();
-    DizerLinhaDeErro(erros_, erro, contexto);
+    DizerLinhaDeErro(console_.Erros(), erro, contexto);
     if (aconselhados_.insert(erro.Numero()).second) {
-        DizerConselho(erros_, erro, &configuracoes_);
+        DizerConselho(console_.Erros(), erro, &configuracoes_);
     }
     EscreverLinha();
 }
@@ -66,7 +63,7 @@ void ProgressoLote::Falhar(const Erro& erro, const std::string& contexto) {
 void ProgressoLote::Avisar(const std::string& aviso) {
     const std::lock_guard trava(mutex_);
     ApagarLinha();
-    erros_ << "aviso: " << aviso << "\n";
+    console_.Avisar(aviso);
     EscreverLinha();
 }
 

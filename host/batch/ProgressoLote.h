@@ -2,13 +2,13 @@
 
 #include <chrono>
 #include <cstddef>
-#include <iosfwd>
 #include <mutex>
 #include <set>
 #include <string>
 
 #include "data/CodigosDeErros.h"
 #include "document/Ambiente.h"
+#include "host/commands/Console.h"
 
 namespace tarvo::host {
 
@@ -16,9 +16,9 @@ namespace tarvo::host {
 // each declaration elsewhere. Several threads may call.
 class ProgressoLote {
   public:
-    // The streams and configuracoes outlive this object. noTerminal: saida is a terminal.
-    ProgressoLote(std::ostream& saida, std::ostream& erros, const Configuracoes& configuracoes,
-                  std::size_t declaracoes, bool noTerminal);
+    // console and configuracoes outlive this object. noTerminal: the standard output is one.
+    ProgressoLote(Console& console, const Configuracoes& configuracoes, std::size_t declaracoes,
+                  bool noTerminal);
 
     // One declaration is done. gravados counts the files made now, prontos those that an earlier
     // run had made.
@@ -35,8 +35,8 @@ class ProgressoLote {
     void EscreverLinha();
     void ApagarLinha();
 
+    Console& console_;
     std::ostream& saida_;
-    std::ostream& erros_;
     const Configuracoes& configuracoes_;
     const std::size_t declaracoes_;
     const bool noTerminal_;

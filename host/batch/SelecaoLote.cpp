@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/commands/Declaracoes.h"
+#include "host/commands/RelatoriosPorCodigo.h"
 
 namespace tarvo::host {
 
@@ -16,9 +17,8 @@ bool NoIntervalo(const std::optional<Data>& ref1, const Argumentos& a) {
     if (!ref1) {
         return false;
     }
-    const DataCivil civil = ref1->Civil();
-    const int ordem = MesAno{civil.mes, civil.ano}.Ordem();
-    return (!a.de || a.de->Ordem() <= ordem) && (!a.ate || ordem <= a.ate->Ordem());
+    const int ordem = OrdemDoMes(*ref1);
+    return (!a.de || OrdemDoMes(*a.de) <= ordem) && (!a.ate || ordem <= OrdemDoMes(*a.ate));
 }
 
 }  // namespace

@@ -4,6 +4,11 @@
 #include <charconv>
 #include <thread>
 
+#include "data/CodigosDeErros.h"
+#include "data/Formatos.h"
+#include "host/commands/RelatoriosPorCodigo.h"
+#include "reports/ReferenciaAtual.h"
+
 namespace tarvo::host {
 
 namespace {
@@ -18,8 +23,8 @@ void Exigir(const std::string& valor, const char* nome) {
     }
 }
 
-std::int32_t LerInteiro(const std::string& texto, const char* opcao,
-                        std::int32_t minimo = INT32_MIN, std::int32_t maximo = INT32_MAX) {
+std::int32_t LerInteiro(const std::string& texto, const char* opcao, std::int32_t minimo,
+                        std::int32_t maximo = INT32_MAX) {
     std::int32_t valor = 0;
     const auto [fim, erro] = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
     if (erro != std::errc() || fim != texto.data() + texto.size() || valor < minimo ||
@@ -30,29 +35,23 @@ std::int32_t LerInteiro(const std::string& texto, const char* opcao,
     return valor;
 }
 
-MesAno LerMesAno(const std::string& texto) {
-    const bool forma =
-        texto.size() == 7 && texto[2] == '/' &&
-        std::count_if(texto.begin(), texto.end(), [](char c) { return c >= '0' && c <= '9'; }) == 6;
-    const MesAno lido =
-        forma ? MesAno{std::stoi(texto.substr(0, 2)), std::stoi(texto.substr(3))} : MesAno{0, 0};
-    constexpr int PrimeiroAno = 100;  // of the calendar of the date type
-    if (lido.mes < 1 || lido.mes > 12 || lido.ano < PrimeiroAno) {
+std::optional<Data> LerMes(const std::string& texto) {
+    if (texto.empty()) {
+        return std::nullopt;
+    }
+    try {
+        return DataDeReferencia(texto);
+    } catch (const Erro&) {
         Recusar("\"" + texto + "\" não é um mês e ano (MM/AAAA)");
     }
-    return lido;
-}
-
-std::optional<MesAno> LerMesAnoOpcional(const std::string& texto) {
-    return texto.empty() ? std::nullopt : std::optional(LerMesAno(texto));
 }
 
 void LerRelatorios(const std::string& relatorios, Argumentos& a) {
-    a.todos = EmMaiusculas(relatorios) == "TODOS";
+    a.codigos = LerCodigos(relatorios);
+    a.todos = a.codigos == std::vector<std::string>{"TODOS"};
     if (a.todos) {
-        return;
+        a.codigos.clear();
     }
-    a.codigos = SepararCodigos(relatorios);
     for (const auto& codigo : a.codigos) {
         if (!ExisteCodigo(codigo)) {
             Recusar("--relatorios não conhece \"" + codigo +
@@ -61,20 +60,16 @@ void LerRelatorios(const std::string& relatorios, Argumentos& a) {
     }
 }
 
-void ExigirDeclaracao(const LinhaDeComando& l, const Argumentos& a) {
-    const auto precisa = [&](bool (*de)(std::string_view)) {
-        return a.todos || std::any_of(a.codigos.begin(), a.codigos.end(), de);
-    };
-    if (precisa(PrecisaDeContribuinte)) {
-        Exigir(l.IE, "--ie");
+void ExigirDeclaracao(const Argumentos& a) {
+    if (!a.IE && PedeContribuinte(a)) {
+        Recusar("falta --ie");
     }
-    if (precisa(PrecisaDeDeclaracao)) {
-        Exigir(l.drq, "--drq");
+    if (!a.NumeroDRQ && PedeDeclaracao(a)) {
+        Recusar("falta --drq");
     }
 }
 
 void LerSaida(const LinhaDeComando& l, const std::string& formato, Argumentos& a) {
-    Exigir(l.saida, "--saida");
     a.saida.pasta = l.saida;
     a.saida.formato = ProcurarFormato(formato);
     if (a.saida.formato == nullptr) {
@@ -85,12 +80,31 @@ void LerSaida(const LinhaDeComando& l, const std::string& formato, Argumentos& a
     }
 }
 
+void LerSaidaPadrao(const LinhaDeComando& l, Argumentos& a) {
+    a.naSaidaPadrao = l.saida == "-";
+    if (!a.naSaidaPadrao) {
+        return;
+    }
+    if (a.todos || a.codigos.size() != 1) {
+        Recusar("--saida - é para um só relatório");
+    }
+    if (a.saida.formato->escrever == nullptr) {
+        Recusar("--saida - não se faz em " + std::string(a.saida.formato->nome));
+    }
+    if (a.json) {
+        Recusar("--json e --saida - pedem ambos a saída padrão");
+    }
+}
+
 void LerLote(const LinhaDeComando& l, Argumentos& a) {
     LerRelatorios(l.relatorios.empty() ? "todos" : l.relatorios, a);
     LerSaida(l, l.formato.empty() ? "pdf" : l.formato, a);
-    a.de = LerMesAnoOpcional(l.de);
-    a.ate = LerMesAnoOpcional(l.ate);
-    if (a.de && a.ate && a.de->Ordem() > a.ate->Ordem()) {
+    if (l.saida == "-") {
+        Recusar("o lote grava numa pasta; --saida - é para exportar");
+    }
+    a.de = LerMes(l.de);
+    a.ate = LerMes(l.ate);
+    if (a.de && a.ate && OrdemDoMes(*a.de) > OrdemDoMes(*a.ate)) {
         Recusar("--de " + l.de + " vem depois de --ate " + l.ate);
     }
     a.unico = l.unico;
@@ -102,38 +116,18 @@ void LerLote(const LinhaDeComando& l, Argumentos& a) {
     a.trabalhos = l.trabalhos.empty() ? nucleos : LerInteiro(l.trabalhos, "--trabalhos", 1, 256);
 }
 
-}  // namespace
-
-Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
-    const LinhaDeComando l = Separar(argumentos);
-    Argumentos a;
-    a.comando = l.comando;
-    if (l.comando == Comando::Ajuda) {
-        a.ajuda = l.ajuda;
-        return a;
-    }
-    if (l.comando != Comando::RefAtual) {
-        Exigir(l.banco, "BANCO");
-        a.banco = l.banco;
-    }
-    a.exemplo = l.exemplo;
-    if (!l.IE.empty()) {
-        a.IE = l.IE;
-    }
-    if (!l.drq.empty()) {
-        a.NumeroDRQ = LerInteiro(l.drq, "--drq");
-    }
-    if (LerMesAnoOpcional(l.refAtual)) {
-        a.refAtual = l.refAtual;
-    }
-    a.impressora = l.impressora;
+// What the options of one command mean beyond those that are read alike in all.
+void LerDoComando(const LinhaDeComando& l, Argumentos& a) {
     switch (l.comando) {
         case Comando::Exportar:
+            LerRelatorios(l.relatorios, a);
+            ExigirDeclaracao(a);
             LerSaida(l, l.formato, a);
-            [[fallthrough]];
+            LerSaidaPadrao(l, a);
+            break;
         case Comando::Imprimir:
             LerRelatorios(l.relatorios, a);
-            ExigirDeclaracao(l, a);
+            ExigirDeclaracao(a);
             break;
         case Comando::Lote:
             LerLote(l, a);
@@ -141,11 +135,48 @@ Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
         case Comando::Selecionar:
             Exigir(l.IE, "--ie");
             Exigir(l.drq, "--drq");
-            a.opcoes = l.opcoes.empty() ? 0 : LerInteiro(l.opcoes, "--opcoes");
+            a.opcoes = l.opcoes.empty() ? 0 : LerInteiro(l.opcoes, "--opcoes", INT32_MIN);
             break;
         default:
             break;
     }
+}
+
+}  // namespace
+
+bool PedeContribuinte(const Argumentos& a) {
+    return a.todos || std::ranges::any_of(a.codigos, PrecisaDeContribuinte);
+}
+
+bool PedeDeclaracao(const Argumentos& a) {
+    return a.todos || std::ranges::any_of(a.codigos, PrecisaDeDeclaracao);
+}
+
+int OrdemDoMes(const Data& data) {
+    const DataCivil civil = data.Civil();
+    return civil.ano * 12 + civil.mes;
+}
+
+Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
+    const LinhaDeComando l = AnalisarLinhaDeComando(argumentos);
+    Argumentos a;
+    a.comando = l.comando;
+    a.ajuda = l.ajuda;
+    a.banco = l.banco;
+    a.exemplo = l.exemplo;
+    a.json = l.json;
+    a.silencioso = l.silencioso;
+    a.impressora = l.impressora;
+    if (!l.IE.empty()) {
+        a.IE = l.IE;
+    }
+    if (!l.drq.empty()) {
+        a.NumeroDRQ = LerInteiro(l.drq, "--drq", 1);
+    }
+    if (const auto mes = LerMes(l.refAtual)) {
+        a.refAtual = FormatarMesAno(*mes);
+    }
+    LerDoComando(l, a);
     return a;
 }
 

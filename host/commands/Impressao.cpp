@@ -1,23 +1,22 @@
 #include "host/commands/Impressao.h"
 
-#include <ostream>
-
 #include "desktop/printing/FilaImpressao.h"
-
-#include "host/commands/Preparo.h"
+#include "host/commands/ProducaoDeRelatorios.h"
+#include "host/commands/RelatoriosPorCodigo.h"
 
 namespace tarvo::host {
 
-int ImprimirRelatorios(const Argumentos& a, std::ostream& saida, std::ostream& erros) {
-    return ParaCadaRelatorio(a, erros, [&](const std::string& codigo, const Relatorio& relatorio) {
-        std::string pdf;
-        ResultadoPDF resultado = RenderizarPDF(relatorio.Documento(), pdf);
-        const int trabalho = EnviarTrabalho({.pdf = pdf,
-                                             .titulo = relatorio.Documento().tituloResumido,
-                                             .impressora = a.impressora});
-        saida << NomeDoArquivo(codigo) << "  trabalho " << trabalho << "\n";
-        return std::move(resultado.cortados);
-    });
+int ImprimirRelatorios(const Argumentos& a, Console& console) {
+    return ParaCadaRelatorio(
+        a, console, [&](const std::string& codigo, const Relatorio& relatorio) {
+            std::string pdf;
+            ResultadoPDF resultado = RenderizarPDF(relatorio.Documento(), pdf);
+            const int trabalho = EnviarTrabalho({.pdf = pdf,
+                                                 .titulo = relatorio.Documento().tituloResumido,
+                                                 .impressora = a.impressora});
+            console.Dizer(NomeDoArquivo(codigo) + "  trabalho " + std::to_string(trabalho));
+            return std::move(resultado.cortados);
+        });
 }
 
 }  // namespace tarvo::host

@@ -1,69 +1,50 @@
 #include "host/commands/LinhaDeComando.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "host/commands/AnalisadorDeComando.h"
+#include "host/commands/PalavraParecida.h"
 #include "output/FormatoDeSaida.h"
 
 namespace tarvo::host {
 
 namespace {
 
-constexpr const char* Programa = "relatorios-tarvo";
-
-struct Opcao {
-    const char* nome;
-    const char* valor;  // what stands for the value in the help
-    std::string LinhaDeComando::*destino;
-    std::string descricao;
-    bool obrigatoria = false;
-};
-
-struct Chave {
-    const char* nome;
-    bool LinhaDeComando::*destino;
-    const char* descricao;
-};
-
-struct Definicao {
-    Comando comando;
-    const char* nome;
-    const char* descricao;
-    std::vector<Opcao> opcoes;  // a name without "--" is a positional argument
-    std::vector<Chave> chaves;
-};
-
 using L = LinhaDeComando;
 
 const Opcao Banco{"BANCO", "", &L::banco, "arquivo do banco de declarações", true};
 const Opcao IE{"--ie", "IE", &L::IE, "inscrição estadual (dispensada só por VELO)"};
 const Opcao Drq{"--drq", "N", &L::drq, "número da declaração (dispensado por 01 e VELO)"};
-constexpr const char* DescricaoLista =
-    "todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO";
-const Opcao Lista{"--relatorios", "LISTA", &L::relatorios, DescricaoLista, true};
-const Opcao Saida{"--saida", "PASTA", &L::saida, "pasta dos arquivos; criada, se não existe", true};
+const Opcao Lista{"--relatorios", "LISTA", &L::relatorios,
+                  "todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO", true};
 const Opcao Dpi{"--dpi", "N", &L::dpi, "pontos por polegada das páginas em png (150)"};
 const Opcao RefAtual{"--ref-atual", "MM/AAAA", &L::refAtual,
                      "mês de referência atual, só nesta chamada"};
+const Chave Json{"--json", &L::json, "escreve o resultado em JSON, um objeto por linha"};
 
-std::vector<Definicao> Definicoes() {
-    return {
+const std::vector<DefinicaoDeComando>& Definicoes() {
+    static const std::vector<DefinicaoDeComando> definicoes{
         {Comando::Criar,
          "criar",
          "cria um banco de declarações vazio",
          {Banco},
          {{"--exemplo", &L::exemplo, "preenche o banco com um exemplo fictício"}}},
-        {Comando::Listar, "listar", "mostra os contribuintes e as declarações", {Banco}, {}},
+        {Comando::Listar, "listar", "mostra os contribuintes e as declarações", {Banco}, {Json}},
         {Comando::Exportar,
          "exportar",
          "grava relatórios de uma declaração em arquivos",
          {Banco, IE, Drq, Lista, Opcao{"--formato", "FMT", &L::formato, ListaDeFormatos(), true},
-          Saida, Dpi, RefAtual},
-         {}},
+          Opcao{
+              "--saida", "PASTA", &L::saida,
+              "pasta dos arquivos, criada se não existe; - é a saída padrão, para um só relatório",
+              true},
+          Dpi, RefAtual},
+         {Json}},
         {Comando::Lote,
          "lote",
          "grava os relatórios de muitas declarações, em paralelo",
-         {Banco, Saida,
+         {Banco,
+          Opcao{"--saida", "PASTA", &L::saida, "pasta dos arquivos, criada se não existe", true},
           Opcao{"--relatorios", "LISTA", &L::relatorios, "o mesmo que em exportar (todos)"},
           Opcao{"--formato", "FMT", &L::formato, "o mesmo que em exportar (pdf)"}, Dpi,
           Opcao{"--ie", "IE", &L::IE, "só as declarações deste contribuinte"},
@@ -94,120 +75,69 @@ std::vector<Definicao> Definicoes() {
          {Opcao{"MM/AAAA", "", &L::refAtual, "novo valor"}},
          {}},
     };
+    return definicoes;
 }
 
-// The library's own words in our language.
-void Traduzir(CLI::App& app) {
-    app.option_defaults()->group("Opções");
-    app.set_help_flag("-h,--ajuda,--help", "mostra esta ajuda");
-    const auto formato = app.get_formatter();
-    formato->label("Usage", "Uso");
-    formato->label("OPTIONS", "opções");
-    formato->label("SUBCOMMAND", "COMANDO");
-    formato->label("Positionals", "Argumentos");
-    formato->label("REQUIRED", "");
+const DefinicaoDeComando* Procurar(std::string_view nome) {
+    const auto& definicoes = Definicoes();
+    const auto achada = std::ranges::find(definicoes, nome, &DefinicaoDeComando::nome);
+    return achada != definicoes.end() ? &*achada : nullptr;
 }
 
-// The library tells the option first in what it refuses: "--ie: 1 required TEXT missing".
-std::string PrimeiraPalavra(const std::string& texto) {
-    return texto.substr(0, texto.find_first_of(": "));
+// The one argument of the program without a command, if it is one of these.
+LinhaDeComando SemComando(const std::string& opcao) {
+    LinhaDeComando linha;
+    if (opcao == "-h" || opcao == "--ajuda" || opcao == "--help") {
+        linha.ajuda = AjudaGeral(Definicoes());
+    } else if (opcao == "--versao" || opcao == "--version") {
+        linha.comando = Comando::Versao;
+    } else {
+        static constexpr std::string_view Opcoes[] = {"--ajuda", "--versao"};
+        RecusarPalavra("a opção", opcao, PalavraParecida(opcao, Opcoes));
+    }
+    return linha;
 }
-
-class Leitor {
-  public:
-    explicit Leitor(LinhaDeComando& linha)
-        : app_("Relatórios da declaração de ICMS (DRQ)", Programa) {
-        Traduzir(app_);
-        app_.require_subcommand(0, 1);
-        app_.footer(
-            "relatorios-tarvo BANCO, sem comando, abre a janela das declarações.\n"
-            "relatorios-tarvo COMANDO --ajuda mostra as opções do comando.");
-        for (const auto& definicao : definicoes_) {
-            Declarar(definicao, linha);
-        }
-    }
-
-    [[nodiscard]] bool EhComando(const std::string& nome) const {
-        return std::any_of(definicoes_.begin(), definicoes_.end(),
-                           [&](const Definicao& d) { return d.nome == nome; });
-    }
-    // The help of the command that was given, or of all.
-    [[nodiscard]] std::string Ajuda() const {
-        const auto dados = app_.get_subcommands();
-        return dados.empty() ? app_.help() : dados.front()->help(Programa);
-    }
-    Comando Ler(std::vector<std::string> argumentos) {
-        // The library takes them from the back of the list.
-        std::reverse(argumentos.begin(), argumentos.end());
-        try {
-            app_.parse(argumentos);
-        } catch (const CLI::ExtrasError&) {
-            const auto sobras = app_.remaining(true);
-            throw UsoErrado("não esperado: " + (sobras.empty() ? "" : sobras.front()));
-        } catch (const CLI::RequiredError& erro) {
-            throw UsoErrado("falta " + PrimeiraPalavra(erro.what()));
-        } catch (const CLI::ArgumentMismatch& erro) {
-            const std::string texto = erro.what();
-            const std::string nome = PrimeiraPalavra(texto);
-            if (texto.find("override") != std::string::npos) {
-                throw UsoErrado("--" + nome + " não tem valor");
-            }
-            const bool falta = texto.find("missing") != std::string::npos;
-            throw UsoErrado(nome + (falta ? " pede um valor" : " só pode ser dada uma vez"));
-        }
-        for (const auto& definicao : definicoes_) {
-            if (app_.got_subcommand(definicao.nome)) {
-                return definicao.comando;
-            }
-        }
-        throw UsoErrado("falta o comando");
-    }
-
-  private:
-    void Declarar(const Definicao& d, LinhaDeComando& linha) {
-        CLI::App* comando = app_.add_subcommand(d.nome, d.descricao)->group("Comandos");
-        comando->footer("");
-        for (const auto& opcao : d.opcoes) {
-            comando->add_option(opcao.nome, linha.*opcao.destino, opcao.descricao)
-                ->type_name(opcao.valor)
-                ->required(opcao.obrigatoria)
-                ->group(opcao.obrigatoria ? "Opções obrigatórias" : "Opções");
-        }
-        for (const auto& chave : d.chaves) {
-            comando->add_flag(chave.nome, linha.*chave.destino, chave.descricao)
-                ->disable_flag_override();
-        }
-        Traduzir(*comando);
-    }
-
-    const std::vector<Definicao> definicoes_ = Definicoes();
-    CLI::App app_;
-};
 
 }  // namespace
 
-LinhaDeComando Separar(const std::vector<std::string>& argumentos) {
-    LinhaDeComando linha;
-    Leitor leitor(linha);
+LinhaDeComando AnalisarLinhaDeComando(const std::vector<std::string>& argumentos) {
     if (argumentos.empty()) {
-        linha.ajuda = leitor.Ajuda();
-        return linha;
+        return SemComando("--ajuda");
     }
-    if (!argumentos[0].starts_with('-') && !leitor.EhComando(argumentos[0])) {
-        if (argumentos.size() > 1) {
-            throw UsoErrado("não há o comando \"" + argumentos[0] + "\"");
-        }
+    if (const auto* definicao = Procurar(argumentos[0])) {
+        return AnalisarComando(*definicao, {argumentos.begin() + 1, argumentos.end()});
+    }
+    const bool marca = argumentos[0] == "--";
+    const auto banco = argumentos.begin() + (marca ? 1 : 0);
+    LinhaDeComando linha;
+    if (!marca && argumentos[0].starts_with('-')) {
+        linha = SemComando(argumentos[0]);
+    } else if (banco != argumentos.end() && !banco->empty()) {
         linha.comando = Comando::Janela;
-        linha.banco = argumentos[0];
-        return linha;
+        linha.banco = *banco;
+    } else {
+        throw UsoErrado("falta BANCO");
     }
-    try {
-        linha.comando = leitor.Ler(argumentos);
-    } catch (const CLI::CallForHelp&) {
-        linha.comando = Comando::Ajuda;
-        linha.ajuda = leitor.Ajuda();
+    if (banco + 1 != argumentos.end()) {
+        if (linha.comando == Comando::Janela) {
+            RecusarPalavra("o comando", *banco, ComandoParecido(*banco));
+        }
+        throw UsoErrado("não esperado: " + *(banco + 1));
     }
     return linha;
+}
+
+std::string_view NomeDoComando(const std::vector<std::string>& argumentos) {
+    const auto* definicao = argumentos.empty() ? nullptr : Procurar(argumentos[0]);
+    return definicao != nullptr ? definicao->nome : std::string_view();
+}
+
+std::string_view ComandoParecido(std::string_view digitado) {
+    std::vector<std::string_view> nomes;
+    for (const auto& definicao : Definicoes()) {
+        nomes.push_back(definicao.nome);
+    }
+    return PalavraParecida(digitado, nomes);
 }
 
 }  // namespace tarvo::host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/commands/Mensagens.h"
@@ -11,6 +12,7 @@ namespace tarvo::host {
 
 enum class Comando {
     Ajuda,
+    Versao,
     Criar,
     Listar,
     Exportar,
@@ -42,9 +44,17 @@ struct LinhaDeComando {
     bool exemplo = false;
     bool unico = false;
     bool retomar = false;
+    bool json = false;
+    bool silencioso = false;
 };
 
 // argumentos: without the program's name. Raises UsoErrado.
-LinhaDeComando Separar(const std::vector<std::string>& argumentos);
+LinhaDeComando AnalisarLinhaDeComando(const std::vector<std::string>& argumentos);
+
+// The command that the line begins with ("exportar"); empty when it begins with none.
+std::string_view NomeDoComando(const std::vector<std::string>& argumentos);
+
+// The command that was meant by a mistyped one; empty when none is near.
+std::string_view ComandoParecido(std::string_view digitado);
 
 }  // namespace tarvo::host

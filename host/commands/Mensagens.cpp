@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 
+#include "host/commands/Console.h"
 #include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
@@ -38,7 +39,7 @@ constexpr Conselho Conselhos[] = {
 
 void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto) {
     erros << "erro " << static_cast<int>(erro.Numero()) << ": " << contexto
-          << (contexto.empty() ? "" : ": ") << erro.Descricao() << "\n";
+          << (contexto.empty() ? "" : ": ") << Legivel(erro.Descricao()) << "\n";
 }
 
 void DizerConselho(std::ostream& erros, const Erro& erro, const Configuracoes* configuracoes) {
@@ -62,11 +63,12 @@ void DizerErro(std::ostream& erros, const Erro& erro, std::string_view contexto,
     DizerConselho(erros, erro, configuracoes);
 }
 
-int DizendoErros(std::ostream& erros, const std::function<int()>& comando) {
+int DizendoErros(std::ostream& erros, std::string_view nome, const std::function<int()>& comando) {
     try {
         return comando();
     } catch (const UsoErrado& uso) {
-        erros << "uso incorreto: " << uso.what() << "\n  Veja relatorios-tarvo --ajuda\n";
+        erros << "uso incorreto: " << Legivel(uso.what()) << "\n  Veja relatorios-tarvo " << nome
+              << (nome.empty() ? "" : " ") << "--ajuda\n";
         return Incompreendido;
     } catch (...) {
         DizerErro(erros, ErroCorrente());

@@ -19,7 +19,7 @@ enum Situacao : int {
 };
 
 // "erro NÚMERO: descrição". contexto, when not empty, comes before the description ("relatório
-// 10").
+// 10"). Text of others in it is made harmless (see Legivel).
 void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "");
 // A second line with what to do, where there is something to do. configuracoes, when there are
 // some, are those that the reports read.
@@ -35,7 +35,8 @@ class UsoErrado : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// Runs a command and returns its exit status; the error that ends it is said.
-int DizendoErros(std::ostream& erros, const std::function<int()>& comando);
+// Runs a command and returns its exit status; the error that ends it is said, wrong usage with the
+// way to the help of the command that nome names (to the program's when it is empty).
+int DizendoErros(std::ostream& erros, std::string_view nome, const std::function<int()>& comando);
 
 }  // namespace tarvo::host

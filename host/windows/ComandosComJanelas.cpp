@@ -80,8 +80,9 @@ int AbrirJanela(const Argumentos& a) {
 }  // namespace
 
 int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
-    return DizendoErros(erros, [&] {
-        const Argumentos a = LerArgumentos({argv + 1, argv + argc});
+    const std::vector<std::string> argumentos(argv + 1, argv + argc);
+    return DizendoErros(erros, NomeDoComando(argumentos), [&] {
+        const Argumentos a = LerArgumentos(argumentos);
         ExigirTela();
         const QApplication aplicacao(argc, argv);
         QApplication::setApplicationName(QStringLiteral("relatorios-tarvo"));

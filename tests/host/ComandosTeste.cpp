@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "tests/host/Programa.h"
 
@@ -8,6 +9,7 @@ namespace {
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::Not;
 using testing::StartsWith;
 
@@ -23,18 +25,37 @@ TEST(Comandos, WrongUsageIsToldInPortugueseWithStatus2) {
         {"exportar b --relatorios VELO --formato pdf --saida s --ref-atual 13/2003", "13/2003"},
         {"exportar b --relatorios VELO --formato pdf --saida s --ref-atual 01/0000", "01/0000"},
         {"exportar b --ie", "--ie pede um valor"},
+        {"exportar b --ie  --drq 1 --relatorios 10 --formato pdf --saida s", "--ie pede um valor"},
+        {"exportar b --ie= --drq 1 --relatorios 10 --formato pdf --saida s", "--ie= não tem valor"},
+        {"exportar b --ie --drq 1 --relatorios 10 --formato pdf --saida s", "--ie pede um valor"},
+        {"exportar b --ie 1 --drq 0 --relatorios 10 --formato pdf --saida s", "inteiro de 1 a"},
+        {"exportar b --ie 1 --drq -5 --relatorios 10 --formato pdf --saida s", "não \"-5\""},
+        {"exportar b --relatorios VELO, --formato pdf --saida s", "não conhece \"\""},
+        {"exportar b --ie 1 --relatorios 01,VELO --formato pdf --saida -", "um só relatório"},
+        {"exportar b --relatorios VELO --formato png --saida -", "não se faz em png"},
+        {"exportar b --relatorios VELO --formato pdf --json --saida -", "--json"},
+        {"exportar b --formto=pdf --ie", "\"--formto\"; a mais parecida é --formato"},
+        {"exportr b --ie", "\"exportr\"; o mais parecido é exportar"},
+        {"lsitar", "\"lsitar\"; o mais parecido é listar"},
+        {"--versoa", "\"--versoa\"; a mais parecida é --versao"},
+        {"--versao b", "não esperado: b"},
+        {"", "falta BANCO"},
         {"ref-atual 2003-01", "2003-01"},
         {"lote b", "--saida"},
         {"lote b --saida s --unico --formato png", "--unico"},
         {"lote b --saida s --de 02/2003 --ate 01/2003", "--de"},
         {"lote b --saida s --trabalhos 0", "--trabalhos"},
         {"lote b --saida s --ie 1 --ie 2", "--ie só pode"},
+        {"lote b --saida -", "numa pasta"},
+        {"lote b --saida s --ie ", "--ie pede um valor"},
         {"listar ", "BANCO"},
         {"criar", "BANCO"},
         {"criar b --nada", "--nada"},
         {"criar b listar b", "não esperado: listar"},
+        {"listar -- -a -b", "não esperado: -b"},
         {"criar b --exemplo=2", "--exemplo não tem valor"},
         {"criarr b", "criarr"}};
+    const std::set<std::string> comandos{"criar", "listar", "exportar", "lote", "ref-atual"};
     for (const auto& [linha, motivo] : casos) {
         std::vector<std::string> argumentos;
         for (std::size_t inicio = 0; inicio <= linha.size();) {
@@ -44,6 +65,10 @@ TEST(Comandos, WrongUsageIsToldInPortugueseWithStatus2) {
         }
         const Execucao e = Rodar(argumentos);
         EXPECT_THAT(e, Termina(2, AllOf(StartsWith("uso incorreto: "), HasSubstr(motivo))));
+        const auto& comando = argumentos[0];
+        EXPECT_THAT(e.erros,
+                    HasSubstr("\n  Veja relatorios-tarvo " +
+                              (comandos.contains(comando) ? comando + " " : "") + "--ajuda\n"));
         EXPECT_EQ(e.saida, "");
     }
 }
@@ -51,6 +76,8 @@ TEST(Comandos, WrongUsageIsToldInPortugueseWithStatus2) {
 TEST(Comandos, HelpIsPortugueseAndNamesEveryCommand) {
     std::string ajuda = Rodar({"--ajuda"}).saida;
     EXPECT_EQ(Rodar({}).saida, ajuda);
+    EXPECT_EQ(Rodar({"--versao"}).saida, Rodar({"--version"}).saida);
+    EXPECT_THAT(Rodar({"--versao"}).saida, MatchesRegex("relatorios-tarvo [0-9.]+\n"));
     for (const std::string comando :
          {"criar", "listar", "exportar", "lote", "selecionar", "imprimir", "velo", "ref-atual"}) {
         EXPECT_THAT(ajuda, HasSubstr("\n  " + comando));
@@ -89,6 +116,43 @@ TEST(Comandos, WhatIsNoDeclarationDatabaseIsRefusedByNumberWithAdvice) {
     EXPECT_THAT(Arquivos(pasta.Caminho()), ElementsAre("a.tarvo"));
 }
 
+TEST(Comandos, AMissingDatabaseIsToldBeforeAMissingScreen) {
+    for (const std::vector<std::string>& argumentos :
+         {std::vector<std::string>{"nada.tarvo"},
+          {"--", "-nada"},
+          {"velo", "nada.tarvo"},
+          {"selecionar", "--ie=1", "--drq=1", "--", "-nada"}}) {
+        EXPECT_THAT(Rodar(argumentos), Termina(1, StartsWith("erro 3024: ")));
+    }
+}
+
+TEST(Comandos, TextsOfOthersCannotControlATerminal) {
+    apoio::BancoDeTeste banco(
+        "insert into tblContribuinte (IE, RazãoSocial) values ('1', 'A' || char(27, 7, 10, 127, "
+        "0x85, 0x9b, 0x2028, 0x202e, 0x2066) || 'ção')");
+    EXPECT_EQ(Rodar({"listar", banco.Arquivo()}).saida, "1  A         ção\n");
+    EXPECT_THAT(Rodar({"listar", "\x1b[2J\u0085\x9b/é"}),
+                Termina(1, StartsWith("erro 3024: \" [2J ?/é\"")));
+    EXPECT_THAT(Rodar({"listar", "b", "\x1b[2J"}), Termina(2, HasSubstr("esperado:  [2J\n")));
+}
+
+TEST(Comandos, TheListIsAlsoThereForPrograms) {
+    apoio::BancoDeTeste banco(
+        "insert into tblContribuinte (IE, RazãoSocial, CNPJ) values ('1', 'Órion', '2'), ('3', "
+        "'Zeta', null);"
+        "insert into tblDRQ (NroDRQ, Ref1, RegTrib, Tipo, IE, Consistente) values"
+        " (7, '2003-07-01', '01', 1, '1', -1), (9, null, null, null, null, 0);");
+    const auto linhas = LinhasJSON(Rodar({"listar", banco.Arquivo(), "--json"}).saida);
+    ASSERT_EQ(linhas.size(), 3U);
+    EXPECT_EQ(linhas[0], nlohmann::json::parse(
+                             R"({"ie": "1", "razaoSocial": "Órion", "cnpj": "2", "drq": 7,
+             "referencia": "07/2003", "regime": "01", "tipo": "Normal", "consistente": true})"));
+    EXPECT_EQ(linhas[1]["ie"], "3");
+    EXPECT_TRUE(linhas[1]["drq"].is_null());
+    EXPECT_EQ(linhas[2]["drq"], 9);
+    EXPECT_TRUE(linhas[2]["ie"].is_null());
+}
+
 TEST(Comandos, OutputThatCannotBeWrittenIsAFailure) {
     EXPECT_THAT(Rodar({"--ajuda"}, {.saida = "/dev/full"}), Termina(1, StartsWith("erro 57: ")));
 }
@@ -114,7 +178,7 @@ TEST(Comandos, TheReferenceMonthIsKeptPerUser) {
     const apoio::PastaTemporaria pasta;
     ::setenv("XDG_CONFIG_HOME", pasta.Caminho().c_str(), 1);
     EXPECT_EQ(Rodar({"ref-atual"}).saida, "não definido\n");
-    EXPECT_THAT(Rodar({"ref-atual", "07/2003"}), Termina(0));
+    EXPECT_THAT(Rodar({"ref-atual", "7/2003"}), Termina(0));
     EXPECT_EQ(Rodar({"ref-atual"}).saida, "07/2003\n");
     EXPECT_THAT(apoio::BytesDe(pasta / "Tarvo.ini"), HasSubstr("[pRef]\nRefAtual=07/2003"));
     ::unsetenv("XDG_CONFIG_HOME");

@@ -24,11 +24,14 @@ class Exportacao : public ComExemplo {
   protected:
     Execucao Exportar(const std::string& relatorios, const std::string& formato = "pdf",
                       const Pedido& pedido = {}) {
-        return Rodar(
-            {"exportar", Banco(), "--ie", pedido.IE, "--drq", pedido.drq, "--ref-atual", "07/2003",
-             "--relatorios", relatorios, "--formato", formato, "--saida", Saida()},
-            pedido.condicoes);
+        std::vector<std::string> argumentos{
+            "exportar", Banco(),        "--ie",     pedido.IE,   "--drq", pedido.drq, "--ref-atual",
+            "07/2003",  "--relatorios", relatorios, "--formato", formato, "--saida",  onde};
+        argumentos.insert(argumentos.end(), outros.begin(), outros.end());
+        return Rodar(argumentos, pedido.condicoes);
     }
+    std::string onde = Saida();
+    std::vector<std::string> outros;  // further options
 };
 
 TEST_F(Exportacao, FilesBearCodeAndClassInEveryFormat) {
@@ -82,6 +85,47 @@ TEST_F(Exportacao, TextsThatWereCutAreSaid) {
     Executar("update tblContribuinte set Bairro = printf('%.300c', 'W') where IE = '250114377019'");
     EXPECT_THAT(Exportar("01"),
                 Termina(0, HasSubstr("aviso: 01-RelatorioCadastro, página 1, a 0,20 × 6,00 cm")));
+}
+
+TEST_F(Exportacao, ProgramsGetTheResultOfEachReportAsALineOfJSON) {
+    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W') where IE = '250114377019'");
+    outros = {"--json"};
+    for (const std::string formato : {"pdf", "png"}) {
+        const auto linhas = LinhasJSON(Exportar("17, 01", formato).saida);
+        ASSERT_EQ(linhas.size(), 2U);
+        EXPECT_EQ(linhas[0]["relatorio"], "17");
+        EXPECT_EQ(linhas[0]["ie"], "250114377019");
+        EXPECT_EQ(linhas[0]["drq"], 101);
+        EXPECT_EQ(linhas[0]["paginas"], 2);
+        EXPECT_EQ(linhas[0]["arquivos"].size(), formato == "png" ? 2U : 1U);
+        for (const auto& linha : linhas) {
+            for (const auto& arquivo : linha["arquivos"]) {
+                EXPECT_EQ(fs::file_size(arquivo["caminho"].get<std::string>()), arquivo["bytes"]);
+            }
+        }
+        EXPECT_EQ(linhas[1]["cortados"][0]["texto"], std::string(300, 'W'));
+        EXPECT_EQ(linhas[1]["cortados"][0]["pagina"], 1);
+    }
+}
+
+TEST_F(Exportacao, OneReportCanGoToTheStandardOutput) {
+    ASSERT_THAT(Exportar("17", "json"), Termina(0));
+    onde = "-";
+    outros = {"--silencioso"};
+    EXPECT_EQ(Exportar("17", "json").saida, apoio::BytesDe(Saida("17-RelatorioPagamentos.json")));
+    EXPECT_THAT(Exportar("17").saida, AllOf(StartsWith("%PDF"), EndsWith("%%EOF\n")));
+    EXPECT_THAT(Exportar("17", "pdf", {.condicoes = {.saida = "/dev/full"}}),
+                Termina(1, StartsWith("erro 57: ")));
+    EXPECT_THAT(Arquivos(Saida()), SizeIs(1));
+}
+
+TEST_F(Exportacao, ASilentCommandSaysErrorsOnly) {
+    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W') where IE = '250114377019'");
+    outros = {"--silencioso"};
+    const Execucao e = Exportar("01,10", "pdf", {.drq = "999"});
+    EXPECT_THAT(e, Termina(1, StartsWith("erro 3021: relatório 10: ")));
+    EXPECT_EQ(e.saida, "");
+    EXPECT_THAT(Arquivos(Saida()), ElementsAre("01-RelatorioCadastro.pdf"));
 }
 
 TEST_F(Exportacao, AFolderThatCannotBeWrittenIsToldAndNothingIsLeft) {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
+#include <sstream>
 
 namespace tarvo::host {
 
@@ -84,6 +85,15 @@ ComExemplo::ComExemplo() {
     EXPECT_THAT(Rodar({"criar", Banco(), "--exemplo"}), Termina(0));
     fs::permissions(pasta.Caminho(), fs::perms::all);
     fs::permissions(Banco(), fs::perms::all);
+}
+
+std::vector<nlohmann::json> LinhasJSON(const std::string& saida) {
+    std::vector<nlohmann::json> linhas;
+    std::istringstream texto(saida);
+    for (std::string linha; std::getline(texto, linha);) {
+        linhas.push_back(nlohmann::json::parse(linha));
+    }
+    return linhas;
 }
 
 OutroPrograma::OutroPrograma(const std::string& banco, const std::string& sql) {

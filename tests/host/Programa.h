@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <filesystem>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,9 @@ class ComExemplo : public testing::Test {
     void Executar(std::string_view script) { BancoSQLite::Abrir(Banco())->ExecutarScript(script); }
     apoio::PastaTemporaria pasta;
 };
+
+// The objects that a command has written, one a line.
+std::vector<nlohmann::json> LinhasJSON(const std::string& saida);
 
 // Another process that has the database open and has run some SQL on it, for its lifetime.
 class OutroPrograma {

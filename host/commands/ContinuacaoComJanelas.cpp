@@ -1,4 +1,4 @@
-#include "host/commands/ProgramaDeJanelas.h"
+#include "host/commands/ContinuacaoComJanelas.h"
 
 #include <unistd.h>
 
@@ -8,7 +8,7 @@
 
 namespace tarvo::host {
 
-void PassarAoProgramaDeJanelas(const std::vector<std::string>& argumentos) {
+void ContinuarComJanelas(const std::vector<std::string>& argumentos) {
     constexpr const char* Nome = "relatorios-tarvo-janela";
     std::error_code ignorado;
     const auto pasta = std::filesystem::read_symlink("/proc/self/exe", ignorado).parent_path();

@@ -9,6 +9,6 @@ namespace tarvo::host {
 // beside this one or in its libexec folder, with the same arguments. It is a program of its own so
 // that commands without a window load no GUI library. Returns only by error 445, when that program
 // is not installed.
-[[noreturn]] void PassarAoProgramaDeJanelas(const std::vector<std::string>& argumentos);
+[[noreturn]] void ContinuarComJanelas(const std::vector<std::string>& argumentos);
 
 }  // namespace tarvo::host

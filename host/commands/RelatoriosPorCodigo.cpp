@@ -1,0 +1,83 @@
+#include "host/commands/RelatoriosPorCodigo.h"
+
+#include <algorithm>
+
+#include "dispatch/Catalogo.h"
+#include "dispatch/Relatorios.h"
+#include "slip/RelatorioVELO.h"
+
+namespace tarvo::host {
+
+namespace {
+
+constexpr std::string_view ClasseVELO = "RelatorioVELO";
+
+// nullptr for the slip and for what is no code.
+const EntradaCatalogo* Procurar(std::string_view codigo) {
+    const auto catalogo = Catalogo();
+    const auto achada = std::ranges::find(catalogo, codigo, &EntradaCatalogo::codigo);
+    return achada != catalogo.end() ? &*achada : nullptr;
+}
+
+std::string_view SemBrancos(std::string_view texto) {
+    texto.remove_prefix(std::min(texto.find_first_not_of(' '), texto.size()));
+    return texto.substr(0, texto.find_last_not_of(' ') + 1);
+}
+
+std::string EmMaiusculas(std::string_view texto) {
+    std::string maiusculas(texto);
+    std::ranges::transform(maiusculas, maiusculas.begin(), [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+    return maiusculas;
+}
+
+}  // namespace
+
+std::vector<std::string> LerCodigos(std::string_view lista) {
+    std::vector<std::string> codigos;
+    for (std::size_t inicio = 0; inicio <= lista.size();) {
+        const std::size_t virgula = std::min(lista.find(',', inicio), lista.size());
+        const auto codigo = EmMaiusculas(SemBrancos(lista.substr(inicio, virgula - inicio)));
+        if (std::ranges::find(codigos, codigo) == codigos.end()) {
+            codigos.push_back(codigo);
+        }
+        inicio = virgula + 1;
+    }
+    return codigos;
+}
+
+bool ExisteCodigo(std::string_view codigo) {
+    return codigo == CodigoVELO || Procurar(codigo) != nullptr;
+}
+
+std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ) {
+    const int ano = Relatorios::AnoDaReferencia(banco, NumeroDRQ);
+    std::vector<std::string> codigos;
+    for (const auto& entrada : Catalogo()) {
+        if (entrada.desde <= ano) {
+            codigos.emplace_back(entrada.codigo);
+        }
+    }
+    return codigos;
+}
+
+std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
+                                              const Alvo& alvo, const Ambiente& ambiente) {
+    if (codigo == CodigoVELO) {
+        auto guia = std::make_unique<RelatorioVELO>(ambiente);
+        guia->Construir(banco);
+        return guia;
+    }
+    auto relatorio = Procurar(codigo)->criar(ambiente);
+    relatorio->Construir(banco, alvo.IE, alvo.NumeroDRQ);
+    return relatorio;
+}
+
+std::string NomeDoArquivo(std::string_view codigo) {
+    const EntradaCatalogo* entrada = Procurar(codigo);
+    return std::string(codigo).append("-").append(entrada != nullptr ? entrada->classe
+                                                                     : ClasseVELO);
+}
+
+}  // namespace tarvo::host

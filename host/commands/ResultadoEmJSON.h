@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/commands/Declaracoes.h"
+#include "output/FormatoDeSaida.h"
+
+// What a command found or produced, as the one-line JSON objects that --json writes: ASCII, with
+// everything else escaped.
+namespace tarvo::host {
+
+// "relatorio", "ie", "drq", "arquivos" (each "caminho" and "bytes"), "paginas", "cortados" (each
+// "pagina", "x" and "y" in cm, "texto"). ie and drq are null where the report has none.
+std::string ResultadoEmJSON(std::string_view codigo, const std::optional<std::string>& IE,
+                            const std::optional<std::int32_t>& NumeroDRQ,
+                            const ResultadoDaSaida& resultado);
+
+// "ie", "razaoSocial", "cnpj", and those of the declaration: "drq", "referencia", "regime", "tipo",
+// "consistente". What the database does not tell is null; either may be nullptr, not both.
+std::string ResultadoEmJSON(const Contribuinte* contribuinte, const Declaracao* declaracao);
+
+}  // namespace tarvo::host
