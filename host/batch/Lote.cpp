@@ -1,5 +1,7 @@
 #include "host/batch/Lote.h"
 
+#include <malloc.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,6 +21,7 @@
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"
+#include "output/pdf/RenderizadorPDF.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/files/Arquivos.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -215,6 +218,17 @@ void Trabalhar(Lote& lote) {
     }
 }
 
+// The C library gives each thread an arena, which takes 128 MB of addresses while it is made. Where
+// the process may not have that for each, it would try in vain at every allocation, and the batch
+// would crawl: then all share one.
+void PrepararMemoria(std::size_t trabalhos) {
+    constexpr rlim_t Arena = rlim_t{128} * 1024 * 1024;
+    rlimit limite{};
+    if (::getrlimit(RLIMIT_AS, &limite) == 0 && limite.rlim_cur / Arena <= trabalhos) {
+        ::mallopt(M_ARENA_MAX, 1);
+    }
+}
+
 // All workers, to the end.
 void Trabalhar(Lote& lote, std::size_t trabalhos) {
     std::vector<std::jthread> trabalhadores;
@@ -227,6 +241,8 @@ void Trabalhar(Lote& lote, std::size_t trabalhos) {
 
 int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararParaVariosFios();
+    PrepararMemoria(static_cast<std::size_t>(a.trabalhos));
+    PrepararFontes();
     const CapturaDeInterrupcao captura;
     const auto banco = AbrirParaLer(a);
     CancelaSeInterrompido andamento(&console.Erros());

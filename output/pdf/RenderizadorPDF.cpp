@@ -8,6 +8,7 @@
 #include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/file/Sumario.h"
 #include "output/pdf/page/PaginaPDF.h"
+#include "output/pdf/text/Face.h"
 #include "system/files/GravacaoSegura.h"
 
 namespace tarvo {
@@ -96,6 +97,10 @@ SecaoPDF SecaoUnica(const Conteudo& conteudo) {
 }
 
 }  // namespace
+
+void PrepararFontes() {
+    Face::ObterHabituais();
+}
 
 ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino) {
     Renderizacao renderizacao(destino);

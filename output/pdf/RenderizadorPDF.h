@@ -37,6 +37,12 @@ struct SecaoPDF {
 // Takes the bytes of the file in order; throws to stop the rendering.
 using DestinoPDF = std::function<void(std::string_view bytes)>;
 
+// Finds and reads the fonts of the project's own reports, for all threads of the process. To be
+// called before threads render at the same time, while memory is plenty: the font library ends or
+// slows down a process that it meets short of it. A font that is missing stays the error of the
+// rendering that uses it.
+TARVO_PUBLICO void PrepararFontes();
+
 // Error 20005 when a font is missing (names the package that brings it).
 TARVO_PUBLICO ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes,
                                          const DestinoPDF& destino);

@@ -33,6 +33,14 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(Arquivos(pasta.Caminho()), Not(Contains(HasSubstr("exemplo.tarvo-"))));
 }
 
+// A sanitizer maps far more addresses than the program uses.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST_F(Lote, RunsToItsEndWithManyThreadsInLittleMemory) {
+    EXPECT_THAT(RodarLote({"--trabalhos", "6"}, {.memoria = 160'000'000}), Termina(0));
+    ConferirInteiros();
+}
+#endif
+
 TEST_F(Lote, ReadsWhatAnotherProgramHasNotMovedIntoTheFileYetAndLeavesItThere) {
     auto aberto = std::make_unique<OutroPrograma>(
         Banco(), "UPDATE tblContribuinte SET RazãoSocial = 'Nova Ltda.' WHERE IE LIKE '2501%'");

@@ -23,17 +23,21 @@ void Redirecionar(const fs::path& arquivo, int descritor) {
     ::dup2(fd, descritor);
 }
 
+void Limitar(__rlimit_resource recurso, long bytes) {
+    if (bytes > 0) {
+        const rlimit limite{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
+        ::setrlimit(recurso, &limite);
+    }
+}
+
 [[noreturn]] void Substituir(const std::vector<std::string>& argumentos,
                              const Condicoes& condicoes) {
     if (condicoes.comoNinguem && ::geteuid() == 0 &&
         (::setgroups(0, nullptr) != 0 || ::setgid(Ninguem) != 0 || ::setuid(Ninguem) != 0)) {
         ::_exit(127);
     }
-    if (condicoes.limiteDeArquivo > 0) {
-        const auto bytes = static_cast<rlim_t>(condicoes.limiteDeArquivo);
-        const rlimit limite{bytes, bytes};
-        ::setrlimit(RLIMIT_FSIZE, &limite);
-    }
+    Limitar(RLIMIT_FSIZE, condicoes.limiteDeArquivo);
+    Limitar(RLIMIT_AS, condicoes.memoria);
     std::vector<char*> lista{const_cast<char*>(TARVO_PROGRAMA)};
     for (const auto& argumento : argumentos) {
         lista.push_back(const_cast<char*>(argumento.c_str()));

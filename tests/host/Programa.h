@@ -23,6 +23,7 @@ struct Execucao {
 struct Condicoes {
     bool comoNinguem = false;  // unprivileged, where the test runs as root: permissions hold
     long limiteDeArquivo = 0;  // bytes, as on a full disk; 0: none
+    long memoria = 0;          // bytes of addresses; 0: all
     std::string saida = {};    // file or device for standard output; empty: kept for Execucao
 };
 

@@ -13,7 +13,9 @@ namespace tarvo::pdf {
 
 // Writes the objects of a PDF 1.7 file as they come and keeps nothing of them but their places.
 // Small objects travel in compressed object streams, the table of places in a cross-reference
-// stream. Belongs to one thread.
+// stream. By hand, because it pays: a thousand pages take about a fortieth of the processor time
+// that they take with Qt's writer, and no memory that grows with them (bench_documento). Belongs to
+// one thread.
 class EscritorPDF {
   public:
     using Destino = std::function<void(std::string_view bytes)>;

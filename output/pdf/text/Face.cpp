@@ -42,6 +42,18 @@ std::shared_ptr<const Face> Face::Obter(std::string_view nome, bool negrito, boo
     return face;
 }
 
+void Face::ObterHabituais() {
+    for (const auto nome : FontesHabituais) {
+        for (const unsigned estilo : {0U, 1U, 2U, 3U}) {
+            try {
+                Obter(nome, (estilo & 1U) != 0, (estilo & 2U) != 0);
+            } catch (const Erro&) {
+                continue;
+            }
+        }
+    }
+}
+
 Face::Face(const ArquivoFonte& arquivo) {
     const ObjetoDeC<hb_blob_destroy> blob(
         hb_blob_create_from_file_or_fail(arquivo.caminho.c_str()));

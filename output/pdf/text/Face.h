@@ -39,6 +39,8 @@ class Face {
   public:
     // The face of a font by its name in the document (see LocalizarFonte). Error 20005.
     static std::shared_ptr<const Face> Obter(std::string_view nome, bool negrito, bool italico);
+    // Obtains all faces of FontesHabituais; those that are missing stay an error of their use.
+    static void ObterHabituais();
     explicit Face(const ArquivoFonte& arquivo);
 
     [[nodiscard]] hb_face_t* Hb() const { return face_.get(); }

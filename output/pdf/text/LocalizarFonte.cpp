@@ -2,6 +2,8 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <iterator>
+#include <new>
 #include <optional>
 
 #include "data/CodigosDeErros.h"
@@ -11,14 +13,9 @@ namespace tarvo::pdf {
 
 namespace {
 
-struct Gemea {
-    const char* nome;
-    const char* familia;
-};
-
-constexpr Gemea Gemeas[] = {{"Arial", "Liberation Sans"},
-                            {"Courier New", "Liberation Mono"},
-                            {"Times New Roman", "Liberation Serif"}};
+// The metric twins of FontesHabituais.
+constexpr const char* Gemeas[] = {"Liberation Sans", "Liberation Mono", "Liberation Serif"};
+static_assert(std::size(Gemeas) == FontesHabituais.size());
 constexpr const char* PacoteDasGemeas = "fonts-liberation";
 
 using Padrao = ObjetoDeC<FcPatternDestroy>;
@@ -27,10 +24,18 @@ const FcChar8* Fc(const char* texto) {
     return reinterpret_cast<const FcChar8*>(texto);
 }
 
+template <class T>
+T* Exigir(T* objeto) {
+    if (objeto == nullptr) {
+        throw std::bad_alloc();
+    }
+    return objeto;
+}
+
 // The machine's fonts, read once in a process; fontconfig's matching is thread-safe.
 FcConfig* Configuracao() {
     static const ObjetoDeC<FcConfigDestroy> configuracao(FcInitLoadConfigAndFonts());
-    return configuracao.get();
+    return Exigir(configuracao.get());
 }
 
 bool TemFamilia(const FcPattern& padrao, const char* familia) {
@@ -44,7 +49,7 @@ bool TemFamilia(const FcPattern& padrao, const char* familia) {
 }
 
 std::optional<ArquivoFonte> Procurar(const char* familia, bool negrito, bool italico) {
-    const Padrao pedido(FcPatternCreate());
+    const Padrao pedido(Exigir(FcPatternCreate()));
     FcPatternAddString(pedido.get(), FC_FAMILY, Fc(familia));
     FcPatternAddInteger(pedido.get(), FC_WEIGHT, negrito ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
     FcPatternAddInteger(pedido.get(), FC_SLANT, italico ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
@@ -73,9 +78,9 @@ std::optional<ArquivoFonte> Procurar(const char* familia, bool negrito, bool ita
 ArquivoFonte LocalizarFonte(std::string_view nome, bool negrito, bool italico) {
     const std::string pedida(nome);
     std::string pacote;
-    for (const auto& gemea : Gemeas) {
-        if (FcStrCmpIgnoreCase(Fc(pedida.c_str()), Fc(gemea.nome)) == 0) {
-            if (auto arquivo = Procurar(gemea.familia, negrito, italico)) {
+    for (std::size_t i = 0; i < FontesHabituais.size(); ++i) {
+        if (FcStrCmpIgnoreCase(Fc(pedida.c_str()), Fc(FontesHabituais[i].data())) == 0) {
+            if (auto arquivo = Procurar(Gemeas[i], negrito, italico)) {
                 return *std::move(arquivo);
             }
             pacote = PacoteDasGemeas;
