@@ -146,33 +146,38 @@ void OperadoresDePagina::AnexarCodigos(FonteDoArquivo& fonte, std::string_view c
     }
 }
 
-// Shaped glyphs: what shaping moves is written as an adjustment before the glyph and taken back
-// after it, and as a rise of the baseline.
+// Shaped glyphs: what shaping moves is written as an adjustment before the glyph, together with
+// what takes back that of the glyph before it, and as a rise of the baseline.
 void OperadoresDePagina::AnexarGlifos(FonteDoArquivo& fonte, Centesimos corpo,
                                       std::u32string_view texto) {
     const Face& face = fonte.fonte.FaceUsada();
-    const auto ajustar = [this](int milesimos) {
-        if (milesimos != 0) {
-            AnexarInteiro(operadores_, -milesimos);
+    int ajuste = 0;
+    const auto ajustar = [&] {
+        if (ajuste != 0) {
+            AnexarInteiro(operadores_, -ajuste);
         }
+        ajuste = 0;
     };
     int elevacao = 0;
     operadores_ += '[';
     for (const auto& g : fonte.fonte.Formar(texto)) {
         if (g.dy != elevacao) {
+            ajustar();
             operadores_ += "]TJ ";
             AnexarOperandos(operadores_, Arredondar(g.dy * corpo / 1000.0));
             operadores_ += "Ts[";
             elevacao = g.dy;
         }
-        ajustar(g.dx);
+        ajuste += g.dx;
+        ajustar();
         operadores_ += '<';
         AnexarHex(operadores_, g.glifo, 4);
         operadores_ += '>';
-        ajustar(g.avanco - g.dx - face.AvancoGlifo(g.glifo));
+        ajuste = g.avanco - g.dx - face.AvancoGlifo(g.glifo);
         auto& unicode = fonte.glifos[g.glifo];
         unicode = unicode != 0 ? unicode : g.unicode;
     }
+    ajustar();
     operadores_ += elevacao != 0 ? "]TJ 0 Ts\n" : "]TJ\n";
 }
 

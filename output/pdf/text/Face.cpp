@@ -158,8 +158,13 @@ int Face::MedirKern(std::uint8_t a, std::uint8_t b) const {
     if (quantos != 2) {
         return 0;
     }
-    return Milesimos(posicoes[0].x_advance -
-                     hb_font_get_glyph_h_advance(fonte_.get(), glifos[0].codepoint));
+    // Some faces move the first one's end, others half of it and half of the second one's place.
+    int kern = 0;
+    for (const int i : {0, 1}) {
+        kern +=
+            posicoes[i].x_advance - hb_font_get_glyph_h_advance(fonte_.get(), glifos[i].codepoint);
+    }
+    return Milesimos(kern);
 }
 
 std::string Face::NomePostScript() const {

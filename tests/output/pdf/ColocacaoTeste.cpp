@@ -49,17 +49,34 @@ TEST(Colocacao, TextBeyondThePrintableAreaStandsInTheMargin) {
     EXPECT_NEAR(palavras[1].x1, Pontos(18.5), Folga);
 }
 
-TEST(Colocacao, FiguresOfAmountsStandUnderOneAnother) {
-    const ArquivoPDF arquivo(Textos({{{0, 0, 5, 0.6}, "1.111.111,11", {.horizontal = 2}},
-                                     {{0, 1, 5, 0.6}, "2.222.222,22", {.horizontal = 2}}}));
-    const auto palavras = arquivo.Palavras(1, 2);
-    EXPECT_NEAR(palavras[0].x0, palavras[1].x0, Folga);
+TEST(Colocacao, KernedLettersAndShapedGlyphsEndWhereTheirBoxDoes) {
+    constexpr const char* ComAcentos = "DejaVu Sans";  // that are glyphs of their own
+    const ArquivoPDF arquivo(
+        Textos({{{0, 0, 5, 0.6}, "AVAVAV", {.horizontal = 2}},
+                {{0, 1, 5, 0.6}, "qy depois", {.fonte = ComAcentos}},
+                {{0, 2, 5, 0.6}, "q\u0302\u0301y depois", {.fonte = ComAcentos}},
+                {{0, 3, 5, 0.6}, "yq\u0302\u0301", {.horizontal = 2, .fonte = ComAcentos}}}));
+    const auto p = arquivo.Palavras(1);
+    EXPECT_NEAR(p.front().x1, Pontos(5), Folga);
+    EXPECT_LT(p.front().Largura(), 8 * 6 * 0.667 - 1);
+    // What stands after accents stands as without them.
+    const auto depois = [&](std::size_t n) {
+        auto palavra = p.begin() - 1;
+        for (++n; n > 0; --n) {
+            palavra = std::find_if(palavra + 1, p.end(),
+                                   [](const Palavra& q) { return q.texto == "depois"; });
+        }
+        return *palavra;
+    };
+    EXPECT_NEAR(depois(0).x0, depois(1).x0, Folga);
+    EXPECT_NEAR(depois(0).y1 + Pontos(1), depois(1).y1 + Pontos(0), Folga);
+    EXPECT_NEAR(p.back().x1, Pontos(5), Folga);
 }
 
 TEST(Colocacao, PlaceholdersStandForDateTimeAndThePagesOfTheirOwnDocument) {
     const Ambiental momento("SOURCE_DATE_EPOCH", "1057000009");  // 30/06/2003 19:06:49 UTC
     const auto desenhar = [](DocumentoRelatorio& doc, int) {
-        Escrever(doc, {{0, 0, 17, 1}, "%%D %%H Página %%p de %%P, 100%%, %%x %%"});
+        Escrever(doc, {{0, 0, 17, 1}, "%%D %%H Página %%p de %%P, %%%p, 100%%, %%x %%"});
     };
     const Conteudo tres = Paginas(3, desenhar);
     const Conteudo duas = Paginas(2, desenhar);
@@ -69,7 +86,7 @@ TEST(Colocacao, PlaceholdersStandForDateTimeAndThePagesOfTheirOwnDocument) {
     for (const char* esperado : {"1 de 3", "2 de 3", "3 de 3", "1 de 2", "2 de 2"}) {
         EXPECT_THAT(arquivo.Texto(++pagina),
                     testing::StartsWith(std::string("30/06/2003 19:06:49 Página ") + esperado +
-                                        ", 100%%, %%x %%"));
+                                        ", %" + esperado[0] + ", 100%%, %%x %%"));
     }
 }
 

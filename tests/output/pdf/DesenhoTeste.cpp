@@ -72,12 +72,37 @@ TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
         Escrever(doc, {{1, 5, 8, 1}, "████████", {.vertical = 1, .tamanho = 20, .cor = 255}});
         doc.DesenharFigura(10, 1, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
         doc.DesenharRetangulo(10, 1, 2, 2, true, 255, 255, 1);
+        // A hollow frame across a text, and one that is filled, with the text's own colour around.
+        Escrever(doc, {{1, 9, 8, 1}, "████████", {.tamanho = 20, .cor = 255}});
+        doc.DesenharRetangulo(2, 8, 3, 3, false, 0, 0, 8);
+        doc.DesenharRetangulo(6, 8, 1, 3, true, 255, 0xFFFFFF, 1);
+        // The stroke of this letter reaches beyond its width.
+        doc.EscreverTexto(1, 13, 8, 3, "f", 0, 0, "Times New Roman", 80, false, true, false, 0);
+        doc.DesenharRetangulo(1 + 80 * 0.278 * 2.54 / 72 + 0.03, 12, 4, 4, true, 0xFFFFFF, 0xFFFFFF,
+                              0);
     }));
     EXPECT_EQ(arquivo.Cor(1, 2, 1.5), Branco);
     EXPECT_EQ(arquivo.Cor(1, 4.5, 1.5), Vermelho);
     EXPECT_EQ(arquivo.Cor(1, 2, 5.5), Vermelho);
     EXPECT_EQ(arquivo.Cor(1, 8.5, 5.1), Preto);
     EXPECT_EQ(arquivo.Cor(1, 11, 2), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 2, 9.5), Preto);
+    EXPECT_EQ(arquivo.Cor(1, 3.5, 9.5), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 6.5, 9.5), Branco);
+    for (int centesimo = 184; centesimo < 300; ++centesimo) {
+        EXPECT_EQ(arquivo.Cor(1, centesimo / 100.0, 13.6), Branco) << centesimo;
+    }
+}
+
+TEST(Desenho, AFrameDrawnTwiceLooksLikeOneDrawnOnce) {
+    const auto molduras = [](int vezes) {
+        return Documento([vezes](DocumentoRelatorio& doc) {
+            for (int i = 0; i < vezes; ++i) {
+                doc.DesenharRetangulo(1.003, 1.007, 4, 2, false, 0, 0, 1);
+            }
+        });
+    };
+    EXPECT_EQ(ArquivoPDF(molduras(2)).Pixels(1), ArquivoPDF(molduras(1)).Pixels(1));
 }
 
 TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
 
 #include "document/QuadroPagina.h"
@@ -27,9 +28,28 @@ Conteudo Variado(int paginas) {
     });
 }
 
+// The pages below a node of the page tree, in their order; each node knows its parent and how many
+// pages it has.
+std::vector<std::string> PaginasSob(const ArquivoPDF& arquivo, const std::string& no,
+                                    const std::string& pai) {
+    const auto& valor = arquivo.Objeto(no)["value"];
+    EXPECT_EQ(valor.value("/Parent", ""), pai);
+    if (valor["/Type"] == "/Page") {
+        return {no};
+    }
+    std::vector<std::string> paginas;
+    for (const std::string filha : valor["/Kids"]) {
+        std::ranges::move(PaginasSob(arquivo, filha, no), std::back_inserter(paginas));
+    }
+    EXPECT_EQ(valor["/Count"], paginas.size()) << no;
+    return paginas;
+}
+
 TEST(Estrutura, IndependentProgramsFindNothingWrong) {
     const ArquivoPDF arquivo(Variado(150));
     arquivo.EsperarSemFaltas();
+    const auto catalogo = arquivo.Objeto(arquivo.Objetos()["trailer"]["value"]["/Root"])["value"];
+    EXPECT_THAT(PaginasSob(arquivo, catalogo["/Pages"], ""), testing::SizeIs(150));
     EXPECT_EQ(arquivo.Resultado().paginas, 150U);
     EXPECT_THAT(arquivo.Dito("pdfinfo"), HasSubstr("Pages:           150"));
     EXPECT_THAT(arquivo.Texto(65), HasSubstr("São João 64029"));
