@@ -54,7 +54,7 @@ void ConferirBanco(const Argumentos& a) {
 
 int Despachar(const Argumentos& a, const std::vector<std::string>& argumentos, std::ostream& saida,
               std::ostream& erros) {
-    Console console(saida, erros, a.silencioso);
+    Console console(saida, erros, {.silencioso = a.silencioso, .dados = a.json || a.naSaidaPadrao});
     switch (a.comando) {
         case Comando::Ajuda:
             saida << a.ajuda;

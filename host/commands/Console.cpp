@@ -61,7 +61,7 @@ void Console::Dizer(std::string_view linha) {
 }
 
 void Console::Avisar(std::string_view aviso) {
-    if (!silencioso_) {
+    if (!modo_.silencioso) {
         erros_ << "aviso: " << Legivel(aviso) << "\n";
     }
 }

@@ -37,10 +37,9 @@ int ExportarRelatorios(const Argumentos& a, Console& console) {
             auto resultado = GravarRelatorio(codigo, relatorio, a.saida);
             if (a.json) {
                 console.Dados() << ResultadoEmJSON(codigo, a.IE, a.NumeroDRQ, resultado) << "\n";
-            } else {
-                console.Dizer(NomeDoArquivo(codigo) + "  " + std::to_string(resultado.paginas) +
-                              (resultado.paginas == 1 ? " página" : " páginas"));
             }
+            console.Dizer(NomeDoArquivo(codigo) + "  " + std::to_string(resultado.paginas) +
+                          (resultado.paginas == 1 ? " página" : " páginas"));
             return std::move(resultado.cortados);
         });
 }
