@@ -245,7 +245,7 @@ int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararFontes();
     const CapturaDeInterrupcao captura;
     const auto banco = AbrirParaLer(a);
-    CancelaSeInterrompido andamento(&console.Erros());
+    CancelaSeInterrompido andamento(&console);
     banco->Acompanhar(&andamento);
     const auto declaracoes = EscolherDeclaracoes(*banco, a);
     if (declaracoes.empty()) {

@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <cstddef>
-#include <ostream>
 #include <utility>
 
 namespace tarvo::host {
@@ -39,9 +38,8 @@ bool Interrompido() {
 
 bool CancelaSeInterrompido::Continuar(std::chrono::milliseconds aguardando) {
     constexpr std::chrono::milliseconds Paciencia(1000);
-    if (aguardando >= Paciencia && erros_ != nullptr) {
-        *std::exchange(erros_, nullptr) << "aguardando outro programa que usa o banco...\n"
-                                        << std::flush;
+    if (aguardando >= Paciencia && console_ != nullptr) {
+        std::exchange(console_, nullptr)->Avisar("aguardando outro programa que usa o banco");
     }
     return !Interrompido();
 }

@@ -2,9 +2,9 @@
 
 #include <array>
 #include <csignal>
-#include <iosfwd>
 
 #include "document/Ambiente.h"
+#include "host/commands/Console.h"
 
 // Stopping a long command from outside.
 namespace tarvo::host {
@@ -27,15 +27,15 @@ class CapturaDeInterrupcao {
 bool Interrompido();
 
 // Cancels what is being done once a signal has come: the build of a report at the next page, a
-// query at once. Says on erros, where given, once, that the database keeps it waiting.
+// query at once. Warns on the console, where given, once, that the database keeps it waiting.
 class CancelaSeInterrompido final : public Andamento {
   public:
-    explicit CancelaSeInterrompido(std::ostream* erros = nullptr) : erros_(erros) {}
+    explicit CancelaSeInterrompido(Console* console = nullptr) : console_(console) {}
     bool PaginaConcluida(std::size_t /*paginas*/) override { return !Interrompido(); }
     bool Continuar(std::chrono::milliseconds aguardando) override;
 
   private:
-    std::ostream* erros_;  // until it has been said
+    Console* console_;  // until it has been said
 };
 
 }  // namespace tarvo::host

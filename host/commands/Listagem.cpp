@@ -49,7 +49,7 @@ void EscreverJSON(std::ostream& dados, const Contribuinte* contribuinte,
 
 int ListarDeclaracoes(const Argumentos& a, Console& console) {
     const CapturaDeInterrupcao captura;
-    CancelaSeInterrompido andamento(&console.Erros());
+    CancelaSeInterrompido andamento(&console);
     const auto banco = AbrirBanco(a.banco, {.modo = ModoAbertura::SomenteLeitura});
     const Acompanhamento acompanhamento(*banco, &andamento);
     const auto contribuintes = LerContribuintes(*banco);

@@ -1,7 +1,5 @@
 #include "host/commands/ProducaoDeRelatorios.h"
 
-#include <unistd.h>
-
 #include "data/Formatos.h"
 #include "databases/AbrirBanco.h"
 #include "host/commands/Declaracoes.h"
@@ -36,35 +34,59 @@ void AvisarCortes(Console& console, const std::string& nome,
     }
 }
 
-// A database that cannot be written is read all the same, with work tables of this call alone.
-std::unique_ptr<BancoDados> AbrirParaRelatorios(const std::filesystem::path& arquivo,
-                                                Console& console) {
-    const auto pasta = arquivo.has_parent_path() ? arquivo.parent_path() : ".";
-    if (::access(arquivo.c_str(), W_OK) == 0 && ::access(pasta.c_str(), W_OK) == 0) {
-        return AbrirBanco(arquivo);
+// The open database of a call. Whether it can be written is known once a report has tried to refill
+// its work table; those of one that cannot are of this call alone.
+class BancoDaChamada {
+  public:
+    BancoDaChamada(const Argumentos& a, Console& console)
+        : argumentos_(a), console_(console), andamento_(&console) {
+        Abrir({});
     }
-    auto banco = AbrirBanco(arquivo, {.modo = ModoAbertura::SomenteLeitura,
-                                      .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
-    console.Avisar("o banco não pode ser alterado; as tabelas de trabalho são só desta chamada");
-    return banco;
-}
+
+    BancoDados& operator*() { return *banco_; }
+
+    std::unique_ptr<Relatorio> Construir(const std::string& codigo,
+                                         const Configuracoes& configuracoes) {
+        const Alvo alvo{argumentos_.IE.value_or(""), argumentos_.NumeroDRQ.value_or(0)};
+        const Ambiente ambiente{.configuracoes = &configuracoes, .andamento = &andamento_};
+        try {
+            return ConstruirRelatorio(codigo, *banco_, alvo, ambiente);
+        } catch (const Erro& erro) {
+            if (erro.Numero() != NumeroErro::BancoSomenteLeitura) {
+                throw;
+            }
+        }
+        console_.Avisar(
+            "o banco não pode ser alterado; as tabelas de trabalho são só desta chamada");
+        Abrir({.modo = ModoAbertura::SomenteLeitura,
+               .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+        return ConstruirRelatorio(codigo, *banco_, alvo, ambiente);
+    }
+
+  private:
+    void Abrir(const OpcoesAbertura& opcoes) {
+        banco_ = AbrirBanco(argumentos_.banco, opcoes);
+        banco_->Acompanhar(&andamento_);
+    }
+
+    const Argumentos& argumentos_;
+    Console& console_;
+    CancelaSeInterrompido andamento_;
+    std::unique_ptr<BancoDados> banco_;
+};
 
 }  // namespace
 
 int ParaCadaRelatorio(const Argumentos& a, Console& console, const UsoDoRelatorio& usar) {
     const CapturaDeInterrupcao captura;
-    CancelaSeInterrompido andamento(&console.Erros());
-    const auto banco = AbrirParaRelatorios(a.banco, console);
-    const Acompanhamento acompanhamento(*banco, &andamento);
+    BancoDaChamada banco(a, console);
     AvisarAusentes(*banco, a, console);
     const ConfiguracoesIni doUsuario;
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
-    const Ambiente ambiente{.configuracoes = &configuracoes, .andamento = &andamento};
-    const Alvo alvo{a.IE.value_or(""), a.NumeroDRQ.value_or(0)};
     int situacao = Feito;
-    for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, alvo.NumeroDRQ) : a.codigos) {
+    for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, *a.NumeroDRQ) : a.codigos) {
         try {
-            const auto relatorio = ConstruirRelatorio(codigo, *banco, alvo, ambiente);
+            const auto relatorio = banco.Construir(codigo, configuracoes);
             AvisarCortes(console, NomeDoArquivo(codigo), usar(codigo, *relatorio));
         } catch (...) {
             DizerErro(console.Erros(), ErroCorrente(), "relatório " + codigo, &configuracoes);
