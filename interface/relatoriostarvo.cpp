@@ -128,26 +128,6 @@ std::string Exportado(Objeto& objeto, std::int32_t formato) {
     }
 }
 
-std::string CampoST(const RelatorioApuracaoSubTrib& relatorio, std::int32_t campo,
-                    BancoDados* banco, std::int32_t NumeroDRQ) {
-    switch (campo) {
-        case 51:
-            return relatorio.Campo051st(banco, NumeroDRQ);
-        case 52:
-            return relatorio.Campo052st(banco, NumeroDRQ);
-        case 53:
-            return relatorio.Campo053st(banco, NumeroDRQ);
-        case 56:
-            return relatorio.Campo056st(banco, NumeroDRQ);
-        case 57:
-            return relatorio.Campo057st(banco, NumeroDRQ);
-        case 58:
-            return relatorio.Campo058st(banco, NumeroDRQ);
-        default:
-            Recusar("não há campo " + std::to_string(campo));
-    }
-}
-
 }  // namespace
 
 static_assert(TARVO_VERSAO == TARVO_VERSAO_DO_PROJETO);
@@ -338,13 +318,8 @@ int32_t tarvo_campo_st(tarvo_objeto objeto, int32_t campo, tarvo_banco banco, in
         *texto = '\0';
         const auto uso = Usar<Objeto>(objeto);
         const auto& relatorio = uso->Como<RelatorioApuracaoSubTrib>();
-        std::string valor;
-        if (banco == 0) {
-            valor = CampoST(relatorio, campo, nullptr, numero_drq);
-        } else {
-            const auto dados = Usar<Banco>(banco);
-            valor = CampoST(relatorio, campo, &**dados, numero_drq);
-        }
+        const auto valor = banco == 0 ? relatorio.Campo(campo, nullptr, numero_drq)
+                                      : relatorio.Campo(campo, &**Usar<Banco>(banco), numero_drq);
         if (valor.size() >= capacidade) {
             Recusar("texto precisa de " + std::to_string(valor.size() + 1) + " bytes");
         }

@@ -7,6 +7,15 @@
 
 namespace tarvo {
 
+namespace {
+
+// Columns that a line leaves empty stay Null.
+std::optional<std::string_view> NuloSeVazio(std::string_view texto) {
+    return texto.empty() ? std::nullopt : std::optional(texto);
+}
+
+}  // namespace
+
 LinhasApuracao::LinhasApuracao(BancoDados& banco, std::string_view tabela, bool opProprias,
                                std::int32_t NumeroDRQ)
     : banco_(banco),
@@ -15,11 +24,11 @@ LinhasApuracao::LinhasApuracao(BancoDados& banco, std::string_view tabela, bool 
       tabela_(banco, tabela, NumeroDRQ) {}
 
 void LinhasApuracao::Rotulo(std::string_view campo, std::string_view rotulo) {
-    tabela_.Acrescentar({{"Campo", campo}, {"Linha", rotulo}});
+    tabela_.Acrescentar({{"Campo", NuloSeVazio(campo)}, {"Linha", rotulo}});
 }
 
 void LinhasApuracao::Componente(std::string_view rotulo, std::string_view valor) {
-    tabela_.Acrescentar({{"Linha", rotulo}, {"CódigoSubitem", valor}});
+    tabela_.Acrescentar({{"Linha", rotulo}, {"CódigoSubitem", NuloSeVazio(valor)}});
 }
 
 void LinhasApuracao::Item(std::string_view item, std::string_view rotulo) {
@@ -29,8 +38,10 @@ void LinhasApuracao::Item(std::string_view item, std::string_view rotulo) {
 
 Moeda LinhasApuracao::Total(std::string_view campo, std::string_view rotulo, std::string_view total,
                             Moeda valor) {
-    tabela_.Acrescentar(
-        {{"Campo", campo}, {"Linha", rotulo}, {"Total", total}, {"Valor", FormatarValor(valor)}});
+    tabela_.Acrescentar({{"Campo", NuloSeVazio(campo)},
+                         {"Linha", NuloSeVazio(rotulo)},
+                         {"Total", total},
+                         {"Valor", FormatarValor(valor)}});
     return valor;
 }
 

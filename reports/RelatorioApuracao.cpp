@@ -5,6 +5,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Textos.h"
 #include "reports/LinhasApuracao.h"
 #include "reports/Somas.h"
 #include "reports/TipoApuracao.h"
@@ -33,6 +34,18 @@ constexpr CelulaDaLinha Celulas[] = {
     {CelulaDireitaRecuada, 13.7, 3.3, "Valor"},
 };
 
+// What a summed field adds up: the CFOP details of its groups, or the sub-items of its item.
+struct CampoSomado {
+    int numero;
+    std::string_view item;
+    std::string_view TipoApuracao::*grupos = nullptr;
+};
+
+constexpr CampoSomado CamposSomados[] = {
+    {51, "", &TipoApuracao::gruposDebito},  {52, "002"}, {53, "003"},
+    {56, "", &TipoApuracao::gruposCredito}, {57, "007"}, {58, "008"},
+};
+
 Moeda OuZero(Moeda valor) {
     return std::max(valor, Moeda());
 }
@@ -44,30 +57,28 @@ RelatorioApuracao::RelatorioApuracao(const TipoApuracao& tipo, const Ambiente& a
 
 // The summed fields enter the subtotals as they are printed, with two decimals; what is read from
 // the declaration itself keeps its four.
-void RelatorioApuracao::MontarApuracao(BancoDados& banco, std::int32_t n) {
+void RelatorioApuracao::Montar(BancoDados& banco, std::int32_t n) {
     LinhasApuracao linhas(banco, tipo_.formato.tabela, tipo_.opProprias, n);
-    const auto somado = [&](std::string_view campo, std::string_view rotulo, std::string_view total,
-                            const std::string& texto) {
-        return linhas.Total(campo, rotulo, total, Moeda::DeTexto(texto));
+    const auto somado = [&](std::string_view campo, std::string_view rotulo, int numero) {
+        return linhas.Total(campo, rotulo, ComZeros(numero, 3),
+                            Moeda::DeTexto(Campo(numero, &banco, n)));
     };
     const RegimeApuracao& regime = LerRegime(banco, n);
 
     linhas.Rotulo("", "DÉBITO DO IMPOSTO");
-    const Moeda a051 =
-        somado("001", "Por saídas com débito do imposto", "051", Campo051(&banco, n));
+    const Moeda a051 = somado("001", "Por saídas com débito do imposto", 51);
     linhas.Item("002", "Outros débitos");
-    const Moeda a052 = somado("", " ", "052", Campo052(&banco, n));
+    const Moeda a052 = somado("", " ", 52);
     linhas.Item("003", "Estorno de créditos");
-    const Moeda a053 = somado("", " ", "053", Campo053(&banco, n));
+    const Moeda a053 = somado("", " ", 53);
     const Moeda a055 = linhas.Total("005", "SUBTOTAL (051+052+053)", "055", a051 + a052 + a053);
 
     linhas.Rotulo("", "CRÉDITO DO IMPOSTO");
-    const Moeda a056 =
-        somado("006", "Por entradas com crédito do imposto", "056", Campo056(&banco, n));
+    const Moeda a056 = somado("006", "Por entradas com crédito do imposto", 56);
     linhas.Item("007", "Outros créditos");
-    const Moeda a057 = somado("", " ", "057", Campo057(&banco, n));
+    const Moeda a057 = somado("", " ", 57);
     linhas.Item("008", "Estorno de débitos");
-    const Moeda a058 = somado("", " ", "058", Campo058(&banco, n));
+    const Moeda a058 = somado("", " ", 58);
     const Moeda a060 = linhas.Total("010", "SUBTOTAL (056+057+058)", "060", a056 + a057 + a058);
     const Moeda a061 = linhas.Total("011", "Saldo credor do período anterior", "061",
                                     linhas.ExigirDaDeclaracao(tipo_.saldoCredor));
@@ -102,28 +113,18 @@ const RegimeApuracao& RelatorioApuracao::LerRegime(BancoDados& banco, std::int32
     });
 }
 
-std::string RelatorioApuracao::Campo051(BancoDados* banco, std::int32_t n) const {
-    return SomaDosCFOPs(banco, tipo_.gruposDebito, n);
-}
-
-std::string RelatorioApuracao::Campo052(BancoDados* banco, std::int32_t n) const {
-    return SomaDosSubitens(banco, "002", n);
-}
-
-std::string RelatorioApuracao::Campo053(BancoDados* banco, std::int32_t n) const {
-    return SomaDosSubitens(banco, "003", n);
-}
-
-std::string RelatorioApuracao::Campo056(BancoDados* banco, std::int32_t n) const {
-    return SomaDosCFOPs(banco, tipo_.gruposCredito, n);
-}
-
-std::string RelatorioApuracao::Campo057(BancoDados* banco, std::int32_t n) const {
-    return SomaDosSubitens(banco, "007", n);
-}
-
-std::string RelatorioApuracao::Campo058(BancoDados* banco, std::int32_t n) const {
-    return SomaDosSubitens(banco, "008", n);
+std::string RelatorioApuracao::Campo(int numero, BancoDados* banco, std::int32_t n) const {
+    const auto campo = std::ranges::find(CamposSomados, numero, &CampoSomado::numero);
+    if (campo == std::end(CamposSomados)) {
+        throw Erro(NumeroErro::ChamadaInvalida,
+                   "A apuração não soma nenhum campo " + std::to_string(numero) + ".");
+    }
+    if (banco == nullptr) {
+        return "";
+    }
+    return FormatarValor(campo->item.empty()
+                             ? SomaDosCFOPs(*banco, tipo_.*campo->grupos, n)
+                             : SomarSubitens(*banco, campo->item, tipo_.opProprias, n));
 }
 
 void RelatorioApuracao::ImprimirLinha(Recordset& linha, Recordset& /*identificacao*/, double y) {
@@ -132,21 +133,13 @@ void RelatorioApuracao::ImprimirLinha(Recordset& linha, Recordset& /*identificac
     }
 }
 
-std::string RelatorioApuracao::SomaDosCFOPs(BancoDados* banco, std::string_view grupos,
-                                            std::int32_t n) const {
-    if (banco == nullptr) {
-        return "";
-    }
+Moeda RelatorioApuracao::SomaDosCFOPs(BancoDados& banco, std::string_view grupos,
+                                      std::int32_t n) const {
     Moeda soma;
     for (const auto coluna : tipo_.colunasCFOP) {
-        soma += SomarCFOPs(*banco, coluna, grupos, n);
+        soma += SomarCFOPs(banco, coluna, grupos, n);
     }
-    return FormatarValor(soma);
-}
-
-std::string RelatorioApuracao::SomaDosSubitens(BancoDados* banco, std::string_view item,
-                                               std::int32_t n) const {
-    return banco == nullptr ? "" : FormatarValor(SomarSubitens(*banco, item, tipo_.opProprias, n));
+    return soma;
 }
 
 }  // namespace tarvo

@@ -20,27 +20,17 @@ class TARVO_PUBLICO RelatorioApuracao : public RelatorioDeTabela {
   protected:
     RelatorioApuracao(const TipoApuracao& tipo, const Ambiente& ambiente);
 
-    // The summed fields as printed: "0,00" when there is nothing to add up, the empty text without
-    // a database.
-    [[nodiscard]] std::string Campo051(BancoDados* banco, std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string Campo052(BancoDados* banco, std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string Campo053(BancoDados* banco, std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string Campo056(BancoDados* banco, std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string Campo057(BancoDados* banco, std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string Campo058(BancoDados* banco, std::int32_t NumeroDRQ) const;
+    // One of the summed fields, 51, 52, 53, 56, 57 and 58, as printed ("1.234,56"): "0,00" when
+    // there is nothing to add up, the empty text without a database. Error 5 for another number.
+    [[nodiscard]] std::string Campo(int numero, BancoDados* banco, std::int32_t NumeroDRQ) const;
 
   private:
-    void Montar(BancoDados& banco, std::int32_t NumeroDRQ) override {
-        MontarApuracao(banco, NumeroDRQ);
-    }
+    void Montar(BancoDados& banco, std::int32_t NumeroDRQ) override;
     void ImprimirLinha(Recordset& linha, Recordset& identificacao, double y) override;
 
-    void MontarApuracao(BancoDados& banco, std::int32_t NumeroDRQ);
     [[nodiscard]] const RegimeApuracao& LerRegime(BancoDados& banco, std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string SomaDosCFOPs(BancoDados* banco, std::string_view grupos,
-                                           std::int32_t NumeroDRQ) const;
-    [[nodiscard]] std::string SomaDosSubitens(BancoDados* banco, std::string_view item,
-                                              std::int32_t NumeroDRQ) const;
+    [[nodiscard]] Moeda SomaDosCFOPs(BancoDados& banco, std::string_view grupos,
+                                     std::int32_t NumeroDRQ) const;
 
     const TipoApuracao& tipo_;
 };

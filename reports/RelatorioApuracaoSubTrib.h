@@ -19,23 +19,25 @@ class TARVO_PUBLICO RelatorioApuracaoSubTrib final : public RelatorioApuracao {
     // nothing to add up, the empty text when scit_db is null. They need no Construir and change
     // nothing.
     [[nodiscard]] std::string Campo051st(BancoDados* scit_db, std::int32_t NroDRQ) const {
-        return Campo051(scit_db, NroDRQ);
+        return Campo(51, scit_db, NroDRQ);
     }
     [[nodiscard]] std::string Campo052st(BancoDados* scit_db, std::int32_t NroDRQ) const {
-        return Campo052(scit_db, NroDRQ);
+        return Campo(52, scit_db, NroDRQ);
     }
     [[nodiscard]] std::string Campo053st(BancoDados* scit_db, std::int32_t NroDRQ) const {
-        return Campo053(scit_db, NroDRQ);
+        return Campo(53, scit_db, NroDRQ);
     }
     [[nodiscard]] std::string Campo056st(BancoDados* scit_db, std::int32_t NroDRQ) const {
-        return Campo056(scit_db, NroDRQ);
+        return Campo(56, scit_db, NroDRQ);
     }
     [[nodiscard]] std::string Campo057st(BancoDados* scit_db, std::int32_t NroDRQ) const {
-        return Campo057(scit_db, NroDRQ);
+        return Campo(57, scit_db, NroDRQ);
     }
     [[nodiscard]] std::string Campo058st(BancoDados* scit_db, std::int32_t NroDRQ) const {
-        return Campo058(scit_db, NroDRQ);
+        return Campo(58, scit_db, NroDRQ);
     }
+    // The same by the field's number; error 5 for another than these six.
+    using RelatorioApuracao::Campo;
 };
 
 }  // namespace tarvo

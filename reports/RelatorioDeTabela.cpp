@@ -3,24 +3,22 @@
 #include "data/Consultas.h"
 #include "document/CicloPaginas.h"
 #include "reports/FormatoDeTabela.h"
-#include "reports/TabelaDeTrabalho.h"
 
 namespace tarvo {
 
 void RelatorioDeTabela::Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) {
     banco.RefazerTabela(formato_.tabela, [&] {
         Montar(banco, NumeroDRQ);
-        const auto identificacao =
-            banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-        const auto linhas = TabelaDeTrabalho::Ler(banco, formato_.tabela, NumeroDRQ);
-        IniciarDocumento();
-        if (!identificacao->EOF_()) {
-            ImprimirPaginas(*linhas, *identificacao);
-        }
+        RelatorioDeConsulta::Desenhar(banco, IE, NumeroDRQ);
     });
 }
 
-void RelatorioDeTabela::ImprimirPaginas(Recordset& linhas, Recordset& identificacao) {
+std::string RelatorioDeTabela::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaDaDeclaracao(formato_.tabela, NumeroDRQ);
+}
+
+void RelatorioDeTabela::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
+                                        Recordset& linhas) {
     const auto cabecalho = [&] {
         ImprimirCabecalho(Desenho(), formato_.cabecalho, 0, 0, identificacao);
         ImprimirTitulosColunas(identificacao);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "data/Publico.h"
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 namespace tarvo {
 
@@ -13,13 +13,13 @@ struct FormatoDeTabela;
 // A report in two phases: it computes its printed lines into a work table of its own, and then
 // prints that table's rows page by page, both as one step that no other build enters. The work
 // table is refilled even when there is no such taxpayer and the document stays empty.
-class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeConsulta {
   protected:
     static constexpr double AlturaLinha = 0.6;  // cm
 
     RelatorioDeTabela(const IdentidadeRelatorio& identidade, const FormatoDeTabela& formato,
                       const Ambiente& ambiente)
-        : RelatorioDeclaracao(identidade, ambiente), formato_(formato) {}
+        : RelatorioDeConsulta(identidade, ambiente), formato_(formato) {}
 
     // Refills the work table for the declaration.
     virtual void Montar(BancoDados& banco, std::int32_t NumeroDRQ) = 0;
@@ -30,7 +30,8 @@ class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeclaracao {
 
   private:
     void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) final;
-    void ImprimirPaginas(Recordset& linhas, Recordset& identificacao);
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const final;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& linhas) final;
 
     const FormatoDeTabela& formato_;
 };

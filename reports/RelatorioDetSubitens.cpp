@@ -199,38 +199,34 @@ std::string TextoDaCaixa(const CaixaLinha& caixa, const Valor& valor) {
 
 RelatorioDetSubitens::RelatorioDetSubitens(const DescricaoDetSubitens& descricao,
                                            const Ambiente& ambiente)
-    : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
+    : RelatorioDeConsulta(descricao.identidade, ambiente), descricao_(descricao) {}
 
-void RelatorioDetSubitens::Desenhar(BancoDados& banco, const std::string& IE,
-                                    std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto entradas =
-        banco.OpenRecordset(ConsultaEntradas(descricao_, NumeroDRQ), TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
+std::string RelatorioDetSubitens::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaEntradas(descricao_, NumeroDRQ);
+}
+
+void RelatorioDetSubitens::ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
+                                           Recordset& entradas) {
     const EstiloCabecalho cabecalho{
         .titulo = descricao_.titulo, .alturaTitulo = 1.4, .yIdentificacao = 4.3};
     CicloPaginas paginas(Desenho(), PrimeiraLinha,
-                         [&] { ImprimirCabecalho(Desenho(), cabecalho, 0, 0, *identificacao); });
-    if (entradas->EOF_()) {
+                         [&] { ImprimirCabecalho(Desenho(), cabecalho, 0, 0, identificacao); });
+    if (entradas.EOF_()) {
         ImprimirSubitem(paginas.Bloco(LimiteSubitem, AlturaSubitem), " ", " ", " ");
     }
     Moeda total;
-    for (; !entradas->EOF_(); entradas->MoveNext()) {
-        const std::string subitem = TextoCampo(entradas->Fields("CódSubItem"));
+    for (; !entradas.EOF_(); entradas.MoveNext()) {
+        const std::string subitem = TextoCampo(entradas.Fields("CódSubItem"));
         ImprimirSubitem(paginas.Bloco(LimiteSubitem, AlturaSubitem), subitem,
-                        TextoCampo(entradas->Fields("Ocorrência")),
-                        TextoCampo(entradas->Fields("FLegal")));
+                        TextoCampo(entradas.Fields("Ocorrência")),
+                        TextoCampo(entradas.Fields("FLegal")));
         const auto linhas =
-            banco.OpenRecordset(ConsultaLinhas(descricao_, LongCampo(entradas->Fields("Código"))),
+            banco.OpenRecordset(ConsultaLinhas(descricao_, LongCampo(entradas.Fields("Código"))),
                                 TipoRecordset::ForwardOnly);
         for (; !linhas->EOF_(); linhas->MoveNext()) {
             ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), subitem, *linhas);
         }
-        const Moeda declarado = MoedaCampo(entradas->Fields("Valor"));
+        const Moeda declarado = MoedaCampo(entradas.Fields("Valor"));
         ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), descricao_.rotuloSubtotal, declarado);
         total += declarado;
     }

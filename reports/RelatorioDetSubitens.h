@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 namespace tarvo {
 
@@ -12,12 +12,13 @@ struct DescricaoDetSubitens;
 // The declaration's entries of a fixed set of sub-items, each with its catalogue texts, its
 // supporting rows and its declared value, and the total of the declared values: the one design of
 // five entries of the selection list.
-class RelatorioDetSubitens : public RelatorioDeclaracao {
+class RelatorioDetSubitens : public RelatorioDeConsulta {
   protected:
     RelatorioDetSubitens(const DescricaoDetSubitens& descricao, const Ambiente& ambiente);
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& entradas) override;
     void ImprimirSubitem(double y, std::string_view subitem, std::string_view ocorrencia,
                          std::string_view fundamento);
     void ImprimirLinha(double y, std::string_view subitem, Recordset& linha);

@@ -183,28 +183,24 @@ std::vector<Moeda> LerSomas(const DescricaoInterestad& d, Recordset& estado) {
 
 RelatorioInterestad::RelatorioInterestad(const DescricaoInterestad& descricao,
                                          const Ambiente& ambiente)
-    : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
+    : RelatorioDeConsulta(descricao.identidade, ambiente), descricao_(descricao) {}
 
-void RelatorioInterestad::Desenhar(BancoDados& banco, const std::string& IE,
-                                   std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto estados =
-        banco.OpenRecordset(ConsultaEstados(descricao_, NumeroDRQ), TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
-    const Colunas colunas(descricao_, DataCampo(identificacao->Fields("Ref1")).Ano());
+std::string RelatorioInterestad::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaEstados(descricao_, NumeroDRQ);
+}
+
+void RelatorioInterestad::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
+                                          Recordset& estados) {
+    const Colunas colunas(descricao_, DataCampo(identificacao.Fields("Ref1")).Ano());
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
-        ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, *identificacao);
+        ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao);
         colunas.ImprimirTitulos(Desenho());
     });
     std::vector<Moeda> totais(descricao_.impressas.size());
-    for (; !estados->EOF_(); estados->MoveNext()) {
-        const auto somas = LerSomas(descricao_, *estados);
+    for (; !estados.EOF_(); estados.MoveNext()) {
+        const auto somas = LerSomas(descricao_, estados);
         colunas.ImprimirLinha(Desenho(), paginas.Bloco(LimiteLinha, AlturaLinha), CelulaTexto,
-                              TextoCampo(estados->Fields("UFESTADO")), somas);
+                              TextoCampo(estados.Fields("UFESTADO")), somas);
         std::transform(somas.begin(), somas.end(), totais.begin(), totais.begin(),
                        [](Moeda soma, Moeda total) { return total + soma; });
     }

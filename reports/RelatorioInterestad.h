@@ -4,7 +4,7 @@
 #include <string>
 
 #include "data/Publico.h"
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 namespace tarvo {
 
@@ -12,13 +12,13 @@ struct DescricaoInterestad;
 
 // The interstate operations of a declaration summed per state, in the order of the states' names,
 // with a total row: the one design of entries 04 and 05. From 2002 on with the tax column.
-class TARVO_PUBLICO RelatorioInterestad : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioInterestad : public RelatorioDeConsulta {
   protected:
     RelatorioInterestad(const DescricaoInterestad& descricao, const Ambiente& ambiente);
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
-
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& estados) override;
     const DescricaoInterestad& descricao_;
 };
 

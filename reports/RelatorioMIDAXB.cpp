@@ -106,33 +106,29 @@ EstiloCampo ValorEmBloco(std::int32_t horizontal) {
 
 RelatorioMIDAXBMunicipios::RelatorioMIDAXBMunicipios(const DescricaoMIDAXB& descricao,
                                                      const Ambiente& ambiente)
-    : RelatorioDeclaracao(descricao.identidade, ambiente), descricao_(descricao) {}
+    : RelatorioDeConsulta(descricao.identidade, ambiente), descricao_(descricao) {}
 
-void RelatorioMIDAXBMunicipios::Desenhar(BancoDados& banco, const std::string& IE,
-                                         std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto entradas = banco.OpenRecordset(ConsultaMunicipios(descricao_.grupo, NumeroDRQ),
-                                              TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
+std::string RelatorioMIDAXBMunicipios::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaMunicipios(descricao_.grupo, NumeroDRQ);
+}
+
+void RelatorioMIDAXBMunicipios::ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
+                                                Recordset& entradas) {
     const std::string cabecalho = CabecalhoCodigoMIDAX(banco, descricao_.grupo);
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
-        ImprimirCabecalhoMIDAXB(Desenho(), descricao_, cabecalho, *identificacao);
+        ImprimirCabecalhoMIDAXB(Desenho(), descricao_, cabecalho, identificacao);
     });
-    const auto municipio = [&] { return TextoCampo(entradas->Fields("tblMunicípios.Município")); };
+    const auto municipio = [&] { return TextoCampo(entradas.Fields("tblMunicípios.Município")); };
     Moeda total;
     Moeda subtotal;
-    while (!entradas->EOF_()) {
+    while (!entradas.EOF_()) {
         const std::string municipioAtual = municipio();
-        ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), municipioAtual, *entradas);
-        const Moeda valor = MoedaCampo(entradas->Fields("Valor"));
+        ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), municipioAtual, entradas);
+        const Moeda valor = MoedaCampo(entradas.Fields("Valor"));
         subtotal += valor;
         total += valor;
-        entradas->MoveNext();
-        if (entradas->EOF_() || municipio() != municipioAtual) {
+        entradas.MoveNext();
+        if (entradas.EOF_() || municipio() != municipioAtual) {
             ImprimirSoma(paginas.Bloco(LimiteLinha, AlturaLinha), "Subtotal", subtotal);
             subtotal = Moeda();
         }
@@ -159,26 +155,22 @@ RelatorioMIDAXBCodigo2::RelatorioMIDAXBCodigo2(const Ambiente& ambiente)
     : RelatorioMIDAXBMunicipios(Codigo2, ambiente) {}
 
 RelatorioMIDAXBCodigo3::RelatorioMIDAXBCodigo3(const Ambiente& ambiente)
-    : RelatorioDeclaracao(Codigo3.identidade, ambiente) {}
+    : RelatorioDeConsulta(Codigo3.identidade, ambiente) {}
 
-void RelatorioMIDAXBCodigo3::Desenhar(BancoDados& banco, const std::string& IE,
-                                      std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto entradas =
-        banco.OpenRecordset(ConsultaCodigos(Codigo3.grupo, NumeroDRQ), TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
+std::string RelatorioMIDAXBCodigo3::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaCodigos(Codigo3.grupo, NumeroDRQ);
+}
+
+void RelatorioMIDAXBCodigo3::ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
+                                             Recordset& entradas) {
     const std::string cabecalho = CabecalhoCodigoMIDAX(banco, Codigo3.grupo);
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
-        ImprimirCabecalhoMIDAXB(Desenho(), Codigo3, cabecalho, *identificacao);
+        ImprimirCabecalhoMIDAXB(Desenho(), Codigo3, cabecalho, identificacao);
     });
     Moeda total;
-    for (; !entradas->EOF_(); entradas->MoveNext()) {
-        ImprimirBloco(paginas.Bloco(LimiteBloco, AlturaBloco), *entradas);
-        total += MoedaCampo(entradas->Fields("Valor"));
+    for (; !entradas.EOF_(); entradas.MoveNext()) {
+        ImprimirBloco(paginas.Bloco(LimiteBloco, AlturaBloco), entradas);
+        total += MoedaCampo(entradas.Fields("Valor"));
     }
     ImprimirTotal(paginas.Bloco(LimiteTotal, AlturaTotal), total);
     paginas.Encerrar();

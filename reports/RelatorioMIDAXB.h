@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 // The MIDAX-B additional information, one report for each group of codes: entries 07, 08 and 09 of
 // the selection list. An entry whose town (groups 1 and 2) or code (group 3) is not in its
@@ -13,12 +13,13 @@ namespace tarvo {
 struct DescricaoMIDAXB;
 
 // Groups 1 and 2: the entries town by town, each town with its subtotal.
-class RelatorioMIDAXBMunicipios : public RelatorioDeclaracao {
+class RelatorioMIDAXBMunicipios : public RelatorioDeConsulta {
   protected:
     RelatorioMIDAXBMunicipios(const DescricaoMIDAXB& descricao, const Ambiente& ambiente);
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& entradas) override;
     void ImprimirLinha(double y, std::string_view municipio, Recordset& entrada);
     void ImprimirSoma(double y, std::string_view rotulo, Moeda soma);
 
@@ -36,12 +37,13 @@ class RelatorioMIDAXBCodigo2 final : public RelatorioMIDAXBMunicipios {
 };
 
 // Group 3: the entries in the order in which they were added, with their code's description.
-class RelatorioMIDAXBCodigo3 final : public RelatorioDeclaracao {
+class RelatorioMIDAXBCodigo3 final : public RelatorioDeConsulta {
   public:
     explicit RelatorioMIDAXBCodigo3(const Ambiente& ambiente = {});
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& entradas) override;
     void ImprimirBloco(double y, Recordset& entrada);
     void ImprimirTotal(double y, Moeda total);
 };

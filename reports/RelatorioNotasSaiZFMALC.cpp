@@ -86,30 +86,27 @@ std::string ConsultaNotas(std::int32_t NumeroDRQ, std::string_view CFOP) {
 }  // namespace
 
 RelatorioNotasSaiZFMALC::RelatorioNotasSaiZFMALC(const Ambiente& ambiente)
-    : RelatorioDeclaracao(Notas, ambiente) {}
+    : RelatorioDeConsulta(Notas, ambiente) {}
 
 RelatorioNotasSaiZFMALC::~RelatorioNotasSaiZFMALC() = default;
 
-void RelatorioNotasSaiZFMALC::Desenhar(BancoDados& banco, const std::string& IE,
-                                       std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto grupos = banco.OpenRecordset(ConsultaGrupos(NumeroDRQ), TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
+std::string RelatorioNotasSaiZFMALC::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaGrupos(NumeroDRQ);
+}
+
+void RelatorioNotasSaiZFMALC::ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
+                                              Recordset& grupos) {
     CicloPaginas paginas(Desenho(), PrimeiraLinha,
-                         [&] { ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, *identificacao); });
-    if (grupos->EOF_()) {
+                         [&] { ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao); });
+    if (grupos.EOF_()) {
         ImprimirTitulosGrupo(paginas.Bloco(LimiteGrupo, AlturaGrupo), " ");
     }
     Moeda total;
-    for (; !grupos->EOF_(); grupos->MoveNext()) {
-        const std::string CFOP = TextoCampo(grupos->Fields("CFOP"));
+    for (; !grupos.EOF_(); grupos.MoveNext()) {
+        const std::string CFOP = TextoCampo(grupos.Fields("CFOP"));
         ImprimirTitulosGrupo(paginas.Bloco(LimiteGrupo, AlturaGrupo), CFOP);
-        const auto notas =
-            banco.OpenRecordset(ConsultaNotas(NumeroDRQ, CFOP), TipoRecordset::ForwardOnly);
+        const auto notas = banco.OpenRecordset(
+            ConsultaNotas(LongCampo(grupos.Fields("NroDRQ")), CFOP), TipoRecordset::ForwardOnly);
         Moeda subtotal;
         for (; !notas->EOF_(); notas->MoveNext()) {
             ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaCelula), *notas);

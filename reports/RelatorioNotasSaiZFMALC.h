@@ -4,19 +4,20 @@
 #include <string>
 
 #include "data/Publico.h"
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 namespace tarvo {
 
 // The outgoing invoices to the free-trade zones, grouped by CFOP with subtotals and a total: entry
 // 06 of the selection list. An invoice whose town or CFOP line is missing is not listed.
-class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeConsulta {
   public:
     explicit RelatorioNotasSaiZFMALC(const Ambiente& ambiente = {});
     ~RelatorioNotasSaiZFMALC() override;
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& grupos) override;
     void ImprimirTitulosGrupo(double y, std::string_view CFOP);
     void ImprimirLinha(double y, Recordset& nota);
     void ImprimirSubtotal(double y, Moeda subtotal);

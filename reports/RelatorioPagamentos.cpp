@@ -49,27 +49,22 @@ double ValorParaSoma(const Valor& valor) {
 }  // namespace
 
 RelatorioPagamentos::RelatorioPagamentos(const Ambiente& ambiente)
-    : RelatorioDeclaracao(Pagamentos, ambiente) {}
+    : RelatorioDeConsulta(Pagamentos, ambiente) {}
 
 RelatorioPagamentos::~RelatorioPagamentos() = default;
 
-void RelatorioPagamentos::Desenhar(BancoDados& banco, const std::string& IE,
-                                   std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto pagamentos = banco.OpenRecordset(
-        ConsultaDaDeclaracao("tblPagamento", NumeroDRQ) + " order by opPróprias, data",
-        TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
+std::string RelatorioPagamentos::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaDaDeclaracao("tblPagamento", NumeroDRQ) + " order by opPróprias, data";
+}
+
+void RelatorioPagamentos::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
+                                          Recordset& pagamentos) {
     CicloPaginas paginas(Desenho(), PrimeiraLinha,
-                         [&] { ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, *identificacao); });
+                         [&] { ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao); });
     int grupoAnterior = Nenhum;
     double total = 0;
-    for (; !pagamentos->EOF_(); pagamentos->MoveNext()) {
-        const int grupo = GrupoDe(*pagamentos);
+    for (; !pagamentos.EOF_(); pagamentos.MoveNext()) {
+        const int grupo = GrupoDe(pagamentos);
         if (grupo != grupoAnterior) {
             if (grupoAnterior != Nenhum) {
                 AdicionarTotalOP(0, paginas.Bloco(LimiteLinha, AlturaLinha), total);
@@ -78,8 +73,8 @@ void RelatorioPagamentos::Desenhar(BancoDados& banco, const std::string& IE,
             ImprimirTitulosGrupo(paginas.Bloco(LimiteTitulos, AlturaTitulos), grupo);
             grupoAnterior = grupo;
         }
-        ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), *pagamentos);
-        total += ValorParaSoma(pagamentos->Fields("Valor"));
+        ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), pagamentos);
+        total += ValorParaSoma(pagamentos.Fields("Valor"));
     }
     AdicionarTotalOP(0, paginas.Bloco(LimiteLinha, AlturaLinha), total);
     paginas.Encerrar();

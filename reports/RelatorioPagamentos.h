@@ -4,14 +4,14 @@
 #include <string>
 
 #include "data/Publico.h"
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 namespace tarvo {
 
 // The payments of a declaration in two groups, own operations and substitution tax, each with its
-// total: entry 17 of the selection list. A payment without an amount ends with error 94, after its
-// line is drawn.
-class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeclaracao {
+// total: entry 17 of the selection list. A payment without an amount ends Construir with error 94,
+// after its line is drawn.
+class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeConsulta {
   public:
     explicit RelatorioPagamentos(const Ambiente& ambiente = {});
     ~RelatorioPagamentos() override;
@@ -21,7 +21,9 @@ class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeclaracao {
     void AdicionarTotalOP(double x, double y, double totOp);
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
+                         Recordset& pagamentos) override;
     void ImprimirTitulosGrupo(double y, int grupo);
     void ImprimirLinha(double y, Recordset& pagamento);
 };

@@ -25,25 +25,20 @@ constexpr EstiloTexto CelulaRegistro{.recuoX = 0, .horizontal = Alinhamento::Cen
 }  // namespace
 
 RelatorioRegExportacao::RelatorioRegExportacao(const Ambiente& ambiente)
-    : RelatorioDeclaracao(Registros, ambiente) {}
+    : RelatorioDeConsulta(Registros, ambiente) {}
 
 RelatorioRegExportacao::~RelatorioRegExportacao() = default;
 
-void RelatorioRegExportacao::Desenhar(BancoDados& banco, const std::string& IE,
-                                      std::int32_t NumeroDRQ) {
-    const auto identificacao =
-        banco.OpenRecordset(ConsultaIdentificacao(IE, NumeroDRQ), TipoRecordset::ForwardOnly);
-    const auto registros = banco.OpenRecordset(
-        ConsultaDaDeclaracao("tblRegistroExportação", NumeroDRQ) + " order by RE",
-        TipoRecordset::ForwardOnly);
-    IniciarDocumento();
-    if (identificacao->EOF_()) {
-        return;
-    }
-    ImprimirPagina(*identificacao, *registros);
-    while (!registros->EOF_()) {
+std::string RelatorioRegExportacao::Consulta(std::int32_t NumeroDRQ) const {
+    return ConsultaDaDeclaracao("tblRegistroExportação", NumeroDRQ) + " order by RE";
+}
+
+void RelatorioRegExportacao::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
+                                             Recordset& registros) {
+    ImprimirPagina(identificacao, registros);
+    while (!registros.EOF_()) {
         Desenho().NovaPagina();
-        ImprimirPagina(*identificacao, *registros);
+        ImprimirPagina(identificacao, registros);
     }
 }
 

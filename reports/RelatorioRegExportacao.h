@@ -4,19 +4,21 @@
 #include <string>
 
 #include "data/Publico.h"
-#include "document/Relatorio.h"
+#include "reports/RelatorioDeConsulta.h"
 
 namespace tarvo {
 
 // The export registrations of a declaration, down five columns a page: entry 16 of the selection
 // list.
-class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeclaracao {
+class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeConsulta {
   public:
     explicit RelatorioRegExportacao(const Ambiente& ambiente = {});
     ~RelatorioRegExportacao() override;
 
   private:
-    void Desenhar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ) override;
+    [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
+    void ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
+                         Recordset& registros) override;
     void ImprimirPagina(Recordset& identificacao, Recordset& registros);
 };
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,10 +12,10 @@
 
 namespace tarvo {
 
-// One text of a work-table row; an empty text leaves the column Null.
+// One text of a work-table row; columns without one stay Null.
 struct ColunaTexto {
     std::string_view nome;
-    std::string_view texto;
+    std::optional<std::string_view> texto;
 };
 
 // A work table while it is being refilled: it holds the printed lines of one report's last build,
@@ -29,10 +30,6 @@ class TabelaDeTrabalho {
     void Acrescentar(std::initializer_list<ColunaTexto> colunas) {
         Acrescentar(std::span(colunas.begin(), colunas.size()));
     }
-
-    // The rows of one declaration, forward-only, in the order in which they were appended.
-    static std::unique_ptr<Recordset> Ler(BancoDados& banco, std::string_view nome,
-                                          std::int32_t NumeroDRQ);
 
   private:
     std::int32_t numeroDRQ_;

@@ -33,10 +33,6 @@ Conteudo Construir(BancoDeTeste& banco, std::int32_t NumeroDRQ = 1, const Ambien
     return relatorio.Documento();
 }
 
-inline std::ptrdiff_t Caracteres(std::string_view utf8) {
-    return std::count_if(utf8.begin(), utf8.end(), [](char b) { return (b & 0xC0) != 0x80; });
-}
-
 // A page draws these operations and no others.
 inline void ConferirPagina(const Conteudo& conteudo, const Lista& operacoes,
                            std::size_t pagina = 0) {

@@ -1,3 +1,4 @@
+#include "data/Textos.h"
 #include "reports/FaixasCFOP.h"
 #include "reports/FormatosCFOP.h"
 #include "reports/ReferenciaAtual.h"
@@ -77,6 +78,62 @@ TEST(ResumoCFOPs, GroupLabelsOfNewCodesAreFilledUpAndTitlesAreNot) {
               std::vector<std::string>{"9,00|18,00|0,00"});
 }
 
+// The codes that stand under each group of a first digit, as first-last, in printed order.
+std::string FaixasNaTabela(BancoDeTeste& banco, const std::string& tabela, char digito) {
+    std::string faixas;
+    std::string primeiro;
+    std::string ultimo;
+    int quantos = 0;
+    const auto fechar = [&] {
+        if (quantos > 0) {
+            EXPECT_EQ(std::stoi(ultimo) - std::stoi(primeiro) + 1, quantos)
+                << "a gap in " << faixas;
+            faixas += (faixas.empty() ? "" : " ") + primeiro + "-" + ultimo;
+        }
+        quantos = 0;
+    };
+    for (const auto& rotulo : Rotulos(banco, tabela)) {
+        if (!rotulo.starts_with('[')) {
+            fechar();
+        } else if (rotulo[1] == digito) {
+            ultimo = rotulo.substr(3, 3);
+            primeiro = quantos++ == 0 ? ultimo : primeiro;
+        }
+    }
+    fechar();
+    return faixas;
+}
+
+TEST(ResumoCFOPs, EveryGroupOfNewCodesHoldsAllOfItsCodesAndNoOthers) {
+    BancoDeTeste banco(Base + Repetir(7000,
+                                      "insert into tblDetalhesCFOPs (NroDRQ, CFOP) select 1, "
+                                      "printf('%d.%03d', i / 1000 + 1, i % 1000) from n"));
+    ConstruirEm<RelatorioResumoCFOPsEnt>(banco, 1, "01/2003");
+    ConstruirEm<RelatorioResumoCFOPsSai>(banco, 1, "01/2003");
+    EXPECT_EQ(FaixasNaTabela(banco, Entradas, '1'),
+              "101-149 151-199 201-249 251-299 301-349 351-399 401-449 451-499 501-549 551-559 "
+              "601-649 651-664 901-999");
+    EXPECT_EQ(FaixasNaTabela(banco, Entradas, '2'),
+              "101-149 151-199 201-249 251-299 301-349 351-399 401-449 501-549 551-559 601-649 "
+              "651-664 901-999");
+    EXPECT_EQ(FaixasNaTabela(banco, Entradas, '3'),
+              "101-149 201-249 251-299 301-349 651-653 351-399 501-549 551-559 901-999");
+    EXPECT_EQ(FaixasNaTabela(banco, Saidas, '5'),
+              "101-149 151-199 201-249 251-299 301-349 351-399 401-449 451-499 501-549 551-559 "
+              "601-649 651-667 901-999");
+    EXPECT_EQ(FaixasNaTabela(banco, Saidas, '6'),
+              "101-149 151-199 201-249 251-299 301-349 351-399 401-449 501-549 551-559 601-649 "
+              "651-667 901-999");
+    EXPECT_EQ(FaixasNaTabela(banco, Saidas, '7'),
+              "101-149 201-249 251-299 301-349 351-399 501-549 551-559 651-667 901-999");
+}
+
+TEST(ResumoCFOPs, ACodeThatNoPatternFitsIsAnEmptyTextUnderItsGroup) {
+    BancoDeTeste banco(Base + Detalhes(1, {"5.1012"}));
+    ConstruirEm<RelatorioResumoCFOPsSai>(banco, 1, "01/2003");
+    EXPECT_THAT(Rotulos(banco, Saidas), Contains("[]"));
+}
+
 TEST(ResumoCFOPs, EveryColumnOfADetailLineAndItsTotalStandsInItsPlace) {
     BancoDeTeste banco(std::string(Base) + R"sql(
 insert into tblDetalhesCFOPs values
@@ -121,11 +178,11 @@ TEST(ResumoCFOPs, RangesAgreeWithTheirLabelsAndDoNotOverlap) {
                                           {FaixasCFOP::SaidasNovas, false}}) {
         for (const FaixaCFOP& a : faixas) {
             SCOPED_TRACE(a.rotulo);
-            EXPECT_LE(Caracteres(a.rotulo), 25);
+            EXPECT_LE(Caracteres(a.rotulo), 25U);
             if (antigas && !a.EhTitulo()) {
                 const std::string fim(a.extra.empty() ? a.ate : a.extra);
                 EXPECT_TRUE(a.rotulo.ends_with(a.de == fim ? fim : std::string(a.de) + "/" + fim));
-                EXPECT_EQ(Caracteres(a.rotulo), 25);
+                EXPECT_EQ(Caracteres(a.rotulo), 25U);
             }
             EXPECT_LE(a.de, a.ate);
             EXPECT_EQ(a.de.substr(0, 1), a.ate.substr(0, 1));

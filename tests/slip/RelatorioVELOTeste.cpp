@@ -1,13 +1,16 @@
 #include "slip/RelatorioVELO.h"
 
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
 #include "document/Imagens.h"
 #include "tests/support/Apoio.h"
-#include "tests/support/OperacoesCurtas.h"
 
 namespace tarvo::apoio {
 namespace {
 
-using testing::ElementsAreArray;
+using testing::ElementsAre;
 
 constexpr const char* Guias = R"sql(
 insert into tblVELO values ('Padaria São João', 'Rua A, 10', 'Água Clara', 'VD', '5555-0000',
@@ -16,136 +19,167 @@ insert into tblVELO values ('Padaria São João', 'Rua A, 10', 'Água Clara', 'V
 insert into tblVELO (Contribuinte, IE) values ('Outra', '999');
 )sql";
 
+constexpr double TopoContribuinte = 3.0;  // cm, of each copy's main frame
+constexpr double TopoBanco = 16.25;
+
 template <class Classe>
 concept TemImprimir = requires(Classe& relatorio) {
     relatorio.Imprimir();
 };
 
-// The boxes of one copy whose frame begins at (0, topo), in drawing order.
-class GuiaEsperada {
-  public:
-    explicit GuiaEsperada(double topo) : topo_(topo) {}
-    void Op(const char* nome, double x, double y, const std::string& resto) {
-        const std::string inicio = Curta(nome, {x, topo_ + y, 0, 0}, "");
-        lista_.push_back(inicio.substr(0, inicio.size() - 3) + resto);  // resto has the size
-    }
-    void Tab(double x, double y, const std::string& numero) {
-        Op("R", x, y, "0.55 0.65 #000000");
-        Op("T", x, y, "0.55 0.65 CM Arial 10b |" + numero);
-    }
-    void Campo(double x, double y, double largura, const std::string& estilo,
-               const std::string& legenda, const std::string& valor) {
-        const double topo = topo_ + y;
-        lista_.push_back(Curta("R", {x, topo, largura, 0.65}, "#000000"));
-        lista_.push_back(Curta("T", {x + 0.08, topo + 0.08, largura - 0.16, 0.57},
-                               "ET Times New Roman 5 |" + legenda));
-        lista_.push_back(
-            Curta("T", {x + 0.18, topo + 0.08, largura - 0.36, 0.57}, estilo + " |" + valor));
-    }
-    void Esquerdo(double x, double y, double largura, const std::string& legenda,
-                  const std::string& valor) {
-        Campo(x, y, largura, "EB Arial 8", legenda, valor);
-    }
-    void Direito(double y, const std::string& legenda, const std::string& valor) {
-        Campo(13.2, y, 5, "DB Arial 11", legenda, valor);
-    }
-    [[nodiscard]] const Lista& Operacoes() const { return lista_; }
-
-  private:
-    double topo_;
-    Lista lista_;
-};
-
-Lista Guia(double topo, const std::string& via) {
-    GuiaEsperada g(topo);
-    g.Op("Q", 0, 7.8, "0.55 0.65 r0.2 #000000 #ffffff");
-    g.Op("R", 0.2, 7.8, "0.35 0.2 #ffffff #ffffff");
-    g.Op("R", 0, 8.0, "0.55 0.45 #ffffff #ffffff");
-    g.Op("L", 0, 8.0, "0 0.45");
-    g.Op("L", 0.55, 7.8, "0 0.65");
-    g.Op("L", 0, 8.45, "0.55 0");
-    g.Op("T", 0, 7.8, "0.55 0.65 CM Arial 10b |20");
-    g.Op("T", 0.63, 7.88, "11.79 0.65 ET Times New Roman 5 |AUTENTICAÇÃO MECÂNICA");
-    g.Op("R", 12.5, 1.3, "0.15 8.45 #808080 #808080");
-    g.Op("R", 18.2, 1.3, "0.15 8.45 #808080 #808080");
-    g.Op("Q", 0, 0, "12.5 7.8 r0.2 #000000 #ffffff");
-    g.Op("F", 0.25, 0.1, "1.5 1.6284 imgBrasaoVDMonocromatico =");
-    g.Op("T", 2, 0.2, "7.5 0.3 EM Arial 7 |GOVERNO DO ESTADO DE VALDORA");
-    g.Op("T", 2, 0.5, "7.5 0.3 EM Arial 7 |SECRETARIA DA FAZENDA");
-    g.Op("T", 2, 0.8, "7.5 1.15 CM Arial 10b |GUIA DE ARRECADAÇÃO ESTADUAL");
-    g.Op("R", 9.5, 0, "3 1.04 #000000 #ffffff");
-    g.Op("R", 9.6, 0.1, "2.8 0.84 #000000 #000000");
-    g.Op("T", 9.5, 0, "3 1.144 CM Arial 20b #ffffff |VELO");
-    g.Op("R", 9.5, 1.04, "3 0.91 #000000");
-    g.Op("T", 9.5, 1.04, "3 0.91 CM Arial 18b |ICMS");
-    g.Op("L", 0, 1.95, "9.5 0");
-    g.Tab(0, 1.95, "15");
-    g.Esquerdo(0.55, 1.95, 11.95, "CONTRIBUINTE", "Padaria São João");
-    g.Tab(0, 2.6, "16");
-    g.Esquerdo(0.55, 2.6, 11.95, "ENDEREÇO", "Rua A, 10");
-    g.Esquerdo(0, 3.25, 6, "MUNICÍPIO", "Água Clara");
-    g.Esquerdo(6, 3.25, 0.8, "UF", "VD");
-    g.Tab(6.8, 3.25, "17");
-    g.Esquerdo(7.35, 3.25, 2.5, "TELEFONE", "5555-0000");
-    g.Tab(9.85, 3.25, "18");
-    g.Esquerdo(10.4, 3.25, 2.1, "CNAE", " ");
-    g.Tab(0, 3.9, "19");
-    g.Op("T", 0.63, 3.98, "11.79 0.65 ET Times New Roman 5 |OBSERVAÇÕES");
-    g.Op("M", 0.73, 4.3, "11.59 3.5 ET Arial 8 |linha um\r\nlinha dois");
-    g.Op("T", 12.65, 0.65, "0.55 0.65 CM Arial 10b |01");
-    g.Op("T", 13.28, 0.73, "4.84 0.49 EB Times New Roman 5 |MICROFILME (NÃO PREENCHER)");
-    for (int n = 2; n <= 14; ++n) {
-        g.Tab(12.65, 1.3 + 0.65 * (n - 2), (n < 10 ? "0" : "") + std::to_string(n));
-    }
-    g.Direito(1.3, "DATA DE", "");
-    g.Op("T", 13.28, 1.38, "4.84 0.49 EB Times New Roman 5 |VENCIMENTO");
-    g.Op("L", 15.2, 1.3, "0 0.65");
-    g.Op("T", 15.38, 1.38, "2.64 0.57 CB Arial 11 |15/08/2003");
-    g.Direito(1.95, "CÓDIGO DE RECEITA", "046-2");
-    g.Direito(2.6, "INSCRIÇÃO ESTADUAL", "110");
-    g.Direito(3.25, "CNPJ ou CPF", "00.1");
-    g.Direito(3.9, "INSCRIÇÃO NA DÍVIDA ATIVA ou Nº DA ETIQUETA", "DA7");
-    g.Direito(4.55, "REFERÊNCIA (mês / ano)", "07/2003");
-    g.Direito(5.2, "Nº AIIM ou Nº DI ou Nº PARCELAMENTO", "AI9");
-    g.Direito(5.85, "VALOR DA RECEITA (Nominal ou Corrigida)", "1.000,00");
-    g.Direito(6.5, "JUROS DE MORA", "10,00");
-    g.Direito(7.15, "MULTA DE MORA ou POR INFRAÇÃO (Nominal ou Corrigida)", "20,00");
-    g.Direito(7.8, "ACRÉSCIMO FINANCEIRO", "30,00");
-    g.Direito(8.45, "HONORÁRIOS ADVOCATÍCIOS", "40,00");
-    g.Direito(9.1, "VALOR TOTAL", "1.100,00");
-    g.Op("F", -0.28, 5.7, "0.25 1.9474 imgPortariaKEX_27_95 =");
-    g.Op("T", 0.18, 9.18, "12.14 0.57 DB Times New Roman 5 |" + via);
-    g.Op("F", -0.25, 10.1, "0.3305 0.3 imgTesoura =");
-    g.Op("L", -0.25, 10.25, "18.85 0 ..");
-    return g.Operacoes();
+bool Perto(double a, double b) {
+    return std::fabs(a - b) < 0.001;
 }
 
-TEST(RelatorioVELO, PrintsTheFirstRowOnBothCopies) {
-    static_assert(!TemImprimir<RelatorioVELO>);
-    BancoDeTeste banco(Guias);
+bool Dentro(const Caixa& a, const Caixa& b) {
+    return a.x > b.x - 0.001 && a.y > b.y - 0.001 && a.x + a.largura < b.x + b.largura + 0.001 &&
+           a.y + a.altura < b.y + b.altura + 0.001;
+}
+
+template <class P>
+std::vector<P> Todas(const Conteudo& conteudo) {
+    std::vector<P> todas;
+    for (const Primitiva& primitiva : conteudo.paginas.at(0)) {
+        if (const auto* p = std::get_if<P>(&primitiva)) {
+            todas.push_back(*p);
+        }
+    }
+    return todas;
+}
+
+// The framed box of the taxpayer's copy in which a legend stands.
+std::optional<Caixa> CampoDa(const Conteudo& c, std::string_view legenda) {
+    for (const auto& texto : Todas<Texto>(c)) {
+        for (const auto& moldura : Todas<Retangulo>(c)) {
+            if (texto.texto == legenda && texto.caixa.y < TopoBanco && !moldura.preenchido &&
+                Dentro(texto.caixa, moldura.caixa)) {
+                return moldura.caixa;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> TextosDentro(const Conteudo& c, const Caixa& caixa) {
+    std::vector<std::string> textos;
+    for (const auto& texto : Todas<Texto>(c)) {
+        if (Dentro(texto.caixa, caixa)) {
+            textos.push_back(texto.texto);
+        }
+    }
+    return textos;
+}
+
+struct Velo : testing::Test {
+    const Conteudo& Construir() {
+        relatorio.Construir(*banco);
+        return relatorio.Documento();
+    }
+    BancoDeTeste banco{Guias};
     RelatorioVELO relatorio;
-    relatorio.Construir(*banco);
-    const Conteudo& c = relatorio.Documento();
+};
+
+TEST_F(Velo, EveryNumberedBoxHoldsItsLegendAndItsValueOfTheFirstRow) {
+    const Conteudo& c = Construir();
+    const struct {
+        const char* numero;  // on the tab left of the box
+        const char* legenda;
+        const char* valor;
+    } campos[] = {{"03", "CÓDIGO DE RECEITA", "046-2"},
+                  {"04", "INSCRIÇÃO ESTADUAL", "110"},
+                  {"05", "CNPJ ou CPF", "00.1"},
+                  {"06", "INSCRIÇÃO NA DÍVIDA ATIVA ou Nº DA ETIQUETA", "DA7"},
+                  {"07", "REFERÊNCIA (mês / ano)", "07/2003"},
+                  {"08", "Nº AIIM ou Nº DI ou Nº PARCELAMENTO", "AI9"},
+                  {"09", "VALOR DA RECEITA (Nominal ou Corrigida)", "1.000,00"},
+                  {"10", "JUROS DE MORA", "10,00"},
+                  {"11", "MULTA DE MORA ou POR INFRAÇÃO (Nominal ou Corrigida)", "20,00"},
+                  {"12", "ACRÉSCIMO FINANCEIRO", "30,00"},
+                  {"13", "HONORÁRIOS ADVOCATÍCIOS", "40,00"},
+                  {"14", "VALOR TOTAL", "1.100,00"},
+                  {"15", "CONTRIBUINTE", "Padaria São João"},
+                  {"16", "ENDEREÇO", "Rua A, 10"},
+                  {nullptr, "MUNICÍPIO", "Água Clara"},
+                  {nullptr, "UF", "VD"},
+                  {"17", "TELEFONE", "5555-0000"},
+                  {"18", "CNAE", " "}};
+    for (const auto& [numero, legenda, valor] : campos) {
+        SCOPED_TRACE(legenda);
+        const auto campo = CampoDa(c, legenda);
+        ASSERT_TRUE(campo);
+        EXPECT_THAT(TextosDentro(c, *campo), ElementsAre(legenda, valor));
+        if (numero != nullptr) {
+            const Caixa aba{campo->x - 0.55, campo->y, 0.55, 0.65};
+            EXPECT_THAT(TextosDentro(c, aba), ElementsAre(numero));
+        }
+    }
+    const auto vencimento = CampoDa(c, "VENCIMENTO");
+    ASSERT_TRUE(vencimento);
+    EXPECT_THAT(TextosDentro(c, *vencimento),
+                ElementsAre("DATA DE", "", "VENCIMENTO", "15/08/2003"));
+    EXPECT_THAT(Textos(c, 0), testing::Contains("linha um\r\nlinha dois").Times(2));
+}
+
+TEST_F(Velo, TheBanksCopyIsTheTaxpayersFurtherDownAndBothStandOnThePaper) {
+    const Conteudo& c = Construir();
+    const Pagina& pagina = c.paginas.at(0);
+    ASSERT_EQ(pagina.size() % 2, 0U);
+    const auto caixaDe = [](const Primitiva& p) {
+        return std::visit([](const auto& primitiva) { return primitiva.caixa; }, p);
+    };
+    for (std::size_t i = 0; i < pagina.size() / 2; ++i) {
+        Primitiva doBanco = pagina[i + pagina.size() / 2];
+        const double deslocamento = caixaDe(doBanco).y - caixaDe(pagina[i]).y;
+        EXPECT_TRUE(Perto(deslocamento, TopoBanco - TopoContribuinte)) << i;
+        std::visit([&](auto& primitiva) { primitiva.caixa = caixaDe(pagina[i]); }, doBanco);
+        if (auto* via = std::get_if<Texto>(&doBanco); via != nullptr && via->texto == "VIA BANCO") {
+            via->texto = "VIA CONTRIBUINTE";
+        }
+        EXPECT_EQ(doBanco, pagina[i]) << i;
+        const Caixa papel{-c.margens.esquerda, 0, LarguraA4, AlturaA4};
+        EXPECT_TRUE(Dentro(caixaDe(pagina[i + pagina.size() / 2]), papel)) << i;
+    }
+    EXPECT_EQ(Todas<Figura>(c).size(), 6U) << "arms, citation and scissors of each copy";
+}
+
+TEST_F(Velo, NoBoxStandsOverAnother) {
+    std::vector<Caixa> caixas;
+    for (const auto& moldura : Todas<Retangulo>(Construir())) {
+        if (!moldura.preenchido) {
+            caixas.push_back(moldura.caixa);
+        }
+    }
+    EXPECT_GT(caixas.size(), 60U);
+    for (std::size_t i = 0; i < caixas.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            const Caixa& a = caixas[i];
+            const Caixa& b = caixas[j];
+            const double lado = std::min(a.x + a.largura, b.x + b.largura) - std::max(a.x, b.x);
+            const double alto = std::min(a.y + a.altura, b.y + b.altura) - std::max(a.y, b.y);
+            EXPECT_TRUE(lado < 0.001 || alto < 0.001)
+                << a.x << " " << a.y << " over " << b.x << " " << b.y;
+        }
+    }
+}
+
+TEST_F(Velo, IsPreviewedOnlyAndSaysWhatItIs) {
+    static_assert(!TemImprimir<RelatorioVELO>);
+    const Conteudo& c = Construir();
     EXPECT_EQ(c.titulo, "VELO");
     EXPECT_EQ(c.tituloResumido, "VELO");
     EXPECT_EQ(c.icone, &frmFiguras::imgIconeG);
     EXPECT_EQ(c.margens, (Margens{1.325, 1.325, 0, 0}));
-    ASSERT_EQ(c.paginas.size(), 1U);
-    EXPECT_THAT(Curtas(c, 0),
-                ElementsAreArray(Guia(3.0, "VIA CONTRIBUINTE") + Guia(16.25, "VIA BANCO")));
+    EXPECT_EQ(c.paginas.size(), 1U);
 }
 
-TEST(RelatorioVELO, NullFieldsPrintAsNothingAndAnEmptyTableAsAnEmptyPage) {
-    BancoDeTeste banco("insert into tblVELO (UF) values (null);");
-    RelatorioVELO relatorio;
-    relatorio.Construir(*banco);
-    const Lista textos = Textos(relatorio.Documento(), 0);
+TEST_F(Velo, NullFieldsPrintAsNothingAndAnEmptyTableAsAnEmptyPage) {
+    banco.Executar("delete from tblVELO; insert into tblVELO (UF) values (null);");
+    const auto textos = Textos(Construir(), 0);
     EXPECT_EQ(std::count(textos.begin(), textos.end(), ""), 2 * (19 + 1));
     banco.Executar("delete from tblVELO;");
-    relatorio.Construir(*banco);
-    EXPECT_EQ(relatorio.Documento().paginas, std::vector<Pagina>(1));
+    EXPECT_EQ(Construir().paginas, std::vector<Pagina>(1));
     banco.Executar("drop table tblVELO;");
-    EXPECT_EQ(ErroDe([&] { relatorio.Construir(*banco); }).Numero(), NumeroErro::TabelaInexistente);
+    EXPECT_EQ(ErroDe([&] { Construir(); }).Numero(), NumeroErro::TabelaInexistente);
 }
 
 }  // namespace
