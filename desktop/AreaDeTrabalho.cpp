@@ -13,6 +13,8 @@
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "desktop/preview/JanelaVisualizacao.h"
 #include "desktop/preview/VisualizadorQt.h"
+#include "desktop/printing/FilaImpressao.h"
+#include "output/pdf/RenderizadorPDF.h"
 #include "system/settings/ConfiguracoesIni.h"
 
 namespace tarvo {
@@ -76,6 +78,12 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
             Atender(QEventLoop::WaitForMoreEvents);
         }
         return VisualizacoesAbertas();
+    }
+
+    void ImprimirEm(const Conteudo& conteudo, const std::string& impressora) override {
+        std::string pdf;
+        RenderizarPDF(conteudo, pdf);
+        EnviarTrabalho({.pdf = pdf, .titulo = conteudo.tituloResumido, .impressora = impressora});
     }
 
   private:

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <string>
 
 #include "data/Publico.h"
 #include "dispatch/frmImpressaoRelatorios.h"
@@ -28,6 +29,9 @@ class TARVO_PUBLICO AreaDeTrabalho {
     // Serves the windows until none is open or the time is over; returns how many are open. A
     // negative time is no limit; zero serves what is waiting and returns.
     virtual std::size_t AguardarJanelas(std::chrono::milliseconds tempo) = 0;
+    // Prints at once on the printer of that name, without a window; an empty name is the user's
+    // default printer. Error 482 as the print queue states it.
+    virtual void ImprimirEm(const Conteudo& conteudo, const std::string& impressora) = 0;
 };
 
 // The area of the process, made at the first call and kept to its end. It lives in the host's Qt

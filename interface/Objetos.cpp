@@ -8,9 +8,11 @@ namespace tarvo::c {
 
 Objeto::Objeto(std::string_view nome)
     : nome_(nome),
-      objeto_(CriarObjeto(
-          nome, {.visualizadores = &VisualizadoresSobDemanda(), .configuracoes = &configuracoes_},
-          &SelecaoSobDemanda())) {}
+      objeto_(CriarObjeto(nome,
+                          {.visualizadores = &VisualizadoresSobDemanda(),
+                           .configuracoes = &configuracoes_,
+                           .andamento = &andamento_},
+                          &SelecaoSobDemanda())) {}
 
 Relatorios& Objeto::EntradaDasClasses() {
     auto* relatorios = std::get_if<std::unique_ptr<Relatorios>>(&objeto_);
@@ -47,7 +49,7 @@ void Objeto::UsarJanelas() {
     }
 }
 
-void Objeto::ConferirLinhaDasJanelas() const {
+void Objeto::ConferirThreadDasJanelas() const {
     if (comJanelas_) {
         static_cast<void>(ExigirAreaDeTrabalho());
     }

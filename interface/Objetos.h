@@ -10,6 +10,7 @@
 #include "data/BancoDados.h"
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
+#include "interface/relatoriostarvo.h"
 #include "output/pdf/RenderizadorPDF.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -35,6 +36,28 @@ class Memoria final : public Recurso {
     std::string conteudo_;
 };
 
+// Tells a program's function how a build goes on, when it has one.
+class AndamentoDoPrograma final : public Andamento {
+  public:
+    void Definir(tarvo_andamento funcao, void* contexto) {
+        funcao_ = funcao;
+        contexto_ = contexto;
+    }
+    void Iniciar() { paginas_ = 0; }
+    bool PaginaConcluida(std::size_t paginas) override {
+        paginas_ = paginas;
+        return Perguntar();
+    }
+    bool Continuar(std::chrono::milliseconds /*aguardando*/) override { return Perguntar(); }
+
+  private:
+    bool Perguntar() { return funcao_ == nullptr || funcao_(contexto_, paginas_) == 0; }
+
+    tarvo_andamento funcao_ = nullptr;
+    void* contexto_ = nullptr;
+    std::size_t paginas_ = 0;
+};
+
 // An object of a public class with what its host gave it.
 class Objeto final : public Recurso {
   public:
@@ -55,13 +78,23 @@ class Objeto final : public Recurso {
     // The host's current reference month in place of the user's setting; error 13 when it is none.
     void DefinirReferencia(std::optional<std::string> mesAno);
 
+    // Null takes it back.
+    void DefinirAndamento(tarvo_andamento andamento, void* contexto) {
+        andamento_.Definir(andamento, contexto);
+    }
+    // Before the object is built anew.
+    void IniciarConstrucao() {
+        cortados.clear();
+        andamento_.Iniciar();
+    }
+
     // Before printing, and before opening a window: error 445 without a desktop (for windows,
     // without a screen), or in a thread that is not the windows'.
     void UsarImpressao();
     void UsarJanelas();
     // Error 445 when it has windows and this is not their thread.
-    void ConferirLinhaDasJanelas() const;
-    void ConferirLiberacao() const override { ConferirLinhaDasJanelas(); }
+    void ConferirThreadDasJanelas() const;
+    void ConferirLiberacao() const override { ConferirThreadDasJanelas(); }
 
     // The texts that the last PDF of this object had to cut.
     std::vector<TextoCortado> cortados;
@@ -72,6 +105,7 @@ class Objeto final : public Recurso {
     std::string nome_;
     ConfiguracoesIni doUsuario_;
     ConfiguracoesDaChamada configuracoes_{doUsuario_};
+    AndamentoDoPrograma andamento_;
     bool comJanelas_ = false;
     ObjetoPublico objeto_;
 };

@@ -9,8 +9,8 @@
  * by its registered name, builds it from the database, and shows, prints or exports the document
  * that the object then holds.
  *
- * Errors. Every function that can fail returns zero, or the number of the error; the number and a
- * Portuguese text for the user are kept for the calling thread (tarvo_erro_numero,
+ * Errors. Every function that can fail returns zero, or the number of the error (tarvo_erro); it
+ * and a Portuguese text for the user are kept for the calling thread (tarvo_erro_numero,
  * tarvo_erro_texto). No exception leaves the library. After an error the output arguments are
  * zero, unless said otherwise.
  *
@@ -21,22 +21,22 @@
  * Texts are UTF-8 and end with a zero byte; a null pointer or a text that is not UTF-8 is error 5.
  * File names are passed to the system as they are. Numbers of pages and texts count from 1.
  *
+ * Functions of the program. Some calls take a function of the program's and a contexto, which it
+ * gets unchanged; it is called in the calling thread before the call returns, and may call this
+ * library, but not with the identifiers that the call is using (error 20006).
+ *
  * Threads. Every function may be called in any thread, and different identifiers may be used at
  * the same time; an identifier that another call is using, or whose call has not returned yet, is
  * error 20006. Windows and printing belong to one thread, the first that uses them (the one of the
  * user interface where the program has a Qt application); in any other they are error 445.
  */
 
-#include <stddef.h>
-#include <stdint.h>
-
-#define TARVO_API __attribute__((visibility("default")))
+#include "interface/relatoriostarvo_bancos.h"
+#include "interface/relatoriostarvo_erros.h"
 
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-struct sqlite3;
 
 /** 10000 times the major version, plus 100 times the minor, plus the patch: of this header. */
 #define TARVO_VERSAO 10000
@@ -49,38 +49,10 @@ TARVO_API int32_t tarvo_erro_numero(void);
 /** Its text, valid until the next error in this thread; never null. */
 TARVO_API const char* tarvo_erro_texto(void);
 
-/** An open declaration database. */
-typedef uint64_t tarvo_banco;
 /** An object of a public class. */
 typedef uint64_t tarvo_objeto;
 /** Bytes that the library hands out. */
 typedef uint64_t tarvo_memoria;
-
-/** How a database is opened; to be added up. */
-enum tarvo_opcoes {
-    /** Nothing may be written: reports that refill a work table in the database are error 3027. */
-    TARVO_SOMENTE_LEITURA = 1,
-    /** The work tables are this connection's own and temporary: the file is never written, and no
-     *  build waits for another's. */
-    TARVO_TABELAS_PRIVADAS = 2
-};
-
-/**
- * Opens a database file; never creates one.
- *
- * Errors: 3024 no such file, 70 no permission, 3343 not a database or a damaged one, 3260 locked,
- * 5 an unknown option.
- */
-TARVO_API int32_t tarvo_abrir_banco(const char* arquivo, uint32_t opcoes, tarvo_banco* banco);
-
-/**
- * Uses a connection of the host's, which stays the host's: it is closed by the host, after the
- * identifier is released. The connection must be to the same SQLite library that this library is
- * linked with, and belongs to one thread at a time. Of the options only TARVO_TABELAS_PRIVADAS.
- *
- * Errors: 5 a null pointer or another option.
- */
-TARVO_API int32_t tarvo_adotar_banco(struct sqlite3* conexao, uint32_t opcoes, tarvo_banco* banco);
 
 /**
  * Creates an object of a public class by its registered name: "RelatoriosTarvo." followed by
@@ -100,6 +72,17 @@ TARVO_API int32_t tarvo_criar(const char* nome, tarvo_objeto* objeto);
  * Errors: 13 no month and year.
  */
 TARVO_API int32_t tarvo_definir_ref_atual(tarvo_objeto objeto, const char* mes_ano);
+
+/** Told how many pages of a document are complete; anything but zero cancels. */
+typedef int32_t (*tarvo_andamento)(void* contexto, size_t paginas);
+
+/**
+ * Gives an object a function that is told of each page while a document is built, and is asked some
+ * twenty times a second while the database works or waits for its turn; a build that it cancels
+ * ends with error 18. A null pointer takes the function back; contexto stays valid until then.
+ */
+TARVO_API int32_t tarvo_definir_andamento(tarvo_objeto objeto, tarvo_andamento andamento,
+                                          void* contexto);
 
 /**
  * RelatoriosTarvo.Relatorios: shows the selection dialog for a declaration and returns once it is
@@ -140,6 +123,8 @@ TARVO_API int32_t tarvo_ocultar(tarvo_objeto objeto);
  * Errors: 482 no printer, or it refuses; 445 no desktop; 438 for Relatorios and RelatorioVELO.
  */
 TARVO_API int32_t tarvo_imprimir(tarvo_objeto objeto);
+/** The same on the printer of that name, at once; the empty text is the user's default printer. */
+TARVO_API int32_t tarvo_imprimir_em(tarvo_objeto objeto, const char* impressora);
 
 /**
  * Serves the windows that this library opened, until all are closed or the time is over; for
@@ -162,13 +147,33 @@ TARVO_API int32_t tarvo_paginas(tarvo_objeto objeto, size_t* paginas);
 /**
  * Writes the document to a file, which appears whole or stays as it was.
  *
- * Errors: 76 no such folder, 70 no permission, 61 no space, 57 other refusals of the file system,
+ * Errors: 76 no such folder, 70 no permission, 75 a name that is no regular file's, 61 no space, 57
+ * other refusals of the file system,
  * 20005 a font is missing, 5 an unknown form, 438 for Relatorios.
  */
 TARVO_API int32_t tarvo_exportar_arquivo(tarvo_objeto objeto, int32_t formato, const char* arquivo);
 /** The same into memory, which tarvo_memoria_bytes reads and tarvo_liberar releases. */
 TARVO_API int32_t tarvo_exportar_memoria(tarvo_objeto objeto, int32_t formato,
                                          tarvo_memoria* memoria);
+/**
+ * Writes the documents of several objects to one file, in their order; a PDF then has an outline of
+ * their titles, and page numbers begin anew with each. JSON takes one object only.
+ *
+ * Errors: those of tarvo_exportar_arquivo; 5 no objects, 20006 an object that is there twice.
+ */
+TARVO_API int32_t tarvo_exportar_reunidos(const tarvo_objeto* objetos, size_t quantos,
+                                          int32_t formato, const char* arquivo);
+
+/** Takes the next bytes of an output, valid during the call; anything but zero wants no more. */
+typedef int32_t (*tarvo_receber)(void* contexto, const char* bytes, size_t tamanho);
+/**
+ * Hands the documents of one object or several to a function of the program's, piece by piece in
+ * their order, as tarvo_exportar_reunidos writes them to a file; never the whole file in memory.
+ *
+ * Errors: 18 the function wanted no more; 20005, 5, 438 and 20006 as above.
+ */
+TARVO_API int32_t tarvo_transmitir(const tarvo_objeto* objetos, size_t quantos, int32_t formato,
+                                   tarvo_receber receber, void* contexto);
 /** The bytes, followed by a zero byte that is not counted; valid until memoria is released. */
 TARVO_API int32_t tarvo_memoria_bytes(tarvo_memoria memoria, const char** bytes, size_t* tamanho);
 

@@ -73,9 +73,21 @@ void RevisarGuia(BancoDados& banco, Achados& achados) {
     }
 }
 
+void ExigirCodigo(const std::string& codigo) {
+    const bool existe =
+        codigo == "01" || codigo == "VELO" ||
+        std::ranges::any_of(Revisores, [&](const auto& revisor) {
+            return std::ranges::find(revisor.relatorios, codigo) != revisor.relatorios.end();
+        });
+    if (codigo.empty() || !existe) {
+        throw Erro(NumeroErro::ChamadaInvalida, "Não há relatório \"" + codigo + "\".");
+    }
+}
+
 }  // namespace
 
 std::vector<Achado> Revisar(BancoDados& banco, const PedidoDeRevisao& pedido) {
+    std::ranges::for_each(pedido.relatorios, ExigirCodigo);
     const bool todos = pedido.relatorios.empty();
     const std::function<bool(std::string_view)> pedidos = [&](std::string_view codigo) {
         return (todos && codigo != "VELO") ||

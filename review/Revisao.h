@@ -29,6 +29,7 @@ struct PedidoDeRevisao {
 // The findings of one declaration, for those of its reports, in the order of the reports. It reads
 // and never writes, with plain queries on one table each. Errors of the database end it as they end
 // a report, but a missing table or column and a value that does not fit its type are findings.
+// Error 5 for a code that is no report's.
 TARVO_PUBLICO std::vector<Achado> Revisar(BancoDados& banco, const PedidoDeRevisao& pedido);
 
 }  // namespace tarvo

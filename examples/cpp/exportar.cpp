@@ -1,31 +1,37 @@
-// Writes the own-operations assessment of a declaration as a PDF: exportar BANCO IE DRQ ARQUIVO
-#include <cstdlib>
+// Writes the payments of a declaration as a PDF: exportar BANCO IE DRQ ARQUIVO
+#include <charconv>
 #include <iostream>
+#include <string_view>
 
 #include <relatoriostarvo/AbrirBanco.h>
 #include <relatoriostarvo/CodigosDeErros.h>
-#include <relatoriostarvo/RelatorioApuracaoOpProp.h>
+#include <relatoriostarvo/Declaracoes.h>
+#include <relatoriostarvo/RelatorioPagamentos.h>
 #include <relatoriostarvo/RenderizadorPDF.h>
 
 int main(int argc, char** argv) {
-    if (argc != 5) {
-        std::cerr << "uso: exportar BANCO IE DRQ ARQUIVO\n";
+    int numero = 0;
+    const std::string_view texto = argc == 5 ? argv[3] : "";
+    const auto lido = std::from_chars(texto.data(), texto.data() + texto.size(), numero);
+    if (lido.ec != std::errc() || lido.ptr != texto.data() + texto.size()) {
+        std::cerr << "uso: exportar BANCO IE DRQ ARQUIVO (DRQ: o número da declaração)\n";
         return 2;
     }
     try {
-        // The file is only read: the report's work table is this connection's own.
+        // The file is only read: a report's work table would be this connection's own.
         const auto banco =
             tarvo::AbrirBanco(argv[1], {.modo = tarvo::ModoAbertura::SomenteLeitura,
                                         .tabelasDeTrabalho = tarvo::TabelasDeTrabalho::Privadas});
-        tarvo::RelatorioApuracaoOpProp relatorio;
-        relatorio.Construir(*banco, argv[2], std::stoi(argv[3]));
-        const auto resultado = tarvo::GravarPDF(relatorio.Documento(), argv[4]);
-        std::cout << relatorio.Documento().titulo << ": " << resultado.paginas << " página(s)\n";
+        if (!tarvo::ExisteDeclaracao(*banco, numero)) {
+            std::cerr << "não há a declaração " << numero << "\n";
+            return 1;
+        }
+        tarvo::RelatorioPagamentos relatorio;
+        relatorio.Construir(*banco, argv[2], numero);
+        tarvo::GravarPDF(relatorio.Documento(), argv[4]);
         return 0;
     } catch (const tarvo::Erro& erro) {
         std::cerr << "erro " << static_cast<int>(erro.Numero()) << ": " << erro.Descricao() << "\n";
-    } catch (const std::exception&) {
-        std::cerr << argv[3] << " não é o número de uma declaração\n";
+        return 1;
     }
-    return 1;
 }

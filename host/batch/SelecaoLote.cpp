@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/commands/Declaracoes.h"
+#include "dispatch/Declaracoes.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 
 namespace tarvo::host {

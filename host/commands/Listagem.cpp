@@ -4,8 +4,8 @@
 #include <ostream>
 
 #include "databases/AbrirBanco.h"
+#include "dispatch/Declaracoes.h"
 #include "document/QuadroPagina.h"
-#include "host/commands/Declaracoes.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/ResultadoEmJSON.h"

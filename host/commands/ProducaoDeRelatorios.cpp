@@ -2,7 +2,7 @@
 
 #include "data/Formatos.h"
 #include "databases/AbrirBanco.h"
-#include "host/commands/Declaracoes.h"
+#include "dispatch/Declaracoes.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"

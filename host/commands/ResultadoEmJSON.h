@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/commands/Declaracoes.h"
+#include "dispatch/Declaracoes.h"
 #include "output/FormatoDeSaida.h"
 
 // What a command found or produced, as the one-line JSON objects that --json writes: ASCII, with

@@ -5,8 +5,8 @@
 
 #include "desktop/ApoioQt.h"
 #include "desktop/preview/BuscaTexto.h"
+#include "dispatch/Declaracoes.h"
 #include "document/QuadroPagina.h"
-#include "host/commands/Declaracoes.h"
 
 namespace tarvo::host {
 

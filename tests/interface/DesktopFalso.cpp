@@ -37,6 +37,9 @@ class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, pub
     std::size_t AguardarJanelas(std::chrono::milliseconds /*tempo*/) override {
         return ODesktopFalso().abertas.size();
     }
+    void ImprimirEm(const Conteudo& conteudo, const std::string& impressora) override {
+        ODesktopFalso().pedidos.push_back("Imprimir " + conteudo.titulo + " em " + impressora);
+    }
     std::unique_ptr<Visualizador> Criar() override { return std::make_unique<VisualizadorFalso>(); }
     void ExibirModal(frmImpressaoRelatorios& dialogo) override { ODesktopFalso().usuario(dialogo); }
 

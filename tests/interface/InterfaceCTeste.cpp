@@ -148,6 +148,147 @@ TEST_F(InterfaceC, ThreadsWithTheirOwnIdentifiersWorkAtTheSameTime) {
     EXPECT_EQ(trabalhar(), outra.get());
 }
 
+TEST_F(InterfaceC, ListsTaxpayersAndDeclarationsAndTellsWhichThereAre) {
+    std::vector<std::string> contribuintes;
+    ASSERT_EQ(tarvo_listar_contribuintes(
+                  banco,
+                  [](void* lista, const tarvo_contribuinte* c) {
+                      static_cast<std::vector<std::string>*>(lista)->push_back(
+                          std::string(c->ie) + " " + c->razao_social + " " + c->cnpj);
+                      return 0;
+                  },
+                  &contribuintes),
+              0)
+        << tarvo_erro_texto();
+    EXPECT_THAT(contribuintes, testing::SizeIs(testing::Gt(1U)));
+    EXPECT_THAT(contribuintes, testing::Contains(StartsWith(std::string(IE) +
+                                                            " Metalúrgica Serra Dourada S.A. ")));
+
+    struct Vistas {
+        tarvo_banco banco;
+        std::vector<std::string> linhas;
+    } vistas{banco, {}};
+    ASSERT_EQ(tarvo_listar_declaracoes(
+                  banco,
+                  [](void* contexto, const tarvo_declaracao* d) {
+                      auto& v = *static_cast<Vistas*>(contexto);
+                      std::int32_t existe = 0;
+                      EXPECT_EQ(tarvo_existe_declaracao(v.banco, d->numero_drq, &existe), 0);
+                      EXPECT_EQ(existe, 1);
+                      v.linhas.push_back(std::string(d->ie) + " " + d->referencia + " " +
+                                         d->regime + " " + d->tipo + " " +
+                                         std::to_string(d->consistente));
+                      return d->numero_drq == DRQ ? 1 : 0;
+                  },
+                  &vistas),
+              0)
+        << tarvo_erro_texto();
+    EXPECT_EQ(vistas.linhas.back(), std::string(IE) + " 07/2003 01 Normal 1")
+        << "the list ends where the program asks for no more";
+
+    std::int32_t existe = 7;
+    EXPECT_EQ(tarvo_existe_declaracao(banco, 999, &existe), 0);
+    EXPECT_EQ(existe, 0);
+    EXPECT_EQ(tarvo_existe_contribuinte(banco, IE, &existe), 0);
+    EXPECT_EQ(existe, 1);
+    EXPECT_EQ(tarvo_existe_contribuinte(banco, "x' or '1'='1", &existe), 0);
+    EXPECT_EQ(existe, 0);
+}
+
+TEST_F(InterfaceC, TellsWhatThePagesOfADeclarationLeaveOut) {
+    BancoSQLite::Abrir(Arquivo())->ExecutarScript(
+        "INSERT INTO tblRegistroExportação (NroDRQ, RE) VALUES (101, NULL)");
+    const auto achados = [this](const char* relatorio) {
+        std::vector<std::string> lista;
+        EXPECT_EQ(tarvo_revisar(
+                      banco, IE, DRQ, relatorio, "07/2003",
+                      [](void* contexto, const tarvo_achado* a) {
+                          static_cast<std::vector<std::string>*>(contexto)->push_back(
+                              std::string(a->relatorio) + " " + a->tabela + " " +
+                              std::to_string(a->linhas));
+                          EXPECT_STRNE(a->motivo, "");
+                          return 0;
+                      },
+                      &lista),
+                  0)
+            << tarvo_erro_texto();
+        return lista;
+    };
+    EXPECT_THAT(achados(nullptr), testing::Contains("16 tblRegistroExportação 1"));
+    EXPECT_THAT(achados("16"), testing::ElementsAre("16 tblRegistroExportação 1"));
+    EXPECT_THAT(achados("17"), testing::IsEmpty());
+}
+
+TEST_F(InterfaceC, CreatesAnEmptyDatabaseAndNeverReplacesAFile) {
+    ASSERT_EQ(tarvo_criar_banco(Saida("novo.tarvo").c_str()), 0) << tarvo_erro_texto();
+    EXPECT_EQ(tarvo_criar_banco(Saida("novo.tarvo").c_str()), TARVO_ERRO_BANCO_JA_EXISTE);
+    EXPECT_EQ(tarvo_criar_banco(Saida("sem/novo.tarvo").c_str()), 76);
+    tarvo_banco novo = 0;
+    ASSERT_EQ(tarvo_abrir_banco(Saida("novo.tarvo").c_str(), 0, &novo), 0) << tarvo_erro_texto();
+    const Posse posse(novo);
+    std::int32_t existe = 1;
+    EXPECT_EQ(tarvo_existe_declaracao(novo, DRQ, &existe), 0) << tarvo_erro_texto();
+    EXPECT_EQ(existe, 0);
+}
+
+// What a program's function is told, and what it answers.
+struct Ouvinte {
+    std::size_t paginas = 0;
+    std::size_t cancelarNa = 0;  // 0: never
+    std::string bytes;
+    std::size_t limite = 0;  // of bytes; 0: none
+
+    static std::int32_t Andar(void* contexto, std::size_t paginas) {
+        auto& ouvinte = *static_cast<Ouvinte*>(contexto);
+        ouvinte.paginas = paginas;
+        return paginas == ouvinte.cancelarNa ? 1 : 0;
+    }
+    static std::int32_t Receber(void* contexto, const char* bytes, std::size_t tamanho) {
+        auto& ouvinte = *static_cast<Ouvinte*>(contexto);
+        ouvinte.bytes.append(bytes, tamanho);
+        return ouvinte.limite != 0 && ouvinte.bytes.size() > ouvinte.limite ? 1 : 0;
+    }
+};
+
+TEST_F(InterfaceC, ABuildTellsItsPagesAndCanBeCancelled) {
+    const auto objeto = Criar("RelatorioApuracaoOpProp");
+    Ouvinte ouvinte;
+    ASSERT_EQ(tarvo_definir_andamento(objeto, Ouvinte::Andar, &ouvinte), 0);
+    ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0) << tarvo_erro_texto();
+    EXPECT_GE(ouvinte.paginas, 1U);
+    ouvinte.cancelarNa = 1;
+    EXPECT_EQ(tarvo_construir(objeto, banco, IE, DRQ), TARVO_ERRO_CANCELADO);
+    ASSERT_EQ(tarvo_definir_andamento(objeto, nullptr, nullptr), 0);
+    EXPECT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0) << tarvo_erro_texto();
+}
+
+TEST_F(InterfaceC, SeveralDocumentsGoIntoOneFileOrToAFunctionOfTheProgram) {
+    setenv("SOURCE_DATE_EPOCH", "1060000000", 1);
+    const auto pagamentos = Criar("RelatorioPagamentos");
+    const auto cadastro = Criar("RelatorioCadastro");
+    ASSERT_EQ(tarvo_construir(pagamentos, banco, IE, DRQ), 0);
+    ASSERT_EQ(tarvo_construir_cadastro(cadastro, banco, IE), 0);
+    const tarvo_objeto ambos[] = {cadastro, pagamentos};
+    ASSERT_EQ(tarvo_exportar_reunidos(ambos, 2, TARVO_PDF, Saida("ambos.pdf").c_str()), 0)
+        << tarvo_erro_texto();
+    const std::string arquivo = ConteudoDe(Saida("ambos.pdf"));
+    std::size_t paginas[2] = {};
+    EXPECT_EQ(tarvo_paginas(cadastro, &paginas[0]), 0);
+    EXPECT_EQ(tarvo_paginas(pagamentos, &paginas[1]), 0);
+    const std::string contar = "test $(qpdf --show-npages " + Saida("ambos.pdf") + ") = ";
+    EXPECT_EQ(std::system((contar + std::to_string(paginas[0] + paginas[1])).c_str()), 0);
+
+    Ouvinte ouvinte;
+    ASSERT_EQ(tarvo_transmitir(ambos, 2, TARVO_PDF, Ouvinte::Receber, &ouvinte), 0);
+    EXPECT_TRUE(ouvinte.bytes == arquivo) << "other bytes than in the file";
+    ouvinte = {};
+    ASSERT_EQ(tarvo_transmitir(ambos, 1, TARVO_JSON, Ouvinte::Receber, &ouvinte), 0);
+    EXPECT_EQ(ouvinte.bytes, Exportar(cadastro, TARVO_JSON));
+    ouvinte = {};
+    ouvinte.limite = 100;
+    EXPECT_EQ(tarvo_transmitir(ambos, 2, TARVO_PDF, Ouvinte::Receber, &ouvinte), 18);
+}
+
 TEST_F(InterfaceC, TellsWhichTextsWereCut) {
     auto dados = BancoSQLite::Abrir(Arquivo());
     const std::string longa = "Rua que não acaba " + std::string(400, 'M');
@@ -167,6 +308,16 @@ TEST_F(InterfaceC, TellsWhichTextsWereCut) {
     EXPECT_EQ(Bytes(texto), longa);
     EXPECT_EQ(tarvo_texto_cortado(objeto, 2, &pagina, &texto), 5);
     EXPECT_EQ(tarvo_texto_cortado(objeto, 0, &pagina, &texto), 5);
+
+    // Behind another document the page is still the document's own.
+    const auto antes = Criar("RelatorioPagamentos");
+    const tarvo_objeto ambos[] = {antes, objeto};
+    ASSERT_EQ(tarvo_exportar_reunidos(ambos, 2, TARVO_PDF, Saida("ambos.pdf").c_str()), 0);
+    EXPECT_EQ(tarvo_textos_cortados(antes, &quantos), 0);
+    EXPECT_EQ(quantos, 0U);
+    ASSERT_EQ(tarvo_texto_cortado(objeto, 1, &pagina, &texto), 0) << tarvo_erro_texto();
+    EXPECT_EQ(pagina, 1U);
+    EXPECT_EQ(Bytes(texto), longa);
 }
 
 }  // namespace

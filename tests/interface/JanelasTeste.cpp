@@ -25,8 +25,10 @@ TEST_F(Janelas, ShowsHidesAndPrintsADocument) {
     ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0);
     EXPECT_EQ(tarvo_exibir(objeto), 0) << tarvo_erro_texto();
     EXPECT_EQ(tarvo_imprimir(objeto), 0);
+    EXPECT_EQ(tarvo_imprimir_em(objeto, "sala"), 0);
     EXPECT_THAT(desktop.pedidos,
-                ElementsAre("Exibir Relatório de Pagamentos", "Imprimir Relatório de Pagamentos"));
+                ElementsAre("Exibir Relatório de Pagamentos", "Imprimir Relatório de Pagamentos",
+                            "Imprimir Relatório de Pagamentos em sala"));
     std::size_t abertas = 0;
     EXPECT_EQ(tarvo_aguardar_janelas(0, &abertas), 0);
     EXPECT_EQ(abertas, 1U);
@@ -88,6 +90,7 @@ TEST_F(Janelas, BelongToOneThread) {
     std::thread([&] {
         EXPECT_EQ(tarvo_exibir(semJanela), 445);
         EXPECT_EQ(tarvo_imprimir(semJanela), 445);
+        EXPECT_EQ(tarvo_imprimir_em(semJanela, ""), 445);
         EXPECT_EQ(tarvo_executar(relatorios, banco, IE, DRQ, 0), 445);
         EXPECT_EQ(tarvo_aguardar_janelas(0, nullptr), 445);
         EXPECT_EQ(tarvo_ocultar(comJanela), 445);

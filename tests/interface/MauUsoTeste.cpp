@@ -31,6 +31,12 @@ class MauUso : public ComExemplo {
             [](auto o) { return tarvo_exibir(o); },
             [](auto o) { return tarvo_ocultar(o); },
             [](auto o) { return tarvo_imprimir(o); },
+            [](auto o) { return tarvo_imprimir_em(o, ""); },
+            [](auto o) { return tarvo_definir_andamento(o, nullptr, nullptr); },
+            [&](auto o) {
+                return tarvo_exportar_reunidos(&o, 1, TARVO_PDF, Saida("x.pdf").c_str());
+            },
+            [&](auto o) { return tarvo_transmitir(&o, 1, TARVO_PDF, Descartar, nullptr); },
             [&](auto o) { return tarvo_paginas(o, &tamanho); },
             [&](auto o) { return tarvo_exportar_arquivo(o, TARVO_PDF, Saida("x.pdf").c_str()); },
             [&](auto o) { return tarvo_exportar_memoria(o, TARVO_JSON, &memoria); },
@@ -41,7 +47,20 @@ class MauUso : public ComExemplo {
         };
     }
 
+    static std::int32_t Descartar(void* /*contexto*/, const char* /*bytes*/, std::size_t /*n*/) {
+        return 0;
+    }
+    static std::int32_t VerContribuinte(void* /*contexto*/, const tarvo_contribuinte* /*c*/) {
+        return 0;
+    }
+    static std::int32_t VerDeclaracao(void* /*contexto*/, const tarvo_declaracao* /*d*/) {
+        return 0;
+    }
+
+    static std::int32_t VerAchado(void* /*contexto*/, const tarvo_achado* /*a*/) { return 0; }
+
     std::size_t tamanho = 0;
+    std::int32_t existe = 0;
     tarvo_memoria memoria = 0;
     char texto[32] = "";
 };
@@ -69,6 +88,11 @@ TEST_F(MauUso, NoOperationTakesWhatIsNoDatabase) {
         EXPECT_EQ(tarvo_construir_cadastro(cadastro, id, IE), numero);
         EXPECT_EQ(tarvo_construir_velo(guia, id), numero);
         EXPECT_EQ(tarvo_executar(relatorios, id, IE, DRQ, 0), numero);
+        EXPECT_EQ(tarvo_existe_contribuinte(id, IE, &existe), numero);
+        EXPECT_EQ(tarvo_existe_declaracao(id, DRQ, &existe), numero);
+        EXPECT_EQ(tarvo_listar_contribuintes(id, VerContribuinte, nullptr), numero);
+        EXPECT_EQ(tarvo_listar_declaracoes(id, VerDeclaracao, nullptr), numero);
+        EXPECT_EQ(tarvo_revisar(id, IE, DRQ, nullptr, nullptr, VerAchado, nullptr), numero);
         if (id != 0) {
             EXPECT_EQ(tarvo_campo_st(st, 51, id, DRQ, texto, sizeof texto), numero);
         }
@@ -100,6 +124,7 @@ TEST_F(MauUso, ClassesRefuseTheOperationsOfOthers) {
     EXPECT_EQ(tarvo_executar(pagamentos, banco, IE, DRQ, 0), 438);
     EXPECT_EQ(tarvo_campo_st(pagamentos, 51, banco, DRQ, texto, sizeof texto), 438);
     EXPECT_EQ(tarvo_adicionar_total_op(guia, 0, 0, 0), 438);
+    EXPECT_EQ(tarvo_imprimir_em(guia, ""), 438);
     EXPECT_EQ(tarvo_imprimir(guia), 438);
     EXPECT_THAT(tarvo_erro_texto(), HasSubstr("RelatoriosTarvo.RelatorioVELO"));
     EXPECT_EQ(tarvo_construir(relatorios, banco, IE, DRQ), 438);
@@ -131,6 +156,22 @@ TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
     EXPECT_EQ(tarvo_paginas(pagamentos, nullptr), 5);
     EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, TARVO_PDF, nullptr), 5);
     EXPECT_EQ(tarvo_exportar_memoria(pagamentos, TARVO_PDF, nullptr), 5);
+    const tarvo_objeto objeto = pagamentos;
+    EXPECT_EQ(tarvo_exportar_reunidos(nullptr, 1, TARVO_PDF, Saida("x").c_str()), 5);
+    EXPECT_EQ(tarvo_exportar_reunidos(&objeto, 0, TARVO_PDF, Saida("x").c_str()), 5);
+    EXPECT_EQ(tarvo_exportar_reunidos(&objeto, 1, TARVO_PDF, nullptr), 5);
+    EXPECT_EQ(tarvo_transmitir(nullptr, 1, TARVO_PDF, Descartar, nullptr), 5);
+    EXPECT_EQ(tarvo_transmitir(&objeto, 1, TARVO_PDF, nullptr, nullptr), 5);
+    EXPECT_EQ(tarvo_criar_banco(nullptr), 5);
+    EXPECT_EQ(tarvo_criar_banco(""), 5);
+    EXPECT_EQ(tarvo_existe_contribuinte(banco, nullptr, &existe), 5);
+    EXPECT_EQ(tarvo_existe_contribuinte(banco, IE, nullptr), 5);
+    EXPECT_EQ(tarvo_existe_declaracao(banco, DRQ, nullptr), 5);
+    EXPECT_EQ(tarvo_listar_contribuintes(banco, nullptr, nullptr), 5);
+    EXPECT_EQ(tarvo_listar_declaracoes(banco, nullptr, nullptr), 5);
+    EXPECT_EQ(tarvo_revisar(banco, nullptr, DRQ, nullptr, nullptr, VerAchado, nullptr), 5);
+    EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, nullptr, nullptr, nullptr, nullptr), 5);
+    EXPECT_EQ(tarvo_imprimir_em(pagamentos, nullptr), 5);
     EXPECT_EQ(tarvo_memoria_bytes(1, nullptr, &tamanho), 5);
     EXPECT_EQ(tarvo_textos_cortados(pagamentos, nullptr), 5);
     EXPECT_EQ(tarvo_texto_cortado(pagamentos, 1, nullptr, &memoria), 5);
@@ -146,11 +187,34 @@ TEST_F(MauUso, UnknownOptionsAndFormsAreRefused) {
     EXPECT_FALSE(std::filesystem::exists(Saida("x")));
 }
 
+TEST_F(MauUso, AReviewTakesReportsThatThereAreAndMonths) {
+    for (const auto* codigo : {"", "18", "1", "velo", "02,03"}) {
+        EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, codigo, nullptr, VerAchado, nullptr), 5) << codigo;
+    }
+    EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, nullptr, "julho", VerAchado, nullptr), 13);
+}
+
+TEST_F(MauUso, ObjectsOfOneOutputAreDifferentAndOnesThatHaveDocuments) {
+    const auto outro = Criar("RelatorioCadastro");
+    const tarvo_objeto duasVezes[] = {pagamentos, outro, pagamentos};
+    EXPECT_EQ(tarvo_exportar_reunidos(duasVezes, 3, TARVO_PDF, Saida("x").c_str()), 20006);
+    const tarvo_objeto semDocumento[] = {pagamentos, relatorios};
+    EXPECT_EQ(tarvo_exportar_reunidos(semDocumento, 2, TARVO_PDF, Saida("x").c_str()), 438);
+    EXPECT_EQ(tarvo_exportar_reunidos(duasVezes, 2, TARVO_JSON, Saida("x").c_str()), 5);
+    EXPECT_EQ(tarvo_exportar_reunidos(duasVezes, 2, 3, Saida("x").c_str()), 5);
+    EXPECT_FALSE(std::filesystem::exists(Saida("x")));
+    EXPECT_EQ(tarvo_construir_cadastro(outro, banco, IE), 0) << "nothing stays in use";
+}
+
 TEST_F(MauUso, TextsThatAreNotUtf8AreRefused) {
     for (const auto* ruim : {"\x80", "a\xC3", "\xC0\xAF", "\xE2\x82", "\xED\xA0\x80",
                              "\xF4\x90\x80\x80", "\xFF", "\xF0\x80\x80\xAF"}) {
         EXPECT_EQ(tarvo_construir(pagamentos, banco, ruim, DRQ), 5);
         EXPECT_EQ(tarvo_criar(ruim, &memoria), 5);
+        EXPECT_EQ(tarvo_existe_contribuinte(banco, ruim, &existe), 5);
+        EXPECT_EQ(tarvo_imprimir_em(pagamentos, ruim), 5);
+        EXPECT_EQ(tarvo_revisar(banco, ruim, DRQ, nullptr, nullptr, VerAchado, nullptr), 5);
+        EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, ruim, nullptr, VerAchado, nullptr), 5);
     }
     EXPECT_EQ(tarvo_construir(pagamentos, banco, "São João € 𝄞", DRQ), 0) << tarvo_erro_texto();
 }

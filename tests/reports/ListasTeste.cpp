@@ -1,3 +1,4 @@
+#include "data/Textos.h"
 #include "dispatch/Catalogo.h"
 #include "document/Imagens.h"
 #include "tests/reports/PaginaEsperada.h"
@@ -28,7 +29,7 @@ TEST(Listas, AMissingTaxpayerOrDeclarationGivesATitledEmptyPage) {
             const Conteudo& c = relatorio->Documento();
             EXPECT_EQ(c.paginas, std::vector<Pagina>(1)) << relatorio->Identidade().classe;
             EXPECT_FALSE(c.titulo.empty());
-            EXPECT_LE(Caracteres(c.tituloResumido), 30);
+            EXPECT_LE(Caracteres(c.tituloResumido), 30U);
             EXPECT_EQ(c.icone, &frmFiguras::imgIconeR);
             EXPECT_EQ(c.orientacao, 0);
             EXPECT_EQ(c.margens, (Margens{2, 2, 2, 2}));

@@ -1,4 +1,4 @@
-#include "host/commands/Declaracoes.h"
+#include "dispatch/Declaracoes.h"
 
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
@@ -6,7 +6,7 @@
 #include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 
-namespace tarvo::host {
+namespace tarvo {
 
 namespace {
 
@@ -79,4 +79,4 @@ bool ExisteDeclaracao(BancoDados& banco, std::int32_t NroDRQ) {
     return TemLinha(banco, ConsultaRef1(NroDRQ));
 }
 
-}  // namespace tarvo::host
+}  // namespace tarvo

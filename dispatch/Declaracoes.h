@@ -7,9 +7,10 @@
 #include <vector>
 
 #include "data/BancoDados.h"
+#include "data/Publico.h"
 
-// The taxpayers and declarations of a database, as the host lists and offers them.
-namespace tarvo::host {
+// The taxpayers and declarations of a database, as hosts list and offer them.
+namespace tarvo {
 
 struct Contribuinte {
     std::string IE;
@@ -28,14 +29,14 @@ struct Declaracao {
 };
 
 // In Portuguese order of the company's name.
-std::vector<Contribuinte> LerContribuintes(BancoDados& banco);
+TARVO_PUBLICO std::vector<Contribuinte> LerContribuintes(BancoDados& banco);
 // In order of reference, then number.
-std::vector<Declaracao> LerDeclaracoes(BancoDados& banco);
+TARVO_PUBLICO std::vector<Declaracao> LerDeclaracoes(BancoDados& banco);
 // The same one by one, for who does not keep them.
-void PercorrerDeclaracoes(BancoDados& banco,
-                          const std::function<void(const Declaracao& declaracao)>& visitar);
+TARVO_PUBLICO void PercorrerDeclaracoes(
+    BancoDados& banco, const std::function<void(const Declaracao& declaracao)>& visitar);
 
-bool ExisteContribuinte(BancoDados& banco, const std::string& IE);
-bool ExisteDeclaracao(BancoDados& banco, std::int32_t NroDRQ);
+TARVO_PUBLICO bool ExisteContribuinte(BancoDados& banco, const std::string& IE);
+TARVO_PUBLICO bool ExisteDeclaracao(BancoDados& banco, std::int32_t NroDRQ);
 
-}  // namespace tarvo::host
+}  // namespace tarvo
