@@ -31,13 +31,13 @@ Relatorios::~Relatorios() {
     }
 }
 
-void Relatorios::Executar(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ,
+void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ,
                           std::int32_t OpcoesSelecionadas) {
     for (const auto& entrada : entradas_) {
         entrada.relatorio->Ocultar();
     }
     frmImpressaoRelatorios dialogo;
-    Oferecer(dialogo, OpcoesSelecionadas, AnoDaReferencia(BancoDados, NumeroDRQ));
+    Oferecer(dialogo, OpcoesSelecionadas, AnoDaReferencia(banco, NumeroDRQ));
     dialogo.ExibirModal(janela_);
     if (dialogo.lngModoSaida != ModoSaida::Visualizar &&
         dialogo.lngModoSaida != ModoSaida::Imprimir) {
@@ -49,7 +49,7 @@ void Relatorios::Executar(BancoDados& BancoDados, const std::string& IE, std::in
             continue;
         }
         RelatorioDeclaracao& relatorio = *entradas_.at(lista.Relatorio(i)).relatorio;
-        relatorio.Construir(BancoDados, IE, NumeroDRQ);
+        relatorio.Construir(banco, IE, NumeroDRQ);
         if (dialogo.lngModoSaida == ModoSaida::Visualizar) {
             relatorio.Exibir();
         } else if (dialogo.lngModoSaida == ModoSaida::Imprimir) {
@@ -58,9 +58,9 @@ void Relatorios::Executar(BancoDados& BancoDados, const std::string& IE, std::in
     }
 }
 
-int Relatorios::AnoDaReferencia(BancoDados& BancoDados, std::int32_t NumeroDRQ) {
+int Relatorios::AnoDaReferencia(BancoDados& banco, std::int32_t NumeroDRQ) {
     const auto declaracao =
-        BancoDados.OpenRecordset(ConsultaRef1(NumeroDRQ), TipoRecordset::ForwardOnly);
+        banco.OpenRecordset(ConsultaRef1(NumeroDRQ), TipoRecordset::ForwardOnly);
     return DataCampo(declaracao->Fields("Ref1")).Ano();
 }
 

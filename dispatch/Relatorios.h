@@ -42,12 +42,12 @@ class TARVO_PUBLICO Relatorios {
     // in OpcoesSelecionadas (bit i is entry i; others are ignored), then builds each chosen report
     // and shows or prints it before the next is built. Error 3021, before the dialog, when there
     // is no such declaration. Any error ends the call; what was produced before it stays.
-    void Executar(BancoDados& BancoDados, const std::string& IE, std::int32_t NumeroDRQ,
+    void Executar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ,
                   std::int32_t OpcoesSelecionadas);
 
     // The year of the declaration's first reference date; 1899 for a Null date. Error 3021 when
     // there is no such declaration.
-    static int AnoDaReferencia(BancoDados& BancoDados, std::int32_t NumeroDRQ);
+    static int AnoDaReferencia(BancoDados& banco, std::int32_t NumeroDRQ);
 
   private:
     void Oferecer(frmImpressaoRelatorios& dialogo, std::int32_t opcoes, int ano) const;
