@@ -96,9 +96,16 @@ std::string ListaDeFormatos() {
     return lista;
 }
 
-std::string PrimeiroArquivo(const FormatoDeSaida& formato, std::string_view nome) {
-    return formato.escrever == nullptr ? NomeDaPaginaPNG(nome, 1)
-                                       : std::string(nome).append(".").append(formato.nome);
+std::vector<std::string> NomesDosArquivos(const FormatoDeSaida& formato, std::string_view nome,
+                                          std::size_t paginas) {
+    if (formato.escrever != nullptr) {
+        return {std::string(nome).append(".").append(formato.nome)};
+    }
+    std::vector<std::string> nomes;
+    for (std::size_t pagina = 1; pagina <= paginas; ++pagina) {
+        nomes.push_back(NomeDaPaginaPNG(nome, pagina));
+    }
+    return nomes;
 }
 
 ResultadoDaSaida Gravar(std::span<const DocumentoDeSaida> documentos, const FormatoDeSaida& formato,
@@ -107,8 +114,8 @@ ResultadoDaSaida Gravar(std::span<const DocumentoDeSaida> documentos, const Form
     CriarPasta(pasta);
     return formato.escrever == nullptr
                ? GravarPaginas(documentos, pasta, nome, opcoes)
-               : GravarUmArquivo(documentos, formato, pasta / PrimeiroArquivo(formato, nome),
-                                 opcoes);
+               : GravarUmArquivo(documentos, formato,
+                                 pasta / NomesDosArquivos(formato, nome, 1).front(), opcoes);
 }
 
 }  // namespace tarvo

@@ -56,9 +56,10 @@ const FormatoDeSaida* ProcurarFormato(std::string_view nome);
 // "pdf, png (um arquivo por página) ou json"
 std::string ListaDeFormatos();
 
-// "10-RelatorioApuracaoOpProp.pdf", "10-RelatorioApuracaoOpProp-001.png": the first file of those
-// that Gravar writes.
-std::string PrimeiroArquivo(const FormatoDeSaida& formato, std::string_view nome);
+// The names of the files that Gravar writes: "10-RelatorioApuracaoOpProp.pdf", or of each page
+// "10-RelatorioApuracaoOpProp-001.png" and on.
+std::vector<std::string> NomesDosArquivos(const FormatoDeSaida& formato, std::string_view nome,
+                                          std::size_t paginas);
 
 // Writes documents into a folder, which is made when it is missing; nome: of the file without its
 // ending. On an error no new file is left and one of an earlier run stays as it was. Pages of an

@@ -10,6 +10,20 @@ std::string Contados(std::size_t quantos, const char* um, const char* varios) {
     return std::to_string(quantos) + " " + (quantos == 1 ? um : varios);
 }
 
+// The first few by name.
+std::string Listadas(const std::set<std::string>& nomes) {
+    constexpr std::size_t PorNome = 20;
+    std::string lista;
+    std::size_t quantos = 0;
+    for (const auto& nome : nomes) {
+        if (quantos == PorNome) {
+            return lista + " e mais " + std::to_string(nomes.size() - PorNome);
+        }
+        lista += (quantos++ == 0 ? "" : ", ") + nome;
+    }
+    return lista;
+}
+
 // "1 h 05 min", "3 min 20 s", "12 s"
 std::string Duracao(std::chrono::seconds tempo) {
     const auto doisDigitos = [](std::chrono::seconds::rep n) {
@@ -34,17 +48,19 @@ ProgressoLote::ProgressoLote(Console& console, const Configuracoes& configuracoe
       declaracoes_(declaracoes),
       noTerminal_(noTerminal) {}
 
-void ProgressoLote::Concluir(const std::string& declaracao, std::size_t gravados,
-                             std::size_t prontos) {
+void ProgressoLote::Concluir(const std::string& declaracao, const ContagemDaDeclaracao& contagem) {
     const std::lock_guard trava(mutex_);
     ++concluidas_;
-    gravados_ += gravados;
-    prontos_ += prontos;
-    feitas_ += gravados != 0 ? 1 : 0;
+    gravados_ += contagem.gravados;
+    prontos_ += contagem.prontos;
+    feitas_ += contagem.gravados != 0 ? 1 : 0;
+    for (const auto diferenca : contagem.diferencas) {
+        refeitas_[diferenca].insert(declaracao);
+    }
     if (noTerminal_) {
         EscreverLinha();
     } else {
-        saida_ << declaracao << "  " << Contados(gravados, "arquivo", "arquivos") << "\n"
+        saida_ << declaracao << "  " << Contados(contagem.gravados, "arquivo", "arquivos") << "\n"
                << std::flush;
     }
 }
@@ -78,7 +94,11 @@ void ProgressoLote::Terminar() {
     if (falhas_ != 0) {
         saida_ << ", " << Contados(falhas_, "falha", "falhas") << " (veja resumo.csv)";
     }
-    saida_ << "\n" << std::flush;
+    saida_ << "\n";
+    for (const auto& [diferenca, declaracoes] : refeitas_) {
+        saida_ << "refeitas, porque " << diferenca << ": " << Listadas(declaracoes) << "\n";
+    }
+    saida_ << std::flush;
 }
 
 // The estimate counts only what this run makes.

@@ -2,15 +2,25 @@
 
 #include <chrono>
 #include <cstddef>
+#include <map>
 #include <mutex>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "data/CodigosDeErros.h"
 #include "document/Ambiente.h"
 #include "host/commands/Console.h"
 
 namespace tarvo::host {
+
+// What came of one declaration.
+struct ContagemDaDeclaracao {
+    std::size_t gravados = 0;  // files made now
+    std::size_t prontos = 0;   // made by an earlier run
+    // Why files of an earlier run were made again: "os dados mudaram".
+    std::set<std::string_view> diferencas = {};
+};
 
 // Tells how far a batch is: one line with an estimate that is rewritten on a terminal, a line for
 // each declaration elsewhere. Several threads may call.
@@ -20,9 +30,8 @@ class ProgressoLote {
     ProgressoLote(Console& console, const Configuracoes& configuracoes, std::size_t declaracoes,
                   bool noTerminal);
 
-    // One declaration is done. gravados counts the files made now, prontos those that an earlier
-    // run had made.
-    void Concluir(const std::string& declaracao, std::size_t gravados, std::size_t prontos);
+    // One declaration is done.
+    void Concluir(const std::string& declaracao, const ContagemDaDeclaracao& contagem);
     // A report failed: said at once, advice only the first time.
     void Falhar(const Erro& erro, const std::string& contexto);
     void Avisar(const std::string& aviso);
@@ -47,6 +56,7 @@ class ProgressoLote {
     std::size_t gravados_ = 0;
     std::size_t prontos_ = 0;
     std::size_t falhas_ = 0;
+    std::map<std::string_view, std::set<std::string>> refeitas_;  // declarations, by why
     std::set<NumeroErro> aconselhados_;
 };
 

@@ -3,12 +3,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <charconv>
-#include <fstream>
-#include <optional>
-#include <string_view>
-#include <vector>
+#include <map>
+#include <tuple>
 
 #include "data/CodigosDeErros.h"
 #include "system/files/Arquivos.h"
@@ -20,75 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view Cabecalho =
-    "\xEF\xBB\xBFinscrição;declaração;referência;relatório;arquivo;bytes;páginas;cortados;erro;"
-    "descrição\r\n";
-constexpr std::size_t Colunas = 10;
-
-std::string Citado(std::string_view texto) {
-    if (texto.find_first_of(";\"\r\n") == std::string_view::npos) {
-        return std::string(texto);
-    }
-    std::string citado = "\"";
-    for (const char c : texto) {
-        if (c == '"') {
-            citado += '"';
-        }
-        citado += c == '\r' || c == '\n' ? ' ' : c;
-    }
-    return citado + "\"";
-}
-
-std::string Escrita(const LinhaResumo& l) {
-    return Citado(l.IE) + ';' + std::to_string(l.NroDRQ) + ';' + l.referencia + ';' + l.relatorio +
-           ';' + Citado(l.arquivo) + ';' + std::to_string(l.bytes) + ';' +
-           std::to_string(l.paginas) + ';' + std::to_string(l.cortados) + ';' +
-           std::to_string(l.erro) + ';' + Citado(l.descricao) + "\r\n";
-}
-
-std::vector<std::string> Separar(std::string_view linha) {
-    std::vector<std::string> colunas(1);
-    bool citado = false;
-    for (std::size_t i = 0; i < linha.size(); ++i) {
-        const char c = linha[i];
-        if (c == '"' && citado && i + 1 < linha.size() && linha[i + 1] == '"') {
-            colunas.back() += c;
-            ++i;
-        } else if (c == '"') {
-            citado = !citado;
-        } else if (c == ';' && !citado) {
-            colunas.emplace_back();
-        } else {
-            colunas.back() += c;
-        }
-    }
-    return colunas;
-}
-
-template <class Inteiro>
-bool LerNumero(const std::string& texto, Inteiro& numero) {
-    const char* const fim = texto.data() + texto.size();
-    const auto lido = std::from_chars(texto.data(), fim, numero);
-    return lido.ec == std::errc() && lido.ptr == fim;
-}
-
-std::optional<LinhaResumo> Lida(std::string_view texto) {
-    const auto c = Separar(texto);
-    LinhaResumo l;
-    if (c.size() != Colunas || !LerNumero(c[1], l.NroDRQ) || !LerNumero(c[5], l.bytes) ||
-        !LerNumero(c[6], l.paginas) || !LerNumero(c[7], l.cortados) || !LerNumero(c[8], l.erro)) {
-        return std::nullopt;
-    }
-    l.IE = c[0];
-    l.referencia = c[2];
-    l.relatorio = c[3];
-    l.arquivo = c[4];
-    l.descricao = c[9];
-    return l;
-}
-
-fs::path ArquivoDoResumo(const fs::path& pasta) {
-    return pasta / "resumo.csv";
+[[noreturn]] void Recusar(const fs::path& arquivo, const char* motivo) {
+    throw Erro(NumeroErro::ChamadaInvalida, "\"" + arquivo.string() + "\" " + motivo);
 }
 
 bool Existe(const fs::path& arquivo) {
@@ -96,70 +27,142 @@ bool Existe(const fs::path& arquivo) {
     return fs::exists(fs::symlink_status(arquivo, ignorado));
 }
 
-// The file to write to, with its header.
-int Abrir(const fs::path& arquivo, bool continuar) {
-    if (!Existe(arquivo)) {
-        GravarArquivo(arquivo, Cabecalho);
-    } else if (!continuar) {
-        throw Erro(NumeroErro::ArquivoJaExiste,
-                   "\"" + arquivo.string() + "\" já existe: a pasta tem o resumo de um lote.");
-    }
-    const int descritor = ::open(arquivo.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
-    if (descritor < 0) {
-        LancarErroDeArquivo(arquivo, errno);
-    }
-    return descritor;
+bool EhLinhaDoLote(const LinhaResumo& linha) {
+    return linha.relatorio == CodigoLote && PastaDeEspera::EhNomeDeEspera(linha.arquivo);
 }
 
 }  // namespace
 
-void FiltrarResumo(const fs::path& pasta,
-                   const std::function<bool(const LinhaResumo& linha)>& manter) {
-    const fs::path arquivo = ArquivoDoResumo(pasta);
-    if (!Existe(arquivo)) {
-        return;
+ResumoLote::ResumoLote(const fs::path& pasta, bool retomar, LinhaResumo lote)
+    : arquivo_(pasta / "resumo.csv") {
+    const bool existe = Existe(arquivo_);
+    if (existe && !retomar) {
+        throw Erro(NumeroErro::ArquivoJaExiste,
+                   "\"" + arquivo_.string() + "\" já existe: a pasta tem o resumo de um lote.");
     }
-    std::ifstream anterior(arquivo, std::ios::binary);
-    std::string linha;
-    std::getline(anterior, linha);
-    if (linha + "\n" != Cabecalho) {
-        throw Erro(NumeroErro::ChamadaInvalida,
-                   "\"" + arquivo.string() + "\" não é o resumo de um lote; use outra pasta.");
+    const bool semFim = existe && LerAnteriores();
+    espera_ = loteAnterior_ ? PastaDeEspera::Retomada(pasta / loteAnterior_->arquivo)
+                            : PastaDeEspera::Nova(pasta);
+    lote.relatorio = CodigoLote;
+    lote.arquivo = espera_->Caminho().filename().string();
+    if (!existe) {
+        GravarArquivo(arquivo_, Cabecalho() + Escrita(lote));
     }
-    GravacaoSegura nova(arquivo);
-    nova.Escrever(Cabecalho);
-    // A line without its end was cut short.
-    while (std::getline(anterior, linha) && !anterior.eof()) {
-        if (!linha.ends_with('\r')) {
-            continue;
-        }
-        linha.pop_back();
-        const auto lida = Lida(linha);
-        if (lida && manter(*lida)) {
-            nova.Escrever(linha + "\r\n");
-        }
+    saida_.emplace(::open(arquivo_.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_CLOEXEC));
+    if (saida_->Valor() < 0) {
+        LancarErroDeArquivo(arquivo_, errno);
     }
-    if (anterior.bad()) {
-        LancarErroDeArquivo(arquivo, EIO);
+    if (existe) {
+        Escrever((semFim ? "\r\n" : "") + Escrita(lote));
     }
-    nova.Confirmar();
 }
 
-ResumoLote::ResumoLote(const fs::path& pasta, bool continuar)
-    : arquivo_(ArquivoDoResumo(pasta)), saida_(Abrir(arquivo_, continuar)) {}
+ResumoLote::~ResumoLote() = default;
 
-void ResumoLote::Acrescentar(const LinhaResumo& l) {
-    const std::string linha = Escrita(l);
-    std::string_view resto = linha;
-    const std::lock_guard trava(mutex_);
-    while (!resto.empty()) {
-        const ssize_t escritos = ::write(saida_.Valor(), resto.data(), resto.size());
-        if (escritos >= 0) {
-            resto.remove_prefix(static_cast<std::size_t>(escritos));
-        } else if (errno != EINTR) {
-            LancarErroDeArquivo(arquivo_, errno);
+bool ResumoLote::LerAnteriores() {
+    std::error_code ignorado;
+    if (!fs::is_regular_file(fs::symlink_status(arquivo_, ignorado))) {
+        Recusar(arquivo_, "não é um arquivo comum; use outra pasta.");
+    }
+    leitura_.open(arquivo_, std::ios::binary);
+    LeitorDeRegistros leitor(leitura_);
+    std::string registro;
+    leitor.Proximo(registro);
+    switch (TipoPeloCabecalho(registro)) {
+        case TipoDeResumo::Atual:
+            break;
+        case TipoDeResumo::SemHashes:
+            Recusar(arquivo_,
+                    "é o resumo de um lote da versão 1.0, que não diz de que dados foi feito; use "
+                    "outra pasta.");
+        case TipoDeResumo::Nenhum:
+            Recusar(arquivo_, "não é o resumo de um lote; use outra pasta.");
+    }
+    bool semFim = !registro.ends_with('\n');
+    while (leitor.Proximo(registro)) {
+        const auto lida = Lida(registro);
+        semFim = !registro.ends_with('\n');
+        if (semFim && !lida) {
+            // A kill cut it short.
+            semFim = false;
+            if (::truncate(arquivo_.c_str(), static_cast<off_t>(leitor.Inicio())) != 0) {
+                LancarErroDeArquivo(arquivo_, errno);
+            }
+        } else if (lida && EhLinhaDoLote(*lida)) {
+            loteAnterior_ = *lida;
+            descartadas_.push_back(leitor.Inicio());
+        } else if (lida) {
+            lugares_.push_back({lida->NroDRQ, leitor.Inicio()});
         }
     }
+    if (leitura_.bad()) {
+        LancarErroDeArquivo(arquivo_, EIO);
+    }
+    leitura_.clear();
+    std::ranges::sort(lugares_, {}, [](const Lugar& l) { return std::tuple(l.NroDRQ, l.posicao); });
+    return semFim;
+}
+
+std::vector<ResumoLote::LinhaAnterior> ResumoLote::Anteriores(std::int32_t NroDRQ) {
+    std::map<std::string, LinhaAnterior> ultimas;
+    std::string registro;
+    for (const Lugar& lugar : std::ranges::equal_range(lugares_, NroDRQ, {}, &Lugar::NroDRQ)) {
+        const std::lock_guard trava(mutex_);
+        leitura_.seekg(static_cast<std::streamoff>(lugar.posicao));
+        LeitorDeRegistros(leitura_).Proximo(registro);
+        leitura_.clear();
+        // The file may have been changed since.
+        auto lida = Lida(registro);
+        if (!lida || lida->NroDRQ != NroDRQ) {
+            continue;
+        }
+        auto& ultima = ultimas[lida->arquivo.empty() ? lida->relatorio : lida->arquivo];
+        if (ultima.posicao != 0) {
+            descartadas_.push_back(ultima.posicao);
+        }
+        ultima = {*std::move(lida), lugar.posicao};
+    }
+    std::vector<LinhaAnterior> linhas;
+    for (auto& [nome, linha] : ultimas) {
+        linhas.push_back(std::move(linha));
+    }
+    return linhas;
+}
+
+void ResumoLote::Descartar(std::uint64_t posicao) {
+    const std::lock_guard trava(mutex_);
+    descartadas_.push_back(posicao);
+}
+
+void ResumoLote::Acrescentar(const LinhaResumo& linha) {
+    Escrever(Escrita(linha));
+}
+
+void ResumoLote::Escrever(const std::string& texto) {
+    const std::lock_guard trava(mutex_);
+    if (const int erro = EscreverTudo(saida_->Valor(), texto); erro != 0) {
+        LancarErroDeArquivo(arquivo_, erro);
+    }
+}
+
+void ResumoLote::Terminar() {
+    saida_.reset();
+    if (descartadas_.empty()) {
+        return;
+    }
+    std::ranges::sort(descartadas_);
+    leitura_.seekg(0);
+    GravacaoSegura nova(arquivo_, espera_->Caminho());
+    LeitorDeRegistros leitor(leitura_);
+    for (std::string registro; leitor.Proximo(registro);) {
+        if (!std::ranges::binary_search(descartadas_, leitor.Inicio())) {
+            nova.Escrever(registro);
+        }
+    }
+    if (leitura_.bad()) {
+        LancarErroDeArquivo(arquivo_, EIO);
+    }
+    nova.Confirmar();
 }
 
 }  // namespace tarvo::host

@@ -2,47 +2,69 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
+#include <fstream>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "host/batch/LinhaResumo.h"
 #include "system/files/Descritor.h"
+#include "system/files/PastaDeEspera.h"
 
 namespace tarvo::host {
 
-// One produced file of a batch, or the reason why there is none.
-struct LinhaResumo {
-    std::string IE;
-    std::int32_t NroDRQ = 0;
-    std::string referencia;
-    std::string relatorio;     // code; "todos" for the one file of a declaration
-    std::string arquivo;       // relative to the batch's folder; empty when there is none
-    std::uintmax_t bytes = 0;  // of that file
-    std::size_t paginas = 0;
-    std::size_t cortados = 0;  // texts that did not fit
-    int erro = 0;              // 0: produced
-    std::string descricao;     // of the error
-};
-
-// The summary of a batch (resumo.csv: semicolons, UTF-8 with a byte-order mark), which is also its
-// journal: a line is written as soon as its file is complete, so that a stopped batch knows what it
-// need not do again. Several threads may write. Errors: those of Arquivos.h.
+// The summary of a batch (resumo.csv), which is also its journal: a line is written as soon as its
+// file is complete, so that a stopped batch knows what it need not do again. It also names the
+// folder where the batch keeps everything temporary. Lines that cannot be read stay as they are.
+// Several threads may call. Errors: those of Arquivos.h, and error 5 for a file that is no such
+// summary.
 class ResumoLote {
   public:
-    // Opens the folder's summary, or begins one. continuar: error 58 otherwise when there is one.
-    ResumoLote(const std::filesystem::path& pasta, bool continuar);
+    // Begins the folder's summary, error 58 when it has one; or, to go on, opens it where there is
+    // one. lote: what this batch is made from (see CodigoLote); its arquivo is filled in.
+    ResumoLote(const std::filesystem::path& pasta, bool retomar, LinhaResumo lote);
+    ~ResumoLote();
+    ResumoLote(const ResumoLote&) = delete;
+    ResumoLote& operator=(const ResumoLote&) = delete;
+
+    // Where all that is temporary stands, as long as this object.
+    [[nodiscard]] const std::filesystem::path& Temporarios() const { return espera_->Caminho(); }
+    // What the earlier run was made from.
+    [[nodiscard]] const std::optional<LinhaResumo>& LoteAnterior() const { return loteAnterior_; }
+
+    // The lines of an earlier run for a declaration, the last one for each file and each failure.
+    struct LinhaAnterior {
+        LinhaResumo linha;
+        std::uint64_t posicao = 0;
+    };
+    std::vector<LinhaAnterior> Anteriores(std::int32_t NroDRQ);
+    // That line no longer holds.
+    void Descartar(std::uint64_t posicao);
 
     void Acrescentar(const LinhaResumo& linha);
+    // Takes out what no longer holds. The last call.
+    void Terminar();
 
   private:
-    std::filesystem::path arquivo_;
-    Descritor saida_;
-    std::mutex mutex_;
-};
+    struct Lugar {
+        std::int32_t NroDRQ = 0;
+        std::uint64_t posicao = 0;
+    };
 
-// Of the lines of the folder's summary, if it has one, keeps those for which manter is true; a line
-// that a kill cut short goes. Error 5 when the file is no summary.
-void FiltrarResumo(const std::filesystem::path& pasta,
-                   const std::function<bool(const LinhaResumo& linha)>& manter);
+    // Whether the last line lacks its end.
+    bool LerAnteriores();
+    void Escrever(const std::string& texto);
+
+    const std::filesystem::path arquivo_;
+    std::unique_ptr<PastaDeEspera> espera_;
+    std::optional<LinhaResumo> loteAnterior_;
+    std::vector<Lugar> lugares_;  // of earlier lines, by declaration
+    std::mutex mutex_;
+    std::ifstream leitura_;
+    std::vector<std::uint64_t> descartadas_;
+    std::optional<Descritor> saida_;
+};
 
 }  // namespace tarvo::host

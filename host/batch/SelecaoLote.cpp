@@ -1,8 +1,11 @@
 #include "host/batch/SelecaoLote.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <tuple>
 
 #include "dispatch/Declaracoes.h"
+#include "host/batch/HashDeDados.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 
 namespace tarvo::host {
@@ -42,35 +45,33 @@ std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argum
     std::erase_if(lista, [&](const DeclaracaoDoLote& d) {
         return (a.IE && d.IE != *a.IE) || !NoIntervalo(d.ref1, a);
     });
-    std::ranges::sort(lista, {}, &DeclaracaoDoLote::NroDRQ);
+    const auto chave = [](const DeclaracaoDoLote& d) { return std::tie(d.NroDRQ, d.IE); };
+    std::ranges::sort(lista, {}, chave);
+    const auto repetidas = std::ranges::unique(lista, {}, chave);
+    lista.erase(repetidas.begin(), repetidas.end());
     return lista;
 }
 
-const DeclaracaoDoLote* Procurar(const std::vector<DeclaracaoDoLote>& declaracoes,
-                                 std::int32_t NroDRQ) {
-    const auto achada =
-        std::ranges::lower_bound(declaracoes, NroDRQ, {}, &DeclaracaoDoLote::NroDRQ);
-    return achada != declaracoes.end() && achada->NroDRQ == NroDRQ ? &*achada : nullptr;
-}
-
 std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao) {
+    constexpr std::string_view Digitos = "0123456789ABCDEF";
     constexpr std::size_t MaiorInscricao = 64;
     std::string nome;
-    for (const char c : declaracao.IE.substr(0, MaiorInscricao)) {
-        const bool simples = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
-                             (c >= 'a' && c <= 'z') || c == '-' || c == '.';
-        nome += simples && !(nome.empty() && c == '.') ? c : '_';
+    for (const char c : declaracao.IE) {
+        const bool letra =
+            (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        if (letra || (!nome.empty() && (c == '-' || c == '.'))) {
+            nome += c;
+        } else {
+            const auto byte = static_cast<unsigned char>(c);
+            (nome += '_').append({Digitos[byte >> 4U], Digitos[byte & 0xFU]});
+        }
     }
-    return nome + "-" + std::to_string(declaracao.NroDRQ);
-}
-
-std::string ArquivoNoLote(const DeclaracaoDoLote& declaracao, const std::string& codigo,
-                          const FormatoDeSaida& formato) {
-    const std::string nome = NomeDaDeclaracao(declaracao);
-    if (codigo == CodigoUnico) {
-        return PrimeiroArquivo(formato, nome);
+    if (nome.size() > MaiorInscricao) {
+        nome = nome.substr(0, MaiorInscricao) + "_" + HashDeTexto(declaracao.IE);
     }
-    return nome + "/" + PrimeiroArquivo(formato, NomeDoArquivo(codigo));
+    // A minus would make the registration's end look like the number's sign.
+    return nome + (declaracao.NroDRQ < 0 ? "-_" : "-") +
+           std::to_string(std::abs(std::int64_t{declaracao.NroDRQ}));
 }
 
 }  // namespace tarvo::host

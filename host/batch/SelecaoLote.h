@@ -18,21 +18,12 @@ struct DeclaracaoDoLote {
     std::optional<Data> ref1;
 };
 
-// Those that the command line's filters leave, by number. In a database that does not tell whose
-// the declarations are, all are IE's; without IE UsoErrado.
+// Those that the command line's filters leave, by number, each once. In a database that does not
+// tell whose the declarations are, all are IE's; without IE UsoErrado.
 std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argumentos& argumentos);
 
-// The declaration of that number; nullptr when it was not chosen.
-const DeclaracaoDoLote* Procurar(const std::vector<DeclaracaoDoLote>& declaracoes,
-                                 std::int32_t NroDRQ);
-
-// "250114377019-101": one part of a path, whatever the registration holds.
+// "250114377019-101": one part of a path, whatever the registration holds, and another one for
+// every other declaration. It begins with a letter, a digit or "_".
 std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao);
-
-// The file of a report that the summary names, relative to the batch's folder; of PNG pages the
-// first. With unico, codigo is CodigoUnico.
-constexpr const char* CodigoUnico = "todos";
-std::string ArquivoNoLote(const DeclaracaoDoLote& declaracao, const std::string& codigo,
-                          const FormatoDeSaida& formato);
 
 }  // namespace tarvo::host

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tests/host/Programa.h"
@@ -14,12 +16,30 @@ class ComLote : public ComExemplo {
   protected:
     [[nodiscard]] std::vector<std::string> Argumentos(std::vector<std::string> outros = {}) const {
         outros.insert(outros.begin(),
-                      {"lote", Banco(), "--saida", Saida(), "--ref-atual", "07/2003"});
+                      {"lote", Banco(), "--saida", Saida(), "--ref-atual", refAtual});
         return outros;
     }
     Execucao RodarLote(const std::vector<std::string>& outros = {},
                        const Condicoes& condicoes = {}) {
         return Rodar(Argumentos(outros), condicoes);
+    }
+
+    // The example's ten declarations that many times more, so that a batch takes a while.
+    void Multiplicar(int vezes) {
+        Executar(
+            "create temp table n as with recursive r(i) as (select 1 union all select i + 1 from r "
+            "where i < " +
+            std::to_string(vezes) +
+            ") select i from r;"
+            "insert into tblDRQ select NroDRQ + 1000 * i, IE, Ref1, Ref2, Tipo, RegTrib, "
+            "Consistente, Autenticação, SaldoCredAntDig, ICMSFixPerRES, OutrasRES, DeduçõesRPA, "
+            "SaldoCredAntDigST, DeduçõesST from tblDRQ, n;");
+    }
+    // Until the summary of a running batch has so many lines, or the batch ends.
+    void EsperarLinhas(const Programa& lote, std::size_t linhas) {
+        while (lote.Ativo() && Resumo().size() < linhas) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
     }
 
     // Each file is a whole PDF, or the summary.
@@ -34,7 +54,8 @@ class ComLote : public ComExemplo {
         }
     }
 
-    // The lines of the summary, without its header, by declaration and report.
+    // The lines of the summary, without its header and that of the batch, by declaration and
+    // report.
     using Linha = std::vector<std::string>;
     std::map<std::pair<int, std::string>, Linha> Resumo() {
         std::map<std::pair<int, std::string>, Linha> linhas;
@@ -48,13 +69,18 @@ class ComLote : public ComExemplo {
             for (std::string coluna; std::getline(partes, coluna, ';');) {
                 colunas.push_back(coluna);
             }
-            EXPECT_EQ(colunas.size(), 10U) << texto;
+            EXPECT_EQ(colunas.size(), 14U) << texto;
+            if (colunas[3] == "lote") {
+                continue;
+            }
             const bool nova =
                 linhas.try_emplace({std::stoi(colunas[1]), colunas[3]}, colunas).second;
             EXPECT_TRUE(nova) << "twice: " << texto;
         }
         return linhas;
     }
+
+    std::string refAtual = "07/2003";
 };
 
 // What an i-node and a time tell: whether a file is still the same.

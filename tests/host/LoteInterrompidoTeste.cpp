@@ -1,9 +1,7 @@
 #include <sys/stat.h>
 
-#include <chrono>
 #include <csignal>
 #include <fstream>
-#include <thread>
 
 #include "tests/host/LoteDeTeste.h"
 
@@ -47,28 +45,13 @@ class LoteQueParou : public ComLote {
 };
 
 // What a stopped batch left is whole, and the next run makes exactly the rest.
-class LoteInterrompido : public LoteQueParou, public testing::WithParamInterface<int> {
-  protected:
-    // The example's ten declarations many times over, so that a batch takes a while.
-    void Multiplicar(int vezes) {
-        Executar(
-            "create temp table n as with recursive r(i) as (select 1 union all select i + 1 from r "
-            "where i < " +
-            std::to_string(vezes) +
-            ") select i from r;"
-            "insert into tblDRQ select NroDRQ + 1000 * i, IE, Ref1, Ref2, Tipo, RegTrib, "
-            "Consistente, Autenticação, SaldoCredAntDig, ICMSFixPerRES, OutrasRES, DeduçõesRPA, "
-            "SaldoCredAntDigST, DeduçõesST from tblDRQ, n;");
-    }
-};
+class LoteInterrompido : public LoteQueParou, public testing::WithParamInterface<int> {};
 
 TEST_P(LoteInterrompido, GoesOnWhereItStopped) {
     Multiplicar(60);
     const std::vector<std::string> relatorios{"--relatorios", "01,17"};
     Programa primeira(Argumentos(relatorios));
-    for (int i = 0; i < 20'000 && Resumo().size() < 100; ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
+    EsperarLinhas(primeira, 100);
     primeira.Sinalizar(GetParam());
     const Execucao e = primeira.Esperar();
     const auto antes = Identidades();

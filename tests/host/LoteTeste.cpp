@@ -24,10 +24,11 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(arquivos, Not(Contains("250114377019-103/15-RelatorioDetResSubstitut.pdf")));
     EXPECT_THAT(Resumo(), SizeIs(178));
     const std::string arquivo = "250114377019-101/10-RelatorioApuracaoOpProp.pdf";
-    EXPECT_THAT(
-        Resumo().at({101, "10"}),
-        ElementsAre("250114377019", "101", "07/2003", "10", arquivo,
-                    std::to_string(apoio::BytesDe(Saida(arquivo)).size()), "2", "0", "0", ""));
+    EXPECT_THAT(Resumo().at({101, "10"}),
+                ElementsAre("250114377019", "101", "07/2003", "10", arquivo,
+                            std::to_string(apoio::BytesDe(Saida(arquivo)).size()), "2", "0", "0",
+                            "", "", "", SizeIs(32), SizeIs(32)));
+    EXPECT_EQ(Resumo().at({101, "02"})[10], "07/2003") << "what its pages depend on";
     ConferirInteiros();
     EXPECT_EQ(apoio::BytesDe(Banco()), antes);
     EXPECT_THAT(Arquivos(pasta.Caminho()), Not(Contains(HasSubstr("exemplo.tarvo-"))));
@@ -107,18 +108,20 @@ TEST_P(LoteComFalha, StandsInTheSummaryStopsNothingAndIsAllThatIsTriedAgain) {
     const Execucao e = RodarLote(chamada);
     EXPECT_THAT(e, Termina(1, HasSubstr("erro 94: declaração 101, relatório 10: ")));
     EXPECT_THAT(e.saida, HasSubstr("1 falha (veja resumo.csv)"));
-    EXPECT_THAT(Resumo().at({101, "10"}), ElementsAre("250114377019", "101", "07/2003", "10", "",
-                                                      "0", "0", "0", "94", Not(IsEmpty())));
+    EXPECT_THAT(Resumo().at({101, "10"}),
+                ElementsAre("250114377019", "101", "07/2003", "10", "", "0", "0", "0", "94",
+                            Not(IsEmpty()), "", "", "", ""));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(unico ? 4 : 6));
     const std::string outra =
-        Saida(unico ? "250114377019-102.pdf" : "250114377019-101/17-RelatorioPagamentos.pdf");
+        Saida(unico ? "250114377019-102.pdf" : "250114377019-102/17-RelatorioPagamentos.pdf");
     const std::string antes = Identidade(outra);
 
     Executar("update tblDRQ set SaldoCredAntDig = 0 where NroDRQ = 101");
     chamada.emplace_back("--retomar");
     const Execucao segunda = RodarLote(chamada);
     EXPECT_THAT(segunda, Termina(0));
-    EXPECT_THAT(segunda.saida, HasSubstr(": 1 arquivo gravado, "));
+    EXPECT_THAT(segunda.saida,
+                HasSubstr(unico ? ": 1 arquivo gravado, " : ": 2 arquivos gravados, "));
     for (const auto& [chave, linha] : Resumo()) {
         EXPECT_EQ(linha[8], "0");
     }
@@ -140,9 +143,9 @@ TEST_F(Lote, DeclarationsWithoutATaxpayerAreToldNotPrintedEmpty) {
         Termina(1, AllOf(HasSubstr("erro 94: declaração 101: "),
                          HasSubstr("aviso: o contribuinte a/b;\".. da declaração 102 não"))));
     EXPECT_THAT(Arquivos(Saida()),
-                ElementsAre("a_b__..-102/01-RelatorioCadastro.pdf", "resumo.csv"));
+                ElementsAre("a_2Fb_3B_22..-102/01-RelatorioCadastro.pdf", "resumo.csv"));
     EXPECT_THAT(apoio::BytesDe(Saida("resumo.csv")),
-                HasSubstr("\r\n\"a/b;\"\"..\";102;08/2003;01;a_b__..-102/01-Rel"));
+                HasSubstr("\r\n\"a/b;\"\"..\";102;08/2003;01;a_2Fb_3B_22..-102/01-Rel"));
 }
 
 TEST_F(Lote, ADatabaseThatDoesNotSayWhoseTheDeclarationsAreNeedsATaxpayer) {

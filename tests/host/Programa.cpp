@@ -64,6 +64,12 @@ void Programa::Sinalizar(int sinal) const {
     ::kill(processo_, sinal);
 }
 
+bool Programa::Ativo() const {
+    siginfo_t fim{};
+    return ::waitid(P_PID, static_cast<id_t>(processo_), &fim, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           fim.si_pid == 0;
+}
+
 bool Programa::Dizer(const std::string& texto) const {
     for (int i = 0; i < 3000; ++i) {
         if (apoio::BytesDe(pasta_ / "erros").find(texto) != std::string::npos) {

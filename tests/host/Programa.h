@@ -32,6 +32,7 @@ class Programa {
   public:
     explicit Programa(const std::vector<std::string>& argumentos, const Condicoes& condicoes = {});
     void Sinalizar(int sinal) const;
+    [[nodiscard]] bool Ativo() const;
     // Waits until the command has said that on standard error; False when it has not in 30 s.
     [[nodiscard]] bool Dizer(const std::string& texto) const;
     Execucao Esperar();

@@ -1,0 +1,183 @@
+#include "host/batch/LinhaResumo.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <istream>
+#include <span>
+
+namespace tarvo::host {
+
+namespace {
+
+constexpr std::string_view Marca = "\xEF\xBB\xBF";
+constexpr std::array<std::string_view, 14> Colunas = {
+    "inscrição", "declaração", "referência", "relatório",        "arquivo", "bytes", "páginas",
+    "cortados",  "erro",       "descrição",  "referência atual", "opções",  "dados", "conteúdo"};
+constexpr std::size_t ColunasSemHashes = 10;
+
+// Before what a spreadsheet would take for a formula, and before itself.
+constexpr char Texto = '\'';
+constexpr std::string_view ComecosDeFormula = "=+-@\t'";
+
+std::string Celula(std::string_view texto) {
+    std::string celula;
+    if (!texto.empty() && ComecosDeFormula.find(texto.front()) != std::string_view::npos) {
+        celula += Texto;
+    }
+    const bool citada = texto.find_first_of(";\"\r\n") != std::string_view::npos;
+    for (const char c : texto) {
+        celula += c == '\r' || c == '\n' ? ' ' : c;
+        if (c == '"') {
+            celula += c;
+        }
+    }
+    return citada ? '"' + celula + '"' : celula;
+}
+
+std::string TextoDaCelula(std::string_view celula) {
+    return std::string(celula.substr(celula.starts_with(Texto) ? 1 : 0));
+}
+
+std::string_view SemFimDeLinha(std::string_view registro) {
+    for (const char fim : {'\n', '\r'}) {
+        if (registro.ends_with(fim)) {
+            registro.remove_suffix(1);
+        }
+    }
+    return registro;
+}
+
+template <class Inteiro>
+bool LerNumero(const std::string& texto, Inteiro& numero) {
+    const char* const fim = texto.data() + texto.size();
+    const auto lido = std::from_chars(texto.data(), fim, numero);
+    return lido.ec == std::errc() && lido.ptr == fim;
+}
+
+}  // namespace
+
+std::string Escrita(const LinhaResumo& l) {
+    std::string linha;
+    for (const auto& celula :
+         {Celula(l.IE), std::to_string(l.NroDRQ), Celula(l.referencia), Celula(l.relatorio),
+          Celula(l.arquivo), std::to_string(l.bytes), std::to_string(l.paginas),
+          std::to_string(l.cortados), std::to_string(l.erro), Celula(l.descricao),
+          Celula(l.refAtual), Celula(l.opcoes), Celula(l.dados)}) {
+        linha += celula + ';';
+    }
+    return linha + Celula(l.conteudo) + "\r\n";
+}
+
+std::optional<LinhaResumo> Lida(std::string_view registro) {
+    const auto celulas = SepararCelulas(registro);
+    LinhaResumo l;
+    if (celulas.size() != Colunas.size() || !LerNumero(celulas[1], l.NroDRQ) ||
+        !LerNumero(celulas[5], l.bytes) || !LerNumero(celulas[6], l.paginas) ||
+        !LerNumero(celulas[7], l.cortados) || !LerNumero(celulas[8], l.erro)) {
+        return std::nullopt;
+    }
+    const auto texto = [&](std::size_t coluna) { return TextoDaCelula(celulas[coluna]); };
+    l.IE = texto(0);
+    l.referencia = texto(2);
+    l.relatorio = texto(3);
+    l.arquivo = texto(4);
+    l.descricao = texto(9);
+    l.refAtual = texto(10);
+    l.opcoes = texto(11);
+    l.dados = texto(12);
+    l.conteudo = texto(13);
+    return l;
+}
+
+std::string Cabecalho() {
+    std::string linha(Marca);
+    for (const auto coluna : Colunas) {
+        linha.append(coluna).append(coluna == Colunas.back() ? "\r\n" : ";");
+    }
+    return linha;
+}
+
+TipoDeResumo TipoPeloCabecalho(std::string_view registro) {
+    if (registro.starts_with(Marca)) {
+        registro.remove_prefix(Marca.size());
+    }
+    const auto celulas = SepararCelulas(registro);
+    if (std::ranges::equal(celulas, Colunas)) {
+        return TipoDeResumo::Atual;
+    }
+    return std::ranges::equal(celulas, std::span(Colunas).first<ColunasSemHashes>())
+               ? TipoDeResumo::SemHashes
+               : TipoDeResumo::Nenhum;
+}
+
+std::vector<std::string> SepararCelulas(std::string_view registro) {
+    registro = SemFimDeLinha(registro);
+    std::vector<std::string> celulas(1);
+    bool citada = false;
+    bool noComeco = true;
+    for (std::size_t i = 0; i < registro.size(); ++i) {
+        const char c = registro[i];
+        const bool aspas = c == '"';
+        if (aspas && noComeco) {
+            citada = true;
+        } else if (aspas && citada && i + 1 < registro.size() && registro[i + 1] == '"') {
+            celulas.back() += c;
+            ++i;
+        } else if (aspas && citada) {
+            citada = false;
+        } else if (c == ';' && !citada) {
+            celulas.emplace_back();
+        } else {
+            celulas.back() += c;
+        }
+        noComeco = c == ';' && !citada;
+    }
+    return celulas;
+}
+
+int LeitorDeRegistros::Ler() {
+    if (usados_ < devolvidos_.size()) {
+        return static_cast<unsigned char>(devolvidos_[usados_++]);
+    }
+    return entrada_.rdbuf()->sbumpc();
+}
+
+bool LeitorDeRegistros::Proximo(std::string& registro) {
+    constexpr std::size_t MaiorCitado = 65'536;
+    constexpr int Fim = std::char_traits<char>::eof();
+    registro.clear();
+    inicio_ = fim_;
+    bool noComeco = true;  // of a cell
+    bool celulaCitada = false;
+    bool citado = false;
+    for (;;) {
+        const int c = Ler();
+        const bool demais = citado && registro.size() >= MaiorCitado;
+        if (c != Fim) {
+            registro += static_cast<char>(c);
+        }
+        if (c == Fim || demais) {
+            const std::size_t linha = citado ? registro.find('\n') : std::string::npos;
+            if (linha != std::string::npos) {
+                devolvidos_ = registro.substr(linha + 1) + devolvidos_.substr(usados_);
+                usados_ = 0;
+                registro.resize(linha + 1);
+            }
+            break;
+        }
+        if (c == '"' && (noComeco || celulaCitada)) {
+            celulaCitada = true;
+            citado = !citado;
+        } else if (c == '\n' && !citado) {
+            break;
+        } else if (c == ';' && !citado) {
+            celulaCitada = false;
+        }
+        noComeco = c == ';' && !citado;
+    }
+    fim_ = inicio_ + registro.size();
+    return !registro.empty();
+}
+
+}  // namespace tarvo::host
