@@ -1,6 +1,9 @@
 #include "data/CodigosDeErros.h"
 
 #include <new>
+#include <utility>
+
+#include "data/Utf8.h"
 
 namespace tarvo {
 
@@ -27,6 +30,9 @@ const std::string_view PaginaInsuficiente =
 const std::string_view MargensInvalidas =
     "O tamanho das margens é inválido ou muito grande para o tamanho de páginas.";
 }  // namespace CodigosDeErros
+
+Erro::Erro(NumeroErro numero, std::string descricao)
+    : numero_(numero), descricao_(ComoUtf8(std::move(descricao))) {}
 
 void LancarUsoInvalidoDeNull(std::string_view onde) {
     throw Erro(NumeroErro::UsoInvalidoDeNull, "Uso inválido de Null: " + std::string(onde) + ".");

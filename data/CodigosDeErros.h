@@ -58,11 +58,11 @@ enum class NumeroErro : int {
     EmUso = 20006,         // a call that has not ended yet is using the object
 };
 
-// An error with its number and a description fit to be shown to the user.
+// An error with its number and a description fit to be shown to the user, in UTF-8 whatever the
+// names in it are.
 class TARVO_PUBLICO Erro : public std::exception {
   public:
-    Erro(NumeroErro numero, std::string descricao)
-        : numero_(numero), descricao_(std::move(descricao)) {}
+    Erro(NumeroErro numero, std::string descricao);
 
     [[nodiscard]] NumeroErro Numero() const noexcept { return numero_; }
     [[nodiscard]] const std::string& Descricao() const noexcept { return descricao_; }

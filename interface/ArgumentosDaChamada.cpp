@@ -1,6 +1,6 @@
 #include "interface/ArgumentosDaChamada.h"
 
-#include "interface/Utf8.h"
+#include "data/Utf8.h"
 
 namespace tarvo::c {
 

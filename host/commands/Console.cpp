@@ -1,28 +1,10 @@
 #include "host/commands/Console.h"
 
+#include "data/Utf8.h"
+
 namespace tarvo::host {
 
 namespace {
-
-// How many bytes the UTF-8 character at the front of the text has; 0 where none stands.
-std::size_t TamanhoDoCaractere(std::string_view texto) {
-    const auto primeiro = static_cast<unsigned char>(texto[0]);
-    const std::size_t tamanho = primeiro < 0x80   ? 1
-                                : primeiro < 0xC2 ? 0
-                                : primeiro < 0xE0 ? 2
-                                : primeiro < 0xF0 ? 3
-                                : primeiro < 0xF5 ? 4
-                                                  : 0;
-    if (tamanho > texto.size()) {
-        return 0;
-    }
-    for (std::size_t i = 1; i < tamanho; ++i) {
-        if ((static_cast<unsigned char>(texto[i]) & 0xC0U) != 0x80U) {
-            return 0;
-        }
-    }
-    return tamanho;
-}
 
 bool Perturba(std::string_view caractere) {
     const auto primeiro = static_cast<unsigned char>(caractere[0]);

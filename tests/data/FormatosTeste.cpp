@@ -110,5 +110,15 @@ TEST(Formatos, CurrencyNeverWrapsAround) {
               NumeroErro::TipoIncompativel);
 }
 
+TEST(Textos, AnErrorsTextIsUtf8WhateverItNames) {
+    const auto descricao = [](std::string nome) {
+        return Erro(NumeroErro::ArquivoNaoEncontrado, std::move(nome)).Descricao();
+    };
+    EXPECT_EQ(descricao("São João \u20AC\U0001F600"), "São João \u20AC\U0001F600");
+    EXPECT_EQ(descricao("S\xE3o"), "S\uFFFDo");
+    EXPECT_EQ(descricao("\xC0\x80|\xED\xA0\x80|\xF4\x90|\xC3"),
+              "\uFFFD\uFFFD|\uFFFD\uFFFD\uFFFD|\uFFFD\uFFFD|\uFFFD");
+}
+
 }  // namespace
 }  // namespace tarvo
