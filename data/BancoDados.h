@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/Acompanhante.h"
 #include "data/Publico.h"
@@ -115,6 +117,10 @@ class TARVO_PUBLICO BancoDados {
     virtual void RefazerTabela(std::string_view /*tabela*/, const std::function<void()>& refazer) {
         refazer();
     }
+
+    // What is damaged in the database's own store, one text each; it reads everything. An engine
+    // that does not override it finds nothing.
+    virtual std::vector<std::string> Danos() { return {}; }
 
     // Who is asked from now on whether to go on, nullptr for nobody; returns who was asked before.
     // An engine that does not override it runs every query to its end.

@@ -20,6 +20,7 @@
 #include "host/batch/ResumoLote.h"
 #include "host/batch/SelecaoLote.h"
 #include "host/batch/TrabalhadorLote.h"
+#include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "output/pdf/RenderizadorPDF.h"
@@ -149,7 +150,8 @@ int ExecutarLote(const Argumentos& a, Console& console) {
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&console);
     const auto banco = AbrirBancoDoLote(a);
-    banco->Acompanhar(&andamento);
+    const Acompanhamento acompanhamento(*banco, &andamento);
+    AvisarDanos(*banco, console);
     const auto declaracoes = EscolherDeclaracoes(*banco, a);
     if (declaracoes.empty()) {
         console.Avisar("nenhuma declaração corresponde ao que foi pedido");

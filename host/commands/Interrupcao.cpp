@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "host/commands/Console.h"
+
 namespace tarvo::host {
 
 namespace {

@@ -9,6 +9,8 @@
 // Stopping a long command from outside.
 namespace tarvo::host {
 
+class Console;
+
 // Catches SIGINT, SIGTERM and SIGHUP for its lifetime; those that the process was told to ignore
 // stay ignored. One at a time in a process.
 class CapturaDeInterrupcao {

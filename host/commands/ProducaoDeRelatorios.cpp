@@ -3,6 +3,7 @@
 #include "data/Formatos.h"
 #include "databases/AbrirBanco.h"
 #include "dispatch/Declaracoes.h"
+#include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"
@@ -80,6 +81,7 @@ class BancoDaChamada {
 int ParaCadaRelatorio(const Argumentos& a, Console& console, const UsoDoRelatorio& usar) {
     const CapturaDeInterrupcao captura;
     BancoDaChamada banco(a, console);
+    AvisarDanosSeBarato(*banco, a, console);
     AvisarAusentes(*banco, a, console);
     const ConfiguracoesIni doUsuario;
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
