@@ -9,11 +9,11 @@
 namespace tarvo {
 
 // How many bytes the well-formed UTF-8 character at the front of the text has; 0 where none stands.
-TARVO_PUBLICO std::size_t TamanhoDoCaractere(std::string_view texto);
+std::size_t TamanhoDoCaractere(std::string_view texto);
 
 TARVO_PUBLICO bool EhUtf8(std::string_view texto);
 
 // The text, with U+FFFD in place of each byte that is no UTF-8.
-TARVO_PUBLICO std::string ComoUtf8(std::string texto);
+std::string ComoUtf8(std::string texto);
 
 }  // namespace tarvo

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/CodigosDeErros.h"
-#include "databases/sqlite/Alfabeto.h"
+#include "data/Utf8.h"
 #include "dispatch/Catalogo.h"
 #include "fuzz/BancoDeFuzz.h"
 
@@ -80,7 +80,7 @@ void ExigirUtf8(const Conteudo& conteudo) {
     for (const Pagina& pagina : conteudo.paginas) {
         for (const Primitiva& primitiva : pagina) {
             const auto* texto = std::get_if<Texto>(&primitiva);
-            if (texto != nullptr && !sqlite::EhUtf8(texto->texto)) {
+            if (texto != nullptr && !EhUtf8(texto->texto)) {
                 std::fprintf(stderr, "texto que não é UTF-8: %s\n", texto->texto.c_str());
                 std::abort();
             }

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "data/CodigosDeErros.h"
+#include "data/ObjetoDeC.h"
 #include "system/files/Arquivos.h"
 
 namespace tarvo::sqlite {
@@ -116,7 +117,7 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
                         SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX |
                             (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE),
                         nullptr);
-    std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
+    ObjetoDeC<sqlite3_close> semDono(db);
     if (estado != SQLITE_OK) {
         LancarErroSQLite(db, estado);
     }

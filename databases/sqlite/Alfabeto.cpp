@@ -1,12 +1,12 @@
 #include "databases/sqlite/Alfabeto.h"
 
 #include <unicode/uchar.h>
-#include <unicode/ucol.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <new>
 
 namespace tarvo::sqlite {
 
@@ -46,7 +46,7 @@ int Sinal(std::ptrdiff_t diferenca) {
 }
 
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wconversion"  // inside ICU's macro
+#pragma GCC diagnostic ignored "-Wconversion"  // inside ICU's macros
 // Calls usar with each code point and the bytes that hold it; a negative code point is no UTF-8.
 template <class Usar>
 void CadaCaractere(std::string_view texto, Usar usar) {
@@ -59,35 +59,22 @@ void CadaCaractere(std::string_view texto, Usar usar) {
              texto.substr(static_cast<std::size_t>(inicio), static_cast<std::size_t>(i - inicio)));
     }
 }
+
+void JuntarUtf8(std::string& texto, UChar32 letra) {
+    char bytes[U8_MAX_LENGTH];
+    std::size_t tamanho = 0;
+    U8_APPEND_UNSAFE(bytes, tamanho, letra);
+    texto.append(bytes, tamanho);
+}
 #pragma GCC diagnostic pop
 
-void JuntarUtf8(std::string& texto, char32_t letra) {
-    const auto juntar = [&](char32_t byte) { texto += static_cast<char>(byte); };
-    const auto continuar = [&](unsigned bits) { juntar(0x80U | ((letra >> bits) & 0x3FU)); };
-    if (letra < 0x80) {
-        juntar(letra);
-    } else if (letra < 0x800) {
-        juntar(0xC0U | (letra >> 6U));
-        continuar(0);
-    } else if (letra < 0x10000) {
-        juntar(0xE0U | (letra >> 12U));
-        continuar(6);
-        continuar(0);
-    } else {
-        juntar(0xF0U | (letra >> 18U));
-        continuar(12);
-        continuar(6);
-        continuar(0);
-    }
+// Simple folding, character by character. Letters outside ASCII stay outside it.
+UChar32 SemCaixa(UChar32 letra) {
+    const UChar32 dobrada = u_foldCase(letra, U_FOLD_CASE_DEFAULT);
+    return letra >= 0x80 && dobrada < 0x80 ? letra : dobrada;
 }
 
 }  // namespace
-
-char32_t SemCaixa(char32_t letra) {
-    const auto dobrada =
-        static_cast<char32_t>(u_foldCase(static_cast<UChar32>(letra), U_FOLD_CASE_DEFAULT));
-    return letra >= 0x80 && dobrada < 0x80 ? letra : dobrada;
-}
 
 std::string SemCaixa(std::string_view texto) {
     std::string dobrado;
@@ -103,34 +90,10 @@ std::string SemCaixa(std::string_view texto) {
             dobrado += bytes;
             return;
         }
-        JuntarUtf8(dobrado, SemCaixa(static_cast<char32_t>(c)));
+        JuntarUtf8(dobrado, SemCaixa(c));
     });
     return dobrado;
 }
-
-bool EhUtf8(std::string_view texto) {
-    bool bom = true;
-    if (!std::ranges::all_of(texto, EhAscii)) {
-        CadaCaractere(texto, [&](UChar32 c, std::string_view) { bom = bom && c >= 0; });
-    }
-    return bom;
-}
-
-std::u32string Caracteres(std::string_view texto) {
-    std::u32string caracteres;
-    caracteres.reserve(texto.size());
-    CadaCaractere(texto, [&](UChar32 c, std::string_view) {
-        caracteres += c < 0 ? U'\uFFFD' : static_cast<char32_t>(c);
-    });
-    return caracteres;
-}
-
-void Alfabeto::Fechar::operator()(UCollator* ordem) const {
-    ucol_close(ordem);
-}
-
-Alfabeto::Alfabeto() = default;
-Alfabeto::~Alfabeto() = default;
 
 int Alfabeto::Comparar(std::string_view a, std::string_view b) const {
     const auto [fimA, fimB] = std::ranges::mismatch(
@@ -147,6 +110,10 @@ int Alfabeto::Comparar(std::string_view a, std::string_view b) const {
     UErrorCode estado = U_ZERO_ERROR;
     if (!ordem_) {
         ordem_.reset(ucol_open("pt_BR", &estado));
+        if (U_FAILURE(estado) != 0) {
+            ordem_.reset();
+            throw std::bad_alloc();  // its tables are part of the library
+        }
         ucol_setStrength(ordem_.get(), UCOL_SECONDARY);
     }
     const auto ordem = ucol_strcollUTF8(ordem_.get(), a.data(), static_cast<std::int32_t>(a.size()),

@@ -11,32 +11,22 @@ namespace tarvo::sqlite {
 
 enum class Operacao {
     Coluna,  // nome, tabela when qualified
-    Funcao,  // nome, partes; "*" as the only part of Count(*) is Todas
-    Todas,
-    Texto,        // nome holds the literal
-    Numero,       // nome holds the digits, with their sign
-    LiteralData,  // nome holds month/day/year
+    Soma,    // one part
+    Comeco,  // of a text, one part; nome holds how many characters
+    Texto,   // nome holds the literal
+    Numero,  // nome holds the digits, with their sign
     Verdadeiro,
     Falso,
-    ValorNulo,
     E,
     Ou,
-    Nao,
     Igual,
-    Diferente,
-    Menor,
     MenorIgual,
-    Maior,
     MaiorIgual,
-    Como,    // text, pattern
-    EhNulo,  // one part
-    Entre,   // value, first, last
-    Em,      // value, then the list
     Concatenar,
 };
 
 struct Expressao {
-    Operacao operacao = Operacao::ValorNulo;
+    Operacao operacao = Operacao::Coluna;
     std::size_t posicao = 0;  // byte offset in the query
     std::string nome;
     std::string tabela;
@@ -55,30 +45,23 @@ struct ItemSelecao {
     TabelaCitada tabela;
 };
 
-struct ItemOrdem {
-    Expressao expressao;
-    bool decrescente = false;
-};
-
-enum class Unicidade { Nenhuma, Distinct, DistinctRow };
-
 // Conditions are the terms that And joins at the outermost level.
 struct Selecao {
-    Unicidade unicidade = Unicidade::Nenhuma;
+    bool linhasDistintas = false;  // DISTINCTROW
     std::vector<ItemSelecao> itens;
     std::vector<TabelaCitada> tabelas;
     std::vector<Expressao> juncoes;  // of the ON clauses
     std::vector<Expressao> condicoes;
     std::vector<Expressao> grupos;
     std::vector<Expressao> condicoesDosGrupos;
-    std::vector<ItemOrdem> ordem;
+    std::vector<Expressao> ordem;
 };
 
+// Of all rows.
 struct Exclusao {
     TabelaCitada tabela;
-    std::vector<Expressao> condicoes;
 };
 
-using Comando = std::variant<Selecao, Exclusao>;
+using Consulta = std::variant<Selecao, Exclusao>;
 
 }  // namespace tarvo::sqlite

@@ -28,18 +28,15 @@ class ConsultaDeExclusao final : public QueryDef {
   public:
     ConsultaDeExclusao(std::shared_ptr<Conexao> conexao, std::shared_ptr<Esquema> esquema,
                        std::string_view consulta)
-        : conexao_(std::move(conexao)),
-          esquema_(std::move(esquema)),
-          consulta_(consulta),
-          comando_(Analisar(consulta_)) {}
+        : conexao_(std::move(conexao)), esquema_(std::move(esquema)), lida_(Analisar(consulta)) {}
 
     void Execute() override {
-        const auto* exclusao = std::get_if<Exclusao>(&comando_);
+        const auto* exclusao = std::get_if<Exclusao>(&lida_);
         if (exclusao == nullptr) {
             throw Erro(NumeroErro::OperacaoInvalida,
                        "Não é possível executar uma consulta que devolve registros.");
         }
-        const ExclusaoTraduzida traduzida = Traduzir(*exclusao, *esquema_, consulta_);
+        const ExclusaoSql traduzida = Traduzir(*exclusao, *esquema_);
         conexao_->ExigirEscrita(traduzida.esquema);
         Instrucao(conexao_, traduzida.sql).Executar();
     }
@@ -47,8 +44,7 @@ class ConsultaDeExclusao final : public QueryDef {
   private:
     std::shared_ptr<Conexao> conexao_;
     std::shared_ptr<Esquema> esquema_;
-    std::string consulta_;
-    Comando comando_;
+    Consulta lida_;
 };
 
 class Banco final : public BancoSQLite {
@@ -64,8 +60,8 @@ class Banco final : public BancoSQLite {
 
     std::unique_ptr<Recordset> OpenRecordset(std::string_view consulta,
                                              TipoRecordset tipo) override {
-        const Comando comando = Analisar(consulta);
-        const auto* selecao = std::get_if<Selecao>(&comando);
+        const Consulta lida = Analisar(consulta);
+        const auto* selecao = std::get_if<Selecao>(&lida);
         if (selecao == nullptr) {
             throw Erro(NumeroErro::OperacaoInvalida,
                        "Uma consulta que exclui registros não se abre, executa-se.");
@@ -98,6 +94,27 @@ class Banco final : public BancoSQLite {
             throw;
         }
         transacao.Confirmar();
+    }
+
+    // In SQLite's own words: a user needs to know that there are some, not which.
+    std::vector<std::string> Danos() override {
+        std::vector<std::string> danos;
+        try {
+            Instrucao conferencia(conexao_, "PRAGMA main.integrity_check(20)");
+            while (conferencia.Passo()) {
+                const Celula celula = LerCelula(conferencia.Ponteiro(), 0);
+                if (celula.texto != "ok") {
+                    danos.emplace_back(celula.texto);
+                }
+            }
+        } catch (const Erro& erro) {
+            if (erro.Numero() == NumeroErro::Cancelado ||
+                erro.Numero() == NumeroErro::BancoOcupado) {
+                throw;
+            }
+            danos.push_back(erro.Descricao());
+        }
+        return danos;
     }
 
     Acompanhante* Acompanhar(Acompanhante* quem) override { return conexao_->Acompanhar(quem); }

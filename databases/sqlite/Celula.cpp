@@ -10,6 +10,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Utf8.h"
 #include "databases/sqlite/Alfabeto.h"
 
 namespace tarvo::sqlite {

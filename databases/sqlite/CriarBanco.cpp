@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "data/CodigosDeErros.h"
+#include "data/ObjetoDeC.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "databases/sqlite/Conexao.h"
 #include "databases/sqlite/Tabelas.h"
@@ -72,7 +73,7 @@ void CriarBanco(const fs::path& arquivo, std::string_view script) {
     {
         sqlite3* db = nullptr;
         const int estado = sqlite3_open_v2(novo.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
-        std::unique_ptr<sqlite3, decltype(&sqlite3_close)> semDono(db, sqlite3_close);
+        ObjetoDeC<sqlite3_close> semDono(db);
         if (estado != SQLITE_OK) {
             sqlite::LancarErroSQLite(db, estado);
         }

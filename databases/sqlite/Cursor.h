@@ -13,7 +13,7 @@ namespace tarvo::sqlite {
 class Cursor {
   public:
     explicit Cursor(std::string_view consulta)
-        : consulta_(consulta), simbolos_(Separar(consulta)) {}
+        : consulta_(consulta), simbolos_(LerSimbolos(consulta)) {}
 
     [[nodiscard]] const Simbolo& Atual() const { return Adiante(0); }
     // The word so many places on; the last one is of type Fim.

@@ -29,15 +29,15 @@ class Escopo {
     void DeclararJuncoes(const std::vector<Expressao>& juncoes);
 
     [[nodiscard]] std::size_t Quantas() const { return tabelas_.size(); }
-    [[nodiscard]] const Tabela& Da(std::size_t tabela) const { return *tabelas_[tabela]; }
-    [[nodiscard]] std::shared_ptr<const Tabela> Guardar(std::size_t tabela) const {
+    [[nodiscard]] const Tabela& TabelaEm(std::size_t tabela) const { return *tabelas_[tabela]; }
+    [[nodiscard]] std::shared_ptr<const Tabela> PartilharTabela(std::size_t tabela) const {
         return tabelas_[tabela];
     }
-    [[nodiscard]] const Coluna& Da(ColunaAchada achada) const {
+    [[nodiscard]] const Coluna& ColunaEm(ColunaAchada achada) const {
         return tabelas_[achada.tabela]->colunas[achada.coluna];
     }
     [[nodiscard]] std::string Sql(ColunaAchada achada) const {
-        return NomeSql(Da(achada.tabela).nome) + "." + NomeSql(Da(achada).nome);
+        return NomeSql(TabelaEm(achada.tabela).nome) + "." + NomeSql(ColunaEm(achada).nome);
     }
 
     // The table of that name in the list; nothing when it is not there.

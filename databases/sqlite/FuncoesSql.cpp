@@ -10,7 +10,6 @@
 #include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Celula.h"
 #include "databases/sqlite/Conexao.h"
-#include "databases/sqlite/Padrao.h"
 
 namespace tarvo::sqlite {
 
@@ -44,25 +43,6 @@ Valor LerArgumento(sqlite3_value** argumentos) {
 
 void DevolverTexto(sqlite3_context* contexto, const std::string& texto) {
     sqlite3_result_text64(contexto, texto.data(), texto.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-}
-
-void Como(sqlite3_context* contexto, int /*n*/, sqlite3_value** argumentos) {
-    Proteger(contexto, [&] {
-        const Celula padrao = LerCelula(argumentos[0]);
-        const Celula texto = LerCelula(argumentos[1]);
-        if (padrao.classe != SQLITE_TEXT || texto.classe != SQLITE_TEXT) {
-            return;  // Null
-        }
-        auto* pronto = static_cast<Padrao*>(sqlite3_get_auxdata(contexto, 0));
-        if (pronto != nullptr) {
-            sqlite3_result_int(contexto, pronto->Casa(texto.texto) ? 1 : 0);
-            return;
-        }
-        auto novo = std::make_unique<Padrao>(padrao.texto);
-        sqlite3_result_int(contexto, novo->Casa(texto.texto) ? 1 : 0);
-        sqlite3_set_auxdata(contexto, 0, novo.release(),
-                            [](void* p) { delete static_cast<Padrao*>(p); });
-    });
 }
 
 void ValorComparavel(sqlite3_context* contexto, int /*n*/, sqlite3_value** argumentos) {
@@ -175,7 +155,6 @@ struct Funcao {
 };
 
 constexpr Funcao Funcoes[] = {
-    {"tarvo_como", 2, Como, nullptr, nullptr},
     {"tarvo_valor", 4, ValorComparavel, nullptr, nullptr},
     {"tarvo_texto", 4, TextoDoValor, nullptr, nullptr},
     {"tarvo_soma", 4, nullptr, Somar, DevolverSoma},

@@ -16,10 +16,9 @@ struct ErroPendente {
 // Registers, unless the connection has them already:
 //
 //   collation tarvo_pt                         Portuguese alphabet, without regard to case
-//   tarvo_como(pattern, text)                  Like
 //   tarvo_valor(value, type, table, column)    the value in comparable form: dates as serials,
 //                                              True as -1; error 3421 when it does not fit the type
-//   tarvo_texto(value, type, table, column)    the value as text, as "&" and Like take it
+//   tarvo_texto(value, type, table, column)    the value as text, as "&" and Left take it
 //   tarvo_soma(value, type, table, column)     Sum: exact; Null when all are Null; error 6 when the
 //                                              sum does not fit
 //   tarvo_erro_pendente(pointer)               for this file alone: see RegistrarFuncoes

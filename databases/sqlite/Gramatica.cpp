@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Cursor.h"
 #include "databases/sqlite/GramaticaExpressoes.h"
 
@@ -63,22 +62,9 @@ void LerJuncao(Cursor& cursor, Selecao& selecao) {
     }
 }
 
-ItemOrdem LerOrdem(Cursor& cursor) {
-    ItemOrdem item{LerExpressao(cursor)};
-    item.decrescente = cursor.TomarPalavra("DESC");
-    if (!item.decrescente) {
-        cursor.TomarPalavra("ASC");
-    }
-    return item;
-}
-
 Selecao LerSelecao(Cursor& cursor) {
     Selecao selecao;
-    if (cursor.TomarPalavra("DISTINCTROW")) {
-        selecao.unicidade = Unicidade::DistinctRow;
-    } else if (cursor.TomarPalavra("DISTINCT")) {
-        selecao.unicidade = Unicidade::Distinct;
-    }
+    selecao.linhasDistintas = cursor.TomarPalavra("DISTINCTROW");
     selecao.itens = cursor.LerLista([&] { return LerItem(cursor); });
     cursor.ExigirPalavra("FROM");
     do {
@@ -92,29 +78,18 @@ Selecao LerSelecao(Cursor& cursor) {
     selecao.condicoesDosGrupos = LerCondicoes(cursor, "HAVING");
     if (cursor.TomarPalavra("ORDER")) {
         cursor.ExigirPalavra("BY");
-        selecao.ordem = cursor.LerLista([&] { return LerOrdem(cursor); });
+        selecao.ordem = cursor.LerLista([&] { return LerExpressao(cursor); });
     }
     return selecao;
 }
 
 Exclusao LerExclusao(Cursor& cursor) {
-    TabelaCitada alvo;
-    if (!cursor.TomarSinal("*") && !cursor.EhPalavra("FROM")) {
-        alvo = LerTabela(cursor);
-        cursor.ExigirSinal(".");
-        cursor.ExigirSinal("*");
-    }
+    cursor.ExigirSinal("*");
     cursor.ExigirPalavra("FROM");
-    Exclusao exclusao;
-    exclusao.tabela = LerTabela(cursor);
-    exclusao.condicoes = LerCondicoes(cursor, "WHERE");
-    if (!alvo.nome.empty() && SemCaixa(alvo.nome) != SemCaixa(exclusao.tabela.nome)) {
-        cursor.FalharEm(alvo.posicao, "não é a tabela de que se exclui");
-    }
-    return exclusao;
+    return {LerTabela(cursor)};
 }
 
-Comando LerComando(Cursor& cursor) {
+Consulta LerConsulta(Cursor& cursor) {
     if (cursor.TomarPalavra("DELETE")) {
         return LerExclusao(cursor);
     }
@@ -126,14 +101,14 @@ Comando LerComando(Cursor& cursor) {
 
 }  // namespace
 
-Comando Analisar(std::string_view consulta) {
+Consulta Analisar(std::string_view consulta) {
     Cursor cursor(consulta);
-    Comando comando = LerComando(cursor);
+    Consulta lida = LerConsulta(cursor);
     cursor.TomarSinal(";");
     if (cursor.Atual().tipo != TipoSimbolo::Fim) {
         cursor.Falhar("esperava o fim da consulta");
     }
-    return comando;
+    return lida;
 }
 
 }  // namespace tarvo::sqlite

@@ -1,31 +1,29 @@
 #include "databases/sqlite/GramaticaExpressoes.h"
 
 #include <array>
+#include <string>
 #include <utility>
+
+#include "data/Textos.h"
 
 namespace tarvo::sqlite {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Operacao>, 6> Comparacoes{{
+constexpr std::array<std::pair<std::string_view, Operacao>, 3> Comparacoes{{
     {"=", Operacao::Igual},
-    {"<>", Operacao::Diferente},
-    {"<", Operacao::Menor},
     {"<=", Operacao::MenorIgual},
-    {">", Operacao::Maior},
     {">=", Operacao::MaiorIgual},
 }};
 
-constexpr std::array<std::pair<std::string_view, Operacao>, 3> Constantes{{
+constexpr std::array<std::pair<std::string_view, Operacao>, 2> Constantes{{
     {"TRUE", Operacao::Verdadeiro},
     {"FALSE", Operacao::Falso},
-    {"NULL", Operacao::ValorNulo},
 }};
 
-constexpr std::array<std::pair<TipoSimbolo, Operacao>, 3> Literais{{
+constexpr std::array<std::pair<TipoSimbolo, Operacao>, 2> Literais{{
     {TipoSimbolo::Texto, Operacao::Texto},
     {TipoSimbolo::Numero, Operacao::Numero},
-    {TipoSimbolo::Data, Operacao::LiteralData},
 }};
 
 // Deeper nesting than this is no query that a program writes.
@@ -41,10 +39,6 @@ Expressao No(Operacao operacao, Expressao a, Expressao b) {
     Expressao no = No(operacao, std::move(a));
     no.partes.push_back(std::move(b));
     return no;
-}
-
-Expressao Negar(bool negado, Expressao condicao) {
-    return negado ? No(Operacao::Nao, std::move(condicao)) : std::move(condicao);
 }
 
 // One routine for each strength of operator, the loosest first.
@@ -91,15 +85,7 @@ class LeitorDeExpressoes {
     Expressao LerE() {
         return LerCadeia(
             Operacao::E, [this] { return cursor_.TomarPalavra("AND"); },
-            [this] { return LerNao(); });
-    }
-
-    Expressao LerNao() {
-        if (!cursor_.TomarPalavra("NOT")) {
-            return LerComparacao();
-        }
-        const Nivel nivel(*this);
-        return No(Operacao::Nao, LerNao());
+            [this] { return LerComparacao(); });
     }
 
     Expressao LerComparacao() {
@@ -109,42 +95,21 @@ class LeitorDeExpressoes {
                 return No(operacao, std::move(valor), LerConcatenacao());
             }
         }
-        if (cursor_.TomarPalavra("IS")) {
-            const bool negado = cursor_.TomarPalavra("NOT");
-            cursor_.ExigirPalavra("NULL");
-            return Negar(negado, No(Operacao::EhNulo, std::move(valor)));
-        }
-        const bool negado = cursor_.TomarPalavra("NOT");
-        if (cursor_.TomarPalavra("LIKE")) {
-            return Negar(negado, No(Operacao::Como, std::move(valor), LerConcatenacao()));
-        }
-        if (cursor_.TomarPalavra("BETWEEN")) {
-            return Negar(negado, LerFaixa(std::move(valor)));
-        }
-        if (cursor_.TomarPalavra("IN")) {
-            return Negar(negado, LerListaDeValores(std::move(valor)));
-        }
-        if (negado) {
-            cursor_.Falhar("esperava Like, Between ou In");
-        }
-        return valor;
+        return cursor_.TomarPalavra("LIKE") ? LerComeco(std::move(valor)) : std::move(valor);
     }
 
-    Expressao LerFaixa(Expressao valor) {
-        Expressao faixa = No(Operacao::Entre, std::move(valor), LerConcatenacao());
-        cursor_.ExigirPalavra("AND");
-        faixa.partes.push_back(LerConcatenacao());
-        return faixa;
-    }
-
-    Expressao LerListaDeValores(Expressao valor) {
-        Expressao lista = No(Operacao::Em, std::move(valor));
-        cursor_.ExigirSinal("(");
-        for (Expressao& parte : cursor_.LerLista([this] { return LerConcatenacao(); })) {
-            lista.partes.push_back(std::move(parte));
+    // value Like 'beginning*' is Left(value, its length) = 'beginning'.
+    Expressao LerComeco(Expressao valor) {
+        Expressao comeco{Operacao::Texto, cursor_.Atual().posicao, cursor_.Atual().texto, {}, {}};
+        if (cursor_.Atual().tipo != TipoSimbolo::Texto || !comeco.nome.ends_with('*') ||
+            comeco.nome.find_first_of("*?#[") != comeco.nome.size() - 1) {
+            cursor_.Falhar("esperava um começo seguido de \"*\", entre aspas simples");
         }
-        cursor_.ExigirSinal(")");
-        return lista;
+        cursor_.Tomar();
+        comeco.nome.pop_back();
+        Expressao esquerda = No(Operacao::Comeco, std::move(valor));
+        esquerda.nome = std::to_string(Caracteres(comeco.nome));
+        return No(Operacao::Igual, std::move(esquerda), std::move(comeco));
     }
 
     Expressao LerConcatenacao() {
@@ -178,22 +143,35 @@ class LeitorDeExpressoes {
     }
 
     Expressao LerColunaOuFuncao() {
-        const bool funcao = cursor_.Atual().tipo == TipoSimbolo::Palavra && cursor_.EhSinal("(", 1);
-        Expressao folha{Operacao::Coluna, cursor_.Atual().posicao, {}, {}, {}};
-        folha.nome = cursor_.LerNome("um valor");
-        if (funcao) {
-            folha.operacao = Operacao::Funcao;
-            cursor_.ExigirSinal("(");
-            if (cursor_.TomarSinal("*")) {
-                folha.partes.push_back({Operacao::Todas, folha.posicao, {}, {}, {}});
-            } else {
-                folha.partes = cursor_.LerLista([this] { return LerOu(); });
-            }
-            cursor_.ExigirSinal(")");
-        } else if (cursor_.TomarSinal(".")) {
-            folha.tabela = std::exchange(folha.nome, cursor_.LerNome("o nome de uma coluna"));
+        const std::size_t posicao = cursor_.Atual().posicao;
+        if (cursor_.EhSinal("(", 1)) {
+            return LerFuncao(posicao);
         }
-        return folha;
+        Expressao coluna{Operacao::Coluna, posicao, cursor_.LerNome("um valor"), {}, {}};
+        if (cursor_.TomarSinal(".")) {
+            coluna.tabela = std::exchange(coluna.nome, cursor_.LerNome("o nome de uma coluna"));
+        }
+        return coluna;
+    }
+
+    Expressao LerFuncao(std::size_t posicao) {
+        const Nivel nivel(*this);
+        const bool soma = cursor_.TomarPalavra("SUM");
+        if (!soma && !cursor_.TomarPalavra("LEFT")) {
+            cursor_.Falhar("função desconhecida");
+        }
+        cursor_.ExigirSinal("(");
+        Expressao funcao = No(soma ? Operacao::Soma : Operacao::Comeco, LerConcatenacao());
+        funcao.posicao = posicao;
+        if (!soma) {
+            cursor_.ExigirSinal(",");
+            if (cursor_.Atual().tipo != TipoSimbolo::Numero) {
+                cursor_.Falhar("Left espera um texto e um número de caracteres");
+            }
+            funcao.nome = cursor_.Tomar().texto;
+        }
+        cursor_.ExigirSinal(")");
+        return funcao;
     }
 
     Cursor& cursor_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 
 namespace tarvo::sqlite {
 
@@ -10,10 +11,6 @@ namespace {
 
 bool EhBranco(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool EhDigito(char c) {
-    return c >= '0' && c <= '9';
 }
 
 // Every letter outside ASCII may stand in a name.
@@ -56,36 +53,18 @@ class Leitor {
                 ++i_;
             }
             Juntar(TipoSimbolo::Palavra, std::string(consulta_.substr(inicio_, i_ - inicio_)));
-        } else if (EhDigito(c) || (c == '.' && EhDigito(Atual(1)))) {
-            LerNumero();
-        } else if (c == '\'' || c == '"') {
-            Juntar(TipoSimbolo::Texto, LerAte(c, true, "texto sem fim"));
-        } else if (c == '[') {
-            Juntar(TipoSimbolo::NomeEntreColchetes, LerAte(']', false, "nome sem \"]\""));
-        } else if (c == '#') {
-            Juntar(TipoSimbolo::Data, LerAte('#', false, "data sem fim"));
-        } else {
-            LerSinal();
-        }
-    }
-
-    void LerNumero() {
-        const auto digitos = [this] {
+        } else if (EhDigito(c)) {
             while (EhDigito(Atual())) {
                 ++i_;
             }
-        };
-        digitos();
-        if (Atual() == '.') {
-            ++i_;
-            digitos();
+            Juntar(TipoSimbolo::Numero, std::string(consulta_.substr(inicio_, i_ - inicio_)));
+        } else if (c == '\'') {
+            Juntar(TipoSimbolo::Texto, LerAte(c, true, "texto sem fim"));
+        } else if (c == '[') {
+            Juntar(TipoSimbolo::NomeEntreColchetes, LerAte(']', false, "nome sem \"]\""));
+        } else {
+            LerSinal();
         }
-        const bool sinal = Atual(1) == '-' || Atual(1) == '+';
-        if ((Atual() == 'e' || Atual() == 'E') && EhDigito(Atual(sinal ? 2 : 1))) {
-            i_ += sinal ? 2 : 1;
-            digitos();
-        }
-        Juntar(TipoSimbolo::Numero, std::string(consulta_.substr(inicio_, i_ - inicio_)));
     }
 
     // What stands between the opening character and fim; with dobrado, fim twice is the character.
@@ -106,13 +85,13 @@ class Leitor {
     }
 
     void LerSinal() {
-        for (const std::string_view sinal : {"<>", "<=", ">="}) {
+        for (const std::string_view sinal : {"<=", ">="}) {
             if (consulta_.substr(i_, 2) == sinal) {
                 i_ += 2;
                 return Juntar(TipoSimbolo::Sinal, std::string(sinal));
             }
         }
-        if (std::string_view("(),.;=<>&-*").find(Atual()) == std::string_view::npos) {
+        if (std::string_view("(),.;=&-*").find(Atual()) == std::string_view::npos) {
             LancarErroDeSintaxe(consulta_, i_, "caractere inesperado");
         }
         Juntar(TipoSimbolo::Sinal, std::string(1, Atual()));
@@ -125,13 +104,9 @@ class Leitor {
     std::vector<Simbolo> simbolos_;
 };
 
-bool IniciaCaractere(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-}
-
 }  // namespace
 
-std::vector<Simbolo> Separar(std::string_view consulta) {
+std::vector<Simbolo> LerSimbolos(std::string_view consulta) {
     if (const auto nulo = consulta.find('\0'); nulo != std::string_view::npos) {
         LancarErroDeSintaxe(consulta, nulo, "caractere nulo");
     }
@@ -141,9 +116,9 @@ std::vector<Simbolo> Separar(std::string_view consulta) {
 void LancarErroDeSintaxe(std::string_view consulta, std::size_t posicao,
                          std::string_view problema) {
     constexpr std::size_t Trecho = 30;
-    const auto antes = std::ranges::count_if(consulta.substr(0, posicao), IniciaCaractere);
+    const auto antes = Caracteres(consulta.substr(0, posicao));
     std::size_t fim = std::min(consulta.size(), posicao + Trecho);
-    while (fim < consulta.size() && !IniciaCaractere(consulta[fim])) {
+    while (fim < consulta.size() && ContinuaCaractere(consulta[fim])) {
         ++fim;
     }
     const std::string onde =

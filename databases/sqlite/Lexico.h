@@ -8,7 +8,7 @@
 // The words of a query.
 namespace tarvo::sqlite {
 
-enum class TipoSimbolo { Palavra, NomeEntreColchetes, Texto, Numero, Data, Sinal, Fim };
+enum class TipoSimbolo { Palavra, NomeEntreColchetes, Texto, Numero, Sinal, Fim };
 
 struct Simbolo {
     TipoSimbolo tipo = TipoSimbolo::Fim;
@@ -17,8 +17,8 @@ struct Simbolo {
 };
 
 // The query's words, ended by one of type Fim. Error 3075 for a character that begins none and
-// for a text, name or date that is never closed.
-std::vector<Simbolo> Separar(std::string_view consulta);
+// for a text or name that is never closed.
+std::vector<Simbolo> LerSimbolos(std::string_view consulta);
 
 // Error 3075 with the place: its number, counted in characters from 1, and the text found there.
 [[noreturn]] void LancarErroDeSintaxe(std::string_view consulta, std::size_t posicao,

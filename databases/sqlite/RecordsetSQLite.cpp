@@ -1,7 +1,5 @@
 #include "databases/sqlite/RecordsetSQLite.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <new>
 
@@ -19,11 +17,7 @@ namespace {
 
 }  // namespace
 
-void RecordsetSQLite::Soltar::operator()(sqlite3_value* valor) const {
-    sqlite3_value_free(valor);
-}
-
-RecordsetSQLite::RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoTraduzida consulta,
+RecordsetSQLite::RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoSql consulta,
                                  TipoRecordset tipo)
     : conexao_(std::move(conexao)),
       consulta_(std::move(consulta)),
@@ -32,7 +26,7 @@ RecordsetSQLite::RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoTraduz
     if (tipo_ == TipoRecordset::Dynaset) {
         LerTodas();
         leitura_.reset();
-        fim_ = linhas_.empty();
+        fim_ = registros_.empty();
     } else {
         fim_ = !leitura_->Passo();
     }
@@ -42,16 +36,16 @@ RecordsetSQLite::~RecordsetSQLite() = default;
 
 void RecordsetSQLite::LerTodas() {
     while (leitura_->Passo()) {
-        Linha linha;
-        linha.reserve(consulta_.colunas.size());
+        Registro registro;
+        registro.reserve(consulta_.colunas.size());
         for (std::size_t c = 0; c < consulta_.colunas.size(); ++c) {
-            linha.emplace_back(
+            registro.emplace_back(
                 sqlite3_value_dup(sqlite3_column_value(leitura_->Ponteiro(), static_cast<int>(c))));
-            if (!linha.back()) {
+            if (!registro.back()) {
                 throw std::bad_alloc();
             }
         }
-        linhas_.push_back(std::move(linha));
+        registros_.push_back(std::move(registro));
     }
 }
 
@@ -79,7 +73,7 @@ void RecordsetSQLite::MoveNext() {
     }
     ++atual_;
     fim_ = true;  // stays so when the next row cannot be read
-    fim_ = leitura_ ? !leitura_->Passo() : atual_ == linhas_.size();
+    fim_ = leitura_ ? !leitura_->Passo() : atual_ == registros_.size();
 }
 
 std::size_t RecordsetSQLite::Coluna(std::string_view nome) const {
@@ -131,7 +125,7 @@ Valor RecordsetSQLite::Ler(std::size_t coluna) const {
     }
     const ColunaSaida& saida = consulta_.colunas[coluna];
     const Celula celula = leitura_ ? LerCelula(leitura_->Ponteiro(), static_cast<int>(coluna))
-                                   : LerCelula(linhas_[atual_][coluna].get());
+                                   : LerCelula(registros_[atual_][coluna].get());
     return Converter(celula, saida.tipo, {saida.tabela, saida.coluna});
 }
 
@@ -193,7 +187,7 @@ void RecordsetSQLite::Update() {
 void RecordsetSQLite::Close() {
     leitura_.reset();
     insercao_.reset();
-    linhas_.clear();
+    registros_.clear();
     nova_.reset();
     conexao_.reset();
 }

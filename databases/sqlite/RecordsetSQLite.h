@@ -1,15 +1,16 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "data/BancoDados.h"
+#include "data/ObjetoDeC.h"
 #include "databases/sqlite/Conexao.h"
 #include "databases/sqlite/Tradutor.h"
-
-struct sqlite3_value;
 
 namespace tarvo::sqlite {
 
@@ -18,8 +19,7 @@ namespace tarvo::sqlite {
 // so that tables can be rewritten while it is open. Rows added are seen by later recordsets.
 class RecordsetSQLite final : public Recordset {
   public:
-    RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoTraduzida consulta,
-                    TipoRecordset tipo);
+    RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoSql consulta, TipoRecordset tipo);
     ~RecordsetSQLite() override;
     RecordsetSQLite(const RecordsetSQLite&) = delete;
     RecordsetSQLite& operator=(const RecordsetSQLite&) = delete;
@@ -32,10 +32,7 @@ class RecordsetSQLite final : public Recordset {
     void Close() override;
 
   private:
-    struct Soltar {
-        void operator()(sqlite3_value* valor) const;
-    };
-    using Linha = std::vector<std::unique_ptr<sqlite3_value, Soltar>>;
+    using Registro = std::vector<ObjetoDeC<sqlite3_value_free>>;
 
     [[nodiscard]] std::size_t Coluna(std::string_view nome) const override;
     [[nodiscard]] std::size_t Coluna(int posicao) const override;
@@ -48,10 +45,10 @@ class RecordsetSQLite final : public Recordset {
     [[nodiscard]] std::size_t Procurar(std::string_view nome) const;
 
     std::shared_ptr<Conexao> conexao_;  // empty once closed
-    SelecaoTraduzida consulta_;
+    SelecaoSql consulta_;
     TipoRecordset tipo_;
     std::unique_ptr<Instrucao> leitura_;  // forward-only
-    std::vector<Linha> linhas_;           // dynaset
+    std::vector<Registro> registros_;     // dynaset
     std::size_t atual_ = 0;               // row number
     bool fim_ = false;
     std::unique_ptr<Instrucao> insercao_;

@@ -46,20 +46,19 @@ class TradutorSelecao {
         MarcarSaida();
     }
 
-    SelecaoTraduzida Traduzir() {
-        SelecaoTraduzida traduzida;
+    SelecaoSql Traduzir() {
+        SelecaoSql traduzida;
         std::string itens;
         for (const Item& item : itens_) {
             ExigirAgrupada(item.expressao);
-            const Traduzida valor = expressoes_.Traduzir(item.expressao);
+            const ExpressaoSql valor = expressoes_.Traduzir(item.expressao);
             Juntar(itens, ", ", valor.sql);
             traduzida.colunas.push_back(Saida(item, valor, traduzida.colunas.size()));
         }
         traduzida.sql = "SELECT " + itens + Origens() + Clausula(" GROUP BY ", grupos_) +
-                        Clausula(" HAVING ", CondicoesDosGrupos()) +
                         Clausula(" ORDER BY ", Ordem());
         if (EhTabelaInteira()) {
-            traduzida.gravavel = escopo_.Guardar(0);
+            traduzida.gravavel = escopo_.PartilharTabela(0);
         }
         return traduzida;
     }
@@ -80,53 +79,45 @@ class TradutorSelecao {
             }
             for (std::size_t t = 0; t < escopo_.Quantas(); ++t) {
                 if (so.value_or(t) == t) {
-                    for (const Coluna& coluna : escopo_.Da(t).colunas) {
+                    for (const Coluna& coluna : escopo_.TabelaEm(t).colunas) {
                         itens_.push_back(
-                            {ColunaDe(escopo_.Da(t), coluna, item.tabela.posicao), ""});
+                            {ColunaDe(escopo_.TabelaEm(t), coluna, item.tabela.posicao), ""});
                     }
                 }
             }
         }
     }
 
-    // What the query groups by, and the HAVING terms without sums as the conditions on rows that
-    // they are, so that an index can serve them.
+    // What the query groups by, and the HAVING terms as the conditions on rows that they are, so
+    // that an index can serve them.
     void DistribuirGrupos() {
-        const auto agrega = [](const auto& item) {
-            return Expressoes::ContemAgregacao(item.expressao);
-        };
         agregada_ = !selecao_.grupos.empty() || !selecao_.condicoesDosGrupos.empty() ||
-                    std::ranges::any_of(itens_, agrega);
-        const bool distinta = selecao_.unicidade == Unicidade::Distinct && !agregada_;
+                    std::ranges::any_of(itens_, [](const Item& item) {
+                        return Expressoes::ContemSoma(item.expressao);
+                    });
         for (const Expressao& grupo : selecao_.grupos) {
             AgruparPor(grupo);
         }
-        for (std::size_t i = 0; distinta && i < itens_.size(); ++i) {
-            AgruparPor(itens_[i].expressao);
-        }
-        agregada_ = agregada_ || distinta;
         for (const Expressao& condicao : selecao_.condicoesDosGrupos) {
             ExigirAgrupada(condicao);
-            if (!Expressoes::ContemAgregacao(condicao)) {
-                condicoes_.push_back(condicao);
-            }
+            condicoes_.push_back(condicao);
         }
         for (const Expressao& condicao : condicoes_) {
-            if (Expressoes::ContemAgregacao(condicao)) {
-                LancarErroDeSintaxe(consulta_, condicao.posicao, "agregação numa condição");
+            if (Expressoes::ContemSoma(condicao)) {
+                LancarErroDeSintaxe(consulta_, condicao.posicao, "soma numa condição");
             }
         }
     }
 
     void AgruparPor(const Expressao& grupo) {
-        const Traduzida valor = expressoes_.Traduzir(grupo);
+        const ExpressaoSql valor = expressoes_.Traduzir(grupo);
         agrupadas_.push_back(valor.sql);
         Juntar(grupos_, ", ", expressoes_.Chave(valor));
     }
 
     // In a grouped query, columns stand in sums or in what is grouped by.
     void ExigirAgrupada(const Expressao& expressao) const {
-        if (!agregada_ || Expressoes::EhAgregacao(expressao)) {
+        if (!agregada_ || expressao.operacao == Operacao::Soma) {
             return;
         }
         const std::string sql = expressoes_.Traduzir(expressao).sql;
@@ -179,10 +170,10 @@ class TradutorSelecao {
         for (const Item& item : itens_) {
             expressoes_.MarcarTabelas(item.expressao, saida_);
         }
-        for (const ItemOrdem& item : selecao_.ordem) {
-            expressoes_.MarcarTabelas(DaOrdem(item), saida_);
+        for (const Expressao& chave : selecao_.ordem) {
+            expressoes_.MarcarTabelas(chave, saida_);
         }
-        if (selecao_.unicidade != Unicidade::DistinctRow || agregada_ ||
+        if (!selecao_.linhasDistintas || agregada_ ||
             std::ranges::find(saida_, true) == saida_.end()) {
             saida_.assign(escopo_.Quantas(), true);
         }
@@ -192,7 +183,7 @@ class TradutorSelecao {
         std::string tabelas;
         for (std::size_t t = 0; t < escopo_.Quantas(); ++t) {
             if (saida_[t] == daSaida) {
-                Juntar(tabelas, ", ", escopo_.Da(t).Sql());
+                Juntar(tabelas, ", ", escopo_.TabelaEm(t).Sql());
             }
         }
         return tabelas;
@@ -219,42 +210,15 @@ class TradutorSelecao {
         return " FROM " + Tabelas(true) + Clausula(" WHERE ", daSaida);
     }
 
-    [[nodiscard]] std::string CondicoesDosGrupos() const {
-        std::string condicoes;
-        for (const Expressao& condicao : selecao_.condicoesDosGrupos) {
-            if (Expressoes::ContemAgregacao(condicao)) {
-                Juntar(condicoes, " AND ", expressoes_.Condicao(condicao));
-            }
-        }
-        return condicoes;
-    }
-
-    // A sort key may also be the name given to an item.
-    [[nodiscard]] const Expressao& DaOrdem(const ItemOrdem& ordem) const {
-        const Expressao& chave = ordem.expressao;
-        if (chave.operacao == Operacao::Coluna && chave.tabela.empty() &&
-            !escopo_.Procurar(chave)) {
-            for (const Item& item : itens_) {
-                if (SemCaixa(item.apelido) == SemCaixa(chave.nome)) {
-                    return item.expressao;
-                }
-            }
-        }
-        return chave;
-    }
-
     [[nodiscard]] std::string Ordem() const {
         std::string ordem;
-        for (const ItemOrdem& item : selecao_.ordem) {
-            const Expressao& chave = DaOrdem(item);
+        for (const Expressao& chave : selecao_.ordem) {
             ExigirAgrupada(chave);
-            Juntar(
-                ordem, ", ",
-                expressoes_.Chave(expressoes_.Traduzir(chave)) + (item.decrescente ? " DESC" : ""));
+            Juntar(ordem, ", ", expressoes_.Chave(expressoes_.Traduzir(chave)));
         }
         for (const std::size_t t : Desempate()) {
-            const std::string rowid = NomeSql(escopo_.Da(t).nome) + ".rowid";
-            if (!escopo_.Da(t).temRowid || (agregada_ && grupos_.empty())) {
+            const std::string rowid = NomeSql(escopo_.TabelaEm(t).nome) + ".rowid";
+            if (!escopo_.TabelaEm(t).temRowid || (agregada_ && grupos_.empty())) {
                 continue;
             }
             Juntar(ordem, ", ", agregada_ ? "min(" + rowid + ")" : rowid);
@@ -288,17 +252,17 @@ class TradutorSelecao {
         return tabelas;
     }
 
-    [[nodiscard]] ColunaSaida Saida(const Item& item, const Traduzida& valor,
+    [[nodiscard]] ColunaSaida Saida(const Item& item, const ExpressaoSql& valor,
                                     std::size_t posicao) const {
         ColunaSaida saida;
         saida.nome = SemCaixa(item.apelido);
         saida.tipo = valor.tipo;
         if (valor.coluna) {
-            const Tabela& tabela = escopo_.Da(valor.coluna->tabela);
+            const Tabela& tabela = escopo_.TabelaEm(valor.coluna->tabela);
             saida.tabela = tabela.nome;
-            saida.coluna = escopo_.Da(*valor.coluna).nome;
+            saida.coluna = escopo_.ColunaEm(*valor.coluna).nome;
             if (item.apelido.empty()) {
-                saida.nome = escopo_.Da(*valor.coluna).nomeSemCaixa;
+                saida.nome = escopo_.ColunaEm(*valor.coluna).nomeSemCaixa;
                 saida.tabelaQualificadora = tabela.nomeSemCaixa;
             }
         } else if (item.apelido.empty()) {
@@ -327,22 +291,13 @@ class TradutorSelecao {
 
 }  // namespace
 
-SelecaoTraduzida Traduzir(const Selecao& selecao, Esquema& esquema, std::string_view consulta) {
+SelecaoSql Traduzir(const Selecao& selecao, Esquema& esquema, std::string_view consulta) {
     return TradutorSelecao(selecao, esquema, consulta).Traduzir();
 }
 
-ExclusaoTraduzida Traduzir(const Exclusao& exclusao, Esquema& esquema, std::string_view consulta) {
-    const Escopo escopo(esquema, {exclusao.tabela}, consulta);
-    const Expressoes expressoes(escopo, consulta);
-    std::string condicoes;
-    for (const Expressao& condicao : exclusao.condicoes) {
-        if (Expressoes::ContemAgregacao(condicao)) {
-            LancarErroDeSintaxe(consulta, condicao.posicao, "agregação numa condição");
-        }
-        Juntar(condicoes, " AND ", expressoes.Condicao(condicao));
-    }
-    return {"DELETE FROM " + escopo.Da(0).Sql() + Clausula(" WHERE ", condicoes),
-            escopo.Da(0).esquema};
+ExclusaoSql Traduzir(const Exclusao& exclusao, Esquema& esquema) {
+    const auto tabela = ExigirTabela(esquema, exclusao.tabela.nome);
+    return {"DELETE FROM " + tabela->Sql(), tabela->esquema};
 }
 
 }  // namespace tarvo::sqlite

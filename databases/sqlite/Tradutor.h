@@ -23,7 +23,7 @@ struct ColunaSaida {
     std::string coluna;
 };
 
-struct SelecaoTraduzida {
+struct SelecaoSql {
     std::string sql;
     std::vector<ColunaSaida> colunas;
     std::shared_ptr<const Tabela> gravavel;  // the table of a plain "SELECT * FROM table"
@@ -36,13 +36,14 @@ struct SelecaoTraduzida {
 //
 // DISTINCTROW keeps one row for each combination of rows of the tables that give columns; the
 // other tables only have to have a row that fits. It means nothing in a query with sums.
-SelecaoTraduzida Traduzir(const Selecao& selecao, Esquema& esquema, std::string_view consulta);
+SelecaoSql Traduzir(const Selecao& selecao, Esquema& esquema, std::string_view consulta);
 
-struct ExclusaoTraduzida {
+struct ExclusaoSql {
     std::string sql;
     std::string esquema;  // whose table is emptied
 };
 
-ExclusaoTraduzida Traduzir(const Exclusao& exclusao, Esquema& esquema, std::string_view consulta);
+// Error 3078.
+ExclusaoSql Traduzir(const Exclusao& exclusao, Esquema& esquema);
 
 }  // namespace tarvo::sqlite

@@ -146,7 +146,7 @@ insert into tblDetalhesCFOPs values
         banco.Linhas("select CFOP, ValorContábil, BaseCálculo, Imposto, IsentasNãoTrib, Outras, "
                      "ImpostoRetidoST, ImpRetSubstitutoST, ImpRetSubstituido, OutrosImpostos, "
                      "NroDRQ from " +
-                         std::string(Saidas) + " where ValorContábil <> ''",
+                         std::string(Saidas) + " where ValorContábil >= '-'",
                      11),
         ElementsAre("5.101|1,01|2,01|3,01|4,01|5,01|6,01|7,01|8,01|9,01|2",
                     "5.998|-0,01|0,00|0,00|0,00|0,00|0,00|0,00|0,00|12.345.678.901.234,57|2",

@@ -185,7 +185,7 @@ TEST_F(Abertura, ADatabaseOfOthersKeepsItsOwnForm) {
     {
         const auto banco =
             BancoSQLite::Abrir(outro, {.tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
-        EXPECT_EQ(LinhasDe(*banco, "SELECT * FROM tblDRQ WHERE Réf > 'MACA' OR NroDRQ = 1",
+        EXPECT_EQ(LinhasDe(*banco, "SELECT * FROM tblDRQ WHERE Réf >= 'maçã' OR NroDRQ = 1",
                            "X|Réf|NroDRQ"),
                   "1|maçã|2\ndois|Maca|1");
         EXPECT_EQ(LinhasDe(*banco,

@@ -5,8 +5,6 @@
 #include <array>
 #include <string>
 
-#include "databases/sqlite/Padrao.h"
-
 namespace tarvo::sqlite {
 
 namespace {
@@ -51,28 +49,6 @@ TEST(Alfabeto, TheShortCutForAsciiGivesTheSameOrder) {
                 << x << " / " << y;
         }
     }
-}
-
-TEST(Padrao, FollowsTheWildcards) {
-    const auto casa = [](const char* padrao, const char* texto) {
-        return Padrao(padrao).Casa(texto);
-    };
-    EXPECT_TRUE(casa("5*", "5.102"));
-    EXPECT_TRUE(casa("5*", "5"));
-    EXPECT_FALSE(casa("5*", "15.102"));
-    EXPECT_TRUE(casa("*ÇÃO", "Conceição"));
-    EXPECT_FALSE(casa("*cao", "Conceição"));
-    EXPECT_TRUE(casa("?.##2", "5.102"));
-    EXPECT_FALSE(casa("?.##2", "5.1a2"));
-    EXPECT_TRUE(casa("[5-7]*", "6.101"));
-    EXPECT_FALSE(casa("[!5-7]*", "6.101"));
-    EXPECT_TRUE(casa("[*]?", "*á"));
-    EXPECT_TRUE(casa("a*b*c", "aXbbYbc"));
-    EXPECT_FALSE(casa("a*b*c", "aXbbYbcd"));
-    EXPECT_TRUE(casa("", ""));
-    EXPECT_FALSE(casa("", "a"));
-    EXPECT_TRUE(casa("a[", "a["));
-    EXPECT_FALSE(casa("%_", "ab"));
 }
 
 }  // namespace

@@ -73,6 +73,20 @@ TEST_F(HostileDatabase, ItsSchemaCallsNothingThatCouldDoHarm) {
     EXPECT_EQ(NumeroDoErro([&] { banco_.Executar("ATTACH ':memory:' AS outro"); }), 3075);
 }
 
+TEST_F(HostileDatabase, DamageThatNoQueryMeetsIsFoundByLooking) {
+    EXPECT_TRUE(banco_->Danos().empty());
+    const auto adotado = Adotado();
+    const char* const trocarIndices =
+        "INSERT INTO tblZFM_ALC (NroDRQ) VALUES (7); PRAGMA writable_schema = ON; UPDATE "
+        "sqlite_master SET rootpage = (SELECT rootpage FROM sqlite_master WHERE name = "
+        "'idxtblMIDAXNroDRQ') WHERE name = 'idxtblZFM_ALCNroDRQ'";
+    ASSERT_EQ(sqlite3_exec(db_, trocarIndices, nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto danificado = BancoSQLite::Abrir(banco_.Arquivo());
+    EXPECT_EQ(LinhasDe(*danificado, "SELECT * FROM tblZFM_ALC WHERE NroDRQ = 7", ""), "")
+        << "a row is missing without an error";
+    EXPECT_FALSE(danificado->Danos().empty());
+}
+
 TEST_F(HostileDatabase, ColumnsThatItComputesAreReadAndNeverWritten) {
     banco_.Executar(
         "CREATE TABLE tblConta (a INTEGER, dobro INTEGER AS (a * 2), b TEXT, "
