@@ -51,5 +51,25 @@ TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
     EXPECT_TRUE(Avisos().empty());
 }
 
+TEST_F(Andamento, AnEndlessQueryIsCancelledInItsWindow) {
+    apoio::BancoDeTeste banco(
+        "DROP TABLE tblVELO; CREATE VIEW tblVELO AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+        "SELECT i + 1 FROM n) SELECT i AS IE FROM n WHERE i % 7 = 9");
+    const Acompanhamento acompanhamento(*banco, &andamento);
+    QTimer usuario;
+    QObject::connect(&usuario, &QTimer::timeout, [&] {
+        for (auto* aviso : Avisos()) {
+            EXPECT_EQ(aviso->labelText(), QStringLiteral("Lendo o banco…"));
+            QTest::mouseClick(aviso->findChild<QPushButton*>(), Qt::LeftButton);
+        }
+    });
+    usuario.start(1);
+    EXPECT_EQ(apoio::NumeroDe([&] {
+                  banco->OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
+              }),
+              NumeroErro::Cancelado);
+    EXPECT_TRUE(Avisos().empty());
+}
+
 }  // namespace
 }  // namespace tarvo

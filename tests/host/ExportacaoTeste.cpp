@@ -204,6 +204,19 @@ TEST_F(Exportacao, AnEndlessQueryEndsWithTheFirstSignal) {
     }
 }
 
+TEST_F(Exportacao, DamageThatNoReportMeetsIsSaid) {
+    const OutroPrograma danificando(
+        Banco(),
+        "PRAGMA writable_schema = ON; UPDATE sqlite_master SET rootpage = (SELECT rootpage FROM "
+        "sqlite_master WHERE name = 'idxtblMIDAXNroDRQ') WHERE name = 'idxtblZFM_ALCNroDRQ'");
+    const auto avisa = HasSubstr("aviso: o banco está danificado");
+    EXPECT_THAT(Exportar("todos", "json").erros, avisa);
+    EXPECT_THAT(Rodar({"lote", Banco(), "--saida", Saida("lote"), "--relatorios", "17", "--formato",
+                       "json"})
+                    .erros,
+                avisa);
+}
+
 TEST_F(Exportacao, OneReportCostsLittleProcessorTime) {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     GTEST_SKIP() << "sanitizers change the figure";
