@@ -20,19 +20,20 @@ constexpr std::size_t ColunasSemHashes = 10;
 constexpr char Texto = '\'';
 constexpr std::string_view ComecosDeFormula = "=+-@\t'";
 
-std::string Celula(std::string_view texto) {
-    std::string celula;
+std::string Celula(std::string texto) {
+    std::ranges::replace_if(
+        texto, [](char c) { return c == '\r' || c == '\n'; }, ' ');
     if (!texto.empty() && ComecosDeFormula.find(texto.front()) != std::string_view::npos) {
-        celula += Texto;
+        texto.insert(0, 1, Texto);
     }
-    const bool citada = texto.find_first_of(";\"\r\n") != std::string_view::npos;
+    if (texto.find_first_of(";\"") == std::string::npos) {
+        return texto;
+    }
+    std::string citada = "\"";
     for (const char c : texto) {
-        celula += c == '\r' || c == '\n' ? ' ' : c;
-        if (c == '"') {
-            celula += c;
-        }
+        citada.append(c == '"' ? 2 : 1, c);
     }
-    return citada ? '"' + celula + '"' : celula;
+    return citada + '"';
 }
 
 std::string TextoDaCelula(std::string_view celula) {

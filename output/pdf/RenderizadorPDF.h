@@ -47,8 +47,9 @@ TARVO_PUBLICO void PrepararFontes();
 TARVO_PUBLICO ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes,
                                          const DestinoPDF& destino);
 TARVO_PUBLICO ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes);
-// Writes to a temporary name beside the file and renames it, so that the old file stays whole until
-// the new one is. Errors 76, 70, 61 and 57 for folder, permission, space and device.
+// The old file stays whole until the new one is; a link of that name is replaced, never followed.
+// Errors 76, 75, 70, 67, 61 and 57 for folder, what must not be replaced (a folder, a database,
+// what is no regular file), permission, too many open files, space and device.
 TARVO_PUBLICO ResultadoPDF GravarPDF(const Conteudo& conteudo,
                                      const std::filesystem::path& arquivo);
 TARVO_PUBLICO ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes,
