@@ -83,6 +83,11 @@ void ProgressoLote::Avisar(const std::string& aviso) {
     EscreverLinha();
 }
 
+void ProgressoLote::EscreverDados(const std::string& linha) {
+    const std::lock_guard trava(mutex_);
+    console_.Dados() << linha << "\n" << std::flush;
+}
+
 void ProgressoLote::Terminar() {
     const std::lock_guard trava(mutex_);
     ApagarLinha();

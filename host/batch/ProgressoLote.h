@@ -35,6 +35,8 @@ class ProgressoLote {
     // A report failed: said at once, advice only the first time.
     void Falhar(const Erro& erro, const std::string& contexto);
     void Avisar(const std::string& aviso);
+    // A line of data, on the standard output.
+    void EscreverDados(const std::string& linha);
     // What came of it all, on a line of its own.
     void Terminar();
 

@@ -8,6 +8,7 @@
 #include "host/batch/HashDeDados.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"
+#include "host/commands/ResultadoEmJSON.h"
 #include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
@@ -219,6 +220,10 @@ void TrabalhadorLote::GravarEAnotar(const Producao& p, const Arquivo& arquivo,
     linha.dados = p.dados;
     linha.conteudo = HashDeArquivos(caminhos);
     lote_.resumo.Acrescentar(linha);
+    if (lote_.argumentos.json) {
+        lote_.progresso.EscreverDados(
+            ResultadoEmJSON(linha.relatorio, linha.IE, linha.NroDRQ, resultado));
+    }
 }
 
 // Of the call, those that change a file of these reports.

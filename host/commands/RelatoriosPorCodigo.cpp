@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/Textos.h"
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
 #include "slip/RelatorioVELO.h"
@@ -17,11 +18,6 @@ const EntradaCatalogo* Procurar(std::string_view codigo) {
     const auto catalogo = Catalogo();
     const auto achada = std::ranges::find(catalogo, codigo, &EntradaCatalogo::codigo);
     return achada != catalogo.end() ? &*achada : nullptr;
-}
-
-std::string_view SemBrancos(std::string_view texto) {
-    texto.remove_prefix(std::min(texto.find_first_not_of(' '), texto.size()));
-    return texto.substr(0, texto.find_last_not_of(' ') + 1);
 }
 
 std::string EmMaiusculas(std::string_view texto) {

@@ -34,6 +34,21 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(Arquivos(pasta.Caminho()), Not(Contains(HasSubstr("exemplo.tarvo-"))));
 }
 
+TEST_F(Lote, ProgramsGetALineOfJSONForEachReportAndASilentBatchSaysNothing) {
+    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W')");
+    const Execucao e =
+        RodarLote({"--relatorios", "01,17", "--trabalhos", "3", "--json", "--silencioso"});
+    EXPECT_THAT(e, Termina(0, ""));
+    const auto linhas = LinhasJSON(e.saida);
+    ASSERT_THAT(linhas, SizeIs(20));
+    for (const auto& linha : linhas) {
+        const auto& arquivo = linha["arquivos"][0];
+        EXPECT_EQ(fs::file_size(arquivo["caminho"].get<std::string>()), arquivo["bytes"]);
+        EXPECT_EQ(linha["cortados"].size(), linha["relatorio"] == "01" ? 1U : 0U);
+    }
+    EXPECT_THAT(RodarLote({"--relatorios", "01", "--retomar", "--silencioso"}).saida, IsEmpty());
+}
+
 // A sanitizer maps far more addresses than the program uses.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(Lote, RunsToItsEndWithManyThreadsInLittleMemory) {
