@@ -179,7 +179,8 @@ TARVO_API int32_t tarvo_memoria_bytes(tarvo_memoria memoria, const char** bytes,
 
 /**
  * How many texts the object's last PDF had to cut ("…") because they did not fit their boxes even
- * condensed to 60 %; zero before any PDF, and after every build.
+ * condensed to 60 %, or has with "?" for a character of no installed font; zero before any PDF, and
+ * after every build.
  */
 TARVO_API int32_t tarvo_textos_cortados(tarvo_objeto objeto, size_t* quantidade);
 /** One of them: its page, and the whole text. Error 5 for an index outside 1 to quantidade. */

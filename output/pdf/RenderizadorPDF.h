@@ -15,7 +15,8 @@
 // The one rendering of report documents: a PDF/A-2b file that preview, printer and archive share.
 namespace tarvo {
 
-// A text that did not fit its box even at 60 % and was cut with "…".
+// A text that did not fit its box even at 60 % and was cut with "…", or that has a character that
+// no installed font has and "?" stands for.
 struct TextoCortado {
     std::size_t pagina = 0;  // from 1, in the file
     Caixa caixa;             // cm, as recorded

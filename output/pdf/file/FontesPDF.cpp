@@ -114,13 +114,26 @@ FonteDoArquivo& FontesPDF::Obter(std::string_view nome, bool negrito, bool itali
     chave += italico ? 'I' : 'i';
     auto*& fonte = porNome_[chave];
     if (fonte == nullptr) {
-        auto nova = std::make_unique<FonteDoArquivo>(Face::Obter(nome, negrito, italico));
-        nova->numero = static_cast<int>(fontes_.size());
-        nova->objetoCodigos = escritor_.Reservar();
-        nova->objetoGlifos = escritor_.Reservar();
-        fonte = fontes_.emplace_back(std::move(nova)).get();
+        fonte = &Acrescentar(Fonte(nome, negrito, italico));
+        porFace_.try_emplace(&fonte->fonte.FaceUsada(), fonte);
     }
     return *fonte;
+}
+
+FonteDoArquivo& FontesPDF::Obter(const std::shared_ptr<const Face>& face) {
+    auto*& fonte = porFace_[face.get()];
+    if (fonte == nullptr) {
+        fonte = &Acrescentar(Fonte(face));
+    }
+    return *fonte;
+}
+
+FonteDoArquivo& FontesPDF::Acrescentar(Fonte fonte) {
+    auto nova = std::make_unique<FonteDoArquivo>(std::move(fonte));
+    nova->numero = static_cast<int>(fontes_.size());
+    nova->objetoCodigos = escritor_.Reservar();
+    nova->objetoGlifos = escritor_.Reservar();
+    return *fontes_.emplace_back(std::move(nova));
 }
 
 std::string FontesPDF::Embutir() {

@@ -24,11 +24,14 @@ void OperadoresDePagina::EscreverCodigos(const EstadoDeTexto& estado, Centesimos
 void OperadoresDePagina::EscreverTexto(const EstadoDeTexto& estado, Centesimos x, Centesimos y,
                                        std::u32string_view texto) {
     Posicionar(estado, x, y);
-    const Fonte& fonte = estado.fonte->fonte;
+    Fonte& fonte = estado.fonte->fonte;
     for (const auto& trecho : DividirEmTrechos(fonte, texto)) {
-        if (!trecho.porCodigo) {
-            EscolherFonte(estado, Modo::Glifos);
-            AnexarGlifos(*estado.fonte, estado.corpo, trecho.texto);
+        if (trecho.face != nullptr) {
+            EstadoDeTexto usado = estado;
+            usado.fonte =
+                trecho.face == fonte.FacePropria() ? estado.fonte : &fontes_.Obter(trecho.face);
+            EscolherFonte(usado, Modo::Glifos);
+            AnexarGlifos(*usado.fonte, usado.corpo, trecho.texto);
             continue;
         }
         codigos_.clear();
@@ -160,7 +163,7 @@ void OperadoresDePagina::AnexarGlifos(FonteDoArquivo& fonte, Centesimos corpo,
     };
     int elevacao = 0;
     operadores_ += '[';
-    for (const auto& g : fonte.fonte.Formar(texto)) {
+    for (const auto& g : fonte.fonte.Formar(texto, face)) {
         if (g.dy != elevacao) {
             ajustar();
             operadores_ += "]TJ ";

@@ -21,6 +21,8 @@ struct EstadoDeTexto {
 // change, and moves from line to line by differences.
 class OperadoresDePagina {
   public:
+    explicit OperadoresDePagina(FontesPDF& fontes) : fontes_(fontes) {}
+
     // For a new page.
     void Reiniciar();
     // A line from its start (x, y) on the baseline; codigos in the font's one-byte code.
@@ -46,6 +48,7 @@ class OperadoresDePagina {
     void AnexarCodigos(FonteDoArquivo& fonte, std::string_view codigos);
     void AnexarGlifos(FonteDoArquivo& fonte, Centesimos corpo, std::u32string_view texto);
 
+    FontesPDF& fontes_;
     std::string operadores_;
     std::string codigos_;
     // The graphics state as the operators so far leave it.

@@ -37,6 +37,7 @@ class PaginaPDF {
     PaginaPDF(Recursos& recursos, const Conteudo& conteudo)
         : recursos_(recursos),
           papel_(conteudo),
+          operadores_(recursos.fontes),
           textos_(recursos.fontes, conteudo, operadores_, ocupadas_) {}
     PaginaPDF(const PaginaPDF&) = delete;
     PaginaPDF& operator=(const PaginaPDF&) = delete;

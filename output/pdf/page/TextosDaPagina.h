@@ -14,7 +14,7 @@
 
 namespace tarvo::pdf {
 
-// A text that did not fit its box and was cut, whole.
+// A text that is not wholly on the page, whole.
 struct Corte {
     Caixa caixa;  // cm, as recorded
     std::string texto;

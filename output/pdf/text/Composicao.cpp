@@ -42,56 +42,73 @@ struct Quebra {
     bool partiuPalavra = false;
 };
 
-// The end of the line that begins at inicio: as many words as fit, or as much as fits of the first.
-std::size_t FimDaLinha(const Regua& regua, Parte paragrafo, int limite, Quebra& quebra) {
-    const auto texto = regua.Texto().substr(0, paragrafo.fim);
-    std::size_t fim = paragrafo.inicio;
-    for (;;) {
-        const auto palavra = texto.find_first_not_of(U' ', fim);
-        if (palavra == std::u32string_view::npos) {
-            return fim;
+// Breaks a text into lines, one after the other and no more than are wanted, so that the time is
+// that of what is seen and not of what is there.
+class Quebrador {
+  public:
+    Quebrador(const Regua& regua, int limite) : regua_(regua), limite_(limite) {}
+
+    Quebra Quebrar(std::size_t maximo) {
+        const auto texto = regua_.Texto();
+        for (std::size_t inicio = 0; inicio <= texto.size() && quebra_.linhas.size() < maximo;) {
+            const auto fim = std::min(texto.find(U'\n', inicio), texto.size());
+            QuebrarParagrafo({inicio, fim}, maximo);
+            inicio = fim + 1;
         }
-        const auto fimPalavra = std::min(texto.find(U' ', palavra), texto.size());
-        const bool longa = fimPalavra - palavra > MaiorPalavra;
-        const bool cabe =
-            (!longa || regua.OndeCabe(paragrafo.inicio, fimPalavra, limite) == fimPalavra) &&
-            regua.Largura(paragrafo.inicio, fimPalavra) <= limite;
-        if (!cabe) {
-            if (fim > paragrafo.inicio) {
+        return std::move(quebra_);
+    }
+
+  private:
+    // One paragraph into lines, at blanks; those at a line's end vanish.
+    void QuebrarParagrafo(Parte paragrafo, std::size_t maximo) {
+        const auto texto = regua_.Texto().substr(0, paragrafo.fim);
+        bool vazio = true;
+        while (quebra_.linhas.size() < maximo &&
+               texto.find_first_not_of(U' ', paragrafo.inicio) != std::u32string_view::npos) {
+            const auto fim = FimDaLinha(paragrafo);
+            quebra_.linhas.push_back({paragrafo.inicio, fim});
+            paragrafo.inicio = std::min(texto.find_first_not_of(U' ', fim), texto.size());
+            vazio = false;
+        }
+        if (vazio) {
+            quebra_.linhas.push_back({paragrafo.inicio, paragrafo.inicio});
+        }
+    }
+
+    // The end of the line that begins at inicio: as many words as fit, or as much as fits of the
+    // first.
+    std::size_t FimDaLinha(Parte paragrafo) {
+        const auto texto = regua_.Texto().substr(0, paragrafo.fim);
+        std::size_t fim = paragrafo.inicio;
+        for (;;) {
+            const auto palavra = texto.find_first_not_of(U' ', fim);
+            if (palavra == std::u32string_view::npos) {
                 return fim;
             }
-            quebra.partiuPalavra = quebra.partiuPalavra || !longa;
-            return regua.OndeCabe(paragrafo.inicio, fimPalavra, limite);
+            // A word that goes on over several lines is not looked through again for each.
+            if (palavra >= fimPalavra_) {
+                fimPalavra_ = std::min(texto.find(U' ', palavra), texto.size());
+            }
+            const bool longa = fimPalavra_ - palavra > MaiorPalavra;
+            const bool cabe = (!longa || regua_.OndeCabe(paragrafo.inicio, fimPalavra_, limite_) ==
+                                             fimPalavra_) &&
+                              regua_.Largura(paragrafo.inicio, fimPalavra_) <= limite_;
+            if (!cabe) {
+                if (fim > paragrafo.inicio) {
+                    return fim;
+                }
+                quebra_.partiuPalavra = quebra_.partiuPalavra || !longa;
+                return regua_.OndeCabe(paragrafo.inicio, fimPalavra_, limite_);
+            }
+            fim = fimPalavra_;
         }
-        fim = fimPalavra;
     }
-}
 
-// One paragraph into lines, at blanks; those at a line's end vanish.
-void QuebrarParagrafo(const Regua& regua, Parte paragrafo, int limite, Quebra& quebra) {
-    const auto texto = regua.Texto().substr(0, paragrafo.fim);
-    bool vazio = true;
-    while (texto.find_first_not_of(U' ', paragrafo.inicio) != std::u32string_view::npos) {
-        const auto fim = FimDaLinha(regua, paragrafo, limite, quebra);
-        quebra.linhas.push_back({paragrafo.inicio, fim});
-        paragrafo.inicio = std::min(texto.find_first_not_of(U' ', fim), texto.size());
-        vazio = false;
-    }
-    if (vazio) {
-        quebra.linhas.push_back({paragrafo.inicio, paragrafo.inicio});
-    }
-}
-
-Quebra Quebrar(const Regua& regua, int limite) {
-    Quebra quebra;
-    const auto texto = regua.Texto();
-    for (std::size_t inicio = 0; inicio <= texto.size();) {
-        const auto fim = std::min(texto.find(U'\n', inicio), texto.size());
-        QuebrarParagrafo(regua, {inicio, fim}, limite, quebra);
-        inicio = fim + 1;
-    }
-    return quebra;
-}
+    const Regua& regua_;
+    int limite_;
+    Quebra quebra_;
+    std::size_t fimPalavra_ = 0;  // of the word looked at last
+};
 
 }  // namespace
 
@@ -115,6 +132,7 @@ TextoComposto ComporLinha(Fonte& fonte, std::u32string_view linha, Centesimos ta
     std::u32string texto(linha);
     std::replace(texto.begin(), texto.end(), U'\n', U' ');
     const Regua regua(fonte, texto);
+    composto.cortado = regua.FaltaCaractere();
     composto.corpo = CorpoParaAltura(fonte, tamanho, altura, composto.cortado);
     const int natural = regua.Largura(0, texto.size());
     const int limite = Limite(largura, composto.corpo, CemPorCento);
@@ -143,6 +161,14 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
     const auto cabem = [&](std::size_t linhas) {
         return AlturaDe(fonte, linhas, composto.corpo) <= altura + Folga;
     };
+    // One line more than fits says that there is more.
+    const auto maximo = [&] {
+        std::size_t linhas = 1;
+        while (linhas <= texto.size() && cabem(linhas)) {
+            ++linhas;
+        }
+        return linhas + 1;
+    };
     // Rather smaller than with a word broken; but where a word is too long at any size, as large
     // as can be.
     bool cabe = false;
@@ -151,7 +177,7 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
              escala -= PassoReducao) {
             composto.corpo = Reduzir(tamanho, escala);
             limite = Limite(largura, composto.corpo, CemPorCento);
-            quebra = Quebrar(regua, limite);
+            quebra = Quebrador(regua, limite).Quebrar(maximo());
             cabe = (partindo || !quebra.partiuPalavra) && cabem(quebra.linhas.size());
         }
     }
@@ -159,7 +185,7 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
     while (linhas > 1 && !cabem(linhas)) {
         --linhas;
     }
-    composto.cortado = linhas < quebra.linhas.size() || !cabem(linhas);
+    composto.cortado = regua.FaltaCaractere() || linhas < quebra.linhas.size() || !cabem(linhas);
     for (std::size_t i = 0; i < linhas; ++i) {
         const auto [inicio, fim] = quebra.linhas[i];
         const bool ultima = i + 1 == linhas && linhas < quebra.linhas.size();

@@ -42,6 +42,33 @@ std::shared_ptr<const Face> Face::Obter(std::string_view nome, bool negrito, boo
     return face;
 }
 
+std::shared_ptr<const Face> Face::ObterCom(char32_t c, std::string_view nome, bool negrito,
+                                           bool italico) {
+    static std::mutex mutex;
+    static std::map<std::pair<std::string, unsigned>, std::shared_ptr<const Face>> lidas;
+    const auto arquivo = LocalizarFonteCom(c, nome, negrito, italico);
+    if (!arquivo) {
+        return nullptr;
+    }
+    const std::lock_guard trava(mutex);
+    auto& face = lidas[{arquivo->caminho, arquivo->indice}];
+    if (face == nullptr) {
+        face = std::make_shared<Face>(*arquivo);
+    }
+    return face;
+}
+
+bool Face::Tem(char32_t c) const {
+    hb_codepoint_t glifo = 0;
+    if (hb_font_get_nominal_glyph(fonte_.get(), c, &glifo) != 0) {
+        return true;
+    }
+    hb_codepoint_t letra = 0;
+    hb_codepoint_t acento = 0;
+    return hb_unicode_decompose(hb_unicode_funcs_get_default(), c, &letra, &acento) != 0 &&
+           Tem(letra) && (acento == 0 || Tem(acento));
+}
+
 void Face::ObterHabituais() {
     for (const auto nome : FontesHabituais) {
         for (const unsigned estilo : {0U, 1U, 2U, 3U}) {

@@ -41,6 +41,9 @@ class Face {
     static std::shared_ptr<const Face> Obter(std::string_view nome, bool negrito, bool italico);
     // Obtains all faces of FontesHabituais; those that are missing stay an error of their use.
     static void ObterHabituais();
+    // An installed face that has the character, most like that one; none when no face has it.
+    static std::shared_ptr<const Face> ObterCom(char32_t c, std::string_view nome, bool negrito,
+                                                bool italico);
     explicit Face(const ArquivoFonte& arquivo);
 
     [[nodiscard]] hb_face_t* Hb() const { return face_.get(); }
@@ -48,6 +51,8 @@ class Face {
     [[nodiscard]] const MetricasFonte& Metricas() const { return metricas_; }
     // Negative where the face lacks the code.
     [[nodiscard]] int Avanco(std::uint8_t codigo) const { return avancos_[codigo]; }
+    // Whether it can draw the character, by itself or from its parts.
+    [[nodiscard]] bool Tem(char32_t c) const;
     [[nodiscard]] int AvancoGlifo(hb_codepoint_t glifo) const;
     // Between two codes; 0 when there is none before.
     [[nodiscard]] int Kern(std::uint8_t anterior, std::uint8_t codigo) const {

@@ -3,8 +3,10 @@
 #include <fontconfig/fontconfig.h>
 
 #include <iterator>
+#include <map>
+#include <mutex>
 #include <new>
-#include <optional>
+#include <tuple>
 
 #include "data/CodigosDeErros.h"
 #include "data/ObjetoDeC.h"
@@ -48,29 +50,55 @@ bool TemFamilia(const FcPattern& padrao, const char* familia) {
     return false;
 }
 
-std::optional<ArquivoFonte> Procurar(const char* familia, bool negrito, bool italico) {
-    const Padrao pedido(Exigir(FcPatternCreate()));
+Padrao PadraoDe(const char* familia, bool negrito, bool italico) {
+    Padrao pedido(Exigir(FcPatternCreate()));
     FcPatternAddString(pedido.get(), FC_FAMILY, Fc(familia));
     FcPatternAddInteger(pedido.get(), FC_WEIGHT, negrito ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
     FcPatternAddInteger(pedido.get(), FC_SLANT, italico ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(pedido.get(), FC_VARIABLE, FcFalse);
     FcPatternAddString(pedido.get(), FC_FONTFORMAT, Fc("TrueType"));
     FcDefaultSubstitute(pedido.get());
-    FcResult resultado = FcResultNoMatch;
-    const Padrao achado(FcFontMatch(Configuracao(), pedido.get(), &resultado));
+    return pedido;
+}
+
+// None for a font that is not of outlines in the TrueType format.
+std::optional<ArquivoFonte> ArquivoDe(const FcPattern& achado) {
     FcChar8* caminho = nullptr;
     FcChar8* formato = nullptr;
+    FcBool contornos = FcTrue;
     int indice = 0;
-    // The best match may be any font: only the family that was asked for will do.
-    if (achado == nullptr || !TemFamilia(*achado, familia) ||
-        FcPatternGetString(achado.get(), FC_FONTFORMAT, 0, &formato) != FcResultMatch ||
-        FcStrCmp(formato, Fc("TrueType")) != 0 ||
-        FcPatternGetString(achado.get(), FC_FILE, 0, &caminho) != FcResultMatch) {
+    FcPatternGetBool(&achado, FC_OUTLINE, 0, &contornos);
+    if (FcPatternGetString(&achado, FC_FONTFORMAT, 0, &formato) != FcResultMatch ||
+        FcStrCmp(formato, Fc("TrueType")) != 0 || contornos == FcFalse ||
+        FcPatternGetString(&achado, FC_FILE, 0, &caminho) != FcResultMatch) {
         return std::nullopt;
     }
-    FcPatternGetInteger(achado.get(), FC_INDEX, 0, &indice);
+    FcPatternGetInteger(&achado, FC_INDEX, 0, &indice);
     return ArquivoFonte{reinterpret_cast<const char*>(caminho),
                         static_cast<unsigned>(indice) & 0xFFFFU};
+}
+
+std::optional<ArquivoFonte> Procurar(const char* familia, bool negrito, bool italico) {
+    const Padrao pedido = PadraoDe(familia, negrito, italico);
+    FcResult resultado = FcResultNoMatch;
+    const Padrao achado(FcFontMatch(Configuracao(), pedido.get(), &resultado));
+    // The best match may be any font: only the family that was asked for will do.
+    return achado != nullptr && TemFamilia(*achado, familia) ? ArquivoDe(*achado) : std::nullopt;
+}
+
+// The installed fonts, those first that are most like the one asked for.
+using Parecidas = ObjetoDeC<FcFontSetDestroy>;
+
+const FcFontSet& ParecidasCom(std::string_view nome, bool negrito, bool italico) {
+    static std::map<std::tuple<std::string, bool, bool>, Parecidas> achadas;
+    auto& parecidas = achadas[{std::string(nome), negrito, italico}];
+    if (parecidas == nullptr) {
+        const Padrao pedido = PadraoDe(std::string(nome).c_str(), negrito, italico);
+        FcResult resultado = FcResultNoMatch;
+        parecidas.reset(
+            Exigir(FcFontSort(Configuracao(), pedido.get(), FcTrue, nullptr, &resultado)));
+    }
+    return *parecidas;
 }
 
 }  // namespace
@@ -92,6 +120,27 @@ ArquivoFonte LocalizarFonte(std::string_view nome, bool negrito, bool italico) {
     throw Erro(NumeroErro::FonteAusente,
                "A fonte \"" + pedida + "\" não está instalada" +
                    (pacote.empty() ? "." : "; instale o pacote " + pacote + "."));
+}
+
+std::optional<ArquivoFonte> LocalizarFonteCom(char32_t c, std::string_view nome, bool negrito,
+                                              bool italico) {
+    static std::mutex mutex;
+    const std::lock_guard trava(mutex);
+    const FcFontSet& parecidas = ParecidasCom(nome, negrito, italico);
+    for (int i = 0; i < parecidas.nfont; ++i) {
+        const FcPattern& fonte = *parecidas.fonts[i];
+        FcCharSet* caracteres = nullptr;
+        FcBool colorida = FcFalse;
+        FcPatternGetBool(&fonte, FC_COLOR, 0, &colorida);
+        if (colorida == FcFalse &&
+            FcPatternGetCharSet(&fonte, FC_CHARSET, 0, &caracteres) == FcResultMatch &&
+            FcCharSetHasChar(caracteres, c) != FcFalse) {
+            if (auto arquivo = ArquivoDe(fonte)) {
+                return arquivo;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace tarvo::pdf

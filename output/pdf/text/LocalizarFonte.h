@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,5 +22,10 @@ constexpr std::array<std::string_view, 3> FontesHabituais = {"Arial", "Courier N
 // Error 20005 when neither is there. std::bad_alloc where memory ends; the font library itself may
 // end the process then, so that fonts are best found while there is plenty.
 ArquivoFonte LocalizarFonte(std::string_view nome, bool negrito, bool italico);
+
+// The file of the installed font that has the character and is most like that one; none when no
+// font has it.
+std::optional<ArquivoFonte> LocalizarFonteCom(char32_t c, std::string_view nome, bool negrito,
+                                              bool italico);
 
 }  // namespace tarvo::pdf

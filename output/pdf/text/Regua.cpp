@@ -13,14 +13,14 @@ int LarguraPorTrechos(Fonte& fonte, std::u32string_view texto) {
     std::int64_t largura = 0;
     std::string codigos;
     for (const auto& trecho : DividirEmTrechos(fonte, texto)) {
-        if (trecho.porCodigo) {
+        if (trecho.face == nullptr) {
             codigos.clear();
             for (const char32_t c : trecho.texto) {
                 codigos.push_back(static_cast<char>(fonte.Codigo(c)));
             }
             largura += fonte.LarguraCodigos(codigos);
         } else {
-            for (const auto& glifo : fonte.Formar(trecho.texto)) {
+            for (const auto& glifo : fonte.Formar(trecho.texto, *trecho.face)) {
                 largura += glifo.avanco;
             }
         }
@@ -28,24 +28,43 @@ int LarguraPorTrechos(Fonte& fonte, std::u32string_view texto) {
     return static_cast<int>(std::min<std::int64_t>(largura, std::numeric_limits<int>::max()));
 }
 
+// The end of the character at i with the accents that stand over it.
+std::size_t FimDaLetra(std::u32string_view texto, std::size_t i) {
+    do {
+        ++i;
+    } while (i < texto.size() && EhMarcaCombinante(texto[i]));
+    return i;
+}
+
+// The face of a letter with its accents: one that has them all, or else the font's own.
+const std::shared_ptr<const Face>& FaceDaLetra(Fonte& fonte, std::u32string_view letra) {
+    for (const char32_t c : letra) {
+        const auto& face = fonte.FaceDe(c);
+        if (face != nullptr && std::ranges::all_of(letra, [&](auto l) { return face->Tem(l); })) {
+            return face;
+        }
+    }
+    return fonte.FacePropria();
+}
+
 }  // namespace
 
-std::vector<Trecho> DividirEmTrechos(const Fonte& fonte, std::u32string_view texto) {
+std::vector<Trecho> DividirEmTrechos(Fonte& fonte, std::u32string_view texto) {
     constexpr std::size_t MaiorTrecho = 1000;
     std::vector<Trecho> trechos;
-    std::size_t inicio = 0;
-    const auto porCodigo = [&](std::size_t i) {
-        // A letter goes with the accents that stand over it.
-        const bool acentuada = i + 1 < texto.size() && EhMarcaCombinante(texto[i + 1]);
-        return !acentuada && fonte.Codigo(texto[i]) != 0;
-    };
-    for (std::size_t i = 0; i < texto.size(); i = inicio) {
-        const bool tipo = porCodigo(i);
-        do {
-            ++i;
-        } while (i < texto.size() && porCodigo(i) == tipo && i - inicio < MaiorTrecho);
-        trechos.push_back({texto.substr(inicio, i - inicio), tipo});
-        inicio = i;
+    for (std::size_t i = 0; i < texto.size();) {
+        const auto fim = FimDaLetra(texto, i);
+        const auto letra = texto.substr(i, fim - i);
+        const bool porCodigo = letra.size() == 1 && fonte.Codigo(letra.front()) != 0;
+        const auto face = porCodigo ? nullptr : FaceDaLetra(fonte, letra);
+        if (!trechos.empty() && trechos.back().face == face &&
+            trechos.back().texto.size() < MaiorTrecho) {
+            auto& ultimo = trechos.back().texto;
+            ultimo = {ultimo.data(), ultimo.size() + letra.size()};
+        } else {
+            trechos.push_back({letra, face});
+        }
+        i = fim;
     }
     return trechos;
 }
@@ -58,6 +77,8 @@ Regua::Regua(Fonte& fonte, std::u32string_view texto) : fonte_(fonte), texto_(te
         const std::uint8_t codigo = quebra ? std::uint8_t{' '} : fonte.Codigo(c);
         if (codigo == 0) {
             codigos_.clear();
+            falta_ = std::ranges::any_of(
+                texto, [&fonte](char32_t l) { return l != U'\n' && fonte.FaceDe(l) == nullptr; });
             return;
         }
         const auto anterior =
@@ -120,7 +141,10 @@ LinhaComposta Regua::LinhaCortada(std::size_t inicio, std::size_t fim, int limit
         if (n == inicio || regua.Largura(0, cortado.size()) <= limite) {
             return regua.Linha(0, cortado.size());
         }
-        --n;
+        // A letter goes with its accents.
+        do {
+            --n;
+        } while (n > inicio && EhMarcaCombinante(texto_[n]));
     }
 }
 

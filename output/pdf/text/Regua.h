@@ -8,12 +8,12 @@
 
 namespace tarvo::pdf {
 
-// A run of characters that are written the same way: by code, or by glyph number.
+// A run of characters that are written the same way: by code, or by glyph number of a face.
 struct Trecho {
     std::u32string_view texto;
-    bool porCodigo = true;
+    std::shared_ptr<const Face> face;  // none: by the font's codes
 };
-std::vector<Trecho> DividirEmTrechos(const Fonte& fonte, std::u32string_view texto);
+std::vector<Trecho> DividirEmTrechos(Fonte& fonte, std::u32string_view texto);
 
 // A line of text as it is set.
 struct LinhaComposta {
@@ -30,6 +30,8 @@ class Regua {
     Regua(Fonte& fonte, std::u32string_view texto);
 
     [[nodiscard]] std::u32string_view Texto() const { return texto_; }
+    // Whether some character is in no installed face.
+    [[nodiscard]] bool FaltaCaractere() const { return falta_; }
     // Thousandths of the font size, of the characters from inicio up to fim.
     [[nodiscard]] int Largura(std::size_t inicio, std::size_t fim) const;
     // The end of the most characters from inicio that fit, at least one; a letter keeps its
@@ -42,7 +44,8 @@ class Regua {
   private:
     Fonte& fonte_;
     std::u32string_view texto_;
-    std::string codigos_;    // of the whole text; empty when some character has none
+    std::string codigos_;  // of the whole text; empty when some character has none
+    bool falta_ = false;
     std::vector<int> soma_;  // width up to each character, kerning with the one before included
 };
 

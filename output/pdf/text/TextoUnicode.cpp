@@ -1,10 +1,13 @@
 #include "output/pdf/text/TextoUnicode.h"
 
 #include <hb.h>
+#include <unicode/normalizer2.h>
+#include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace tarvo::pdf {
 
@@ -25,6 +28,21 @@ bool EhIgnorado(char32_t c) {
     // Not characters.
     const bool reservado = (c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFEU) == 0xFFFE;
     return controle || invisivel || reservado;
+}
+
+// Letters and accents in their canonical form (NFC).
+std::u32string Compor(std::u32string_view texto) {
+    UErrorCode estado = U_ZERO_ERROR;
+    const auto* const caracteres = reinterpret_cast<const UChar32*>(texto.data());
+    const auto composto = icu::Normalizer2::getNFCInstance(estado)->normalize(
+        icu::UnicodeString::fromUTF32(caracteres, static_cast<std::int32_t>(texto.size())), estado);
+    if (U_FAILURE(estado) != 0 || composto.isBogus() != 0) {
+        throw std::bad_alloc();
+    }
+    std::u32string saida(static_cast<std::size_t>(composto.countChar32()), U'\0');
+    composto.toUTF32(reinterpret_cast<UChar32*>(saida.data()),
+                     static_cast<std::int32_t>(saida.size()), estado);
+    return saida;
 }
 
 }  // namespace
@@ -72,18 +90,13 @@ std::u32string Decodificar(std::string_view texto) {
         } else if (c == U'\t') {
             saida.push_back(U' ');
         } else if (!EhIgnorado(c)) {
-            hb_codepoint_t composto = 0;
-            const bool compoe =
-                EhMarcaCombinante(c) && !saida.empty() &&
-                hb_unicode_compose(hb_unicode_funcs_get_default(), saida.back(), c, &composto) != 0;
-            if (compoe) {
-                saida.back() = composto;
-            } else {
-                saida.push_back(c);
-            }
+            saida.push_back(c);
         }
     }
-    return saida;
+    constexpr char32_t PrimeiroCombinavel = 0x300;
+    const bool simples =
+        std::ranges::all_of(saida, [](char32_t c) { return c < PrimeiroCombinavel; });
+    return simples ? saida : Compor(saida);
 }
 
 std::uint8_t CodigoWinAnsi(char32_t c) {

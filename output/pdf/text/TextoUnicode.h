@@ -13,7 +13,7 @@ constexpr char32_t Reticencias = 0x2026;
 // The character at i, which moves behind it; U+FFFD for bytes that are no UTF-8.
 char32_t LerCaractere(std::string_view texto, std::size_t& i);
 
-// The characters of a UTF-8 text: letters with combining accents composed, ill-formed bytes as
+// The characters of a UTF-8 text in their canonical composed form (NFC): ill-formed bytes as
 // U+FFFD, any line break as U+000A, a tab as a blank, other control characters left out.
 std::u32string Decodificar(std::string_view texto);
 

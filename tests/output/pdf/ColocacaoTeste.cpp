@@ -53,9 +53,9 @@ TEST(Colocacao, KernedLettersAndShapedGlyphsEndWhereTheirBoxDoes) {
     constexpr const char* ComAcentos = "DejaVu Sans";  // that are glyphs of their own
     const ArquivoPDF arquivo(
         Textos({{{0, 0, 5, 0.6}, "AVAVAV", {.horizontal = 2}},
-                {{0, 1, 5, 0.6}, "qy depois", {.fonte = ComAcentos}},
-                {{0, 2, 5, 0.6}, "q\u0302\u0301y depois", {.fonte = ComAcentos}},
-                {{0, 3, 5, 0.6}, "yq\u0302\u0301", {.horizontal = 2, .fonte = ComAcentos}}}));
+                {{0, 1, 5, 0.6}, "Xy depois", {.fonte = ComAcentos}},
+                {{0, 2, 5, 0.6}, "X\u0302\u0301y depois", {.fonte = ComAcentos}},
+                {{0, 3, 5, 0.6}, "yX\u0302\u0301", {.horizontal = 2, .fonte = ComAcentos}}}));
     const auto p = arquivo.Palavras(1);
     EXPECT_NEAR(p.front().x1, Pontos(5), Folga);
     EXPECT_LT(p.front().Largura(), 8 * 6 * 0.667 - 1);

@@ -48,6 +48,7 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
     const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
         doc.DesenharLinha(0, 1, 10, 0, 0, 0, 1, 2);
         doc.DesenharLinha(0, 2, 10, 0, 0, 0, 1, 0);
+        doc.DesenharLinha(0, 3, 10, 0, 0, 0, 8, 2);
     }));
     const auto trocas = [&](double y) {
         int n = 0;
@@ -62,6 +63,12 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
     // 8 cm with a dot every 1.5 points: about 150 dots, each a change to dark and back.
     EXPECT_GT(trocas(1), 200);
     EXPECT_EQ(trocas(2), 1);
+    // A dot takes a third of its place.
+    int escuros = 0;
+    for (int centesimo = 100; centesimo < 900; ++centesimo) {
+        escuros += arquivo.Cor(1, centesimo / 100.0, 3)[0] < 128 ? 1 : 0;
+    }
+    EXPECT_NEAR(escuros, 800 / 3, 20);
 }
 
 TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
@@ -95,14 +102,15 @@ TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
 }
 
 TEST(Desenho, AFrameDrawnTwiceLooksLikeOneDrawnOnce) {
+    // The edges of its corners are grey, and would be darker.
     const auto molduras = [](int vezes) {
         return Documento([vezes](DocumentoRelatorio& doc) {
             for (int i = 0; i < vezes; ++i) {
-                doc.DesenharRetangulo(1.003, 1.007, 4, 2, false, 0, 0, 1);
+                doc.DesenharRetanguloArredondado(1, 1, 4, 2, false, 0.5, 0, 0, 1);
             }
         });
     };
-    EXPECT_EQ(ArquivoPDF(molduras(2)).Pixels(1), ArquivoPDF(molduras(1)).Pixels(1));
+    EXPECT_TRUE(ArquivoPDF(molduras(2)).Pixels(1) == ArquivoPDF(molduras(1)).Pixels(1));
 }
 
 TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {
@@ -119,7 +127,37 @@ TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {
     const ArquivoPDF so(Paginas(1, pagina));
     const ArquivoPDF muitas(Paginas(4, pagina));
     for (int i = 1; i <= 4; ++i) {
-        EXPECT_EQ(muitas.Pixels(i), so.Pixels(1)) << "page " << i;
+        EXPECT_TRUE(muitas.Pixels(i) == so.Pixels(1)) << "page " << i;
+    }
+}
+
+TEST(Desenho, EveryPageHasItsOwnColoursWidthsAndWholeBorders) {
+    const ArquivoPDF arquivo(Paginas(3, [](DocumentoRelatorio& doc, int) {
+        doc.DesenharRetanguloArredondado(1, 1, 4, 2, false, 0.5, 0, 0, 20);
+        Escrever(doc, {{1, 5, 2, 1}, "█████", {.tamanho = 20, .cor = 255}});
+    }));
+    for (int pagina = 1; pagina <= 3; ++pagina) {
+        EXPECT_EQ(arquivo.Cor(pagina, 0.9, 2), Preto) << "the outer half of a shared frame";
+        EXPECT_EQ(arquivo.Cor(pagina, 2.9, 5.5), Vermelho);
+        EXPECT_EQ(arquivo.Cor(pagina, 3.1, 5.5), Branco) << "condensed to its box";
+    }
+}
+
+TEST(Desenho, APictureSmallerThanItsScreenStandsWhereItSays) {
+    // Red and green at (1, 1) of a screen of 3 x 2, whose background is blue.
+    constexpr unsigned char bytes[] = {
+        'G',  'I', 'F', '8', '9', 'a', 3, 0, 2,   0,  0x91, 2,  0,  //
+        255,  0,   0,   0,   255, 0,   0, 0, 255, 90, 90,   90,     //
+        0x2C, 1,   0,   1,   0,   2,   0, 1, 0,   0,  2,    2,  0x44, 0x0A, 0, 0x3B};
+    const Imagem imagem = GIF(bytes);
+    const ArquivoPDF arquivo(
+        Documento([&](DocumentoRelatorio& doc) { doc.DesenharFigura(0, 0, 3, 2, imagem, false); }));
+    constexpr CorRGB Azul{0, 0, 255};
+    const CorRGB esperadas[2][3] = {{Azul, Azul, Azul}, {Azul, Vermelho, Verde}};
+    for (const int linha : {0, 1}) {
+        for (const int coluna : {0, 1, 2}) {
+            EXPECT_EQ(arquivo.Cor(1, coluna + 0.5, linha + 0.5), esperadas[linha][coluna]);
+        }
     }
 }
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -43,30 +42,12 @@ TEST_F(Gravacao, AFullDiskLeavesTheOldFileWhole) {
     ::setrlimit(RLIMIT_FSIZE, &antes);
 }
 
-TEST_F(Gravacao, AFolderWithoutPermissionIsRefused) {
-    fs::permissions(pasta.Caminho(), fs::perms(0555));
-    // The superuser may write anywhere.
-    const uid_t usuario = ::geteuid();
-    if (usuario == 0) {
-        ASSERT_EQ(::seteuid(65534), 0);
-    }
-    EsperarErroETudoComoAntes(NumeroErro::PermissaoNegada);
-    ASSERT_EQ(::seteuid(usuario), 0);
-    fs::permissions(pasta.Caminho(), fs::perms::owner_all);
-}
-
 TEST_F(Gravacao, AFailureOfTheRenderingLeavesTheOldFileWhole) {
     documento = Paginas(2000, [](DocumentoRelatorio& doc, int pagina) {
         const char* const fonte = pagina == 1999 ? "Fonte Inexistente" : "Arial";
         Escrever(doc, {{0, 0, 5, 1}, std::to_string(pagina), {.fonte = fonte}});
     });
     EsperarErroETudoComoAntes(NumeroErro::FonteAusente);
-}
-
-TEST_F(Gravacao, AFolderThatDoesNotExistIsNamed) {
-    const Erro erro = apoio::ErroDe([&] { GravarPDF(documento, pasta / "nenhuma/a.pdf"); });
-    EXPECT_EQ(erro.Numero(), NumeroErro::CaminhoNaoEncontrado);
-    EXPECT_THAT(erro.Descricao(), testing::HasSubstr("nenhuma"));
 }
 
 }  // namespace
