@@ -19,8 +19,8 @@ struct ColunaTexto {
 };
 
 // A work table while it is being refilled: it holds the printed lines of one report's last build,
-// of whatever declaration. Every row is written at once, so that after an error the table holds
-// the lines so far. Uses the database that it was made with; does not outlive it.
+// of whatever declaration. Used within BancoDados::RefazerTabela, which keeps the lines so far when
+// the report ends with an error. Uses the database that it was made with; does not outlive it.
 class TabelaDeTrabalho {
   public:
     // Deletes the rows of all declarations and opens the table for appending.
