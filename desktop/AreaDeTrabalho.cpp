@@ -57,6 +57,8 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
             throw Erro(NumeroErro::AcaoNaoSuportada,
                        "A aplicação Qt deste programa não permite janelas (QApplication).");
         }
+        // The reports that the dialog leads to are one run.
+        selecao_.aoExibir = [this] { visualizadores_.ComecarRodada(); };
     }
 
     [[nodiscard]] bool NestaThread() const override {
@@ -83,7 +85,8 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
     void ImprimirEm(const Conteudo& conteudo, const std::string& impressora) override {
         std::string pdf;
         RenderizarPDF(conteudo, pdf);
-        EnviarTrabalho({.pdf = pdf, .titulo = conteudo.tituloResumido, .impressora = impressora});
+        EnviarTrabalho(
+            {.pdf = pdf, .titulo = conteudo.tituloResumido, .opcoes = {.impressora = impressora}});
     }
 
   private:

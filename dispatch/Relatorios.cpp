@@ -1,6 +1,8 @@
 #include "dispatch/Relatorios.h"
 
+#include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
+#include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
 #include "dispatch/Catalogo.h"
 #include "dispatch/frmImpressaoRelatorios.h"
@@ -15,6 +17,20 @@ std::vector<EntradaSelecao> CriarTodos(const Ambiente& ambiente) {
         entradas.push_back({entrada.rotulo, entrada.criar(ambiente), entrada.desde});
     }
     return entradas;
+}
+
+// The taxpayer's name; IE where the database has none. No report rests on it: a database that
+// cannot tell is no error here.
+std::string NomeDoContribuinte(BancoDados& banco, const std::string& IE) {
+    try {
+        const auto rs = banco.OpenRecordset(ConsultaContribuinte(IE), TipoRecordset::ForwardOnly);
+        return rs->EOF_() ? IE : TextoCampo(rs->Fields("RazãoSocial"));
+    } catch (const Erro& erro) {
+        if (erro.Numero() == NumeroErro::Cancelado) {
+            throw;
+        }
+        return IE;
+    }
 }
 
 }  // namespace
@@ -36,8 +52,12 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
     for (const auto& entrada : entradas_) {
         entrada.relatorio->Ocultar();
     }
+    emProducao_ = {};
     frmImpressaoRelatorios dialogo;
-    Oferecer(dialogo, OpcoesSelecionadas, AnoDaReferencia(banco, NumeroDRQ));
+    const Data referencia = Referencia(banco, NumeroDRQ);
+    Oferecer(dialogo, OpcoesSelecionadas, referencia.Ano());
+    dialogo.declaracao = NomeDoContribuinte(banco, IE) + ", DRQ " + std::to_string(NumeroDRQ) +
+                         ", " + FormatarMesAno(referencia);
     dialogo.ExibirModal(janela_);
     if (dialogo.lngModoSaida != ModoSaida::Visualizar &&
         dialogo.lngModoSaida != ModoSaida::Imprimir) {
@@ -48,7 +68,9 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
         if (!lista.Selecionada(i)) {
             continue;
         }
-        RelatorioDeclaracao& relatorio = *entradas_.at(lista.Relatorio(i)).relatorio;
+        const auto& entrada = entradas_.at(lista.Relatorio(i));
+        RelatorioDeclaracao& relatorio = *entrada.relatorio;
+        emProducao_ = entrada.rotulo;
         relatorio.Construir(banco, IE, NumeroDRQ);
         if (dialogo.lngModoSaida == ModoSaida::Visualizar) {
             relatorio.Exibir();
@@ -56,12 +78,17 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
             relatorio.Imprimir();
         }
     }
+    emProducao_ = {};
+}
+
+Data Relatorios::Referencia(BancoDados& banco, std::int32_t NumeroDRQ) {
+    const auto declaracao =
+        banco.OpenRecordset(ConsultaRef1(NumeroDRQ), TipoRecordset::ForwardOnly);
+    return DataCampo(declaracao->Fields("Ref1"));
 }
 
 int Relatorios::AnoDaReferencia(BancoDados& banco, std::int32_t NumeroDRQ) {
-    const auto declaracao =
-        banco.OpenRecordset(ConsultaRef1(NumeroDRQ), TipoRecordset::ForwardOnly);
-    return DataCampo(declaracao->Fields("Ref1")).Ano();
+    return Referencia(banco, NumeroDRQ).Ano();
 }
 
 void Relatorios::Oferecer(frmImpressaoRelatorios& dialogo, std::int32_t opcoes, int ano) const {

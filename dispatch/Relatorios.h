@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/BancoDados.h"
+#include "data/Data.h"
 #include "data/Publico.h"
 #include "document/Relatorio.h"
 
@@ -45,8 +46,14 @@ class TARVO_PUBLICO Relatorios {
     void Executar(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ,
                   std::int32_t OpcoesSelecionadas);
 
-    // The year of the declaration's first reference date; 1899 for a Null date. Error 3021 when
-    // there is no such declaration.
+    // Label of the report that an error has kept the last Executar from producing; empty when there
+    // was none.
+    [[nodiscard]] std::string_view QueFalhou() const { return emProducao_; }
+
+    // The declaration's first reference date; a Null date is in 1899. Error 3021 when there is no
+    // such declaration.
+    static Data Referencia(BancoDados& banco, std::int32_t NumeroDRQ);
+    // Its year.
     static int AnoDaReferencia(BancoDados& banco, std::int32_t NumeroDRQ);
 
   private:
@@ -54,6 +61,7 @@ class TARVO_PUBLICO Relatorios {
 
     JanelaSelecao& janela_;
     std::vector<EntradaSelecao> entradas_;
+    std::string_view emProducao_;
 };
 
 }  // namespace tarvo

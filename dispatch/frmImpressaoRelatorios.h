@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -50,6 +51,8 @@ class JanelaSelecao;
 // The dialog. Its window calls the cmd operations when their buttons are pressed.
 class TARVO_PUBLICO frmImpressaoRelatorios {
   public:
+    // Whose declaration it is, in words, for the window to show; may be empty.
+    std::string declaracao;
     ListaSelecao lstSelecao;
     std::int32_t lngModoSaida = ModoSaida::Nenhum;
 

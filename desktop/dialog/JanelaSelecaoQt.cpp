@@ -51,6 +51,19 @@ class EntradaMarcada final : public QStyledItemDelegate {
     }
 };
 
+// A list in which typing moves the focus and marks nothing.
+class Lista final : public QListWidget {
+  public:
+    using QListWidget::QListWidget;
+
+  protected:
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& indice, const QEvent* evento) const override {
+        return evento == nullptr ? QItemSelectionModel::NoUpdate
+                                 : QListWidget::selectionCommand(indice, evento);
+    }
+};
+
 // The list widget and the dialog's list hold the same marks: each is brought up to the other after
 // whichever changed.
 class Janela final : public QDialog {
@@ -65,7 +78,7 @@ class Janela final : public QDialog {
     void LerMarcas();
 
     frmImpressaoRelatorios& dialogo_;
-    QListWidget* lista_ = new QListWidget(this);
+    QListWidget* lista_ = new Lista(this);
 };
 
 Janela::Janela(frmImpressaoRelatorios& dialogo, QWidget* pai) : QDialog(pai), dialogo_(dialogo) {
@@ -76,6 +89,7 @@ Janela::Janela(frmImpressaoRelatorios& dialogo, QWidget* pai) : QDialog(pai), di
 
     auto* rotulo = new QLabel(u"Seleção de &Relatórios"_s, this);
     rotulo->setFont(Negrito({u"MS Sans Serif"_s, u"Liberation Sans"_s}, 8.25));
+    rotulo->setObjectName(u"Label1"_s);
     rotulo->setBuddy(lista_);
     CriarLista();
     auto* visualizar = CriarBotao(u"cmdVisualizar"_s, u"&Visualizar Relatórios Selecionados"_s,
@@ -90,7 +104,13 @@ Janela::Janela(frmImpressaoRelatorios& dialogo, QWidget* pai) : QDialog(pai), di
     botoes->addWidget(visualizar);
     botoes->addWidget(imprimir);
     botoes->addWidget(todos);
+    auto* declaracao = new QLabel(ParaQt(dialogo.declaracao), this);
+    declaracao->setObjectName(u"declaracao"_s);
+    declaracao->setTextFormat(Qt::PlainText);
+    declaracao->setWordWrap(true);
+    declaracao->setVisible(!dialogo.declaracao.empty());
     auto* colunas = new QVBoxLayout(this);
+    colunas->addWidget(declaracao);
     colunas->addWidget(rotulo);
     colunas->addWidget(lista_, 1);
     colunas->addLayout(botoes);
@@ -98,7 +118,8 @@ Janela::Janela(frmImpressaoRelatorios& dialogo, QWidget* pai) : QDialog(pai), di
     // High enough for all entries where the screen allows it.
     const int todas = lista_->sizeHintForRow(0) * (lista_->count() + 1);
     const QSize inteira = sizeHint() + QSize(0, todas - lista_->sizeHint().height());
-    resize(inteira.boundedTo(screen()->availableSize()));
+    // As much as a window manager may put around it stays free.
+    resize(inteira.boundedTo(screen()->availableSize() - QSize(8, 36)));
 
     MostrarMarcas();
     lista_->setCurrentRow(static_cast<int>(dialogo_.lstSelecao.Foco()),
@@ -161,6 +182,9 @@ void Janela::LerMarcas() {
 }  // namespace
 
 void JanelaSelecaoQt::ExibirModal(frmImpressaoRelatorios& dialogo) {
+    if (aoExibir) {
+        aoExibir();
+    }
     Janela janela(dialogo, pai_ != nullptr ? pai_.data() : QApplication::activeWindow());
     janela.exec();
 }

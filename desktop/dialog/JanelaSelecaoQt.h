@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 #include "dispatch/frmImpressaoRelatorios.h"
 
@@ -15,6 +16,9 @@ class JanelaSelecaoQt final : public JanelaSelecao {
     explicit JanelaSelecaoQt(QWidget* pai = nullptr) : pai_(pai) {}
 
     void ExibirModal(frmImpressaoRelatorios& dialogo) override;
+
+    // Told each time before the dialog is shown.
+    std::function<void()> aoExibir;
 
   private:
     QPointer<QWidget> pai_;

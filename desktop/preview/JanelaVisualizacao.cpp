@@ -21,7 +21,6 @@
 #include "desktop/preview/PreferenciasDaVista.h"
 #include "desktop/preview/TextosCortados.h"
 #include "desktop/preview/VistaPaginas.h"
-#include "desktop/printing/ImpressaoQt.h"
 #include "system/files/Arquivos.h"
 
 namespace tarvo {
@@ -80,7 +79,11 @@ void JanelaVisualizacao::CriarBarraDeEstado() {
     situacaoCortes_->setObjectName(u"situacaoCortes"_s);
     situacaoCortes_->setAutoRaise(true);
     situacaoCortes_->setToolTip(u"Mostrar os textos que não couberam inteiros"_s);
-    Ligar(situacaoCortes_, &QToolButton::clicked, this, [this] { MostrarCortados(); });
+    Ligar(situacaoCortes_, &QToolButton::clicked, this, [this] {
+        auto* dialogo = new TextosCortados(this, documento_.cortados);
+        dialogo->aoEscolher = [this](int pagina) { vista_->IrPara(pagina); };
+        dialogo->show();
+    });
     statusBar()->addPermanentWidget(situacaoCortes_);
     statusBar()->addPermanentWidget(situacaoPagina_);
 }
@@ -111,7 +114,8 @@ void JanelaVisualizacao::CriarImpressao() {
         if (erro) {
             DizerErro(this, *erro);
         } else {
-            DizerDePassagem(this, u"Enviado à impressora."_s);
+            DizerDePassagem(
+                this, u"Enviado à impressora %1."_s.arg(ParaQt(impressao_->Opcoes().impressora)));
         }
     };
 }
@@ -180,7 +184,8 @@ void JanelaVisualizacao::AtualizarEstado() {
 
 void JanelaVisualizacao::Imprimir() {
     if (!impressao_->EmCurso()) {
-        impressao_->Perguntar({documento_.pdf, documento_.tituloResumido, pintor_->Paginas()});
+        impressao_->Imprimir({documento_.pdf, documento_.tituloResumido, pintor_->Paginas()},
+                             Pergunta::Sempre);
         AtualizarEstado();
     }
 }
@@ -199,12 +204,6 @@ void JanelaVisualizacao::Salvar() {
               DizerDePassagem(this, u"Salvo em %1"_s.arg(arquivo));
           });
     dialogo->open();
-}
-
-void JanelaVisualizacao::MostrarCortados() {
-    auto* dialogo = new TextosCortados(this, documento_.cortados);
-    dialogo->aoEscolher = [this](int pagina) { vista_->IrPara(pagina); };
-    dialogo->show();
 }
 
 // --- the user's preferences

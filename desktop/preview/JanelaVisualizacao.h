@@ -7,6 +7,7 @@
 #include "desktop/preview/AcoesDaVista.h"
 #include "desktop/preview/AcoesDaVisualizacao.h"
 #include "desktop/preview/DocumentoPronto.h"
+#include "desktop/printing/ImpressaoQt.h"
 
 class QLabel;
 class QToolButton;
@@ -15,7 +16,6 @@ namespace tarvo {
 
 class BarraDeBusca;
 class BarraDeFerramentas;
-class ImpressaoQt;
 class Miniaturas;
 class PintorPaginas;
 class VistaPaginas;
@@ -32,6 +32,8 @@ class JanelaVisualizacao final : public QMainWindow {
     // Shows a document at its first page.
     void Mostrar(DocumentoPronto documento);
 
+    [[nodiscard]] bool Imprimindo() const { return impressao_->EmCurso(); }
+
   protected:
     void hideEvent(QHideEvent* evento) override;
 
@@ -41,7 +43,6 @@ class JanelaVisualizacao final : public QMainWindow {
     void CriarImpressao();
     void LigarAcoes();
     void AtualizarEstado();
-    void MostrarCortados();
     void Imprimir();
     void Salvar();
     void LerPreferencias();

@@ -1,11 +1,12 @@
 #include "desktop/preview/VisualizadorQt.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <memory>
 
 #include "desktop/AndamentoQt.h"
 #include "desktop/preview/JanelaVisualizacao.h"
-#include "desktop/printing/ImpressaoQt.h"
+#include "desktop/printing/RodadaDeImpressao.h"
 
 namespace tarvo {
 
@@ -21,8 +22,9 @@ class CursorDeEspera {
 
 class VisualizadorQt final : public Visualizador {
   public:
-    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt* andamento)
-        : preferencias_(preferencias), andamento_(andamento) {}
+    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt* andamento,
+                   RodadaDeImpressao& rodada)
+        : preferencias_(preferencias), andamento_(andamento), rodada_(rodada) {}
 
     void Exibir(const Conteudo& conteudo) override {
         auto documento = Renderizar(conteudo);
@@ -38,10 +40,10 @@ class VisualizadorQt final : public Visualizador {
     }
     void Imprimir(const Conteudo& conteudo, bool perguntar) override {
         const auto documento = Renderizar(conteudo);
-        ImpressaoQt::ImprimirEEsperar(
+        rodada_.Imprimir(
             QApplication::activeWindow(),
             {documento.pdf, documento.tituloResumido, static_cast<int>(conteudo.paginas.size())},
-            perguntar);
+            perguntar ? Pergunta::Sempre : Pergunta::SemImpressoraPadrao);
     }
 
   private:
@@ -55,13 +57,22 @@ class VisualizadorQt final : public Visualizador {
 
     ConfiguracoesIni* preferencias_;
     AndamentoQt* andamento_;
+    RodadaDeImpressao& rodada_;
     std::unique_ptr<JanelaVisualizacao> janela_;
 };
 
 }  // namespace
 
+bool FabricaVisualizadoresQt::Imprimindo() {
+    const auto janelas = QApplication::topLevelWidgets();
+    return std::any_of(janelas.begin(), janelas.end(), [](const QWidget* janela) {
+        const auto* previa = dynamic_cast<const JanelaVisualizacao*>(janela);
+        return previa != nullptr && previa->Imprimindo();
+    });
+}
+
 std::unique_ptr<Visualizador> FabricaVisualizadoresQt::Criar() {
-    return std::make_unique<VisualizadorQt>(preferencias_, andamento_);
+    return std::make_unique<VisualizadorQt>(preferencias_, andamento_, rodada_);
 }
 
 }  // namespace tarvo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/printing/RodadaDeImpressao.h"
 #include "document/Ambiente.h"
 
 namespace tarvo {
@@ -18,9 +19,17 @@ class FabricaVisualizadoresQt final : public FabricaVisualizadores {
 
     std::unique_ptr<Visualizador> Criar() override;
 
+    // Whether a preview has something on its way to the printer.
+    [[nodiscard]] static bool Imprimindo();
+    // Between the two, documents that are printed make one run.
+    void ComecarRodada() { rodada_.Comecar(); }
+    // Says over janela what was printed where.
+    void ConcluirRodada(QWidget* janela) { rodada_.Concluir(janela); }
+
   private:
     ConfiguracoesIni* preferencias_;
     AndamentoQt* andamento_;
+    RodadaDeImpressao rodada_;
 };
 
 }  // namespace tarvo

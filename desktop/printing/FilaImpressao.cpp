@@ -1,74 +1,13 @@
 #include "desktop/printing/FilaImpressao.h"
 
-#include <cups/cups.h>
-
 #include <algorithm>
 #include <memory>
 
-#include "data/CodigosDeErros.h"
+#include "desktop/printing/ConexaoCups.h"
 
 namespace tarvo {
 
 namespace {
-
-constexpr int EsperaConexao = 5'000;  // ms
-constexpr int EsperaResposta = 10;    // s, in steps of one
-
-[[noreturn]] void LancarErroImpressora(const std::string& descricao) {
-    throw Erro(NumeroErro::ErroImpressora, descricao);
-}
-
-void LancarSeCancelado(const std::atomic<bool>* cancelar) {
-    if (cancelar != nullptr && cancelar->load()) {
-        throw Erro(NumeroErro::Cancelado, "Impressão cancelada.");
-    }
-}
-
-// A connection to the print service, with the patience of one operation.
-class Conexao {
-  public:
-    explicit Conexao(const std::atomic<bool>* cancelar) : cancelar_(cancelar) {
-        // Nobody is there to type a password into a terminal.
-        cupsSetPasswordCB2([](const char*, http_t*, const char*, const char*,
-                              void*) -> const char* { return nullptr; },
-                           nullptr);
-        http_.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                                 EsperaConexao, nullptr));
-        if (http_ == nullptr) {
-            LancarErroImpressora(
-                "O serviço de impressão não está acessível. Verifique se o CUPS está em execução.");
-        }
-        httpSetTimeout(http_.get(), 1.0, ContinuarEsperando, this);
-    }
-    [[nodiscard]] http_t* Http() const { return http_.get(); }
-
-    void LancarSeCalado() const {
-        if (segundosSemResposta_ >= EsperaResposta) {
-            LancarErroImpressora("O serviço de impressão não respondeu.");
-        }
-        LancarSeCancelado(cancelar_);
-    }
-    // The service's last refusal, or its silence, as an error.
-    [[noreturn]] void Lancar(const std::string& operacao) const {
-        LancarSeCalado();
-        LancarErroImpressora(operacao + ": " + cupsLastErrorString() + ".");
-    }
-
-  private:
-    static int ContinuarEsperando(http_t*, void* conexao) {
-        auto& esta = *static_cast<Conexao*>(conexao);
-        ++esta.segundosSemResposta_;
-        const bool cancelado = esta.cancelar_ != nullptr && esta.cancelar_->load();
-        return !cancelado && esta.segundosSemResposta_ < EsperaResposta ? 1 : 0;
-    }
-
-    struct Fechar {
-        void operator()(http_t* http) const { httpClose(http); }
-    };
-    const std::atomic<bool>* cancelar_;
-    std::unique_ptr<http_t, Fechar> http_;
-    int segundosSemResposta_ = 0;
-};
 
 struct LiberarDestino {
     void operator()(cups_dest_t* destino) const { cupsFreeDests(1, destino); }
@@ -103,7 +42,7 @@ std::string Atributo(const cups_dest_t& destino, const char* nome) {
     return valor != nullptr ? valor : "";
 }
 
-std::vector<Impressora> Listar(const Conexao& conexao) {
+std::vector<Impressora> Listar(const ConexaoCups& conexao) {
     cups_dest_t* destinos = nullptr;
     const int quantidade = cupsGetDests2(conexao.Http(), &destinos);
     std::vector<Impressora> impressoras;
@@ -120,6 +59,13 @@ std::vector<Impressora> Listar(const Conexao& conexao) {
         }
         LancarErroImpressora("Não há impressora instalada neste sistema.");
     }
+    // The user's environment may name another default than the list does.
+    if (const Destino padrao(cupsGetNamedDest(conexao.Http(), nullptr, nullptr));
+        padrao != nullptr) {
+        for (auto& impressora : impressoras) {
+            impressora.padrao = impressora.nome == padrao->name;
+        }
+    }
     return impressoras;
 }
 
@@ -131,7 +77,7 @@ std::string Nomes(const std::vector<Impressora>& impressoras) {
     return nomes;
 }
 
-Destino Escolher(const Conexao& conexao, const std::string& nome) {
+Destino Escolher(const ConexaoCups& conexao, const std::string& nome) {
     Destino destino(
         cupsGetNamedDest(conexao.Http(), nome.empty() ? nullptr : nome.c_str(), nullptr));
     if (destino != nullptr) {
@@ -154,34 +100,35 @@ void RecusarSeParada(const cups_dest_t& destino) {
     }
 }
 
-void DefinirOpcoes(const TrabalhoImpressao& trabalho, Opcoes& opcoes) {
+void DefinirOpcoes(const OpcoesDeImpressao& pedidas, Opcoes& opcoes) {
     // No orientation: each page brings its own, and asking for one would turn it again.
     opcoes.Acrescentar("media", "iso_a4_210x297mm");
-    opcoes.Acrescentar("print-scaling", "none");
-    if (trabalho.copias > 1) {
-        opcoes.Acrescentar("copies", std::to_string(trabalho.copias));
-    }
-    if (trabalho.primeiraPagina > 0) {
-        opcoes.Acrescentar("page-ranges", std::to_string(trabalho.primeiraPagina) + "-" +
-                                              std::to_string(trabalho.ultimaPagina));
+    opcoes.Acrescentar("print-scaling", pedidas.ajustar ? "fit" : "none");
+    if (pedidas.copias > 1) {
+        opcoes.Acrescentar("copies", std::to_string(pedidas.copias));
     }
     constexpr const char* NomesDosLados[] = {"", "one-sided", "two-sided-long-edge",
                                              "two-sided-short-edge"};
-    if (trabalho.lados != Lados::ComoNaFila) {
-        opcoes.Acrescentar("sides", NomesDosLados[static_cast<int>(trabalho.lados)]);
+    if (pedidas.lados != Lados::ComoNaFila) {
+        opcoes.Acrescentar("sides", NomesDosLados[static_cast<int>(pedidas.lados)]);
     }
+}
+
+Informacao Consultar(const ConexaoCups& conexao, cups_dest_t& destino) {
+    Informacao informacao(cupsCopyDestInfo(conexao.Http(), &destino));
+    if (informacao == nullptr) {
+        conexao.Lancar("A impressora não pôde ser consultada");
+    }
+    return informacao;
 }
 
 // The job between its creation and its last byte; given up, it is cancelled in the queue.
 class TrabalhoAberto {
   public:
-    TrabalhoAberto(const Conexao& conexao, cups_dest_t& destino, const TrabalhoImpressao& trabalho)
-        : conexao_(conexao), destino_(destino) {
-        informacao_.reset(cupsCopyDestInfo(conexao.Http(), &destino));
-        if (informacao_ == nullptr) {
-            conexao.Lancar("A impressora não pôde ser consultada");
-        }
-        DefinirOpcoes(trabalho, opcoes_);
+    TrabalhoAberto(const ConexaoCups& conexao, cups_dest_t& destino,
+                   const TrabalhoImpressao& trabalho)
+        : conexao_(conexao), destino_(destino), informacao_(Consultar(conexao, destino)) {
+        DefinirOpcoes(trabalho.opcoes, opcoes_);
         if (cupsCreateDestJob(conexao.Http(), &destino, informacao_.get(), &numero_,
                               trabalho.titulo.c_str(), opcoes_.Quantidade(),
                               opcoes_.Lista()) >= IPP_STATUS_ERROR_BAD_REQUEST) {
@@ -222,7 +169,7 @@ class TrabalhoAberto {
     }
 
   private:
-    const Conexao& conexao_;
+    const ConexaoCups& conexao_;
     cups_dest_t& destino_;
     Informacao informacao_;
     Opcoes opcoes_;
@@ -232,14 +179,32 @@ class TrabalhoAberto {
 
 }  // namespace
 
-std::vector<Impressora> ListarImpressoras() {
-    return Listar(Conexao(nullptr));
+std::vector<Impressora> ListarImpressoras(const std::atomic<bool>* cancelar) {
+    return Listar(ConexaoCups(cancelar));
+}
+
+RecursosDaImpressora ConsultarRecursos(const std::string& impressora,
+                                       const std::atomic<bool>* cancelar) {
+    const ConexaoCups conexao(cancelar);
+    const Destino destino = Escolher(conexao, impressora);
+    // Nothing prepares the pages for such a queue, although its attributes say otherwise.
+    if (Atributo(*destino, "printer-make-and-model") == "Local Raw Printer") {
+        return {};
+    }
+    const Informacao informacao = Consultar(conexao, *destino);
+    const auto faz = [&](const char* opcao, const char* valor) {
+        return cupsCheckDestSupported(conexao.Http(), destino.get(), informacao.get(), opcao,
+                                      valor) != 0;
+    };
+    return {.copias = faz("copies", "2"),
+            .frenteEVerso = faz("sides", "two-sided-long-edge"),
+            .escala = faz("print-scaling", "fit")};
 }
 
 int EnviarTrabalho(const TrabalhoImpressao& trabalho, const std::atomic<bool>* cancelar) {
     LancarSeCancelado(cancelar);
-    const Conexao conexao(cancelar);
-    const Destino destino = Escolher(conexao, trabalho.impressora);
+    const ConexaoCups conexao(cancelar);
+    const Destino destino = Escolher(conexao, trabalho.opcoes.impressora);
     RecusarSeParada(*destino);
     LancarSeCancelado(cancelar);
     return TrabalhoAberto(conexao, *destino, trabalho).Enviar(trabalho, cancelar);

@@ -18,21 +18,37 @@ struct Impressora {
 
 enum class Lados { ComoNaFila, Frente, FrenteEVerso, FrenteEVersoBordaCurta };
 
-struct TrabalhoImpressao {
-    std::string_view pdf{};    // A4 pages, each in its own orientation; printed without scaling
-    std::string titulo{};      // the job's name
+struct OpcoesDeImpressao {
     std::string impressora{};  // empty: the user's default printer
     int copias = 1;
-    int primeiraPagina = 0;  // from 1; 0 prints all pages
-    int ultimaPagina = 0;
     Lados lados = Lados::ComoNaFila;
+    bool ajustar = false;  // to the sheet; otherwise without scaling
 };
 
-// The printers that can be chosen; never empty (error 482).
-std::vector<Impressora> ListarImpressoras();
+struct TrabalhoImpressao {
+    std::string_view pdf{};  // A4 pages, each in its own orientation
+    std::string titulo{};    // the job's name
+    OpcoesDeImpressao opcoes{};
+};
 
-// Hands the job to the queue and returns its number there; does not wait for the paper. Error 18
-// when cancelar becomes true before the job is complete; nothing is printed then.
+// Which options a printer does; one whose queue sends the bytes as they are does none.
+struct RecursosDaImpressora {
+    bool copias = false;
+    bool frenteEVerso = false;
+    bool escala = false;
+};
+
+// Each of the calls ends with error 18 when cancelar becomes true before it is done.
+
+// The printers that can be chosen; never empty (error 482).
+std::vector<Impressora> ListarImpressoras(const std::atomic<bool>* cancelar = nullptr);
+
+// Asks the printer, which may take seconds.
+RecursosDaImpressora ConsultarRecursos(const std::string& impressora,
+                                       const std::atomic<bool>* cancelar = nullptr);
+
+// Hands the job to the queue and returns its number there; does not wait for the paper. Of a job
+// that ends with an error nothing is printed.
 int EnviarTrabalho(const TrabalhoImpressao& trabalho, const std::atomic<bool>* cancelar = nullptr);
 
 }  // namespace tarvo

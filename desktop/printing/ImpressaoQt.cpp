@@ -3,17 +3,14 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QProgressDialog>
 #include <QTimer>
+#include <algorithm>
 #include <climits>
 
 #include "desktop/ApoioQt.h"
-#include "desktop/Ligacao.h"
 #include "desktop/SegundoPlano.h"
-#include "desktop/printing/FilaImpressao.h"
-#include "system/files/Arquivos.h"
+#include "desktop/printing/EscolhaDePaginas.h"
 
 namespace tarvo {
 
@@ -23,19 +20,6 @@ namespace {
 
 Erro ErroCancelado() {
     return {NumeroErro::Cancelado, "Impressão cancelada."};
-}
-
-Lados LadosDe(const QPrinter& impressora) {
-    switch (impressora.duplex()) {
-        case QPrinter::DuplexNone:
-            return Lados::Frente;
-        case QPrinter::DuplexLongSide:
-            return Lados::FrenteEVerso;
-        case QPrinter::DuplexShortSide:
-            return Lados::FrenteEVersoBordaCurta;
-        default:
-            return Lados::ComoNaFila;
-    }
 }
 
 }  // namespace
@@ -52,39 +36,46 @@ void ImpressaoQt::Comecar(const DocumentoImpresso& documento, const QString& sit
     documento_ = documento;
     cancelar_ = std::make_shared<std::atomic<bool>>(false);
     emCurso_ = true;
-    if (aoMudar) {
-        aoMudar(situacao);
-    }
+    Dizer(situacao);
 }
 
-void ImpressaoQt::Perguntar(const DocumentoImpresso& documento) {
+void ImpressaoQt::Imprimir(const DocumentoImpresso& documento, Pergunta pergunta) {
     Comecar(documento, u"Consultando as impressoras…"_s);
-    // The dialog asks for the printers on this thread: it is shown only to a service that answers.
     EmSegundoPlano(
-        this, [] { return ListarImpressoras(); },
-        [this](const std::variant<std::vector<Impressora>, Erro>& resultado) {
-            if (const auto* erro = std::get_if<Erro>(&resultado)) {
-                Terminar(*erro);
-            } else if (*cancelar_) {
+        this, [cancelar = cancelar_] { return ListarImpressoras(cancelar.get()); },
+        [this, pergunta](const std::variant<std::vector<Impressora>, Erro>& resultado) {
+            if (*cancelar_) {
                 Terminar(ErroCancelado());
+            } else if (const auto* erro = std::get_if<Erro>(&resultado)) {
+                Terminar(*erro);
             } else {
-                AbrirDialogo();
+                Escolher(std::get<std::vector<Impressora>>(resultado), pergunta);
             }
         });
 }
 
-void ImpressaoQt::AbrirDialogo() {
-    dialogo_ = new QPrintDialog(janela_);
-    dialogo_->setAttribute(Qt::WA_DeleteOnClose);
-    dialogo_->setWindowTitle(u"Imprimir"_s);
-    dialogo_->printer()->setDocName(ParaQt(documento_.titulo));
-    dialogo_->printer()->setPageSize(QPageSize(QPageSize::A4));
-    dialogo_->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
-                         QAbstractPrintDialog::PrintCollateCopies);
-    dialogo_->setMinMax(1, documento_.paginas);
-    dialogo_->setFromTo(1, documento_.paginas);
-    Ligar(dialogo_.data(), &QDialog::accepted, this, [this] { AceitarDialogo(*dialogo_); });
+void ImpressaoQt::Escolher(const std::vector<Impressora>& impressoras, Pergunta pergunta) {
+    const auto padrao = std::find_if(impressoras.begin(), impressoras.end(),
+                                     [](const Impressora& uma) { return uma.padrao; });
+    if (pergunta == Pergunta::SemImpressoraPadrao && padrao != impressoras.end()) {
+        opcoes_ = {.impressora = padrao->nome};
+        EnviarPaginas({});
+    } else {
+        AbrirDialogo(impressoras, pergunta);
+    }
+}
+
+void ImpressaoQt::AbrirDialogo(const std::vector<Impressora>& impressoras, Pergunta pergunta) {
+    using Alcance = DialogoImpressao::Alcance;
+    dialogo_ = new DialogoImpressao(
+        janela_, impressoras, documento_.paginas,
+        pergunta == Pergunta::Sempre ? Alcance::UmDocumento : Alcance::VariosDocumentos);
     Ligar(dialogo_.data(), &QDialog::rejected, this, [this] { Terminar(ErroCancelado()); });
+    Ligar(dialogo_.data(), &QDialog::accepted, this, [this] {
+        const auto escolha = dialogo_->Escolha();
+        opcoes_ = escolha.opcoes;
+        EnviarPaginas(escolha.paginas);
+    });
     if (dialogoBloqueia_) {
         dialogo_->setModal(true);
         dialogo_->show();
@@ -93,43 +84,27 @@ void ImpressaoQt::AbrirDialogo() {
     }
 }
 
-void ImpressaoQt::AceitarDialogo(QPrintDialog& dialogo) {
-    const QPrinter& impressora = *dialogo.printer();
-    if (const auto arquivo = impressora.outputFileName(); !arquivo.isEmpty()) {
-        try {
-            GravarArquivo(arquivo.toStdString(), *documento_.pdf);
-            Terminar(std::nullopt);
-        } catch (const Erro& erro) {
-            Terminar(erro);
-        }
-        return;
-    }
-    TrabalhoImpressao trabalho{.pdf = *documento_.pdf,
-                               .titulo = documento_.titulo,
-                               .impressora = impressora.printerName().toStdString(),
-                               .copias = impressora.copyCount(),
-                               .lados = LadosDe(impressora)};
-    if (dialogo.printRange() == QAbstractPrintDialog::PageRange) {
-        trabalho.primeiraPagina = impressora.fromPage();
-        trabalho.ultimaPagina = impressora.toPage();
-    }
-    Enviar(std::move(trabalho));
+void ImpressaoQt::Enviar(const DocumentoImpresso& documento, const OpcoesDeImpressao& opcoes) {
+    Comecar(documento, {});
+    opcoes_ = opcoes;
+    EnviarPaginas({});
 }
 
-void ImpressaoQt::Enviar(const DocumentoImpresso& documento) {
-    Comecar(documento, u"Enviando à impressora…"_s);
-    Enviar(TrabalhoImpressao{.pdf = *documento_.pdf, .titulo = documento_.titulo});
-}
-
-void ImpressaoQt::Enviar(TrabalhoImpressao trabalho) {
-    if (aoMudar) {
-        aoMudar(u"Enviando à impressora…"_s);
-    }
+// None stands for all of them, and the document goes as it is.
+void ImpressaoQt::EnviarPaginas(const std::vector<int>& paginas) {
+    Dizer(u"Enviando à impressora…"_s);
     // The bytes stay alive as long as the thread needs them, whatever becomes of the window.
     EmSegundoPlano(
         this,
-        [trabalho = std::move(trabalho), pdf = documento_.pdf, cancelar = cancelar_] {
-            return EnviarTrabalho(trabalho, cancelar.get());
+        [documento = documento_, paginas, opcoes = opcoes_, cancelar = cancelar_] {
+            const bool inteiro =
+                paginas.empty() || (std::ssize(paginas) == documento.paginas &&
+                                    std::is_sorted(paginas.begin(), paginas.end()));
+            const auto partes = inteiro ? std::string() : EscolherPaginas(*documento.pdf, paginas);
+            return EnviarTrabalho({.pdf = inteiro ? *documento.pdf : partes,
+                                   .titulo = documento.titulo,
+                                   .opcoes = opcoes},
+                                  cancelar.get());
         },
         [this](const std::variant<int, Erro>& resultado) {
             const auto* erro = std::get_if<Erro>(&resultado);
@@ -140,6 +115,15 @@ void ImpressaoQt::Enviar(TrabalhoImpressao trabalho) {
 void ImpressaoQt::Cancelar() {
     if (cancelar_ != nullptr) {
         *cancelar_ = true;
+    }
+    if (dialogo_ != nullptr) {
+        dialogo_->reject();
+    }
+}
+
+void ImpressaoQt::Dizer(const QString& situacao) const {
+    if (aoMudar) {
+        aoMudar(situacao);
     }
 }
 
@@ -153,7 +137,7 @@ void ImpressaoQt::Terminar(const std::optional<Erro>& erro) {
 // The program's windows take no input meanwhile: until it is clear that it takes long by leaving
 // the user's actions waiting, then by the window that offers to cancel.
 void ImpressaoQt::ImprimirEEsperar(QWidget* janela, const DocumentoImpresso& documento,
-                                   bool perguntar) {
+                                   Pergunta pergunta, std::optional<OpcoesDeImpressao>& opcoes) {
     constexpr int Paciencia = 800;  // ms
     bool terminou = false;
     std::optional<Erro> resultado;
@@ -169,6 +153,7 @@ void ImpressaoQt::ImprimirEEsperar(QWidget* janela, const DocumentoImpresso& doc
     aviso.setWindowModality(Qt::ApplicationModal);
     aviso.setWindowTitle(ParaQt(documento.titulo));
     aviso.setMinimumDuration(INT_MAX);
+    impressao.aoMudar = [&](const QString& situacao) { aviso.setLabelText(situacao); };
     Ligar(&aviso, &QProgressDialog::canceled, &impressao, [&] {
         impressao.Cancelar();
         aviso.setLabelText(u"Cancelando…"_s);
@@ -177,10 +162,10 @@ void ImpressaoQt::ImprimirEEsperar(QWidget* janela, const DocumentoImpresso& doc
     tempo.start();
     QTimer relogio;
     relogio.start(100);
-    if (perguntar) {
-        impressao.Perguntar(documento);
+    if (opcoes) {
+        impressao.Enviar(documento, *opcoes);
     } else {
-        impressao.Enviar(documento);
+        impressao.Imprimir(documento, pergunta);
     }
     while (!terminou) {
         const bool perguntando = impressao.dialogo_ != nullptr && impressao.dialogo_->isVisible();
@@ -196,6 +181,7 @@ void ImpressaoQt::ImprimirEEsperar(QWidget* janela, const DocumentoImpresso& doc
     if (resultado) {
         throw Erro(*resultado);
     }
+    opcoes = impressao.opcoes_;
 }
 
 }  // namespace tarvo

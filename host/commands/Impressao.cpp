@@ -13,7 +13,7 @@ int ImprimirRelatorios(const Argumentos& a, Console& console) {
             ResultadoPDF resultado = RenderizarPDF(relatorio.Documento(), pdf);
             const int trabalho = EnviarTrabalho({.pdf = pdf,
                                                  .titulo = relatorio.Documento().tituloResumido,
-                                                 .impressora = a.impressora});
+                                                 .opcoes = {.impressora = a.impressora}});
             console.Dizer(NomeDoArquivo(codigo) + "  trabalho " + std::to_string(trabalho));
             return std::move(resultado.cortados);
         });

@@ -3,9 +3,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "desktop/AndamentoQt.h"
+#include "desktop/Ligacao.h"
 #include "desktop/preview/VisualizadorQt.h"
+#include "host/windows/MesDeReferencia.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/settings/ConfiguracoesIni.h"
 
@@ -16,7 +19,7 @@ namespace tarvo::host {
 class AmbienteComJanelas {
   public:
     explicit AmbienteComJanelas(const std::optional<std::string>& refAtual)
-        : configuracoes_(preferencias_, refAtual) {}
+        : daChamada_(preferencias_, refAtual) {}
 
     [[nodiscard]] Ambiente DosRelatorios() {
         return {.visualizadores = &visualizadores_,
@@ -24,6 +27,8 @@ class AmbienteComJanelas {
                 .andamento = &andamento_};
     }
     [[nodiscard]] ConfiguracoesIni& Preferencias() { return preferencias_; }
+
+    [[nodiscard]] static bool Imprimindo() { return FabricaVisualizadoresQt::Imprimindo(); }
 
     // Takes the progress window away when the returned object goes, however the build has ended.
     struct Concluir {
@@ -33,9 +38,35 @@ class AmbienteComJanelas {
         return std::unique_ptr<AndamentoQt, Concluir>(&andamento_);
     }
 
+    // One run, from the choice of the reports to the last of them. However it has ended, its
+    // progress window goes and it is said over janela, which may be null, what was printed where.
+    class Rodada {
+      public:
+        // mes: of the declaration, the proposal for the reference month.
+        Rodada(AmbienteComJanelas& ambiente, QWidget* janela, std::string mes)
+            : visualizadores_(ambiente.visualizadores_),
+              janela_(janela),
+              fim_(ambiente.ConcluirAndamentoNoFim()) {
+            ambiente.configuracoes_.Propor(std::move(mes));
+            visualizadores_.ComecarRodada();
+        }
+        ~Rodada() {
+            fim_.reset();
+            Proteger(janela_, [this] { visualizadores_.ConcluirRodada(janela_); });
+        }
+        Rodada(const Rodada&) = delete;
+        Rodada& operator=(const Rodada&) = delete;
+
+      private:
+        FabricaVisualizadoresQt& visualizadores_;
+        QWidget* janela_;
+        std::unique_ptr<AndamentoQt, Concluir> fim_;
+    };
+
   private:
     ConfiguracoesIni preferencias_;
-    ConfiguracoesDaChamada configuracoes_;
+    ConfiguracoesDaChamada daChamada_;
+    ConfiguracoesComPergunta configuracoes_{daChamada_, preferencias_};
     AndamentoQt andamento_;
     FabricaVisualizadoresQt visualizadores_{&preferencias_, &andamento_};
 };

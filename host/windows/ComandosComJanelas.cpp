@@ -50,8 +50,9 @@ int Selecionar(const Argumentos& a, std::ostream& erros) {
     banco->Acompanhar(ambiente.DosRelatorios().andamento);
     Relatorios relatorios(ambiente.DosRelatorios(), janela);
     return ComAsJanelas(erros, [&] {
-        const auto fim = ambiente.ConcluirAndamentoNoFim();
-        relatorios.Executar(*banco, a.IE.value_or(""), a.NumeroDRQ.value_or(0), a.opcoes);
+        const auto numero = a.NumeroDRQ.value_or(0);
+        const AmbienteComJanelas::Rodada rodada(ambiente, nullptr, MesDaDeclaracao(*banco, numero));
+        relatorios.Executar(*banco, a.IE.value_or(""), numero, a.opcoes);
     });
 }
 

@@ -1,13 +1,13 @@
 #include "host/windows/JanelaPrincipal.h"
 
 #include <QApplication>
-#include <QDate>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QStatusBar>
 
@@ -17,8 +17,11 @@
 #include "dispatch/Declaracoes.h"
 #include "document/Imagens.h"
 #include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/Explicacao.h"
 #include "host/windows/ListaDeclaracoes.h"
+#include "host/windows/MesDeReferencia.h"
 #include "host/windows/Recentes.h"
+#include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
 
@@ -93,17 +96,25 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
         return;
     }
     Proteger(this, [&] {
-        auto banco = AbrirBanco(arquivo);
-        const auto fim = ambiente_.ConcluirAndamentoNoFim();
-        banco->Acompanhar(ambiente_.DosRelatorios().andamento);
-        lista_->Ler(*banco);
-        relatorios_.reset();
-        banco_ = std::move(banco);
-        relatorios_ = std::make_unique<Relatorios>(ambiente_.DosRelatorios(), selecao_);
-        const QFileInfo nome(ParaQt(arquivo.string()));
-        setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
-        AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
+        try {
+            Trocar(arquivo);
+        } catch (...) {
+            throw Explicar(ErroCorrente(), arquivo.string());
+        }
     });
+}
+
+void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
+    auto banco = AbrirBanco(arquivo);
+    const auto fim = ambiente_.ConcluirAndamentoNoFim();
+    banco->Acompanhar(ambiente_.DosRelatorios().andamento);
+    lista_->Ler(*banco);
+    relatorios_.reset();
+    banco_ = std::move(banco);
+    relatorios_ = std::make_unique<Relatorios>(ambiente_.DosRelatorios(), selecao_);
+    const QFileInfo nome(ParaQt(arquivo.string()));
+    setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
+    AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
 }
 
 void JanelaPrincipal::AbrirDeclaracao() {
@@ -115,10 +126,16 @@ void JanelaPrincipal::AbrirDeclaracao() {
         return DizerDePassagem(this, u"Este contribuinte não tem declarações."_s);
     }
     const QScopedValueRollback emCurso(ocupada_, true);
-    const auto fim = ambiente_.ConcluirAndamentoNoFim();
     const auto IE = linha->IE.empty() ? PerguntarContribuinte() : linha->IE;
-    if (!IE.empty()) {
+    if (IE.empty()) {
+        return;
+    }
+    const AmbienteComJanelas::Rodada rodada(ambiente_, this,
+                                            MesDaDeclaracao(*banco_, *linha->NroDRQ));
+    try {
         relatorios_->Executar(*banco_, IE, *linha->NroDRQ, 0);
+    } catch (...) {
+        throw Explicar(ErroCorrente(), relatorios_->QueFalhou());
     }
 }
 
@@ -134,23 +151,28 @@ std::string JanelaPrincipal::PerguntarContribuinte() {
 }
 
 void JanelaPrincipal::DefinirRefAtual() {
+    using namespace AjusteRefAtual;
     auto& preferencias = ambiente_.Preferencias();
-    auto texto = ParaQt(preferencias.Ler("Tarvo", "pRef", "RefAtual", ""));
-    bool aceito = true;
-    do {
-        texto = QInputDialog::getText(this, u"Mês de referência atual"_s,
-                                      u"Mês e ano (MM/AAAA) que os resumos dos CFOPs usam:"_s,
-                                      QLineEdit::Normal, texto, &aceito)
-                    .trimmed();
-    } while (aceito && !QDate::fromString(texto, u"MM/yyyy"_s).isValid());
-    if (aceito) {
-        preferencias.Gravar("Tarvo", "pRef", "RefAtual", texto.toStdString());
+    const auto mes = PerguntarMes(this, u"Mês e ano (MM/AAAA) que os resumos dos CFOPs usam:"_s,
+                                  ParaQt(preferencias.Ler(Aplicacao, Secao, Chave, "")));
+    if (mes) {
+        preferencias.Gravar(Aplicacao, Secao, Chave, *mes);
     }
 }
 
 void JanelaPrincipal::closeEvent(QCloseEvent* evento) {
+    const auto fechar = [this] {
+        return QMessageBox::question(this, windowTitle(),
+                                     u"Um relatório ainda está a caminho da impressora. Fechar e "
+                                     "desistir dele?"_s) == QMessageBox::Yes;
+    };
+    if (ocupada_ || (AmbienteComJanelas::Imprimindo() && !fechar())) {
+        evento->ignore();
+        return;
+    }
     QMainWindow::closeEvent(evento);
     lugar_.Gravar(*this);
+    relatorios_.reset();
 }
 
 }  // namespace tarvo::host

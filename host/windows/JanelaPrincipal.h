@@ -18,7 +18,8 @@ class AmbienteComJanelas;
 class ListaDeclaracoes;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
-// selection dialog. Errors are told over the window and leave it as it was.
+// selection dialog. Closing it closes the previews. Errors are told over the window and leave it as
+// it was.
 class JanelaPrincipal final : public QMainWindow {
   public:
     // ambiente outlives the window.
@@ -34,6 +35,7 @@ class JanelaPrincipal final : public QMainWindow {
   private:
     void CriarMenus();
     void EscolherArquivo();
+    void Trocar(const std::filesystem::path& arquivo);
     void MostrarRecentes(QMenu& menu);
     void AbrirDeclaracao();
     [[nodiscard]] std::string PerguntarContribuinte();  // empty: none chosen

@@ -1,6 +1,8 @@
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
 #include <QMessageBox>
-#include <QPrintDialog>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QStatusBar>
@@ -23,17 +25,22 @@ class ImpressaoDaPrevia : public apoio::Previas {
     static void TearDownTestSuite() { servico.reset(); }
     ImpressaoDaPrevia() { apoio::MontarTabela(documento, 4); }
     void Imprimir(bool perguntar) { documento.Imprimir(perguntar); }
-    // Waits for the print dialog and answers it.
-    static void Responder(const QString& impressora, bool aceitar) {
-        const auto dialogos = [] { return apoio::Abertas<QPrintDialog>(); };
-        ASSERT_TRUE(Esperar([&] { return !dialogos().empty(); }));
-        auto* dialogo = dialogos().front();
-        for (auto* lista : dialogo->findChildren<QComboBox*>()) {
-            if (const int linha = lista->findText(impressora); linha >= 0) {
-                lista->setCurrentIndex(linha);
-            }
+    static std::vector<QDialog*> Dialogos() { return apoio::Abertas<QDialog>("dialogoImpressao"); }
+    // Waits for the print dialog and chooses a printer in it; the caller answers it.
+    static QDialog& Perguntado(const QString& impressora) {
+        if (!Esperar([] { return !Dialogos().empty(); })) {
+            throw std::runtime_error("no print dialog");
         }
-        aceitar ? dialogo->accept() : dialogo->reject();
+        Dialogos().front()->findChild<QComboBox*>(u"impressora"_s)->setCurrentText(impressora);
+        return *Dialogos().front();
+    }
+    // Whether the printer's part of the dialog comes to be offered, or not.
+    static bool Oferece(const QDialog& dialogo, const char* campo, bool oferece) {
+        auto* parte = dialogo.findChild<QWidget*>(QLatin1String(campo));
+        return QTest::qWaitFor([&] { return parte->isVisible() == oferece; });
+    }
+    static std::string TextoDe(const std::filesystem::path& pdf) {
+        return apoio::SaidaDe("pdftotext '" + pdf.string() + "' - | grep '^Página'");
     }
 
     inline static std::unique_ptr<apoio::ServicoDeImpressao> servico;
@@ -52,14 +59,66 @@ TEST_F(ImpressaoDaPrevia, PrintsAtOnceOnTheUsersPrinter) {
 
 TEST_F(ImpressaoDaPrevia, AsksFirstWhenTold) {
     documento.DefinirTituloResumido("perguntada");
-    QTimer::singleShot(0, [] { Responder(u"Direta"_s, true); });
+    QTimer::singleShot(0, [] { Perguntado(u"Direta"_s).accept(); });
     Imprimir(true);
     EXPECT_FALSE(servico->Chegada("perguntada").empty());
 
     const auto antes = servico->Trabalhos();
-    QTimer::singleShot(0, [] { Responder(u"Direta"_s, false); });
+    QTimer::singleShot(0, [] { Perguntado(u"Direta"_s).reject(); });
     EXPECT_EQ(ErroDe([&] { Imprimir(true); }).Numero(), NumeroErro::Cancelado);
     EXPECT_EQ(servico->Trabalhos(), antes);
+}
+
+TEST_F(ImpressaoDaPrevia, WithoutADefaultPrinterARunAsksOnceAndSaysWhatWentWhere) {
+    fabrica.ComecarRodada();
+    documento.DefinirTituloResumido("primeiro");
+    QTimer::singleShot(0, [] {
+        auto& dialogo = Perguntado(u"Direta"_s);
+        EXPECT_FALSE(dialogo.findChild<QLineEdit*>(u"paginas"_s)->isVisible())
+            << "of which report?";
+        dialogo.accept();
+    });
+    Imprimir(false);
+    documento.DefinirTituloResumido("segundo");
+    Imprimir(false);
+    fabrica.ConcluirRodada(nullptr);
+    EXPECT_FALSE(servico->Chegada("primeiro").empty());
+    EXPECT_FALSE(servico->Chegada("segundo").empty());
+    const auto ditas = apoio::Abertas<QMessageBox>();
+    ASSERT_EQ(ditas.size(), 1U);
+    EXPECT_THAT(ditas[0]->text().toStdString(),
+                AllOf(HasSubstr("primeiro (Direta)"), HasSubstr("segundo (Direta)")));
+    ditas[0]->close();
+    // The next run asks again.
+    fabrica.ComecarRodada();
+    QTimer::singleShot(0, [] { Perguntado(u"Direta"_s).reject(); });
+    EXPECT_EQ(ErroDe([&] { Imprimir(false); }).Numero(), NumeroErro::Cancelado);
+    fabrica.ConcluirRodada(nullptr);
+    EXPECT_TRUE(apoio::Abertas<QMessageBox>().empty());
+}
+
+TEST_F(ImpressaoDaPrevia, WhatTheDialogShowsIsDoneAndWhatTheQueueCannotDoIsHidden) {
+    documento.DefinirTituloResumido("escolhidas");
+    documento.Exibir();
+    Teclar("Ctrl+P");
+    auto& dialogo = Perguntado(u"Laser"_s);
+    EXPECT_TRUE(Oferece(dialogo, "copias", true));
+    EXPECT_TRUE(Oferece(dialogo, "escala", true));
+    EXPECT_EQ(dialogo.findChild<QComboBox*>(u"escala"_s)->currentIndex(), 0) << "100 %";
+    Perguntado(u"Direta"_s);  // sends the bytes as they are
+    EXPECT_TRUE(Oferece(dialogo, "copias", false));
+    EXPECT_TRUE(Oferece(dialogo, "escala", false));
+    EXPECT_TRUE(Oferece(dialogo, "lados", false));
+    auto& paginas = *dialogo.findChild<QLineEdit*>(u"paginas"_s);
+    auto& imprimir = *dialogo.findChild<QPushButton*>(u"imprimir"_s);
+    paginas.setText(u"2,9"_s);
+    EXPECT_FALSE(imprimir.isEnabled());
+    paginas.setText(u"1-3"_s);
+    dialogo.findChild<QComboBox*>(u"folhas"_s)->setCurrentIndex(1);
+    dialogo.findChild<QCheckBox*>(u"inversa"_s)->setChecked(true);
+    EXPECT_TRUE(imprimir.isEnabled());
+    dialogo.accept();
+    EXPECT_EQ(TextoDe(servico->Chegada("escolhidas")), "Página 3 de 4\nPágina 1 de 4\n");
 }
 
 TEST_F(ImpressaoDaPrevia, TheWindowPrintsAndTellsHowItEnded) {
@@ -69,17 +128,34 @@ TEST_F(ImpressaoDaPrevia, TheWindowPrintsAndTellsHowItEnded) {
         return Esperar([&] { return Unica().statusBar()->currentMessage() == texto; });
     };
     Teclar("Ctrl+P");
-    Responder(u"Direta"_s, true);
-    EXPECT_TRUE(diz(u"Enviado à impressora."_s));
+    Perguntado(u"Direta"_s).accept();
+    EXPECT_TRUE(diz(u"Enviado à impressora Direta."_s));
     EXPECT_FALSE(servico->Chegada("janela").empty());
     Teclar("Ctrl+P");
-    Responder(u"Direta"_s, false);
+    Perguntado(u"Direta"_s).reject();
     EXPECT_TRUE(diz(u"Impressão cancelada."_s));
     Teclar("Ctrl+P");
-    Responder(u"Parada"_s, true);
+    Perguntado(u"Parada"_s).accept();
     const auto caixa = [] { return Unica().findChild<QMessageBox*>(); };
     ASSERT_TRUE(Esperar([&] { return caixa() != nullptr; }));
     EXPECT_THAT(caixa()->text().toStdString(), AllOf(HasSubstr("erro 482"), HasSubstr("parada")));
+}
+
+TEST_F(ImpressaoDaPrevia, APreviewThatIsClosedAsksAndPrintsNothingMore) {
+    documento.Exibir();
+    const auto antes = servico->Trabalhos();
+    Teclar("Ctrl+P");
+    EXPECT_TRUE(FabricaVisualizadoresQt::Imprimindo());
+    Teclar("Ctrl+W");  // while the printers are looked for
+    EXPECT_TRUE(Esperar([] { return !FabricaVisualizadoresQt::Imprimindo(); }));
+    EXPECT_TRUE(Dialogos().empty());
+    documento.Exibir();
+    Teclar("Ctrl+P");
+    Perguntado(u"Direta"_s);
+    documento.Ocultar();  // while the dialog stands open
+    EXPECT_TRUE(Dialogos().empty());
+    EXPECT_FALSE(FabricaVisualizadoresQt::Imprimindo());
+    EXPECT_EQ(servico->Trabalhos(), antes);
 }
 
 TEST(ImpressaoComServicoMudo, NoWindowFreezesAndTheUserCanCancel) {

@@ -1,11 +1,13 @@
 #include "host/windows/JanelaPrincipal.h"
 
 #include <QDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 
@@ -88,6 +90,82 @@ TEST_F(JanelaPrincipalTeste, EnterOpensTheDialogOfTheDeclarationAndPreviewsItsRe
     // Opening another database closes the previews of this one.
     janela->Abrir(banco.Arquivo());
     EXPECT_TRUE(Abertas().empty());
+}
+
+TEST_F(JanelaPrincipalTeste, WhatIsFoundIsShownAndTheDialogSaysWhoseItIs) {
+    banco.Executar(
+        "with recursive n(i) as (select 1 union all select i + 1 from n where i < 300)"
+        " insert into tblDRQ (NroDRQ, Ref1, IE) select 1000 + i, '2003-05-01', '2' from n");
+    janela->Abrir(banco.Arquivo());
+    lista->selectRow(lista->model()->rowCount() - 1);
+    lista->scrollToBottom();
+    QTest::keyClicks(busca, u"otica"_s);
+    EXPECT_TRUE(
+        lista->viewport()->rect().contains(lista->visualRect(lista->currentIndex()).center()));
+    EXPECT_EQ(lista->currentIndex().row(), 0);
+    const auto numero = lista->model()->index(0, ModeloDeclaracoes::Numero).data().toString();
+    NoDialogo([&](QDialog& dialogo, QListWidget&) {
+        EXPECT_TRUE(dialogo.findChild<QLabel*>(u"declaracao"_s)
+                        ->text()
+                        .startsWith(u"Ótica Bela Vista, DRQ "_s + numero + u", "_s));
+        dialogo.reject();
+    });
+    QTest::keyClick(busca, Qt::Key_Return);
+}
+
+TEST_F(JanelaPrincipalTeste, ClosingItClosesItsPreviews) {
+    QTest::keyClicks(busca, u"joao 2001"_s);
+    NoDialogo([](QDialog&, QListWidget& entradas) {
+        entradas.item(0)->setSelected(true);
+        QTest::keyClick(&entradas, Qt::Key_Return);
+    });
+    QTest::keyClick(busca, Qt::Key_Return);
+    ASSERT_EQ(Abertas().size(), 1U);
+    janela->close();
+    EXPECT_TRUE(Abertas().empty());
+}
+
+TEST_F(JanelaPrincipalTeste, TheReferenceMonthIsAskedForWithTheDeclarationsOwnAsTheProposal) {
+    const auto visualizarResumo = [&](bool aceitar) {
+        QTest::keyClicks(busca, u"joao 2001"_s);
+        NoDialogo([aceitar](QDialog&, QListWidget& entradas) {
+            entradas.item(1)->setSelected(true);
+            QTimer::singleShot(0, [aceitar] {
+                // The selection dialog goes; the question comes while the report is built.
+                QTimer::singleShot(0, [aceitar] {
+                    auto* pergunta = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+                    ASSERT_NE(pergunta, nullptr);
+                    EXPECT_EQ(pergunta->textValue(), u"02/2001"_s);
+                    aceitar ? pergunta->accept() : pergunta->reject();
+                });
+            });
+            QTest::keyClick(&entradas, Qt::Key_Return);
+        });
+        QTest::keyClick(busca, Qt::Key_Return);
+        busca->clear();
+    };
+    visualizarResumo(false);
+    EXPECT_TRUE(Abertas().empty());
+    EXPECT_TRUE(janela->statusBar()->currentMessage().contains(u"mês de referência"_s));
+    visualizarResumo(true);
+    EXPECT_EQ(Abertas().size(), 1U);
+    EXPECT_EQ(ini.Ler("Tarvo", "pRef", "RefAtual", ""), "02/2001");
+}
+
+TEST_F(JanelaPrincipalTeste, AReportThatFailsIsNamedWithWhatToDo) {
+    banco.Executar("drop table tblPagamento");
+    QTest::keyClicks(busca, u"joao 2001"_s);
+    NoDialogo([](QDialog&, QListWidget& entradas) {
+        entradas.item(entradas.count() - 1)->setSelected(true);
+        QTest::keyClick(&entradas, Qt::Key_Return);
+    });
+    QTest::keyClick(busca, Qt::Key_Return);
+    auto* caixa = janela->findChild<QMessageBox*>();
+    ASSERT_NE(caixa, nullptr);
+    EXPECT_THAT(caixa->text().toStdString(),
+                testing::AllOf(testing::StartsWith("erro 3078: 17 - Pagamentos: "),
+                               testing::HasSubstr("O banco não tem todas as tabelas")));
+    caixa->close();
 }
 
 TEST_F(JanelaPrincipalTeste, DoubleClickOpensTheDialogToo) {

@@ -77,7 +77,8 @@ TEST_F(JanelaSelecaoTeste, SaysWhatItIsAndShowsEveryEntryWhole) {
         EXPECT_EQ(Botao(u"cmdImprimir"_s)->text(), u"&Imprimir Relatórios Selecionados"_s);
         EXPECT_EQ(Botao(u"cmdSelecionarTodos"_s)->text(),
                   u"&Selecionar / Limpar Todos os Relatórios"_s);
-        EXPECT_EQ(janela->findChild<QLabel*>()->buddy(), lista);
+        EXPECT_FALSE(janela->findChild<QLabel*>(u"declaracao"_s)->isVisible());
+        EXPECT_EQ(janela->findChild<QLabel*>(u"Label1"_s)->buddy(), lista);
         EXPECT_EQ(lista->count(), 18);
         EXPECT_TRUE(lista->item(3)->isSelected());
         EXPECT_TRUE(lista->hasFocus());
@@ -117,6 +118,27 @@ TEST_F(JanelaSelecaoTeste, ClickAndSpaceToggleOneEntryEach) {
         EXPECT_EQ(dialogo.lstSelecao.Foco(), 1U);
     });
     EXPECT_THAT(Marcadas(), ElementsAre(0U, 17U));
+}
+
+TEST_F(JanelaSelecaoTeste, TypingACodeMovesTheFocusAndMarksNothing) {
+    Mostrar([&] {
+        Clicar(2);
+        QTest::keyClick(lista, Qt::Key_Home);
+        QTest::keyClicks(lista, u"16"_s);
+        EXPECT_EQ(lista->currentRow(), 16);
+        EXPECT_EQ(dialogo.lstSelecao.Foco(), 16U);
+    });
+    EXPECT_THAT(Marcadas(), ElementsAre(2U));
+}
+
+TEST_F(JanelaSelecaoTeste, SaysWhoseDeclarationItIsAsItIsWritten) {
+    dialogo.declaracao = "A <b>&amp; B</b> Ltda., DRQ 7, 01/2003";
+    Mostrar([&] {
+        const auto* linha = janela->findChild<QLabel*>(u"declaracao"_s);
+        EXPECT_TRUE(linha->isVisible());
+        EXPECT_EQ(linha->text().toStdString(), dialogo.declaracao);
+        EXPECT_EQ(linha->textFormat(), Qt::PlainText);
+    });
 }
 
 TEST_F(JanelaSelecaoTeste, SelectAllAndClearAllShowInTheList) {

@@ -70,6 +70,7 @@ class RelatoriosTeste : public testing::Test, public JanelaSelecao {
     // Notes how the dialog was presented, then does what the test says.
     void ExibirModal(frmImpressaoRelatorios& dialogo) override {
         diario.emplace_back("dialogo");
+        declaracao = dialogo.declaracao;
         quantidade = dialogo.lstSelecao.Quantidade();
         foco = dialogo.lstSelecao.Foco();
         marcadas.clear();
@@ -84,6 +85,7 @@ class RelatoriosTeste : public testing::Test, public JanelaSelecao {
     }
 
     std::function<void(frmImpressaoRelatorios&)> usuario;
+    std::string declaracao;
     std::size_t quantidade = 0;
     std::size_t foco = 99;
     std::vector<std::size_t> marcadas;
@@ -120,6 +122,17 @@ TEST_F(RelatoriosTeste, PreselectsByBitsAndFocusesTheFirstEntry) {
     EXPECT_EQ(marcadas.size(), 18U);
     Executar(static_cast<std::int32_t>(0xFFFC0002U));
     EXPECT_THAT(marcadas, ElementsAre(1U));
+}
+
+TEST_F(RelatoriosTeste, TellsTheDialogWhoseDeclarationItIsFor) {
+    Executar(0);
+    EXPECT_EQ(declaracao, "111, DRQ 7, 01/2002");
+    banco.Executar("INSERT INTO tblContribuinte (IE, RazãoSocial) VALUES ('111', 'Padaria')");
+    Executar(0);
+    EXPECT_EQ(declaracao, "Padaria, DRQ 7, 01/2002");
+    banco.Executar("DROP TABLE tblContribuinte");
+    Executar(0);
+    EXPECT_EQ(declaracao, "111, DRQ 7, 01/2002") << "no report rests on the name";
 }
 
 TEST_F(RelatoriosTeste, OffersEntry15OnlyForDeclarationsSince2002) {
@@ -191,6 +204,7 @@ TEST_F(RelatoriosTeste, AnErrorEndsTheCallAndLeavesWhatWasProduced) {
     const Erro erro = ErroDe([&] { Executar(0b111000); });
     EXPECT_EQ(erro.Numero(), NumeroErro::UsoInvalidoDeNull);
     EXPECT_EQ(erro.Descricao(), "Uso inválido de Null.");
+    EXPECT_TRUE(relatorios->QueFalhou().starts_with("05 - ")) << relatorios->QueFalhou();
     EXPECT_THAT(diario,
                 ElementsAre("dialogo", "construir 3 111/7", "Imprimir 3", "construir 4 111/7"));
 }

@@ -57,14 +57,16 @@ class FilaImpressao : public testing::Test {
 TEST_F(FilaImpressao, TheBytesArriveAsTheyWereSent) {
     const auto pdf = Pdf(3, 0);
     EXPECT_GT(
-        EnviarTrabalho({.pdf = pdf, .titulo = "Informações p/ MIDAX", .impressora = "Direta"}), 0);
+        EnviarTrabalho(
+            {.pdf = pdf, .titulo = "Informações p/ MIDAX", .opcoes = {.impressora = "Direta"}}),
+        0);
     std::ifstream chegada(servico->Chegada("midax"), std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(chegada), {}), pdf);
 }
 
 TEST_F(FilaImpressao, SheetsAreA4WithTheirOrientationAndUnscaled) {
-    EnviarTrabalho({.pdf = Pdf(3, 0), .titulo = "retrato", .impressora = "Laser"});
-    EnviarTrabalho({.pdf = Pdf(2, 1), .titulo = "paisagem", .impressora = "Laser"});
+    EnviarTrabalho({.pdf = Pdf(3, 0), .titulo = "retrato", .opcoes = {.impressora = "Laser"}});
+    EnviarTrabalho({.pdf = Pdf(2, 1), .titulo = "paisagem", .opcoes = {.impressora = "Laser"}});
     const auto retrato = servico->Chegada("retrato");
     const auto paisagem = servico->Chegada("paisagem");
     for (const auto& [arquivo, paginas] : {std::pair{retrato, "3"}, {paisagem, "2"}}) {
@@ -80,20 +82,18 @@ TEST_F(FilaImpressao, SheetsAreA4WithTheirOrientationAndUnscaled) {
     EXPECT_NEAR(deLado.altura, 78.4, 1.5);  // FOLHA1 in Arial 20
 }
 
-TEST_F(FilaImpressao, PrintsTheChosenPages) {
-    EnviarTrabalho({.pdf = Pdf(5, 0),
-                    .titulo = "intervalo",
-                    .impressora = "Laser",
-                    .primeiraPagina = 2,
-                    .ultimaPagina = 3});
-    const auto texto = SaidaDe("pdftotext '" + servico->Chegada("intervalo").string() + "' -");
-    EXPECT_THAT(texto, AllOf(HasSubstr("FOLHA2"), HasSubstr("FOLHA3"), Not(HasSubstr("FOLHA1")),
-                             Not(HasSubstr("FOLHA4"))));
+TEST_F(FilaImpressao, OnlyAQueueThatPreparesThePagesDoesOptions) {
+    const auto laser = ConsultarRecursos("Laser");
+    EXPECT_TRUE(laser.copias);
+    EXPECT_TRUE(laser.escala);
+    const auto direta = ConsultarRecursos("Direta");
+    EXPECT_FALSE(direta.copias || direta.frenteEVerso || direta.escala);
 }
 
 TEST_F(FilaImpressao, TheUsersDefaultPrinterIsTakenWhenNoneIsNamed) {
     setenv("LPDEST", "Direta", 1);
     EnviarTrabalho({.pdf = Pdf(1, 0), .titulo = "predefinida"});
+    EXPECT_TRUE(ListarImpressoras()[0].padrao);
     unsetenv("LPDEST");
     EXPECT_FALSE(servico->Chegada("predefinida").empty());
 }
@@ -107,7 +107,8 @@ TEST_F(FilaImpressao, SaysWhyNothingCanBePrinted) {
         {"Parada", "\"Parada\" está parada"},
         {"Recusa", "\"Recusa\" não está aceitando trabalhos"}};
     for (const auto& [impressora, texto] : casos) {
-        const TrabalhoImpressao trabalho{.pdf = pdf, .titulo = "x", .impressora = impressora};
+        const TrabalhoImpressao trabalho{
+            .pdf = pdf, .titulo = "x", .opcoes = {.impressora = impressora}};
         const Erro e = ErroDe([&] { EnviarTrabalho(trabalho); });
         EXPECT_EQ(e.Numero(), NumeroErro::ErroImpressora) << impressora;
         EXPECT_THAT(e.Descricao(), HasSubstr(texto));
@@ -119,7 +120,8 @@ TEST_F(FilaImpressao, ACancelledJobPrintsNothingAndIsToldAsCancelled) {
     const std::atomic<bool> cancelar = true;
     const auto antes = servico->Trabalhos();
     const Erro e = ErroDe([&] {
-        EnviarTrabalho({.pdf = Pdf(1, 0), .titulo = "x", .impressora = "Direta"}, &cancelar);
+        EnviarTrabalho({.pdf = Pdf(1, 0), .titulo = "x", .opcoes = {.impressora = "Direta"}},
+                       &cancelar);
     });
     EXPECT_EQ(e.Numero(), NumeroErro::Cancelado) << e.Descricao();
     EXPECT_EQ(servico->Trabalhos(), antes);
@@ -129,8 +131,9 @@ TEST_F(FilaImpressao, AJobThatIsGivenUpHalfwayDoesNotStayInTheQueue) {
     // More than the service takes: it refuses the rest once the job has its number.
     const std::string grande(4'000'000, 'x');
     const auto antes = servico->Trabalhos();
-    const Erro e =
-        ErroDe([&] { EnviarTrabalho({.pdf = grande, .titulo = "x", .impressora = "Direta"}); });
+    const Erro e = ErroDe([&] {
+        EnviarTrabalho({.pdf = grande, .titulo = "x", .opcoes = {.impressora = "Direta"}});
+    });
     EXPECT_EQ(e.Numero(), NumeroErro::ErroImpressora) << e.Descricao();
     EXPECT_EQ(servico->Trabalhos(), antes + 1);
     // Jobs of other tests may still be on their way; one that is given up would never end.

@@ -1,0 +1,92 @@
+#include "desktop/printing/EscolhaDePaginas.h"
+
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo {
+
+namespace {
+
+std::string_view SemEspacos(std::string_view texto) {
+    const auto inicio = texto.find_first_not_of(" \t");
+    return inicio == std::string_view::npos
+               ? std::string_view()
+               : texto.substr(inicio, texto.find_last_not_of(" \t") - inicio + 1);
+}
+
+// A page's number; padrao where nothing stands, 0 for what is none.
+int LerPagina(std::string_view texto, int padrao) {
+    texto = SemEspacos(texto);
+    int pagina = 0;
+    const auto* fim = texto.data() + texto.size();
+    const auto lido = std::from_chars(texto.data(), fim, pagina);
+    return texto.empty() ? padrao : lido.ec == std::errc() && lido.ptr == fim ? pagina : 0;
+}
+
+}  // namespace
+
+std::optional<std::vector<int>> LerPaginas(std::string_view texto, int total) {
+    std::vector<int> paginas;
+    if (SemEspacos(texto).empty()) {
+        texto = "1-";
+    }
+    while (true) {
+        const auto virgula = texto.find_first_of(",;");
+        const auto parte = texto.substr(0, virgula);
+        const auto traco = parte.find('-');
+        const bool intervalo = traco != std::string_view::npos;
+        const int primeira = LerPagina(parte.substr(0, traco), intervalo ? 1 : 0);
+        const int ultima = intervalo ? LerPagina(parte.substr(traco + 1), total) : primeira;
+        if (primeira < 1 || ultima < primeira || ultima > total) {
+            return std::nullopt;
+        }
+        const auto antes = paginas.size();
+        paginas.resize(antes + static_cast<std::size_t>(ultima - primeira) + 1);
+        std::iota(paginas.begin() + static_cast<std::ptrdiff_t>(antes), paginas.end(), primeira);
+        if (virgula == std::string_view::npos) {
+            return paginas;
+        }
+        texto.remove_prefix(virgula + 1);
+    }
+}
+
+std::vector<int> Filtrar(std::vector<int> paginas, Folhas folhas, bool inversa) {
+    std::erase_if(paginas, [folhas](int pagina) {
+        return (folhas == Folhas::Impares && pagina % 2 == 0) ||
+               (folhas == Folhas::Pares && pagina % 2 != 0);
+    });
+    if (inversa) {
+        std::reverse(paginas.begin(), paginas.end());
+    }
+    return paginas;
+}
+
+std::string EscolherPaginas(std::string_view pdf, const std::vector<int>& paginas) {
+    try {
+        QPDF inteiro;
+        inteiro.processMemoryFile("", pdf.data(), pdf.size());
+        auto todas = QPDFPageDocumentHelper(inteiro).getAllPages();
+        QPDF escolhido;
+        escolhido.emptyPDF();
+        QPDFPageDocumentHelper destino(escolhido);
+        for (const int pagina : paginas) {
+            destino.addPage(todas.at(static_cast<std::size_t>(pagina - 1)), false);
+        }
+        QPDFWriter escrita(escolhido);
+        escrita.setOutputMemory();
+        escrita.write();
+        const auto bytes = escrita.getBufferSharedPointer();
+        return {reinterpret_cast<const char*>(bytes->getBuffer()), bytes->getSize()};
+    } catch (const std::exception& excecao) {
+        throw Erro(NumeroErro::ErroInterno,
+                   std::string("As páginas não puderam ser separadas: ") + excecao.what());
+    }
+}
+
+}  // namespace tarvo
