@@ -67,6 +67,7 @@ void ImpressaoQt::Escolher(const std::vector<Impressora>& impressoras, Pergunta 
 
 void ImpressaoQt::AbrirDialogo(const std::vector<Impressora>& impressoras, Pergunta pergunta) {
     using Alcance = DialogoImpressao::Alcance;
+    Dizer({});
     dialogo_ = new DialogoImpressao(
         janela_, impressoras, documento_.paginas,
         pergunta == Pergunta::Sempre ? Alcance::UmDocumento : Alcance::VariosDocumentos);

@@ -119,7 +119,7 @@ void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
 
 void JanelaPrincipal::AbrirDeclaracao() {
     const auto linha = lista_->Escolhida();
-    if (!linha || ocupada_) {
+    if (!linha || ocupada_ || relatorios_ == nullptr) {
         return;
     }
     if (!linha->NroDRQ) {

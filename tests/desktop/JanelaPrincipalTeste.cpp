@@ -184,7 +184,10 @@ TEST_F(JanelaPrincipalTeste, AnErrorIsToldAndLeavesTheOpenDatabase) {
     janela->Abrir("/nenhum/banco.tarvo");
     auto* caixa = janela->findChild<QMessageBox*>();
     ASSERT_NE(caixa, nullptr);
-    EXPECT_TRUE(caixa->text().startsWith(u"erro 3024: "_s));
+    EXPECT_THAT(caixa->text().toStdString(),
+                testing::AllOf(testing::StartsWith("erro 3024: "),
+                               testing::HasSubstr("/nenhum/banco.tarvo"),
+                               testing::HasSubstr("Confira o caminho")));
     caixa->close();
     EXPECT_EQ(Numeros(), "12;11;10;9;;");
 }
