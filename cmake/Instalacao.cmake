@@ -37,6 +37,9 @@ install(FILES ${PROJECT_BINARY_DIR}/relatoriostarvo.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
 install(TARGETS relatorios-tarvo RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT nucleo)
+# The library looks for it here.
+install(TARGETS relatorios-tarvo-mdb
+    RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/relatoriostarvo COMPONENT nucleo)
 find_program(GZIP gzip REQUIRED)
 add_custom_command(OUTPUT relatorios-tarvo.1.gz
     COMMAND ${GZIP} -9nc ${PROJECT_SOURCE_DIR}/docs/relatorios-tarvo.1 > relatorios-tarvo.1.gz

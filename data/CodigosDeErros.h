@@ -37,6 +37,7 @@ enum class NumeroErro : int {
     AtualizacaoSemAddNew = 3020,        // Update or a field's write without AddNew
     BancoNaoEncontrado = 3024,          // no database file of that name
     BancoSomenteLeitura = 3027,         // writing to a database opened read-only
+    SenhaDoBanco = 3031,                // encrypted, or protected by a password
     ColunaDesconhecida = 3061,          // a query names an unknown column
     ErroSintaxeConsulta = 3075,         // the query's text is outside the dialect
     TabelaInexistente = 3078,           //

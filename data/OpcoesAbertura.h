@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 // How a declaration database is opened, whatever kind it is.
 namespace tarvo {
 
@@ -15,6 +17,9 @@ enum class TabelasDeTrabalho {
 struct OpcoesAbertura {
     ModoAbertura modo = ModoAbertura::LeituraEscrita;
     TabelasDeTrabalho tabelasDeTrabalho = TabelasDeTrabalho::NoBanco;
+    // The code page of the texts in the oldest files of the desktop engine: a number, or a name as
+    // iconv knows it. All other databases hold Unicode.
+    std::string codificacao = "1252";
 };
 
 }  // namespace tarvo

@@ -101,6 +101,18 @@ void Desconfiar(Conexao& conexao) {
     conexao.Executar("PRAGMA cell_size_check = ON");
 }
 
+std::shared_ptr<Conexao> Conectar(const char* endereco, int opcoes) {
+    sqlite3* db = nullptr;
+    const int estado = sqlite3_open_v2(endereco, &db, opcoes | SQLITE_OPEN_NOMUTEX, nullptr);
+    ObjetoDeC<sqlite3_close> semDono(db);
+    if (estado != SQLITE_OK) {
+        LancarErroSQLite(db, estado);
+    }
+    auto conexao = std::make_shared<Conexao>(db, Conexao::Posse::Propria);
+    static_cast<void>(semDono.release());
+    return conexao;
+}
+
 }  // namespace
 
 std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo) {
@@ -111,18 +123,9 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
 
     // For reading alone, too, the file is opened for writing: only then does the last one to close
     // it take the -wal and -shm files away again. That nothing is written is seen to by Conexao.
-    sqlite3* db = nullptr;
-    const int estado =
-        sqlite3_open_v2((Uri(arquivo) + (imutavel ? "?immutable=1" : "")).c_str(), &db,
-                        SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX |
-                            (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE),
-                        nullptr);
-    ObjetoDeC<sqlite3_close> semDono(db);
-    if (estado != SQLITE_OK) {
-        LancarErroSQLite(db, estado);
-    }
-    auto conexao = std::make_shared<Conexao>(db, Conexao::Posse::Propria);
-    static_cast<void>(semDono.release());
+    const auto conexao =
+        Conectar((Uri(arquivo) + (imutavel ? "?immutable=1" : "")).c_str(),
+                 SQLITE_OPEN_URI | (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE));
     Desconfiar(*conexao);
     conexao->Executar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_master");
     if (wal) {
@@ -132,6 +135,14 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
         conexao->ProibirEscrita();
     }
     return conexao;
+}
+
+std::shared_ptr<Conexao> AbrirNovo(const fs::path& arquivo) {
+    return Conectar(arquivo.c_str(), SQLITE_OPEN_READWRITE);
+}
+
+std::shared_ptr<Conexao> AbrirEmMemoria() {
+    return Conectar(":memory:", SQLITE_OPEN_READWRITE);
 }
 
 }  // namespace tarvo::sqlite

@@ -12,4 +12,13 @@ namespace tarvo::sqlite {
 // BancoSQLite::Abrir for the errors.
 std::shared_ptr<Conexao> AbrirArquivo(const std::filesystem::path& arquivo, ModoAbertura modo);
 
+// An empty file, or one without a database yet, to be filled.
+std::shared_ptr<Conexao> AbrirNovo(const std::filesystem::path& arquivo);
+// An empty database in memory.
+std::shared_ptr<Conexao> AbrirEmMemoria();
+
+// The engine over a connection of ours.
+std::unique_ptr<BancoSQLite> AbrirSobre(std::shared_ptr<Conexao> conexao,
+                                        TabelasDeTrabalho tabelasDeTrabalho);
+
 }  // namespace tarvo::sqlite

@@ -139,6 +139,11 @@ void PrepararParaVariosFios() {
     sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
 }
 
+std::unique_ptr<BancoSQLite> sqlite::AbrirSobre(std::shared_ptr<Conexao> conexao,
+                                                TabelasDeTrabalho tabelasDeTrabalho) {
+    return std::make_unique<Banco>(std::move(conexao), tabelasDeTrabalho);
+}
+
 std::unique_ptr<BancoSQLite> BancoSQLite::Abrir(const std::filesystem::path& arquivo,
                                                 const OpcoesAbertura& opcoes) {
     return std::make_unique<Banco>(AbrirArquivo(arquivo, opcoes.modo), opcoes.tabelasDeTrabalho);

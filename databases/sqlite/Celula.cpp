@@ -43,7 +43,8 @@ std::string Mostrar(const Celula& celula) {
         case SQLITE_TEXT:
             return EhUtf8(celula.texto) ? std::string(celula.texto) : "texto que não é UTF-8";
         default:
-            return "dados binários";
+            // What a source held and its column cannot: see Preenchimento.
+            return EhUtf8(celula.texto) ? std::string(celula.texto) : "dados binários";
     }
 }
 
@@ -116,6 +117,11 @@ std::string_view Texto(const unsigned char* texto, int bytes) {
     return {reinterpret_cast<const char*>(texto), static_cast<std::size_t>(bytes)};
 }
 
+// SQLite gives no pointer to none.
+std::string_view Bytes(const void* bytes, int quantos) {
+    return {static_cast<const char*>(bytes), static_cast<std::size_t>(quantos)};
+}
+
 TipoColuna TipoGuardado(const Celula& celula) {
     switch (celula.classe) {
         case SQLITE_INTEGER:
@@ -169,6 +175,10 @@ Celula LerCelula(sqlite3_stmt* instrucao, int coluna) {
             celula.texto = Texto(sqlite3_column_text(instrucao, coluna),
                                  sqlite3_column_bytes(instrucao, coluna));
             break;
+        case SQLITE_BLOB:
+            celula.texto = Bytes(sqlite3_column_blob(instrucao, coluna),
+                                 sqlite3_column_bytes(instrucao, coluna));
+            break;
         default:
             break;
     }
@@ -186,6 +196,9 @@ Celula LerCelula(sqlite3_value* valor) {
             break;
         case SQLITE_TEXT:
             celula.texto = Texto(sqlite3_value_text(valor), sqlite3_value_bytes(valor));
+            break;
+        case SQLITE_BLOB:
+            celula.texto = Bytes(sqlite3_value_blob(valor), sqlite3_value_bytes(valor));
             break;
         default:
             break;

@@ -35,7 +35,7 @@ struct Celula {
     int classe;  // SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_BLOB, SQLITE_NULL
     std::int64_t inteiro = 0;
     double real = 0;
-    std::string_view texto;
+    std::string_view texto;  // of a BLOB, its bytes
 };
 
 Celula LerCelula(sqlite3_stmt* instrucao, int coluna);

@@ -1,5 +1,6 @@
 #include "databases/sqlite/Tabelas.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarvo::sqlite {
@@ -97,7 +98,47 @@ constexpr std::array Refeitas{
     DefinicaoTabela{"tblApuraçãoSubstituiçãoTributária", ColunasApuracao, ""},
 };
 
+// The definitions between the commas; those inside parentheses separate nothing.
+std::vector<std::string_view> Partes(std::string_view colunas) {
+    std::vector<std::string_view> partes;
+    int abertos = 0;
+    std::size_t inicio = 0;
+    for (std::size_t i = 0; i <= colunas.size(); ++i) {
+        const char c = i < colunas.size() ? colunas[i] : ',';
+        abertos += c == '(' ? 1 : (c == ')' ? -1 : 0);
+        if (c == ',' && abertos == 0) {
+            const std::string_view parte = colunas.substr(inicio, i - inicio);
+            partes.push_back(parte.substr(parte.find_first_not_of(" \n")));
+            inicio = i + 1;
+        }
+    }
+    return partes;
+}
+
+// The first name in quotes.
+std::string NomeEm(std::string_view parte) {
+    const std::size_t inicio = parte.find('"') + 1;
+    return std::string(parte.substr(inicio, parte.find('"', inicio) - inicio));
+}
+
 }  // namespace
+
+std::vector<DefinicaoColuna> ColunasDe(const DefinicaoTabela& tabela) {
+    std::vector<DefinicaoColuna> colunas;
+    for (const std::string_view parte : Partes(tabela.colunas)) {
+        const std::string nome = NomeEm(parte);
+        const bool chave = parte.find("PRIMARY KEY") != std::string_view::npos;
+        if (!parte.starts_with('"')) {  // a key of several columns
+            std::ranges::find(colunas, nome, &DefinicaoColuna::nome)->chave = chave;
+            continue;
+        }
+        const std::string_view resto = parte.substr(nome.size() + 3);
+        colunas.push_back({nome, std::string(resto.substr(0, resto.find(' '))),
+                           resto.find("COLLATE NOCASE") != std::string_view::npos, chave,
+                           std::string(parte)});
+    }
+    return colunas;
+}
 
 std::span<const DefinicaoTabela> TabelasDoBanco() {
     return Cadastros;
