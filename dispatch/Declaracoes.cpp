@@ -46,12 +46,21 @@ void PercorrerDeclaracoes(BancoDados& banco,
     const bool temIE = TemColuna(
         *banco.OpenRecordset("select * from tblDRQ where NroDRQ = 0", TipoRecordset::ForwardOnly),
         "IE");
+    // Hosts that keep a database for each taxpayer have no need of the column.
+    std::optional<std::string> unico;
+    if (!temIE) {
+        const auto contribuintes = LerContribuintes(banco);
+        if (contribuintes.size() == 1) {
+            unico = contribuintes.front().IE;
+        }
+    }
     const auto rs = banco.OpenRecordset(
         std::string("select ") + (temIE ? "IE, " : "") +
             "NroDRQ, Ref1, RegTrib, Tipo, Consistente from tblDRQ order by Ref1, NroDRQ",
         TipoRecordset::ForwardOnly);
     for (; !rs->EOF_(); rs->MoveNext()) {
         Declaracao d;
+        d.IE = unico;
         if (std::string IE = temIE ? TextoCampo(rs->Fields("IE")) : ""; !IE.empty()) {
             d.IE = std::move(IE);
         }

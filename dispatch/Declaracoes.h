@@ -19,7 +19,8 @@ struct Contribuinte {
 };
 
 struct Declaracao {
-    std::optional<std::string> IE;  // absent when the database does not tell whose it is
+    std::optional<std::string> IE;  // absent when the database does not tell whose it is, though
+                                    // it has several taxpayers
     std::int32_t NroDRQ = 0;
     Data ref1;
     std::string referencia;  // "07/2003"

@@ -9,6 +9,7 @@
 #include "host/commands/Argumentos.h"
 #include "host/commands/Console.h"
 #include "host/commands/ContinuacaoComJanelas.h"
+#include "host/commands/Copia.h"
 #include "host/commands/Exportacao.h"
 #include "host/commands/Impressao.h"
 #include "host/commands/Listagem.h"
@@ -65,6 +66,8 @@ int Despachar(const Argumentos& a, const std::vector<std::string>& argumentos, s
         case Comando::Criar:
             CriarBanco(a.banco, a.exemplo ? ScriptDeExemplo() : "");
             return Feito;
+        case Comando::Copiar:
+            return CopiarParaArquivo(a, console);
         case Comando::Listar:
             return ListarDeclaracoes(a, console);
         case Comando::Exportar:

@@ -20,6 +20,7 @@
 #include "host/batch/ResumoLote.h"
 #include "host/batch/SelecaoLote.h"
 #include "host/batch/TrabalhadorLote.h"
+#include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
@@ -149,7 +150,10 @@ int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararFontes();
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&console);
-    const auto banco = AbrirBancoDoLote(a);
+    const auto fonte = LocalizarBanco(
+        a, console,
+        {.modo = ModoAbertura::SomenteLeitura, .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    const auto banco = fonte.Abrir();
     const Acompanhamento acompanhamento(*banco, &andamento);
     AvisarDanos(*banco, console);
     const auto declaracoes = EscolherDeclaracoes(*banco, a);
@@ -167,7 +171,7 @@ int ExecutarLote(const Argumentos& a, Console& console) {
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
     ProgressoLote progresso(console, configuracoes, declaracoes.size(),
                             ::isatty(STDOUT_FILENO) == 1);
-    const LoteEmCurso lote{a, configuracoes, dadosComuns, resumo, progresso};
+    const LoteEmCurso lote{a, fonte, configuracoes, dadosComuns, resumo, progresso};
     Fila fila(declaracoes);
     ProduzirEmParalelo(fila, lote,
                        std::min(static_cast<std::size_t>(a.trabalhos), declaracoes.size()));

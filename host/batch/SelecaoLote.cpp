@@ -36,7 +36,9 @@ std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argum
     });
     if (!dizDeQuem && !lista.empty()) {
         if (!a.IE) {
-            throw UsoErrado("o banco não diz de quem são as declarações; informe --ie");
+            throw UsoErrado(
+                "contribuinte não informado: o banco não diz de quem são as declarações; informe "
+                "--ie");
         }
         for (auto& declaracao : lista) {
             declaracao.IE = *a.IE;

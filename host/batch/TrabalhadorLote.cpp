@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "data/Formatos.h"
-#include "databases/AbrirBanco.h"
 #include "dispatch/Declaracoes.h"
 #include "host/batch/HashDeDados.h"
 #include "host/commands/Mensagens.h"
@@ -68,13 +67,8 @@ void RecusarLink(const fs::path& pasta, const fs::path& pastaDoLote) {
 
 }  // namespace
 
-std::unique_ptr<BancoDados> AbrirBancoDoLote(const Argumentos& a) {
-    return AbrirBanco(a.banco, {.modo = ModoAbertura::SomenteLeitura,
-                                .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
-}
-
 TrabalhadorLote::TrabalhadorLote(const LoteEmCurso& lote)
-    : lote_(lote), banco_(AbrirBancoDoLote(lote.argumentos)) {
+    : lote_(lote), banco_(lote.fonte.Abrir()) {
     banco_->Acompanhar(&andamento_);
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/BancoDados.h"
+#include "databases/OrigemBanco.h"
 #include "host/batch/ProgressoLote.h"
 #include "host/batch/ResumoLote.h"
 #include "host/batch/SelecaoLote.h"
@@ -16,12 +16,10 @@
 
 namespace tarvo::host {
 
-// Read-only, with work tables of its own, as each worker has one.
-std::unique_ptr<BancoDados> AbrirBancoDoLote(const Argumentos& argumentos);
-
 // What the workers of a batch share; all of it outlives them.
 struct LoteEmCurso {
     const Argumentos& argumentos;
+    const OrigemBanco& fonte;  // opened for reading alone, work tables are each worker's own
     const Configuracoes& configuracoes;
     const std::string& dadosComuns;  // their hash
     ResumoLote& resumo;

@@ -132,6 +132,9 @@ void LerDoComando(const LinhaDeComando& l, Argumentos& a) {
         case Comando::Lote:
             LerLote(l, a);
             break;
+        case Comando::Copiar:
+            a.destino = l.saida;
+            break;
         case Comando::Selecionar:
             Exigir(l.IE, "--ie");
             Exigir(l.drq, "--drq");
@@ -163,6 +166,9 @@ Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
     a.comando = l.comando;
     a.ajuda = l.ajuda;
     a.banco = l.banco;
+    if (!l.codificacao.empty()) {
+        a.codificacao = l.codificacao;
+    }
     a.exemplo = l.exemplo;
     a.json = l.json;
     a.silencioso = l.silencioso;

@@ -14,6 +14,7 @@ enum class Comando {
     Ajuda,
     Versao,
     Criar,
+    Copiar,
     Listar,
     Exportar,
     Lote,
@@ -29,11 +30,12 @@ struct LinhaDeComando {
     Comando comando = Comando::Ajuda;
     std::string ajuda;  // for Ajuda: the text to print
     std::string banco;
+    std::string codificacao;
     std::string IE;
     std::string drq;
     std::string relatorios;
     std::string formato;
-    std::string saida;
+    std::string saida;  // of copiar, the new file
     std::string dpi;
     std::string opcoes;
     std::string impressora;

@@ -3,9 +3,9 @@
 #include <map>
 #include <ostream>
 
-#include "databases/AbrirBanco.h"
 #include "dispatch/Declaracoes.h"
 #include "document/QuadroPagina.h"
+#include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/ResultadoEmJSON.h"
@@ -50,7 +50,7 @@ void EscreverJSON(std::ostream& dados, const Contribuinte* contribuinte,
 int ListarDeclaracoes(const Argumentos& a, Console& console) {
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&console);
-    const auto banco = AbrirBanco(a.banco, {.modo = ModoAbertura::SomenteLeitura});
+    const auto banco = LocalizarBanco(a, console, {.modo = ModoAbertura::SomenteLeitura}).Abrir();
     const Acompanhamento acompanhamento(*banco, &andamento);
     const auto contribuintes = LerContribuintes(*banco);
     DeclaracoesDeCada declaracoes;
@@ -75,7 +75,7 @@ int ListarDeclaracoes(const Argumentos& a, Console& console) {
     }
     for (const auto& [IE, lista] : declaracoes) {
         mostrar(IE ? *IE + "  (contribuinte ausente do banco)"
-                   : "Declarações sem contribuinte no banco (informe --ie)",
+                   : "Contribuinte não informado (informe --ie)",
                 nullptr, lista);
     }
     return Feito;

@@ -1,8 +1,8 @@
 #include "host/commands/ProducaoDeRelatorios.h"
 
 #include "data/Formatos.h"
-#include "databases/AbrirBanco.h"
 #include "dispatch/Declaracoes.h"
+#include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
@@ -66,7 +66,7 @@ class BancoDaChamada {
 
   private:
     void Abrir(const OpcoesAbertura& opcoes) {
-        banco_ = AbrirBanco(argumentos_.banco, opcoes);
+        banco_ = LocalizarBanco(argumentos_, console_, opcoes).Abrir();
         banco_->Acompanhar(&andamento_);
     }
 

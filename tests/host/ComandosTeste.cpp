@@ -165,13 +165,13 @@ TEST(Comandos, ListingWorksOnDatabasesThatDoNotSayWhoseADeclarationIs) {
         " (9, null, null, null, '3', null);");
     EXPECT_EQ(Rodar({"listar", banco.Arquivo()}).saida,
               "1  Órion\n  DRQ 7  07/2003  RPA  Normal\n2  Zeta\n"
-              "Declarações sem contribuinte no banco (informe --ie)\n"
+              "Contribuinte não informado (informe --ie)\n"
               "  DRQ 8  08/2003  Simples-ST  Substitutiva  não consistida\n"
               "3  (contribuinte ausente do banco)\n  DRQ 9  não consistida\n");
     banco.Executar("drop index idxtblDRQIE; alter table tblDRQ drop column IE;");
     const Execucao semColuna = Rodar({"listar", banco.Arquivo()});
     EXPECT_THAT(semColuna, Termina(0));
-    EXPECT_THAT(semColuna.saida, HasSubstr("Zeta\nDeclarações sem contribuinte"));
+    EXPECT_THAT(semColuna.saida, HasSubstr("Zeta\nContribuinte não informado"));
 }
 
 TEST(Comandos, TheReferenceMonthIsKeptPerUser) {
