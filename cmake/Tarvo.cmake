@@ -34,6 +34,16 @@ function(tarvo_com_qt nome)
         ENVIRONMENT "TSAN_OPTIONS=ignore_noninstrumented_modules=1")
 endfunction()
 
+# tarvo_com_leitor_mdb(NAME): that test reads files of the desktop engine. The library looks for their
+# reader beside the program.
+function(tarvo_com_leitor_mdb nome)
+    add_dependencies(teste_${nome} relatorios-tarvo-mdb)
+    add_custom_command(TARGET teste_${nome} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:relatorios-tarvo-mdb>
+            $<TARGET_FILE_DIR:teste_${nome}>/relatorios-tarvo-mdb
+        VERBATIM)
+endfunction()
+
 # tarvo_embutir(TARGET FILE...): each file becomes a byte array of its own name in the namespace
 # tarvo::embutido, which TARGET gets with #include "embutido/NAME.h". No tools but CMake.
 function(tarvo_embutir alvo)

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <ostream>
 
-#include "databases/AbrirBanco.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "dispatch/Relatorios.h"
+#include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Argumentos.h"
 #include "host/commands/Mensagens.h"
 #include "host/windows/AmbienteComJanelas.h"
@@ -43,8 +43,13 @@ int ComAsJanelas(std::ostream& erros, Acao&& acao) {
     return situacao;
 }
 
+std::unique_ptr<BancoDados> Abrir(const Argumentos& a, std::ostream& erros) {
+    Console console(erros, erros, {.silencioso = a.silencioso});
+    return LocalizarBanco(a, console, {}).Abrir();
+}
+
 int Selecionar(const Argumentos& a, std::ostream& erros) {
-    const auto banco = AbrirBanco(a.banco);
+    const auto banco = Abrir(a, erros);
     AmbienteComJanelas ambiente(a.refAtual);
     JanelaSelecaoQt janela;
     banco->Acompanhar(ambiente.DosRelatorios().andamento);
@@ -57,7 +62,7 @@ int Selecionar(const Argumentos& a, std::ostream& erros) {
 }
 
 int MostrarVelo(const Argumentos& a, std::ostream& erros) {
-    const auto banco = AbrirBanco(a.banco);
+    const auto banco = Abrir(a, erros);
     AmbienteComJanelas ambiente(a.refAtual);
     RelatorioVELO velo(ambiente.DosRelatorios());
     return ComAsJanelas(erros, [&] {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -11,7 +12,6 @@
 #include <QScopedValueRollback>
 #include <QStatusBar>
 
-#include "databases/AbrirBanco.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
 #include "dispatch/Declaracoes.h"
@@ -32,7 +32,8 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
       lugar_(&ambiente.Preferencias(), "JanelaPrincipal", {980, 560}),
       selecao_(this),
       lista_(new ListaDeclaracoes(this)),
-      situacao_(new QLabel(u"Nenhum banco aberto. Use Arquivo, Abrir banco."_s, this)) {
+      situacao_(new QLabel(u"Nenhum banco aberto. Use Arquivo, Abrir banco."_s, this)),
+      dados_(new QLabel(this)) {
     setObjectName(u"janelaPrincipal"_s);
     setWindowTitle(u"Relatórios Tarvo"_s);
     setWindowIcon(IconeDe(&frmFiguras::imgIconeR));
@@ -42,6 +43,8 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     setCentralWidget(lista_);
     situacao_->setObjectName(u"situacao"_s);
     statusBar()->addWidget(situacao_, 1);
+    dados_->setObjectName(u"dados"_s);
+    statusBar()->addPermanentWidget(dados_);
     lugar_.Colocar(*this);
 }
 
@@ -57,6 +60,8 @@ void JanelaPrincipal::CriarMenus() {
     auto& arquivo = *menuBar()->addMenu(u"&Arquivo"_s);
     acrescentar(
         arquivo, u"&Abrir banco…"_s, [this] { EscolherArquivo(); }, Qt::CTRL | Qt::Key_O);
+    acrescentar(
+        arquivo, u"R&eler"_s, [this] { Reler(); }, Qt::Key_F5);
     auto* recentes = arquivo.addMenu(u"&Recentes"_s);
     recentes->setObjectName(u"recentes"_s);
     Ligar(recentes, &QMenu::aboutToShow, this, [this, recentes] { MostrarRecentes(*recentes); });
@@ -74,7 +79,7 @@ void JanelaPrincipal::CriarMenus() {
 void JanelaPrincipal::EscolherArquivo() {
     const auto arquivo = QFileDialog::getOpenFileName(
         this, u"Abrir banco de declarações"_s, {},
-        u"Bancos de declarações (*.tarvo *.db *.sqlite);;Todos os arquivos (*)"_s);
+        u"Bancos de declarações (*.tarvo *.mdb *.accdb *.db *.sqlite);;Todos os arquivos (*)"_s);
     if (!arquivo.isEmpty()) {
         Abrir(arquivo.toStdString());
     }
@@ -105,16 +110,49 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
 }
 
 void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
-    auto banco = AbrirBanco(arquivo);
+    OrigemBanco origem(arquivo);
+    auto banco = origem.Abrir();
     const auto fim = ambiente_.ConcluirAndamentoNoFim();
     banco->Acompanhar(ambiente_.DosRelatorios().andamento);
     lista_->Ler(*banco);
     relatorios_.reset();
     banco_ = std::move(banco);
+    origem_ = std::move(origem);
+    arquivo_ = arquivo;
     relatorios_ = std::make_unique<Relatorios>(ambiente_.DosRelatorios(), selecao_);
     const QFileInfo nome(ParaQt(arquivo.string()));
     setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
     AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
+    DizerDosDados();
+}
+
+void JanelaPrincipal::Reler() {
+    if (!origem_ || ocupada_) {
+        return;
+    }
+    if (origem_->LidaEm() && !origem_->Mudou()) {
+        return DizerDePassagem(this, u"O arquivo não mudou."_s);
+    }
+    Abrir(arquivo_);
+}
+
+void JanelaPrincipal::DizerDosDados() {
+    QStringList avisos;
+    for (const std::string& aviso : origem_->Avisos()) {
+        avisos << ParaQt(aviso);
+    }
+    QString texto;
+    if (const auto lidaEm = origem_->LidaEm()) {
+        const auto quando =
+            QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(*lidaEm));
+        texto = u"dados de %1%2, F5 relê"_s.arg(quando.toString(u"HH:mm"_s),
+                                                avisos.isEmpty() ? u""_s : u" (com aviso)"_s);
+    }
+    dados_->setText(texto);
+    dados_->setToolTip(avisos.join(u'\n'));
+    if (!avisos.isEmpty()) {
+        DizerDePassagem(this, u"Aviso: "_s + avisos.join(u"; "_s));
+    }
 }
 
 void JanelaPrincipal::AbrirDeclaracao() {

@@ -3,8 +3,9 @@
 #include <QMainWindow>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
-#include "data/BancoDados.h"
+#include "databases/OrigemBanco.h"
 #include "desktop/LugarDaJanela.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "dispatch/Relatorios.h"
@@ -28,6 +29,9 @@ class JanelaPrincipal final : public QMainWindow {
 
     // Puts another database in the place of the open one and closes its previews.
     void Abrir(const std::filesystem::path& arquivo);
+    // Shows the open database as it is now. A file that was read into a copy and has not changed is
+    // not read again.
+    void Reler();
 
   protected:
     void closeEvent(QCloseEvent* evento) override;
@@ -40,14 +44,18 @@ class JanelaPrincipal final : public QMainWindow {
     void AbrirDeclaracao();
     [[nodiscard]] std::string PerguntarContribuinte();  // empty: none chosen
     void DefinirRefAtual();
+    void DizerDosDados();
 
     AmbienteComJanelas& ambiente_;
     LugarDaJanela lugar_;
     JanelaSelecaoQt selecao_;
+    std::filesystem::path arquivo_;
+    std::optional<OrigemBanco> origem_;
     std::unique_ptr<BancoDados> banco_;
     std::unique_ptr<Relatorios> relatorios_;
     ListaDeclaracoes* lista_;
     QLabel* situacao_;
+    QLabel* dados_;         // of when what is shown is, where it is a copy
     bool ocupada_ = false;  // Executar must not be entered twice
 };
 

@@ -7,12 +7,15 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
+#include <fstream>
 
 #include "host/windows/AmbienteComJanelas.h"
 #include "host/windows/ModeloDeclaracoes.h"
+#include "tests/databases/mdb/EscritorMdb.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo::host {
@@ -76,6 +79,36 @@ TEST_F(JanelaPrincipalTeste, ListsSearchesAndSorts) {
     EXPECT_EQ(Numeros(), "");
     busca->clear();
     EXPECT_EQ(Numeros(), "12;11;9;10;;");
+}
+
+TEST_F(JanelaPrincipalTeste, SaysOfWhenACopyIsAndReadsItAgainOnlyWhenItHasChanged) {
+    mdb::EscritorMdb escritor;
+    const auto arquivo = pasta / "declaracoes.mdb";
+    const auto gravar = [&] { std::ofstream(arquivo, std::ios::binary) << escritor.Bytes(); };
+    escritor.Tabela("tblContribuinte", {{"IE", mdb::TipoMdb::Texto},
+                                        {"RazãoSocial", mdb::TipoMdb::Texto},
+                                        {"CNPJ", mdb::TipoMdb::Texto}});
+    escritor.Linha({"1", "Padaria São João", {}});
+    escritor.Tabela("tblDRQ", {{"NroDRQ", mdb::TipoMdb::Longo},
+                               {"Ref1", mdb::TipoMdb::Data},
+                               {"RegTrib", mdb::TipoMdb::Texto},
+                               {"Tipo", mdb::TipoMdb::Longo},
+                               {"Consistente", mdb::TipoMdb::Booleano}});
+    escritor.Linha({std::int64_t{9}, 37803.0, "01", std::int64_t{1}, true});
+    gravar();
+    janela->Abrir(arquivo);
+    EXPECT_EQ(Numeros(), "9;");
+    const auto dados = janela->findChild<QLabel*>(u"dados"_s)->text();
+    EXPECT_TRUE(QRegularExpression(u"^dados de \\d\\d:\\d\\d, F5 relê$"_s).match(dados).hasMatch())
+        << dados.toStdString();
+    janela->Reler();
+    EXPECT_EQ(janela->statusBar()->currentMessage(), u"O arquivo não mudou."_s);
+    escritor.Linha({std::int64_t{10}, 37834.0, "01", std::int64_t{1}, true});
+    gravar();
+    std::filesystem::last_write_time(
+        arquivo, std::filesystem::last_write_time(arquivo) + std::chrono::seconds(1));
+    janela->Reler();
+    EXPECT_EQ(Numeros(), "10;9;");
 }
 
 TEST_F(JanelaPrincipalTeste, EnterOpensTheDialogOfTheDeclarationAndPreviewsItsReports) {
