@@ -28,6 +28,15 @@ TabelasDeTrabalho Opcoes(std::uint32_t opcoes, std::uint32_t aceitas) {
                                                   : TabelasDeTrabalho::NoBanco;
 }
 
+BancoPreenchido& Preenchivel(Banco& banco) {
+    auto* preenchido = dynamic_cast<BancoPreenchido*>(&banco);
+    if (preenchido == nullptr) {
+        throw Erro(NumeroErro::MembroNaoSuportado,
+                   "Só um banco em memória se preenche por chamadas.");
+    }
+    return *preenchido;
+}
+
 // Shows a list from its beginning until the program asks for no more.
 template <class Lista, class Ver>
 void Mostrar(const Lista& lista, Ver ver) {
@@ -63,6 +72,32 @@ int32_t tarvo_adotar_banco(sqlite3* conexao, uint32_t opcoes, tarvo_banco* banco
 
 int32_t tarvo_criar_banco(const char* arquivo) {
     return Proteger([&] { CriarBanco(Caminho(arquivo)); });
+}
+
+int32_t tarvo_banco_em_memoria(tarvo_banco* banco) {
+    return Proteger([&] { Saida(banco, "banco") = Registrar<BancoPreenchido>(); });
+}
+
+int32_t tarvo_comecar_tabela(tarvo_banco banco, const char* tabela, const char* const* colunas,
+                             size_t quantas) {
+    return Proteger([&] {
+        const auto uso = Usar<Banco>(banco);
+        const std::string nome = LerTexto(tabela, "tabela");
+        ExigirPonteiro(colunas != nullptr || quantas == 0, "colunas");
+        std::vector<std::string> nomes;
+        for (std::size_t i = 0; i < quantas; ++i) {
+            nomes.push_back(LerTexto(colunas[i], "uma das colunas"));
+        }
+        Preenchivel(*uso).ComecarTabela(nome, nomes);
+    });
+}
+
+int32_t tarvo_acrescentar_linhas(tarvo_banco banco, const tarvo_valor* valores, size_t quantos) {
+    return Proteger([&] {
+        const auto uso = Usar<Banco>(banco);
+        ExigirPonteiro(valores != nullptr || quantos == 0, "valores");
+        Preenchivel(*uso).Acrescentar({valores, quantos});
+    });
 }
 
 int32_t tarvo_existe_contribuinte(tarvo_banco banco, const char* ie, int32_t* existe) {

@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/BancoDados.h"
+#include "databases/BancoEmMemoria.h"
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
 #include "interface/relatoriostarvo.h"
@@ -18,13 +20,29 @@
 // The three kinds of things that a program holds in the C interface.
 namespace tarvo::c {
 
-class Banco final : public Recurso {
+class Banco : public Recurso {
   public:
     explicit Banco(std::unique_ptr<BancoDados> banco) : banco_(std::move(banco)) {}
     BancoDados& operator*() { return *banco_; }
 
   private:
     std::unique_ptr<BancoDados> banco_;
+};
+
+// A database that its program fills.
+class BancoPreenchido final : public Banco {
+  public:
+    BancoPreenchido() : BancoPreenchido(std::make_unique<BancoEmMemoria>()) {}
+
+    void ComecarTabela(const std::string& nome, std::span<const std::string> colunas);
+    void Acrescentar(std::span<const tarvo_valor> valores);
+
+  private:
+    explicit BancoPreenchido(std::unique_ptr<BancoEmMemoria> banco)
+        : Banco(std::move(banco)), emMemoria_(static_cast<BancoEmMemoria&>(**this)) {}
+
+    BancoEmMemoria& emMemoria_;
+    std::size_t colunas_ = 0;  // of the table that was begun last
 };
 
 class Memoria final : public Recurso {

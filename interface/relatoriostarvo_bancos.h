@@ -54,6 +54,57 @@ TARVO_API int32_t tarvo_adotar_banco(struct sqlite3* conexao, uint32_t opcoes, t
  */
 TARVO_API int32_t tarvo_criar_banco(const char* arquivo);
 
+/** What a value is. */
+enum tarvo_tipo {
+    TARVO_NULO = 0,
+    /** In texto. */
+    TARVO_TEXTO = 1,
+    /** In numero, of 32 bits. */
+    TARVO_INTEIRO = 2,
+    /** In numero, as ten-thousandths: 1.234,5 is 12345000. */
+    TARVO_MOEDA = 3,
+    /** In texto: "2003-07-01" or "2003-07-01 13:45:10". */
+    TARVO_DATA = 4,
+    /** In numero: zero is False, anything else True. */
+    TARVO_BOOLEANO = 5
+};
+
+/** One value of a row. */
+typedef struct tarvo_valor {
+    const char* texto;
+    int64_t numero;
+    int32_t tipo; /**< tarvo_tipo */
+} tarvo_valor;
+
+/**
+ * Makes a database that lives in memory alone, for a program with a store of its own, which fills
+ * it table by table before it builds reports from it. Tables and columns bear the names of the
+ * schema; what a report asks for and was not given is error 3078, 3061 or 3265, never an empty
+ * value.
+ */
+TARVO_API int32_t tarvo_banco_em_memoria(tarvo_banco* banco);
+
+/**
+ * Begins a table with these of its columns.
+ *
+ * Errors: 3078 no such table, 3061 no such column, 3219 a table that was begun before or has no
+ * columns, 438 a database of another kind.
+ */
+TARVO_API int32_t tarvo_comecar_tabela(tarvo_banco banco, const char* tabela,
+                                       const char* const* colunas, size_t quantas);
+
+/**
+ * Adds rows to the table that was begun last, in their order: the values of the first row, one for
+ * each column, then those of the next. A value of another type than its column's is converted; one
+ * that does not convert is error 3421 when a report reads it.
+ *
+ * Errors: 3219 no table was begun, or quantos values are no whole rows; 5, 6 and 13 a value of no
+ * type, an integer beyond 32 bits, a date that is none: the rows before it are there; 438 a
+ * database of another kind.
+ */
+TARVO_API int32_t tarvo_acrescentar_linhas(tarvo_banco banco, const tarvo_valor* valores,
+                                           size_t quantos);
+
 /** Whether the database has that taxpayer: existe is 1 or 0. */
 TARVO_API int32_t tarvo_existe_contribuinte(tarvo_banco banco, const char* ie, int32_t* existe);
 /** Whether the database has that declaration: existe is 1 or 0. */

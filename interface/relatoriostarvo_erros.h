@@ -57,6 +57,8 @@ enum tarvo_erro {
     TARVO_ERRO_BANCO_NAO_ENCONTRADO = 3024,
     /** Writing to a database opened read-only. */
     TARVO_ERRO_BANCO_SOMENTE_LEITURA = 3027,
+    /** A database file that is encrypted or has a password. */
+    TARVO_ERRO_SENHA_DO_BANCO = 3031,
     /** A query names an unknown column. */
     TARVO_ERRO_COLUNA_DESCONHECIDA = 3061,
     /** The query's text is outside the dialect. */

@@ -187,6 +187,37 @@ TEST_F(MauUso, UnknownOptionsAndFormsAreRefused) {
     EXPECT_FALSE(std::filesystem::exists(Saida("x")));
 }
 
+TEST_F(MauUso, ADatabaseInMemoryTakesWholeRowsOfKnownTypesOnly) {
+    const char* colunas[] = {"NroDRQ", "Data"};
+    const tarvo_valor linha[] = {{nullptr, 1, TARVO_INTEIRO}, {"2003-07-01", 0, TARVO_DATA}};
+    EXPECT_EQ(tarvo_banco_em_memoria(nullptr), 5);
+    tarvo_banco novo = 0;
+    ASSERT_EQ(tarvo_banco_em_memoria(&novo), 0) << tarvo_erro_texto();
+    const Posse posse(novo);
+    EXPECT_EQ(tarvo_acrescentar_linhas(novo, linha, 2), 3219) << "before any table";
+    EXPECT_EQ(tarvo_comecar_tabela(novo, nullptr, colunas, 2), 5);
+    EXPECT_EQ(tarvo_comecar_tabela(novo, "tblPagamento", nullptr, 2), 5);
+    EXPECT_EQ(tarvo_comecar_tabela(novo, "tblNada", colunas, 2), 3078);
+    EXPECT_EQ(tarvo_comecar_tabela(novo, "tblContribuinte", colunas, 2), 3061);
+    EXPECT_EQ(tarvo_comecar_tabela(novo, "tblPagamento", colunas, 0), 3219);
+    ASSERT_EQ(tarvo_comecar_tabela(novo, "tblPagamento", colunas, 2), 0) << tarvo_erro_texto();
+    EXPECT_EQ(tarvo_acrescentar_linhas(novo, nullptr, 2), 5);
+    EXPECT_EQ(tarvo_acrescentar_linhas(novo, linha, 1), 3219);
+    for (const auto& [ruim, numero] : {std::pair<tarvo_valor, int>{{nullptr, 1, 6}, 5},
+                                       {{nullptr, 0, TARVO_TEXTO}, 5},
+                                       {{"\xFF", 0, TARVO_TEXTO}, 5},
+                                       {{nullptr, INT64_C(2147483648), TARVO_INTEIRO}, 6},
+                                       {{"31/02/2003", 0, TARVO_DATA}, 13}}) {
+        const tarvo_valor valores[] = {linha[0], ruim};
+        EXPECT_EQ(tarvo_acrescentar_linhas(novo, valores, 2), numero);
+    }
+    EXPECT_EQ(tarvo_acrescentar_linhas(novo, linha, 2), 0) << tarvo_erro_texto();
+    EXPECT_EQ(tarvo_comecar_tabela(novo, "tblPagamento", colunas, 2), 3219) << "begun before";
+    EXPECT_EQ(tarvo_comecar_tabela(banco, "tblPagamento", colunas, 2), 438);
+    EXPECT_EQ(tarvo_acrescentar_linhas(banco, linha, 2), 438);
+    EXPECT_EQ(tarvo_acrescentar_linhas(pagamentos, linha, 2), 13);
+}
+
 TEST_F(MauUso, AReviewTakesReportsThatThereAreAndMonths) {
     for (const auto* codigo : {"", "18", "1", "velo", "02,03"}) {
         EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, codigo, nullptr, VerAchado, nullptr), 5) << codigo;
