@@ -6,7 +6,7 @@
 #include <string>
 
 #include "data/CodigosDeErros.h"
-#include "databases/sqlite/Alfabeto.h"
+#include "data/Utf8.h"
 
 namespace tarvo::mdb {
 
@@ -56,7 +56,7 @@ std::string_view Conteudo::TomarTexto() {
     Exigir(tamanho);
     const std::string_view texto = bytes_.substr(0, tamanho);
     bytes_.remove_prefix(tamanho);
-    if (!sqlite::EhUtf8(texto)) {
+    if (!EhUtf8(texto)) {
         throw ErroDeProtocolo();
     }
     return texto;

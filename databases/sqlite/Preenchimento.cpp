@@ -6,6 +6,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Utf8.h"
 #include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Tabelas.h"
 

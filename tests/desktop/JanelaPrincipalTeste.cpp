@@ -108,7 +108,7 @@ TEST_F(JanelaPrincipalTeste, SaysOfWhenACopyIsAndReadsItAgainOnlyWhenItHasChange
     std::filesystem::last_write_time(
         arquivo, std::filesystem::last_write_time(arquivo) + std::chrono::seconds(1));
     janela->Reler();
-    EXPECT_EQ(Numeros(), "10;9;");
+    EXPECT_EQ(Numeros(), "9;10;");
 }
 
 TEST_F(JanelaPrincipalTeste, EnterOpensTheDialogOfTheDeclarationAndPreviewsItsReports) {

@@ -1,11 +1,11 @@
 #include "tests/databases/mdb/EscritorMdb.h"
 
+#include <unicode/unistr.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <numeric>
-
-#include "databases/sqlite/Alfabeto.h"
 
 namespace tarvo::mdb {
 
@@ -59,16 +59,13 @@ std::string Unicode(const std::string& utf8, bool comprimir) {
     std::string inteiro;
     std::string curto = "\xFF\xFE";
     bool latino = comprimir;
-    for (const char32_t letra : sqlite::Caracteres(utf8)) {
-        if (letra >= 0x10000) {
-            inteiro += Cru(static_cast<std::uint16_t>(0xD800 + ((letra - 0x10000) >> 10U)));
-            inteiro += Cru(static_cast<std::uint16_t>(0xDC00 + ((letra - 0x10000) & 0x3FFU)));
-        } else {
-            // U+FFFD stands for half a character.
-            inteiro += Cru(static_cast<std::uint16_t>(letra == 0xFFFD ? 0xD83D : letra));
-        }
-        latino = latino && letra > 0 && letra < 256;
-        curto += static_cast<char>(letra);
+    const auto unidades = icu::UnicodeString::fromUTF8(utf8);
+    for (int i = 0; i < unidades.length(); ++i) {
+        // U+FFFD stands for half a character.
+        const char16_t unidade = unidades[i] == 0xFFFD ? 0xD83D : unidades[i];
+        inteiro += Cru(static_cast<std::uint16_t>(unidade));
+        latino = latino && unidade > 0 && unidade < 256;
+        curto += static_cast<char>(unidade);
     }
     return latino && curto.size() < inteiro.size() ? curto : inteiro;
 }

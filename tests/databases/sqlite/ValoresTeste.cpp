@@ -71,7 +71,7 @@ TEST_F(Valores, WhatDoesNotFitItsDeclaredTypeIsAnErrorThatNamesIt) {
              Caso{"tblPagamento", "OpPróprias", "'sim'", "sim"},
              Caso{"tblDRQ", "Tipo", "2147483648", "2147483648"},
              Caso{"tblDRQ", "Tipo", "1.5", "1,5"},
-             Caso{"tblDRQ", "RegTrib", "x'3031'", "dados binários"},
+             Caso{"tblDRQ", "RegTrib", "x'3031'", "01"},
              Caso{"tblDRQ", "RegTrib", "CAST(x'E1' AS TEXT)", "texto que não é UTF-8"},
          }) {
         SCOPED_TRACE(std::string(coluna) + " = " + valor);
