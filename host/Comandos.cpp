@@ -15,6 +15,7 @@
 #include "host/commands/Listagem.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/PalavraParecida.h"
+#include "host/commands/Verificacao.h"
 #include "host/example/Exemplo.h"
 #include "reports/ReferenciaAtual.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -78,6 +79,8 @@ int Despachar(const Argumentos& a, const std::vector<std::string>& argumentos, s
             return RefAtual(a, console);
         case Comando::Imprimir:
             return ImprimirRelatorios(a, console);
+        case Comando::Verificar:
+            return VerificarBanco(a, console);
         case Comando::Selecionar:
         case Comando::Velo:
         case Comando::Janela:

@@ -28,8 +28,4 @@ struct Achado {
 // linhas: estado sem linha em tblEstados (98, 99)".
 TARVO_PUBLICO std::string TextoDoAchado(const Achado& achado);
 
-// A foreign text as a message shows it: on one line, without characters that steer a terminal or
-// end a line, and at most that many characters of it; a longer one ends in "…".
-TARVO_PUBLICO std::string Trecho(std::string_view texto, std::size_t caracteres = 60);
-
 }  // namespace tarvo

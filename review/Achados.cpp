@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "data/Legivel.h"
+
 namespace tarvo::revisao {
 
 namespace {
@@ -37,7 +39,7 @@ void Achados::Linha(std::string_view relatorio, std::string_view tabela, std::st
     if (exemplo.empty() || dobrado->letras > LetrasDosExemplos) {
         return;
     }
-    std::string trecho = Trecho(exemplo);
+    std::string trecho = Legivel(exemplo, LetrasDosExemplos);
     if (std::ranges::find(dobrado->exemplos, trecho) == dobrado->exemplos.end()) {
         dobrado->letras += trecho.size();
         dobrado->exemplos.push_back(std::move(trecho));
@@ -58,7 +60,7 @@ std::vector<Achado> Achados::Entregar() && {
             exemplos += (exemplos.empty() ? "" : ", ") + exemplo;
         }
         if (!exemplos.empty()) {
-            d.achado.motivo += " (" + Trecho(exemplos, LetrasDosExemplos) + ")";
+            d.achado.motivo += " (" + Legivel(exemplos, LetrasDosExemplos) + ")";
         }
         achados.push_back(std::move(d.achado));
     }

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "data/CodigosDeErros.h"
+#include "data/Legivel.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 
@@ -56,19 +57,19 @@ void Nomeando(Achados& achados, Passo&& passo) {
         if (!EhDosDados(erro.Numero())) {
             throw;
         }
-        achados.Frase("", "a revisão não pôde ler tudo: " + Trecho(erro.Descricao(), 200));
+        achados.Frase("", "a revisão não pôde ler tudo: " + Legivel(erro.Descricao(), 200));
     }
 }
 
+// The slip shows the first row of its table.
 void RevisarGuia(BancoDados& banco, Achados& achados) {
     constexpr static std::string_view SoNome[] = {"Contribuinte"};
     Leitura linha(banco, "tblVELO", SoNome);
     if (linha.Fim()) {
-        achados.Frase("VELO", "a tabela tblVELO está vazia; a guia sai sem dados");
         return;
     }
     for (linha.Proxima(); !linha.Fim(); linha.Proxima()) {
-        achados.Linha("VELO", "tblVELO", "guias depois da primeira; não saem",
+        achados.Linha("VELO", "tblVELO", "guias depois da primeira – não saem",
                       linha.Texto("Contribuinte"));
     }
 }
@@ -93,20 +94,23 @@ std::vector<Achado> Revisar(BancoDados& banco, const PedidoDeRevisao& pedido) {
         return (todos && codigo != "VELO") ||
                std::ranges::find(pedido.relatorios, codigo) != pedido.relatorios.end();
     };
+    const bool daDeclaracao = std::ranges::any_of(Revisores, [&](const Revisor& revisor) {
+        return std::ranges::any_of(revisor.relatorios, pedidos);
+    });
     Achados achados(pedido.IE, pedido.NroDRQ, pedidos);
-    if (!pedido.IE.empty()) {
+    if (!pedido.IE.empty() && (daDeclaracao || pedidos("01"))) {
         Nomeando(achados, [&] { RevisarContribuinte(banco, pedido.IE, achados); });
     }
-    if (pedido.NroDRQ) {
+    if (pedido.NroDRQ && daDeclaracao) {
         Declaracao declaracao;
         Nomeando(achados, [&] {
             declaracao = RevisarIdentificacao(banco, pedido.IE, *pedido.NroDRQ,
                                               pedido.configuracoes, pedidos, achados);
         });
         const Contexto contexto{banco, *pedido.NroDRQ, declaracao, pedidos, todos, achados};
-        for (const auto& [revisar, relatorios] : Revisores) {
-            if (declaracao.existe && std::ranges::any_of(relatorios, pedidos)) {
-                Nomeando(achados, [&] { revisar(contexto); });
+        for (const Revisor& revisor : Revisores) {
+            if (declaracao.existe && std::ranges::any_of(revisor.relatorios, pedidos)) {
+                Nomeando(achados, [&] { revisor.revisar(contexto); });
             }
         }
     }

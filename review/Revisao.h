@@ -32,4 +32,9 @@ struct PedidoDeRevisao {
 // Error 5 for a code that is no report's.
 TARVO_PUBLICO std::vector<Achado> Revisar(BancoDados& banco, const PedidoDeRevisao& pedido);
 
+// The findings of a whole database that are not of one declaration: tables and columns that are
+// missing, values that are not of their column's type, rows of no declaration or of no entry,
+// declarations of no taxpayer, keys that stand twice. It reads every row.
+TARVO_PUBLICO std::vector<Achado> RevisarBanco(BancoDados& banco);
+
 }  // namespace tarvo

@@ -4,6 +4,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Formatos.h"
+#include "data/Legivel.h"
 #include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 #include "reports/ReferenciaAtual.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::string_view Tabela = "tblDRQ";
 constexpr std::string_view RES = "02";
+constexpr std::size_t LetrasDeUmTexto = 60;
 constexpr std::string_view ColunasLidas[] = {"IE",
                                              "Ref1",
                                              "Ref2",
@@ -81,10 +83,10 @@ void RevisarReferencia(const Leitura& linha, const Declaracao& d, Achados& achad
         achados.Linha("", Tabela, motivo, exemplo);
     };
     if (linha.Nulo("Ref1")) {
-        achar("sem Ref1; a referência sai como 12/1899");
+        achar("sem Ref1 – a referência sai como 12/1899");
     }
     if (d.regime == RES && linha.Nulo("Ref2")) {
-        achar("sem Ref2; o início do período sai como 12");
+        achar("sem Ref2 – o início do período sai como 12");
     }
     if (linha.Nulo("Ref2")) {
         return;
@@ -103,17 +105,17 @@ void RevisarDados(const Leitura& linha, const Declaracao& d, Achados& achados) {
         achados.Linha("", Tabela, motivo, exemplo);
     };
     if (TipoDaDRQ(linha.Longo("Tipo")).empty()) {
-        achar("tipo de declaração desconhecido; sai em branco", linha.Texto("Tipo"));
+        achar("tipo de declaração desconhecido – sai em branco", linha.Texto("Tipo"));
     }
     if (RegimeTributario(d.regime).empty()) {
-        achar("regime tributário desconhecido; ele e a referência saem em branco", d.regime);
+        achar("regime tributário desconhecido – ele e a referência saem em branco", d.regime);
     }
     const bool consistente = BooleanoCampo(linha.Ler("Consistente"));
     if (!consistente && !linha.Texto("Autenticação").empty()) {
-        achar("autenticação de uma declaração não consistida; não sai",
+        achar("autenticação de uma declaração não consistida – não sai",
               linha.Texto("Autenticação"));
     } else if (consistente && linha.Texto("Autenticação").empty()) {
-        achar("declaração consistida sem autenticação; o lugar dela sai em branco");
+        achar("declaração consistida sem autenticação – o lugar dela sai em branco");
     }
 }
 
@@ -128,14 +130,14 @@ void RevisarQuantias(const Leitura& linha, const Declaracao& d,
             continue;
         }
         if (exigida && noRegime(regimes) && linha.Nulo(coluna)) {
-            achados.Linha(relatorio, Tabela, "valor que falta; o relatório termina em erro",
+            achados.Linha(relatorio, Tabela, "valor que falta – o relatório termina em erro",
                           coluna);
         } else if (!noRegime(regimes) && linha.Quantia(coluna) != Moeda()) {
             achados.Linha(relatorio, Tabela, "valor que neste regime tributário não sai", coluna);
         }
     }
     if (pedido("10") && linha.Nulo("RegTrib")) {
-        achados.Linha("10", Tabela, "sem regime tributário; o relatório termina em erro");
+        achados.Linha("10", Tabela, "sem regime tributário – o relatório termina em erro");
     }
 }
 
@@ -145,11 +147,12 @@ void RevisarContribuinte(BancoDados& banco, const std::string& IE, Achados& acha
     constexpr static std::string_view SoInscricao[] = {"IE"};
     Leitura linha(banco, "tblContribuinte", SoInscricao, "IE = " + TextoSql(IE));
     if (linha.Fim()) {
-        achados.Frase("", "o contribuinte " + Trecho(IE) + " não existe neste banco");
+        achados.Frase("",
+                      "o contribuinte " + Legivel(IE, LetrasDeUmTexto) + " não existe neste banco");
         return;
     }
     for (linha.Proxima(); !linha.Fim(); linha.Proxima()) {
-        achados.Linha("", "tblContribuinte", "contribuinte repetido; só sai a primeira linha", IE);
+        achados.Linha("", "tblContribuinte", "contribuinte repetido – só sai a primeira linha", IE);
     }
 }
 
@@ -170,8 +173,9 @@ Declaracao RevisarIdentificacao(BancoDados& banco, const std::string& IE, std::i
     d.cfopsNovos = UsaCFOPsNovos(d.ref1);
     if (const std::string dela = linha.Tem("IE") ? linha.Texto("IE") : "";
         !dela.empty() && !IE.empty() && SemCaixa(dela) != SemCaixa(IE)) {
-        achados.Frase("", "a DRQ " + numero + " é do contribuinte " + Trecho(dela) + ", não de " +
-                              Trecho(IE));
+        achados.Frase("", "a DRQ " + numero + " é do contribuinte " +
+                              Legivel(dela, LetrasDeUmTexto) + ", não de " +
+                              Legivel(IE, LetrasDeUmTexto));
     }
     RevisarReferencia(linha, d, achados);
     RevisarDados(linha, d, achados);
@@ -180,11 +184,12 @@ Declaracao RevisarIdentificacao(BancoDados& banco, const std::string& IE, std::i
         d.cfopsNovos = DataDeReferencia(*mes) > DataDeReferencia("12/2002");
         if (d.cfopsNovos != UsaCFOPsNovos(d.ref1) && !linha.Nulo("Ref1")) {
             achados.Frase("", "a DRQ " + numero + " é de " + FormatarMesAno(d.ref1) +
-                                  ", mas o resumo usa a tabela de CFOPs de " + Trecho(*mes));
+                                  ", mas o resumo usa a tabela de CFOPs de " +
+                                  Legivel(*mes, LetrasDeUmTexto));
         }
     }
     for (linha.Proxima(); !linha.Fim(); linha.Proxima()) {
-        achados.Linha("", Tabela, "declaração repetida; só sai a primeira linha", numero);
+        achados.Linha("", Tabela, "declaração repetida – só sai a primeira linha", numero);
     }
     return d;
 }

@@ -68,7 +68,7 @@ void RevisarNoResumo(const Contexto& c, const Leitura& detalhe, const std::strin
     } else if (std::ranges::none_of(faixas,
                                     [&](const FaixaCFOP& f) { return EstaNaFaixa(f, codigo); })) {
         c.achados.Linha(relatorio, Tabela,
-                        "CFOP em nenhuma faixa da tabela usada; não é listado, mas conta no total",
+                        "CFOP em nenhuma faixa da tabela usada – não é listado, mas conta no total",
                         CFOP);
     } else if (impresso.empty()) {
         c.achados.Linha(relatorio, Tabela, "sai sem o código do CFOP", CFOP);
@@ -103,11 +103,11 @@ void RevisarCFOPs(const Contexto& c) {
          detalhe.Proxima()) {
         const std::string CFOP = detalhe.Texto("CFOP");
         if (CFOP.empty()) {
-            c.achados.Linha("", Tabela, "sem CFOP; não sai nem entra em total algum");
+            c.achados.Linha("", Tabela, "sem CFOP – não sai nem entra em total algum");
         } else if (!Contem(GruposEntradas, CFOP[0]) && !Contem(GruposSaidas, CFOP[0])) {
             c.achados.Linha(
                 "", Tabela,
-                "CFOP fora dos grupos 1, 2, 3, 5, 6 e 7; não sai nem entra em total algum", CFOP);
+                "CFOP fora dos grupos 1, 2, 3, 5, 6 e 7 – não sai nem entra em total algum", CFOP);
         } else {
             RevisarNoResumo(c, detalhe, CFOP);
             if (c.pedido("14")) {

@@ -72,7 +72,7 @@ std::vector<Operacao> LerOperacoes(const Contexto& c) {
         const std::string CFOP = linha.Texto("CFOP");
         if (!CFOP.starts_with(Entradas.grupo) && !CFOP.starts_with(Saidas.grupo)) {
             c.achados.Linha("", Tabela,
-                            "CFOP que não começa com 2 nem 6; não sai em relatório algum", CFOP);
+                            "CFOP que não começa com 2 nem 6 – não sai em relatório algum", CFOP);
             continue;
         }
         const Direcao& direcao = CFOP.starts_with(Entradas.grupo) ? Entradas : Saidas;
@@ -80,7 +80,7 @@ std::vector<Operacao> LerOperacoes(const Contexto& c) {
         if (const auto UF = linha.Chave("UF")) {
             operacoes.push_back({direcao, CFOP, *UF});
         } else {
-            c.achados.Linha(direcao.relatorio, Tabela, "sem UF; não sai", CFOP);
+            c.achados.Linha(direcao.relatorio, Tabela, "sem UF – não sai", CFOP);
         }
     }
     return operacoes;
@@ -116,19 +116,19 @@ void RevisarInterestaduais(const Contexto& c) {
                 estado->first);
         }
     }
-    for (const auto& [direcao, CFOP, UF] : operacoes) {
+    for (const Operacao& operacao : operacoes) {
         const auto linha = [&](std::string_view motivo) {
-            c.achados.Linha(direcao.relatorio, Tabela, motivo, UF);
+            c.achados.Linha(operacao.direcao.relatorio, Tabela, motivo, operacao.UF);
         };
-        const auto estado = estados.find(SemCaixa(UF));
+        const auto estado = estados.find(SemCaixa(operacao.UF));
         if (estado == estados.end()) {
-            linha("UF sem linha em tblEstados; não sai nem entra no total");
+            linha("UF sem linha em tblEstados – não sai nem entra no total");
         } else if (estado->second.linhas > 1) {
-            linha("UF com mais de uma linha em tblEstados; é somada mais de uma vez");
+            linha("UF com mais de uma linha em tblEstados – é somada mais de uma vez");
         } else if (!estado->second.temNome) {
             linha("UF sem sigla nem nome em tblEstados");
-        } else if (codigosDaLinha[{direcao.relatorio, SemCaixa(estado->second.rotulo)}].size() >
-                   1) {
+        } else if (codigosDaLinha[{operacao.direcao.relatorio, SemCaixa(estado->second.rotulo)}]
+                       .size() > 1) {
             linha("UFs de mesma sigla e mesmo nome, somadas numa só linha");
         }
     }

@@ -11,7 +11,7 @@ void RevisarExportacoes(const Contexto& c) {
     for (Leitura linha(c.banco, Tabela, ColunasLidas, DaDeclaracao(c.NroDRQ)); !linha.Fim();
          linha.Proxima()) {
         if (linha.Texto("RE").empty()) {
-            c.achados.Linha("16", Tabela, "sem número de registro; sai uma célula vazia");
+            c.achados.Linha("16", Tabela, "sem número de registro – sai uma célula vazia");
         }
     }
 }
@@ -27,15 +27,15 @@ void RevisarPagamentos(const Contexto& c) {
          linha.Proxima()) {
         const std::string valor = FormatarValor(linha.Quantia("Valor"));
         if (linha.Nulo("Valor")) {
-            c.achados.Linha(Relatorio, Tabela, "pagamento sem valor; o relatório termina em erro");
+            c.achados.Linha(Relatorio, Tabela, "pagamento sem valor – o relatório termina em erro");
         }
         if (linha.Nulo("Data")) {
-            c.achados.Linha(Relatorio, Tabela, "pagamento sem data; sai com 30/12/1899", valor);
+            c.achados.Linha(Relatorio, Tabela, "pagamento sem data – sai com 30/12/1899", valor);
         }
         if (linha.Nulo("OpPróprias")) {
             ++semTipo;
             c.achados.Linha(Relatorio, Tabela,
-                            "não diz se é de operações próprias; sai como substituição tributária",
+                            "não diz se é de operações próprias – sai como substituição tributária",
                             valor);
         } else {
             (BooleanoCampo(linha.Ler("OpPróprias")) ? proprias : deST) = true;

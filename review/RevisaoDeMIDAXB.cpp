@@ -24,19 +24,21 @@ struct Ligacao {
     std::string_view semNome;
 };
 
-constexpr Ligacao PeloMunicipio{"tblMunicípios",
-                                ColunasDoMunicipio,
-                                "Município",
-                                "município sem linha em tblMunicípios; não sai",
-                                "município com mais de uma linha em tblMunicípios; sai mais de uma "
-                                "vez",
-                                "município sem nome em tblMunicípios"};
-constexpr Ligacao PeloCodigo{"tblCódigosMIDAX",
-                             ColunasDoCodigo,
-                             "CódMIDAX",
-                             "código sem linha em tblCódigosMIDAX; não sai",
-                             "código com mais de uma linha em tblCódigosMIDAX; sai mais de uma vez",
-                             "código sem descrição em tblCódigosMIDAX"};
+constexpr Ligacao PeloMunicipio{
+    "tblMunicípios",
+    ColunasDoMunicipio,
+    "Município",
+    "município sem linha em tblMunicípios – não sai",
+    "município com mais de uma linha em tblMunicípios – sai mais de uma "
+    "vez",
+    "município sem nome em tblMunicípios"};
+constexpr Ligacao PeloCodigo{
+    "tblCódigosMIDAX",
+    ColunasDoCodigo,
+    "CódMIDAX",
+    "código sem linha em tblCódigosMIDAX – não sai",
+    "código com mais de uma linha em tblCódigosMIDAX – sai mais de uma vez",
+    "código sem descrição em tblCódigosMIDAX"};
 
 struct Grupo {
     char digito;
@@ -99,7 +101,7 @@ void RevisarMIDAXB(const Contexto& c) {
         const char digito = codigo.empty() ? ' ' : codigo[0];
         if (digito < '1' || digito > '3') {
             c.achados.Linha("", Tabela,
-                            "código que não começa com 1, 2 nem 3; não sai em relatório algum",
+                            "código que não começa com 1, 2 nem 3 – não sai em relatório algum",
                             codigo);
         } else {
             chaves[digito].push_back(linha.Chave(Grupos[digito - '1'].ligacao.coluna));

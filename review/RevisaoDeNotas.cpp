@@ -66,7 +66,7 @@ void RevisarNotas(const Contexto& c) {
          linha.Proxima()) {
         notas.push_back({linha.Texto("NF"), linha.Chave("CFOP"), linha.Chave("MunicípioDest")});
         if (linha.Nulo("Data")) {
-            achar(notas.back(), "nota sem data; sai com 30/12/1899");
+            achar(notas.back(), "nota sem data – sai com 30/12/1899");
         }
     }
     if (notas.empty()) {
@@ -78,18 +78,18 @@ void RevisarNotas(const Contexto& c) {
         const auto grupo = grupos.find(SemCaixa(nota.CFOP.value_or("")));
         const auto municipio = municipios.find(SemCaixa(nota.municipio.value_or("")));
         if (!nota.CFOP || !nota.CFOP->starts_with('6')) {
-            achar(nota, "nota cujo CFOP não começa com 6; não sai");
+            achar(nota, "nota cujo CFOP não começa com 6 – não sai");
         } else if (grupo == grupos.end()) {
-            achar(nota, "nota cujo CFOP não está entre os da declaração; não sai");
+            achar(nota, "nota cujo CFOP não está entre os da declaração – não sai");
         } else if (!nota.municipio || municipio == municipios.end()) {
-            achar(nota, "nota de município sem linha em tblMunicípiosZFM_ALC; não sai");
+            achar(nota, "nota de município sem linha em tblMunicípiosZFM_ALC – não sai");
         } else if (grupo->second > 1) {
             achar(nota,
-                  "nota cujo CFOP a declaração tem mais de uma vez; sai e soma mais de uma vez");
+                  "nota cujo CFOP a declaração tem mais de uma vez – sai e soma mais de uma vez");
         } else if (municipio->second.linhas > 1) {
             achar(
                 nota,
-                "nota de município com mais de uma linha em tblMunicípiosZFM_ALC; sai mais de uma "
+                "nota de município com mais de uma linha em tblMunicípiosZFM_ALC – sai mais de uma "
                 "vez");
         } else if (!municipio->second.temNome) {
             achar(nota, "nota de município sem nome em tblMunicípiosZFM_ALC");

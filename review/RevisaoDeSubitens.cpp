@@ -132,13 +132,16 @@ void RevisarLinha(const Contexto& c, const TabelaDeDetalhes& tabela, const Leitu
             subitem.detalhado += valor;
         }
     }
+    if (dono == nullptr) {
+        return;
+    }
     const bool detalhado = dono->DetalhadoEm(tabela.nome);
     const std::string_view relatorio = detalhado ? dono->familia->relatorio : std::string_view();
     const auto achar = [&](std::string_view motivo) {
         c.achados.Linha(relatorio, tabela.nome, motivo, dono->codigo);
     };
     if (!detalhado) {
-        achar("detalhes de um subitem que nenhum relatório detalha por esta tabela; não saem");
+        achar("detalhes de um subitem que nenhum relatório detalha por esta tabela – não saem");
     } else if (impressoes == 0) {
         achar("detalhes de um subitem que não sai");
     } else if (impressoes > 1) {
@@ -149,7 +152,7 @@ void RevisarLinha(const Contexto& c, const TabelaDeDetalhes& tabela, const Leitu
         achar("nota fiscal, que não sai neste subitem");
     }
     if (tabela.temPeriodo && (linha.Nulo("DataInicio") || linha.Nulo("DataFim"))) {
-        achar("sem início ou fim do período; sai com 12/1899");
+        achar("sem início ou fim do período – sai com 12/1899");
     }
 }
 
@@ -163,15 +166,15 @@ void RevisarDetalhados(const Contexto& c, const std::vector<Subitem>& subitens) 
             c.achados.Linha(
                 relatorio, Tabela,
                 subitem.opProprias.value_or(false)
-                    ? "subitem sem linha de operações próprias em tblQuadroOcorrências; "
+                    ? "subitem sem linha de operações próprias em tblQuadroOcorrências – "
                       "não sai neste relatório"
                     : "subitem sem linha de substituição tributária em "
-                      "tblQuadroOcorrências; não sai neste relatório",
+                      "tblQuadroOcorrências – não sai neste relatório",
                 subitem.codigo);
         } else if (subitem.impressoes > 1) {
             c.achados.Linha(
                 relatorio, Tabela,
-                "subitem com mais de uma linha em tblQuadroOcorrências; sai e soma mais de "
+                "subitem com mais de uma linha em tblQuadroOcorrências – sai e soma mais de "
                 "uma vez",
                 subitem.codigo);
         } else if (subitem.detalhado != subitem.declarado) {
@@ -192,14 +195,14 @@ void RevisarNasApuracoes(const Contexto& c, const std::vector<Subitem>& subitens
         const std::string item = subitem.codigo.substr(0, 3);
         if (!subitem.opProprias) {
             c.achados.Linha("", Tabela,
-                            "não diz se é de operações próprias; não sai em relatório algum",
+                            "não diz se é de operações próprias – não sai em relatório algum",
                             subitem.codigo);
         } else if (item == "014" && relatorio == "10" && !temDeducoes) {
             c.achados.Linha(relatorio, Tabela, "dedução, que não sai neste regime tributário",
                             subitem.codigo);
         } else if (item != "014" && std::ranges::find(Somados, item) == std::end(Somados)) {
             c.achados.Linha(relatorio, Tabela,
-                            "subitem fora dos itens 002, 003, 007, 008 e 014; não sai na apuração",
+                            "subitem fora dos itens 002, 003, 007, 008 e 014 – não sai na apuração",
                             subitem.codigo);
         }
     }

@@ -22,7 +22,7 @@ struct LinhaResumo {
     std::size_t paginas = 0;
     std::size_t cortados = 0;  // texts that did not fit
     int erro = 0;              // 0: produced
-    std::string descricao;     // of the error
+    std::string descricao;     // of the error, or the findings about what was produced
     std::string refAtual;      // the month that the reports asked the settings for; mostly empty
     std::string opcoes;        // what else of the call changes the file
     std::string dados;         // hash of what the database held for it

@@ -8,7 +8,9 @@
 #include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "host/commands/ResultadoEmJSON.h"
+#include "reports/ConfiguracoesDaChamada.h"
 #include "reports/ReferenciaAtual.h"
+#include "review/Revisao.h"
 
 namespace tarvo::host {
 
@@ -73,7 +75,11 @@ TrabalhadorLote::TrabalhadorLote(const LoteEmCurso& lote)
 }
 
 void TrabalhadorLote::Produzir(const DeclaracaoDoLote& declaracao) {
-    Producao producao{.declaracao = declaracao};
+    const ConfiguracoesDaChamada configuracoes(
+        lote_.configuracoes, lote_.argumentos.refDaDeclaracao
+                                 ? MesDaChamada(lote_.argumentos, declaracao.ref1.value_or(Data()))
+                                 : std::nullopt);
+    Producao producao{.declaracao = declaracao, .configuracoes = configuracoes};
     const std::string nome = NomeDaDeclaracao(declaracao);
     const fs::path& pasta = lote_.argumentos.saida.pasta;
     Tentar(producao, CodigoUnico, [&] {
@@ -99,11 +105,6 @@ std::vector<std::string> TrabalhadorLote::Preparar(Producao& p) {
         throw Erro(NumeroErro::UsoInvalidoDeNull, "A declaração não diz de que contribuinte é.");
     }
     p.dados = HashDaDeclaracao(*banco_, IE, NroDRQ, lote_.dadosComuns);
-    p.ausente = !ExisteContribuinte(*banco_, IE);
-    if (p.ausente) {
-        lote_.progresso.Avisar("o contribuinte " + IE + " da declaração " + std::to_string(NroDRQ) +
-                               " não existe neste banco");
-    }
     const auto& a = lote_.argumentos;
     auto codigos = a.todos ? CodigosOferecidos(*banco_, NroDRQ) : a.codigos;
     DescartarFalhas(p, {CodigoUnico});
@@ -129,6 +130,7 @@ void TrabalhadorLote::ProduzirArquivo(Producao& p, const Arquivo& arquivo) {
         }
         p.contagem.diferencas.insert(diferenca);
     }
+    RevisarDeclaracao(p);
     const Construidos construidos = Construir(p, arquivo);
     if (Interrompido()) {
         return;
@@ -146,6 +148,34 @@ void TrabalhadorLote::ProduzirArquivo(Producao& p, const Arquivo& arquivo) {
     });
 }
 
+void TrabalhadorLote::RevisarDeclaracao(Producao& p) {
+    if (p.revista) {
+        return;
+    }
+    p.revista = true;
+    const auto& [NroDRQ, IE, ref1] = p.declaracao;
+    const std::string contexto = "declaração " + std::to_string(NroDRQ) + ": ";
+    const auto& a = lote_.argumentos;
+    try {
+        p.achados =
+            Revisar(*banco_, {.IE = IE,
+                              .NroDRQ = NroDRQ,
+                              .relatorios = a.todos ? std::vector<std::string>() : a.codigos,
+                              .configuracoes = &p.configuracoes});
+    } catch (const Erro& erro) {
+        if (EncerraOLote(erro.Numero())) {
+            throw;
+        }
+        if (!Interrompido()) {
+            lote_.progresso.Avisar(contexto +
+                                   "os dados não puderam ser revistos: " + erro.Descricao());
+        }
+    }
+    for (const Achado& achado : p.achados) {
+        lote_.progresso.Avisar(contexto + TextoDoAchado(achado));
+    }
+}
+
 // Why the file of an earlier run is not what it would be now; empty when it is.
 std::string_view TrabalhadorLote::Diferenca(const LinhaResumo& anterior, const Producao& p,
                                             const Arquivo& arquivo) const {
@@ -155,7 +185,7 @@ std::string_view TrabalhadorLote::Diferenca(const LinhaResumo& anterior, const P
     if (anterior.opcoes != Opcoes(arquivo.codigos)) {
         return "as opções são outras";
     }
-    if (!anterior.refAtual.empty() && anterior.refAtual != LerRefAtual(lote_.configuracoes)) {
+    if (!anterior.refAtual.empty() && anterior.refAtual != LerRefAtual(p.configuracoes)) {
         return "o mês de referência atual é outro";
     }
     // A line that somebody changed may say anything.
@@ -169,7 +199,7 @@ std::string_view TrabalhadorLote::Diferenca(const LinhaResumo& anterior, const P
 }
 
 TrabalhadorLote::Construidos TrabalhadorLote::Construir(const Producao& p, const Arquivo& arquivo) {
-    const ConfiguracoesAnotadas configuracoes(lote_.configuracoes);
+    const ConfiguracoesAnotadas configuracoes(p.configuracoes);
     const Ambiente ambiente{.configuracoes = &configuracoes, .andamento = &andamento_};
     Construidos c;
     for (const auto& codigo : arquivo.codigos) {
@@ -208,7 +238,14 @@ void TrabalhadorLote::GravarEAnotar(const Producao& p, const Arquivo& arquivo,
     linha.arquivo = caminhos.front().lexically_relative(saida.pasta);
     linha.paginas = resultado.paginas;
     linha.cortados = resultado.cortados.size();
-    linha.descricao = p.ausente ? "O contribuinte não existe neste banco." : "";
+    std::vector<Achado> achados = p.achados;
+    std::erase_if(achados, [&](const Achado& achado) {
+        return !achado.relatorio.empty() &&
+               std::ranges::count(arquivo.codigos, achado.relatorio) == 0;
+    });
+    for (const Achado& achado : achados) {
+        linha.descricao += (linha.descricao.empty() ? "" : " | ") + TextoDoAchado(achado);
+    }
     linha.refAtual = c.refAtual;
     linha.opcoes = Opcoes(c.codigos);
     linha.dados = p.dados;
@@ -216,7 +253,7 @@ void TrabalhadorLote::GravarEAnotar(const Producao& p, const Arquivo& arquivo,
     lote_.resumo.Acrescentar(linha);
     if (lote_.argumentos.json) {
         lote_.progresso.EscreverDados(
-            ResultadoEmJSON(linha.relatorio, linha.IE, linha.NroDRQ, resultado));
+            ResultadoEmJSON(linha.relatorio, linha.IE, linha.NroDRQ, resultado, achados));
     }
 }
 

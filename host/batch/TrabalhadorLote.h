@@ -13,6 +13,7 @@
 #include "host/batch/SelecaoLote.h"
 #include "host/commands/Argumentos.h"
 #include "host/commands/Interrupcao.h"
+#include "review/Achado.h"
 
 namespace tarvo::host {
 
@@ -40,9 +41,11 @@ class TrabalhadorLote {
     // A declaration on its way.
     struct Producao {
         const DeclaracaoDoLote& declaracao;
+        const Configuracoes& configuracoes;
         std::string dados = {};  // their hash
         std::vector<ResumoLote::LinhaAnterior> anteriores = {};
-        bool ausente = false;  // its taxpayer
+        std::vector<Achado> achados = {};
+        bool revista = false;
         ContagemDaDeclaracao contagem = {};
     };
     // One file, or one for each page.
@@ -64,6 +67,8 @@ class TrabalhadorLote {
     // In the order in which a file is made.
     std::vector<std::string> Preparar(Producao& producao);
     void ProduzirArquivo(Producao& producao, const Arquivo& arquivo);
+    // Once a declaration: what its pages do not show, said now and in its lines of the summary.
+    void RevisarDeclaracao(Producao& producao);
     [[nodiscard]] std::string_view Diferenca(const LinhaResumo& anterior, const Producao& producao,
                                              const Arquivo& arquivo) const;
     Construidos Construir(const Producao& producao, const Arquivo& arquivo);

@@ -155,6 +155,10 @@ bool PedeDeclaracao(const Argumentos& a) {
     return a.todos || std::ranges::any_of(a.codigos, PrecisaDeDeclaracao);
 }
 
+std::optional<std::string> MesDaChamada(const Argumentos& a, Data ref1) {
+    return a.refDaDeclaracao ? FormatarMesAno(ref1) : a.refAtual;
+}
+
 int OrdemDoMes(const Data& data) {
     const DataCivil civil = data.Civil();
     return civil.ano * 12 + civil.mes;
@@ -179,7 +183,9 @@ Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
     if (!l.drq.empty()) {
         a.NumeroDRQ = LerInteiro(l.drq, "--drq", 1);
     }
-    if (const auto mes = LerMes(l.refAtual)) {
+    a.refDaDeclaracao = l.comando != Comando::RefAtual &&
+                        (l.refAtual == "declaração" || l.refAtual == "declaracao");
+    if (const auto mes = a.refDaDeclaracao ? std::nullopt : LerMes(l.refAtual)) {
         a.refAtual = FormatarMesAno(*mes);
     }
     LerDoComando(l, a);

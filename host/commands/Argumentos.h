@@ -29,6 +29,7 @@ struct Argumentos {
     std::int32_t opcoes = 0;              // entries that selecionar ticks, bit by bit
     std::string impressora;               // empty: the user's default printer
     std::optional<std::string> refAtual;  // "MM/AAAA"
+    bool refDaDeclaracao = false;         // instead, each declaration's own month
     bool json = false;                    // the result as one JSON object a line
     bool silencioso = false;              // nothing but errors
     // Of a batch:
@@ -42,6 +43,10 @@ struct Argumentos {
 // Whether a report that was asked for is of a taxpayer, of a declaration.
 bool PedeContribuinte(const Argumentos& argumentos);
 bool PedeDeclaracao(const Argumentos& argumentos);
+
+// The month that stands in for the user's setting while a declaration with that Ref1 is printed;
+// none where the setting holds.
+std::optional<std::string> MesDaChamada(const Argumentos& argumentos, Data ref1);
 
 // Months in the order of time.
 int OrdemDoMes(const Data& data);

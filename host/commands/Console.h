@@ -6,10 +6,6 @@
 
 namespace tarvo::host {
 
-// Text of others (names, values, paths) as a terminal can show it: characters that would control
-// it, begin a line or turn the direction of writing become blanks, what is no UTF-8 "?".
-std::string Legivel(std::string_view texto);
-
 // Where a command speaks to people: lines on the standard output, unless that is for data, and
 // warnings among the errors. A silent one says neither; errors are said all the same (see
 // Mensagens). What is said passes through Legivel.

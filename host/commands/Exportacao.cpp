@@ -23,25 +23,40 @@ ResultadoDaSaida EscreverNaSaidaPadrao(const Relatorio& relatorio, const Formato
     });
 }
 
+// The findings that concern one report.
+std::vector<Achado> AchadosDe(const std::string& codigo, std::vector<Achado> achados) {
+    std::erase_if(achados, [&](const Achado& achado) {
+        return !achado.relatorio.empty() && achado.relatorio != codigo;
+    });
+    return achados;
+}
+
 }  // namespace
 
 int ExportarRelatorios(const Argumentos& a, Console& console) {
     if (a.naSaidaPadrao && ::isatty(STDOUT_FILENO) == 1) {
         throw UsoErrado("--saida - num terminal; dirija a saída a um arquivo ou a outro programa");
     }
-    return ParaCadaRelatorio(
-        a, console, [&](const std::string& codigo, const Relatorio& relatorio) {
+    std::vector<std::pair<std::string, ResultadoDaSaida>> gravados;  // for --json
+    const Producao producao =
+        ParaCadaRelatorio(a, console, [&](const std::string& codigo, const Relatorio& relatorio) {
             if (a.naSaidaPadrao) {
                 return EscreverNaSaidaPadrao(relatorio, *a.saida.formato, console).cortados;
             }
             auto resultado = GravarRelatorio(codigo, relatorio, a.saida);
             if (a.json) {
-                console.Dados() << ResultadoEmJSON(codigo, a.IE, a.NumeroDRQ, resultado) << "\n";
+                return gravados.emplace_back(codigo, std::move(resultado)).second.cortados;
             }
             console.Dizer(NomeDoArquivo(codigo) + "  " + std::to_string(resultado.paginas) +
                           (resultado.paginas == 1 ? " página" : " páginas"));
             return std::move(resultado.cortados);
         });
+    for (const auto& [codigo, resultado] : gravados) {
+        console.Dados() << ResultadoEmJSON(codigo, a.IE, a.NumeroDRQ, resultado,
+                                           AchadosDe(codigo, producao.achados))
+                        << "\n";
+    }
+    return producao.situacao;
 }
 
 }  // namespace tarvo::host

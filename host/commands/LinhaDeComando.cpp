@@ -21,7 +21,7 @@ const Opcao Lista{"--relatorios", "LISTA", &L::relatorios,
                   "todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO", true};
 const Opcao Dpi{"--dpi", "N", &L::dpi, "pontos por polegada das páginas em png (150)"};
 const Opcao RefAtual{"--ref-atual", "MM/AAAA", &L::refAtual,
-                     "mês de referência atual, só nesta chamada"};
+                     "mês de referência atual, só nesta chamada; declaração é o de cada uma"};
 const Chave Json{"--json", &L::json, "escreve o resultado em JSON, um objeto por linha"};
 
 const std::vector<DefinicaoDeComando>& Definicoes() {
@@ -84,6 +84,12 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
           Opcao{"--impressora", "NOME", &L::impressora, "impressora (a padrão, se omitida)"},
           RefAtual, Codificacao},
          {}},
+        {Comando::Verificar,
+         "verificar",
+         "diz o que no banco não sai nas páginas como se espera",
+         {Banco, Opcao{"--ie", "IE", &L::IE, "só as declarações deste contribuinte"},
+          Opcao{"--drq", "N", &L::drq, "só esta declaração"}, RefAtual, Codificacao},
+         {Json}},
         {Comando::Velo, "velo", "mostra a guia de arrecadação VELO", {Banco, Codificacao}, {}},
         {Comando::RefAtual,
          "ref-atual",

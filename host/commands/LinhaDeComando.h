@@ -20,6 +20,7 @@ enum class Comando {
     Lote,
     Selecionar,
     Imprimir,
+    Verificar,
     Velo,
     RefAtual,
     Janela

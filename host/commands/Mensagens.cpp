@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 
+#include "data/Legivel.h"
 #include "host/commands/Console.h"
 #include "reports/ReferenciaAtual.h"
 

@@ -1,8 +1,9 @@
 #include "host/commands/ProducaoDeRelatorios.h"
 
-#include "data/Formatos.h"
-#include "dispatch/Declaracoes.h"
+#include "data/Consultas.h"
+#include "data/LeitoresDeCampo.h"
 #include "host/commands/AberturaDoBanco.h"
+#include "host/commands/Avisos.h"
 #include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
@@ -14,25 +15,11 @@ namespace tarvo::host {
 
 namespace {
 
-// Says which taxpayer or declaration does not exist, of those that the reports need: their
-// documents come out empty.
-void AvisarAusentes(BancoDados& banco, const Argumentos& a, Console& console) {
-    if (a.IE && PedeContribuinte(a) && !ExisteContribuinte(banco, *a.IE)) {
-        console.Avisar("o contribuinte " + *a.IE + " não existe neste banco");
-    }
-    if (a.NumeroDRQ && PedeDeclaracao(a) && !ExisteDeclaracao(banco, *a.NumeroDRQ)) {
-        console.Avisar("a declaração " + std::to_string(*a.NumeroDRQ) + " não existe neste banco");
-    }
-}
-
-void AvisarCortes(Console& console, const std::string& nome,
-                  const std::vector<TextoCortado>& cortados) {
-    for (const auto& corte : cortados) {
-        console.Avisar(nome + ", página " + std::to_string(corte.pagina) + ", a " +
-                       FormatarValor(Moeda::DeDouble(corte.caixa.x)) + " × " +
-                       FormatarValor(Moeda::DeDouble(corte.caixa.y)) +
-                       " cm: o texto não coube e foi cortado: \"" + corte.texto + "\"");
-    }
+// Day zero where there is no such declaration.
+Data LerRef1(BancoDados& banco, const std::optional<std::int32_t>& NumeroDRQ) {
+    const auto declaracao =
+        banco.OpenRecordset(ConsultaRef1(NumeroDRQ.value_or(0)), TipoRecordset::ForwardOnly);
+    return declaracao->EOF_() ? Data() : DataCampo(declaracao->Fields("Ref1"));
 }
 
 // The open database of a call. Whether it can be written is known once a report has tried to refill
@@ -78,27 +65,35 @@ class BancoDaChamada {
 
 }  // namespace
 
-int ParaCadaRelatorio(const Argumentos& a, Console& console, const UsoDoRelatorio& usar) {
+Producao ParaCadaRelatorio(const Argumentos& a, Console& console, const UsoDoRelatorio& usar) {
     const CapturaDeInterrupcao captura;
     BancoDaChamada banco(a, console);
     AvisarDanosSeBarato(*banco, a, console);
-    AvisarAusentes(*banco, a, console);
     const ConfiguracoesIni doUsuario;
-    const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
-    int situacao = Feito;
+    const ConfiguracoesDaChamada configuracoes(
+        doUsuario, a.refDaDeclaracao ? MesDaChamada(a, LerRef1(*banco, a.NumeroDRQ)) : a.refAtual);
+    Producao producao;
     for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, *a.NumeroDRQ) : a.codigos) {
         try {
             const auto relatorio = banco.Construir(codigo, configuracoes);
             AvisarCortes(console, NomeDoArquivo(codigo), usar(codigo, *relatorio));
         } catch (...) {
             DizerErro(console.Erros(), ErroCorrente(), "relatório " + codigo, &configuracoes);
-            situacao = Falhou;
+            producao.situacao = Falhou;
         }
         if (Interrompido()) {
-            return Falhou;
+            producao.situacao = Falhou;
+            return producao;
         }
     }
-    return situacao;
+    producao.achados =
+        RevisarComAvisos(*banco,
+                         {.IE = a.IE.value_or(""),
+                          .NroDRQ = a.NumeroDRQ,
+                          .relatorios = a.todos ? std::vector<std::string>() : a.codigos,
+                          .configuracoes = &configuracoes},
+                         console);
+    return producao;
 }
 
 }  // namespace tarvo::host

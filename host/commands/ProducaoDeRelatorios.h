@@ -7,6 +7,8 @@
 #include "document/Relatorio.h"
 #include "host/commands/Argumentos.h"
 #include "host/commands/Console.h"
+#include "host/commands/Mensagens.h"
+#include "review/Achado.h"
 
 namespace tarvo::host {
 
@@ -14,10 +16,15 @@ namespace tarvo::host {
 using UsoDoRelatorio =
     std::function<std::vector<TextoCortado>(const std::string& codigo, const Relatorio& relatorio)>;
 
-// Opens the database, builds each report that the command line asks for and hands it on. A report
-// that fails is said and stops nothing; so are texts that were cut and a taxpayer or declaration
-// that does not exist. Returns the exit status; error 3021 when all reports of a missing
-// declaration are asked for.
-int ParaCadaRelatorio(const Argumentos& argumentos, Console& console, const UsoDoRelatorio& usar);
+struct Producao {
+    int situacao = Feito;  // exit status
+    std::vector<Achado> achados;
+};
+
+// Opens the database, builds each report that the command line asks for and hands it on, then says
+// what in the declaration their pages do not show. A report that fails is said and stops nothing;
+// so are texts that were cut. Error 3021 when all reports of a missing declaration are asked for.
+Producao ParaCadaRelatorio(const Argumentos& argumentos, Console& console,
+                           const UsoDoRelatorio& usar);
 
 }  // namespace tarvo::host

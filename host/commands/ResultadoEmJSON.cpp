@@ -22,11 +22,24 @@ Json OuNulo(std::string_view texto) {
     return texto.empty() ? Json() : Json(texto);
 }
 
+Json JsonDe(const Achado& achado) {
+    return {{"ie", OuNulo(achado.IE)},
+            {"drq", OuNulo(achado.NroDRQ)},
+            {"relatorio", OuNulo(achado.relatorio)},
+            {"tabela", OuNulo(achado.tabela)},
+            {"linhas", achado.linhas},
+            {"motivo", achado.motivo}};
+}
+
 }  // namespace
+
+std::string ResultadoEmJSON(const Achado& achado) {
+    return EmUmaLinha(JsonDe(achado));
+}
 
 std::string ResultadoEmJSON(std::string_view codigo, const std::optional<std::string>& IE,
                             const std::optional<std::int32_t>& NumeroDRQ,
-                            const ResultadoDaSaida& resultado) {
+                            const ResultadoDaSaida& resultado, const std::vector<Achado>& achados) {
     Json arquivos = Json::array();
     for (const auto& arquivo : resultado.arquivos) {
         arquivos.push_back({{"caminho", arquivo.caminho.string()}, {"bytes", arquivo.bytes}});
@@ -38,12 +51,17 @@ std::string ResultadoEmJSON(std::string_view codigo, const std::optional<std::st
                             {"y", cortado.caixa.y},
                             {"texto", cortado.texto}});
     }
+    Json doRelatorio = Json::array();
+    for (const Achado& achado : achados) {
+        doRelatorio.push_back(JsonDe(achado));
+    }
     return EmUmaLinha({{"relatorio", codigo},
                        {"ie", OuNulo(IE)},
                        {"drq", OuNulo(NumeroDRQ)},
                        {"arquivos", arquivos},
                        {"paginas", resultado.paginas},
-                       {"cortados", cortados}});
+                       {"cortados", cortados},
+                       {"achados", doRelatorio}});
 }
 
 std::string ResultadoEmJSON(const Contribuinte* contribuinte, const Declaracao* declaracao) {

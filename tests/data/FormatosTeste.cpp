@@ -1,5 +1,7 @@
 #include "data/Formatos.h"
 
+#include "data/Legivel.h"
+
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -118,6 +120,13 @@ TEST(Textos, AnErrorsTextIsUtf8WhateverItNames) {
     EXPECT_EQ(descricao("S\xE3o"), "S\uFFFDo");
     EXPECT_EQ(descricao("\xC0\x80|\xED\xA0\x80|\xF4\x90|\xC3"),
               "\uFFFD\uFFFD|\uFFFD\uFFFD\uFFFD|\uFFFD\uFFFD|\uFFFD");
+}
+
+TEST(Legivel, KeepsAMessageOnOneLineAndCutsAtALetter) {
+    EXPECT_EQ(Legivel("a\nb\x1B[31m\x7F\xFF"), "a b [31m ?");
+    EXPECT_EQ(Legivel("a\u0085b\u2028c\u2029d\u202Ee"), "a b c d e");
+    EXPECT_EQ(Legivel("ação", 4), "ação");
+    EXPECT_EQ(Legivel("ação", 3), "açã…");
 }
 
 }  // namespace

@@ -156,7 +156,7 @@ TEST_F(Lote, DeclarationsWithoutATaxpayerAreToldNotPrintedEmpty) {
     EXPECT_THAT(
         RodarLote({"--relatorios", "01", "--de", "07/2003", "--ate", "08/2003"}),
         Termina(1, AllOf(HasSubstr("erro 94: declaração 101: "),
-                         HasSubstr("aviso: o contribuinte a/b;\".. da declaração 102 não"))));
+                         HasSubstr("aviso: declaração 102: o contribuinte a/b;\".. não existe"))));
     EXPECT_THAT(Arquivos(Saida()),
                 ElementsAre("a_2Fb_3B_22..-102/01-RelatorioCadastro.pdf", "resumo.csv"));
     EXPECT_THAT(apoio::BytesDe(Saida("resumo.csv")),

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "host/commands/Console.h"
+#include "output/FormatoDeSaida.h"
+#include "review/Revisao.h"
+
+// The doubts about pages that are said beside them: one short line each.
+namespace tarvo::host {
+
+// What a document had to cut, a line for each text: "página 2, a 1,00 × 5,90 cm: …", "páginas 1 a
+// 4: …".
+void AvisarCortes(Console& console, const std::string& nome,
+                  std::span<const TextoCortado> cortados);
+
+// The findings about those reports. What ends the review is said like a finding: it must not take
+// the pages away.
+std::vector<Achado> RevisarComAvisos(BancoDados& banco, const PedidoDeRevisao& pedido,
+                                     Console& console);
+
+}  // namespace tarvo::host
