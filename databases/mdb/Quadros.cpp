@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <string>
 
 #include "data/CodigosDeErros.h"
@@ -92,7 +91,7 @@ void Quadros::Juntar(std::size_t bytes) {
     if (fim_ - inicio_ >= bytes) {
         return;
     }
-    std::memmove(bloco_.data(), bloco_.data() + inicio_, fim_ - inicio_);
+    bloco_.erase(bloco_.begin(), bloco_.begin() + static_cast<std::ptrdiff_t>(inicio_));
     fim_ -= inicio_;
     inicio_ = 0;
     bloco_.resize(std::max({bloco_.size(), bytes, Bloco}));

@@ -16,6 +16,13 @@ namespace {
 
 constexpr rlim_t Mega = 1024UL * 1024;
 
+// Sanitizers reserve more memory than any limit, and look at the signal stack before a jump.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool Instrumentado = true;
+#else
+constexpr bool Instrumentado = false;
+#endif
+
 bool Limitar(__rlimit_resource recurso, rlim_t valor) {
     const rlimit limite{valor, valor};
     return setrlimit(recurso, &limite) == 0;
@@ -23,12 +30,7 @@ bool Limitar(__rlimit_resource recurso, rlim_t valor) {
 
 bool LimitarRecursos(std::size_t bytes) {
     // A text is held twice, and one of a code page grows to three times its bytes as UTF-8.
-    const bool memoria =
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-        true;  // they reserve more than any limit
-#else
-        Limitar(RLIMIT_AS, bytes * 5 + 128 * Mega);
-#endif
+    const bool memoria = Instrumentado || Limitar(RLIMIT_AS, bytes * 5 + 128 * Mega);
     // A megabyte takes less than a tenth of a second.
     return memoria && Limitar(RLIMIT_CPU, 5 + bytes / Mega) && Limitar(RLIMIT_CORE, 0) &&
            Limitar(RLIMIT_FSIZE, 0) && Limitar(RLIMIT_NOFILE, 0);
@@ -54,6 +56,9 @@ bool Filtrar() {
         if (!Permitir(filtro, chamada, {})) {
             return false;
         }
+    }
+    if (Instrumentado && !Permitir(filtro, SCMP_SYS(sigaltstack), {})) {
+        return false;
     }
     const scmp_arg_cmp semCodigo{2, SCMP_CMP_MASKED_EQ, PROT_EXEC, 0};
     const scmp_arg_cmp semArquivo{3, SCMP_CMP_MASKED_EQ, MAP_ANONYMOUS, MAP_ANONYMOUS};
