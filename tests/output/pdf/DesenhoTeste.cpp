@@ -49,6 +49,7 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
         doc.DesenharLinha(0, 1, 10, 0, 0, 0, 1, 2);
         doc.DesenharLinha(0, 2, 10, 0, 0, 0, 1, 0);
         doc.DesenharLinha(0, 3, 10, 0, 0, 0, 8, 2);
+        doc.DesenharLinha(0, 4, 10, 0, 0, 0, 8, 0);
     }));
     const auto trocas = [&](double y) {
         int n = 0;
@@ -63,6 +64,7 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
     // 8 cm with a dot every 1.5 points: about 150 dots, each a change to dark and back.
     EXPECT_GT(trocas(1), 200);
     EXPECT_EQ(trocas(2), 1);
+    EXPECT_EQ(arquivo.Cor(1, 10.05, 4), Preto) << "ends square, to close a corner";
     // A dot takes a third of its place.
     int escuros = 0;
     for (int centesimo = 100; centesimo < 900; ++centesimo) {
@@ -83,6 +85,7 @@ TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
         Escrever(doc, {{1, 9, 8, 1}, "████████", {.tamanho = 20, .cor = 255}});
         doc.DesenharRetangulo(2, 8, 3, 3, false, 0, 0, 8);
         doc.DesenharRetangulo(6, 8, 1, 3, true, 255, 0xFFFFFF, 1);
+        Escrever(doc, {{1, 11.2, 3, 0.5}, "antes"});
         // The stroke of this letter reaches beyond its width.
         doc.EscreverTexto(1, 13, 8, 3, "f", 0, 0, "Times New Roman", 80, false, true, false, 0);
         doc.DesenharRetangulo(1 + 80 * 0.278 * 2.54 / 72 + 0.03, 12, 4, 4, true, 0xFFFFFF, 0xFFFFFF,
