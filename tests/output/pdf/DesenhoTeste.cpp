@@ -212,6 +212,7 @@ TEST(Desenho, APictureThatIsNoneIsAnErrorThatNamesIt) {
 TEST(Desenho, UnderlinedTextCarriesALineInItsColour) {
     const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
         doc.EscreverTexto(0, 0, 5, 1, "nn nn", 0, 0, "Arial", 20, false, true, true, 255);
+        doc.EscreverTexto(0, 3, 5, 1, "nn", 0, 0, "Arial", 20, true, false, false, 0);
     }));
     // Baseline at 0.905 of 20 points, the line about a tenth below it; between the words, too.
     int vermelhos = 0;
@@ -219,7 +220,8 @@ TEST(Desenho, UnderlinedTextCarriesALineInItsColour) {
         vermelhos += arquivo.Cor(1, 0.85, centesimo / 100.0) == Vermelho ? 1 : 0;
     }
     EXPECT_GE(vermelhos, 2);
-    EXPECT_THAT(arquivo.Dito("pdffonts"), testing::HasSubstr("LiberationSans-Italic"));
+    EXPECT_THAT(arquivo.Dito("pdffonts"), testing::AllOf(testing::HasSubstr("Sans-Italic "),
+                                                         testing::HasSubstr("Sans-Bold ")));
 }
 
 }  // namespace
