@@ -65,6 +65,9 @@ bool ResumoLote::LerAnteriores() {
         Recusar(arquivo_, "não é um arquivo comum; use outra pasta.");
     }
     leitura_.open(arquivo_, std::ios::binary);
+    if (!leitura_.is_open()) {
+        LancarErroDeArquivo(arquivo_, errno);
+    }
     LeitorDeRegistros leitor(leitura_);
     std::string registro;
     leitor.Proximo(registro);
@@ -95,10 +98,6 @@ bool ResumoLote::LerAnteriores() {
             lugares_.push_back({lida->NroDRQ, leitor.Inicio()});
         }
     }
-    if (leitura_.bad()) {
-        LancarErroDeArquivo(arquivo_, EIO);
-    }
-    leitura_.clear();
     std::ranges::sort(lugares_, {}, [](const Lugar& l) { return std::tuple(l.NroDRQ, l.posicao); });
     return semFim;
 }
@@ -110,7 +109,6 @@ std::vector<ResumoLote::LinhaAnterior> ResumoLote::Anteriores(std::int32_t NroDR
         const std::lock_guard trava(mutex_);
         leitura_.seekg(static_cast<std::streamoff>(lugar.posicao));
         LeitorDeRegistros(leitura_).Proximo(registro);
-        leitura_.clear();
         // The file may have been changed since.
         auto lida = Lida(registro);
         if (!lida || lida->NroDRQ != NroDRQ) {
@@ -158,9 +156,6 @@ void ResumoLote::Terminar() {
         if (!std::ranges::binary_search(descartadas_, leitor.Inicio())) {
             nova.Escrever(registro);
         }
-    }
-    if (leitura_.bad()) {
-        LancarErroDeArquivo(arquivo_, EIO);
     }
     nova.Confirmar();
 }

@@ -161,6 +161,11 @@ TEST_F(Lote, DeclarationsWithoutATaxpayerAreToldNotPrintedEmpty) {
                 ElementsAre("a_2Fb_3B_22..-102/01-RelatorioCadastro.pdf", "resumo.csv"));
     EXPECT_THAT(apoio::BytesDe(Saida("resumo.csv")),
                 HasSubstr("\r\n\"a/b;\"\"..\";102;08/2003;01;a_2Fb_3B_22..-102/01-Rel"));
+    EXPECT_EQ(RodarLote({"--relatorios", "01", "--de", "07/2003", "--retomar"}).situacao, 1);
+    const std::string resumo = apoio::BytesDe(Saida("resumo.csv"));
+    const std::size_t falha = resumo.find(";101;07/2003;todos;");
+    EXPECT_NE(falha, std::string::npos);
+    EXPECT_EQ(falha, resumo.rfind(";101;07/2003;todos;")) << "once";
 }
 
 TEST_F(Lote, ADatabaseThatDoesNotSayWhoseTheDeclarationsAreNeedsATaxpayer) {
