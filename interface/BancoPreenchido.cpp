@@ -1,5 +1,9 @@
+#include "interface/BancoPreenchido.h"
+
+#include <cstdint>
+#include <vector>
+
 #include "interface/ArgumentosDaChamada.h"
-#include "interface/Objetos.h"
 
 namespace tarvo::c {
 

@@ -5,6 +5,7 @@
 #include "databases/sqlite/BancoSQLite.h"
 #include "dispatch/Declaracoes.h"
 #include "interface/ArgumentosDaChamada.h"
+#include "interface/BancoPreenchido.h"
 #include "interface/ErroDaChamada.h"
 #include "interface/Objetos.h"
 #include "interface/relatoriostarvo.h"

@@ -3,13 +3,11 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/BancoDados.h"
-#include "databases/BancoEmMemoria.h"
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
 #include "interface/relatoriostarvo.h"
@@ -27,22 +25,6 @@ class Banco : public Recurso {
 
   private:
     std::unique_ptr<BancoDados> banco_;
-};
-
-// A database that its program fills.
-class BancoPreenchido final : public Banco {
-  public:
-    BancoPreenchido() : BancoPreenchido(std::make_unique<BancoEmMemoria>()) {}
-
-    void ComecarTabela(const std::string& nome, std::span<const std::string> colunas);
-    void Acrescentar(std::span<const tarvo_valor> valores);
-
-  private:
-    explicit BancoPreenchido(std::unique_ptr<BancoEmMemoria> banco)
-        : Banco(std::move(banco)), emMemoria_(static_cast<BancoEmMemoria&>(**this)) {}
-
-    BancoEmMemoria& emMemoria_;
-    std::size_t colunas_ = 0;  // of the table that was begun last
 };
 
 class Memoria final : public Recurso {
