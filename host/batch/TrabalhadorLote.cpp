@@ -5,6 +5,7 @@
 #include "data/Formatos.h"
 #include "dispatch/Declaracoes.h"
 #include "host/batch/HashDeDados.h"
+#include "host/commands/Avisos.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "host/commands/ResultadoEmJSON.h"
@@ -238,11 +239,7 @@ void TrabalhadorLote::GravarEAnotar(const Producao& p, const Arquivo& arquivo,
     linha.arquivo = caminhos.front().lexically_relative(saida.pasta);
     linha.paginas = resultado.paginas;
     linha.cortados = resultado.cortados.size();
-    std::vector<Achado> achados = p.achados;
-    std::erase_if(achados, [&](const Achado& achado) {
-        return !achado.relatorio.empty() &&
-               std::ranges::count(arquivo.codigos, achado.relatorio) == 0;
-    });
+    const auto achados = AchadosDe(arquivo.codigos, p.achados);
     for (const Achado& achado : achados) {
         linha.descricao += (linha.descricao.empty() ? "" : " | ") + TextoDoAchado(achado);
     }
@@ -295,7 +292,6 @@ void TrabalhadorLote::Tentar(const Producao& p, const std::string& relatorio, Pa
         LinhaResumo linha = NovaLinha(p.declaracao, relatorio);
         linha.erro = static_cast<int>(erro.Numero());
         linha.descricao = erro.Descricao();
-        DescartarFalhas(p, {relatorio});
         lote_.resumo.Acrescentar(linha);
         lote_.progresso.Falhar(erro,
                                "declaração " + std::to_string(linha.NroDRQ) +

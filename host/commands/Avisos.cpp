@@ -78,4 +78,12 @@ std::vector<Achado> RevisarComAvisos(BancoDados& banco, const PedidoDeRevisao& p
     return achados;
 }
 
+std::vector<Achado> AchadosDe(const std::vector<std::string>& codigos,
+                              std::vector<Achado> achados) {
+    std::erase_if(achados, [&](const Achado& achado) {
+        return !achado.relatorio.empty() && std::ranges::count(codigos, achado.relatorio) == 0;
+    });
+    return achados;
+}
+
 }  // namespace tarvo::host

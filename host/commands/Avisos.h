@@ -22,4 +22,7 @@ void AvisarCortes(Console& console, const std::string& nome,
 std::vector<Achado> RevisarComAvisos(BancoDados& banco, const PedidoDeRevisao& pedido,
                                      Console& console);
 
+// Those that concern one of these reports.
+std::vector<Achado> AchadosDe(const std::vector<std::string>& codigos, std::vector<Achado> achados);
+
 }  // namespace tarvo::host

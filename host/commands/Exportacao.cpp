@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "data/CodigosDeErros.h"
+#include "host/commands/Avisos.h"
 #include "host/commands/ProducaoDeRelatorios.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "host/commands/ResultadoEmJSON.h"
@@ -21,14 +22,6 @@ ResultadoDaSaida EscreverNaSaidaPadrao(const Relatorio& relatorio, const Formato
             throw Erro(NumeroErro::ErroDispositivo, "A saída padrão não pôde ser escrita.");
         }
     });
-}
-
-// The findings that concern one report.
-std::vector<Achado> AchadosDe(const std::string& codigo, std::vector<Achado> achados) {
-    std::erase_if(achados, [&](const Achado& achado) {
-        return !achado.relatorio.empty() && achado.relatorio != codigo;
-    });
-    return achados;
 }
 
 }  // namespace
@@ -53,7 +46,7 @@ int ExportarRelatorios(const Argumentos& a, Console& console) {
         });
     for (const auto& [codigo, resultado] : gravados) {
         console.Dados() << ResultadoEmJSON(codigo, a.IE, a.NumeroDRQ, resultado,
-                                           AchadosDe(codigo, producao.achados))
+                                           AchadosDe({codigo}, producao.achados))
                         << "\n";
     }
     return producao.situacao;
