@@ -292,6 +292,7 @@ void TrabalhadorLote::Tentar(const Producao& p, const std::string& relatorio, Pa
         LinhaResumo linha = NovaLinha(p.declaracao, relatorio);
         linha.erro = static_cast<int>(erro.Numero());
         linha.descricao = erro.Descricao();
+        DescartarFalhas(p, {relatorio});
         lote_.resumo.Acrescentar(linha);
         lote_.progresso.Falhar(erro,
                                "declaração " + std::to_string(linha.NroDRQ) +
