@@ -53,6 +53,7 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
         entrada.relatorio->Ocultar();
     }
     emProducao_ = {};
+    produzidos_.clear();
     frmImpressaoRelatorios dialogo;
     const Data referencia = Referencia(banco, NumeroDRQ);
     Oferecer(dialogo, OpcoesSelecionadas, referencia.Ano());
@@ -77,6 +78,7 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
         } else if (dialogo.lngModoSaida == ModoSaida::Imprimir) {
             relatorio.Imprimir();
         }
+        produzidos_.push_back(lista.Relatorio(i));
     }
     emProducao_ = {};
 }

@@ -50,6 +50,10 @@ class TARVO_PUBLICO Relatorios {
     // was none.
     [[nodiscard]] std::string_view QueFalhou() const { return emProducao_; }
 
+    // Places in the list of the reports that the last Executar has produced, in the order of the
+    // list.
+    [[nodiscard]] const std::vector<std::size_t>& Produzidos() const { return produzidos_; }
+
     // The declaration's first reference date; a Null date is in 1899. Error 3021 when there is no
     // such declaration.
     static Data Referencia(BancoDados& banco, std::int32_t NumeroDRQ);
@@ -62,6 +66,7 @@ class TARVO_PUBLICO Relatorios {
     JanelaSelecao& janela_;
     std::vector<EntradaSelecao> entradas_;
     std::string_view emProducao_;
+    std::vector<std::size_t> produzidos_;
 };
 
 }  // namespace tarvo

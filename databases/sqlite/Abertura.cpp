@@ -123,7 +123,7 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
 
     // For reading alone, too, the file is opened for writing: only then does the last one to close
     // it take the -wal and -shm files away again. That nothing is written is seen to by Conexao.
-    const auto conexao =
+    auto conexao =
         Conectar((Uri(arquivo) + (imutavel ? "?immutable=1" : "")).c_str(),
                  SQLITE_OPEN_URI | (imutavel ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE));
     Desconfiar(*conexao);

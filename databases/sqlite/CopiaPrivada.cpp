@@ -117,7 +117,7 @@ std::shared_ptr<const CopiaPrivada> CopiaPrivada::Preencher(
 std::shared_ptr<Conexao> CopiaPrivada::Conectar(std::shared_ptr<const CopiaPrivada> copia) {
     // The connection goes first, then what it reads.
     auto aberta = AbrirEmMemoria();
-    const std::shared_ptr<Conexao> conexao(aberta.get(), [aberta, copia](Conexao*) mutable {
+    std::shared_ptr<Conexao> conexao(aberta.get(), [aberta, copia](Conexao*) mutable {
         aberta.reset();
         copia.reset();
     });

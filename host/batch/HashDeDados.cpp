@@ -132,18 +132,22 @@ std::string HashDosDadosComuns(BancoDados& banco) {
 
 std::string HashDaDeclaracao(BancoDados& banco, const std::string& IE, std::int32_t NroDRQ,
                              std::string_view comuns) {
-    const std::string numero = std::to_string(NroDRQ);
+    const std::string daDeclaracao = "NroDRQ = " + std::to_string(NroDRQ);
     Hash hash;
     hash.AcrescentarTexto(comuns);
     AcrescentarLinhas(hash, banco, ConsultaContribuinte(IE));
     for (const std::string tabela : TabelasDaDeclaracao) {
-        AcrescentarLinhas(hash, banco, "select * from " + tabela + " where NroDRQ = " + numero);
+        std::string consulta = "select * from ";
+        consulta.append(tabela).append(" where ").append(daDeclaracao);
+        AcrescentarLinhas(hash, banco, consulta);
     }
     for (const std::string tabela : TabelasDasOcorrencias) {
-        AcrescentarLinhas(hash, banco,
-                          "select " + tabela + ".* from " + tabela + ", tblOcorrências where " +
-                              tabela + ".Código = tblOcorrências.Código and " +
-                              "tblOcorrências.NroDRQ = " + numero);
+        std::string consulta = "select ";
+        consulta.append(tabela).append(".* from ").append(tabela);
+        consulta.append(", tblOcorrências where ").append(tabela);
+        consulta.append(".Código = tblOcorrências.Código and tblOcorrências.");
+        consulta.append(daDeclaracao);
+        AcrescentarLinhas(hash, banco, consulta);
     }
     return hash.EmHexadecimal();
 }

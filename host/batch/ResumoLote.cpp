@@ -105,9 +105,10 @@ bool ResumoLote::LerAnteriores() {
 std::vector<ResumoLote::LinhaAnterior> ResumoLote::Anteriores(std::int32_t NroDRQ) {
     std::map<std::string, LinhaAnterior> ultimas;
     std::string registro;
-    for (const Lugar& lugar : std::ranges::equal_range(lugares_, NroDRQ, {}, &Lugar::NroDRQ)) {
+    for (auto lugar = std::ranges::lower_bound(lugares_, NroDRQ, {}, &Lugar::NroDRQ);
+         lugar != lugares_.end() && lugar->NroDRQ == NroDRQ; ++lugar) {
         const std::lock_guard trava(mutex_);
-        leitura_.seekg(static_cast<std::streamoff>(lugar.posicao));
+        leitura_.seekg(static_cast<std::streamoff>(lugar->posicao));
         LeitorDeRegistros(leitura_).Proximo(registro);
         // The file may have been changed since.
         auto lida = Lida(registro);
@@ -118,7 +119,7 @@ std::vector<ResumoLote::LinhaAnterior> ResumoLote::Anteriores(std::int32_t NroDR
         if (ultima.posicao != 0) {
             descartadas_.push_back(ultima.posicao);
         }
-        ultima = {*std::move(lida), lugar.posicao};
+        ultima = {*std::move(lida), lugar->posicao};
     }
     std::vector<LinhaAnterior> linhas;
     for (auto& [nome, linha] : ultimas) {

@@ -49,8 +49,10 @@ std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argum
     });
     const auto chave = [](const DeclaracaoDoLote& d) { return std::tie(d.NroDRQ, d.IE); };
     std::ranges::sort(lista, {}, chave);
-    const auto repetidas = std::ranges::unique(lista, {}, chave);
-    lista.erase(repetidas.begin(), repetidas.end());
+    lista.erase(
+        std::unique(lista.begin(), lista.end(),
+                    [&](const auto& uma, const auto& outra) { return chave(uma) == chave(outra); }),
+        lista.end());
     return lista;
 }
 

@@ -21,8 +21,8 @@ void AvisarDanos(BancoDados& banco, Console& console) {
 // Looking costs about 12 ms a megabyte; a call some 16 ms, and 2.5 ms more for each report after
 // its first: about a twentieth of that.
 void AvisarDanosSeBarato(BancoDados& banco, const Argumentos& a, Console& console) {
-    constexpr std::uintmax_t BytesPorChamada = 64 * 1024;
-    constexpr std::uintmax_t BytesPorRelatorio = 11 * 1024;
+    constexpr std::uintmax_t BytesPorChamada = std::uintmax_t{64} * 1024;
+    constexpr std::uintmax_t BytesPorRelatorio = std::uintmax_t{11} * 1024;
     const std::size_t relatorios = a.todos ? Catalogo().size() : a.codigos.size();
     std::error_code erro;
     const auto bytes = std::filesystem::file_size(a.banco, erro);

@@ -27,6 +27,8 @@ class AmbienteComJanelas {
                 .andamento = &andamento_};
     }
     [[nodiscard]] ConfiguracoesIni& Preferencias() { return preferencias_; }
+    // As the reports have read them, without a question for what is not set.
+    [[nodiscard]] const Configuracoes& DaChamada() const { return daChamada_; }
 
     [[nodiscard]] static bool Imprimindo() { return FabricaVisualizadoresQt::Imprimindo(); }
 

@@ -9,8 +9,10 @@
 #include "dispatch/Relatorios.h"
 #include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Argumentos.h"
+#include "host/commands/Avisos.h"
 #include "host/commands/Mensagens.h"
 #include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/AvisosDaDeclaracao.h"
 #include "host/windows/JanelaPrincipal.h"
 #include "host/windows/Tela.h"
 #include "slip/RelatorioVELO.h"
@@ -43,8 +45,12 @@ int ComAsJanelas(std::ostream& erros, Acao&& acao) {
     return situacao;
 }
 
+Console ConsoleDe(const Argumentos& a, std::ostream& erros) {
+    return {erros, erros, {.silencioso = a.silencioso}};
+}
+
 std::unique_ptr<BancoDados> Abrir(const Argumentos& a, std::ostream& erros) {
-    Console console(erros, erros, {.silencioso = a.silencioso});
+    Console console = ConsoleDe(a, erros);
     return LocalizarBanco(a, console, {}).Abrir();
 }
 
@@ -57,7 +63,15 @@ int Selecionar(const Argumentos& a, std::ostream& erros) {
     return ComAsJanelas(erros, [&] {
         const auto numero = a.NumeroDRQ.value_or(0);
         const AmbienteComJanelas::Rodada rodada(ambiente, nullptr, MesDaDeclaracao(*banco, numero));
-        relatorios.Executar(*banco, a.IE.value_or(""), numero, a.opcoes);
+        const std::string IE = a.IE.value_or("");
+        relatorios.Executar(*banco, IE, numero, a.opcoes);
+        if (!relatorios.Produzidos().empty()) {
+            Console console = ConsoleDe(a, erros);
+            RevisarComAvisos(
+                *banco,
+                RevisaoDoProduzido(IE, numero, relatorios.Produzidos(), &ambiente.DaChamada()),
+                console);
+        }
     });
 }
 
@@ -69,6 +83,8 @@ int MostrarVelo(const Argumentos& a, std::ostream& erros) {
         const auto fim = ambiente.ConcluirAndamentoNoFim();
         velo.Construir(*banco);
         velo.Exibir();
+        Console console = ConsoleDe(a, erros);
+        RevisarComAvisos(*banco, {.relatorios = {"VELO"}}, console);
     });
 }
 

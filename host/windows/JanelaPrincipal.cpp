@@ -17,6 +17,7 @@
 #include "dispatch/Declaracoes.h"
 #include "document/Imagens.h"
 #include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/AvisosDaDeclaracao.h"
 #include "host/windows/Explicacao.h"
 #include "host/windows/ListaDeclaracoes.h"
 #include "host/windows/MesDeReferencia.h"
@@ -33,7 +34,8 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
       selecao_(this),
       lista_(new ListaDeclaracoes(this)),
       situacao_(new QLabel(u"Nenhum banco aberto. Use Arquivo, Abrir banco."_s, this)),
-      dados_(new QLabel(this)) {
+      dados_(new QLabel(this)),
+      avisos_(new AvisosDaDeclaracao(this)) {
     setObjectName(u"janelaPrincipal"_s);
     setWindowTitle(u"Relatórios Tarvo"_s);
     setWindowIcon(IconeDe(&frmFiguras::imgIconeR));
@@ -44,6 +46,7 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     situacao_->setObjectName(u"situacao"_s);
     statusBar()->addWidget(situacao_, 1);
     dados_->setObjectName(u"dados"_s);
+    statusBar()->addPermanentWidget(avisos_);
     statusBar()->addPermanentWidget(dados_);
     lugar_.Colocar(*this);
 }
@@ -115,6 +118,7 @@ void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
     const auto fim = ambiente_.ConcluirAndamentoNoFim();
     banco->Acompanhar(ambiente_.DosRelatorios().andamento);
     lista_->Ler(*banco);
+    avisos_->Esquecer();
     relatorios_.reset();
     banco_ = std::move(banco);
     origem_ = std::move(origem);
@@ -174,6 +178,10 @@ void JanelaPrincipal::AbrirDeclaracao() {
         relatorios_->Executar(*banco_, IE, *linha->NroDRQ, 0);
     } catch (...) {
         throw Explicar(ErroCorrente(), relatorios_->QueFalhou());
+    }
+    if (!relatorios_->Produzidos().empty()) {
+        avisos_->Mostrar(*banco_, RevisaoDoProduzido(IE, *linha->NroDRQ, relatorios_->Produzidos(),
+                                                     &ambiente_.DaChamada()));
     }
 }
 

@@ -16,6 +16,7 @@ class QMenu;
 namespace tarvo::host {
 
 class AmbienteComJanelas;
+class AvisosDaDeclaracao;
 class ListaDeclaracoes;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
@@ -55,8 +56,9 @@ class JanelaPrincipal final : public QMainWindow {
     std::unique_ptr<Relatorios> relatorios_;
     ListaDeclaracoes* lista_;
     QLabel* situacao_;
-    QLabel* dados_;         // of when what is shown is, where it is a copy
-    bool ocupada_ = false;  // Executar must not be entered twice
+    QLabel* dados_;               // of when what is shown is, where it is a copy
+    AvisosDaDeclaracao* avisos_;  // about what the last dialog has produced
+    bool ocupada_ = false;        // Executar must not be entered twice
 };
 
 }  // namespace tarvo::host

@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTableView>
@@ -123,6 +124,39 @@ TEST_F(JanelaPrincipalTeste, EnterOpensTheDialogOfTheDeclarationAndPreviewsItsRe
     // Opening another database closes the previews of this one.
     janela->Abrir(banco.Arquivo());
     EXPECT_TRUE(Abertas().empty());
+}
+
+TEST_F(JanelaPrincipalTeste, WhatThePagesDoNotShowIsCountedAndListed) {
+    banco.Executar(
+        "insert into tblPagamento (NroDRQ, Data, Valor) select NroDRQ, '2001-12-09', 100 from "
+        "tblDRQ");
+    auto& avisos = *janela->findChild<QPushButton*>(u"avisos"_s);
+    const auto produzir = [&](int entrada) {
+        NoDialogo([&](QDialog&, QListWidget& entradas) {
+            entradas.item(entrada)->setSelected(true);
+            QTest::keyClick(&entradas, Qt::Key_Return);
+        });
+        QTest::keyClick(busca, Qt::Key_Return);
+    };
+    const auto doPagamento = [&] {
+        qsizetype quantos = 0;
+        NoDialogo([&](QDialog& dialogo, QListWidget& listados) {
+            quantos =
+                listados.findItems(u"relatório 17, tblPagamento, 1 linha: "_s, Qt::MatchStartsWith)
+                    .size();
+            dialogo.reject();
+        });
+        avisos.click();
+        return quantos;
+    };
+    QTest::keyClicks(busca, u"joao 2001"_s);
+    produzir(16);
+    EXPECT_TRUE(avisos.isVisibleTo(janela.get()));
+    EXPECT_TRUE(avisos.text().startsWith(u"DRQ 10: "_s)) << avisos.text().toStdString();
+    EXPECT_EQ(doPagamento(), 1);
+    // Of what was not produced nothing is said.
+    produzir(0);
+    EXPECT_EQ(doPagamento(), 0);
 }
 
 TEST_F(JanelaPrincipalTeste, WhatIsFoundIsShownAndTheDialogSaysWhoseItIs) {

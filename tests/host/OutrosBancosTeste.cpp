@@ -69,6 +69,7 @@ class OutrosBancos : public ComExemplo {
                                                  TipoRecordset::ForwardOnly);
             for (; !rs->EOF_(); rs->MoveNext()) {
                 std::vector<CelulaMdb> celulas;
+                celulas.reserve(colunas.size());
                 for (const auto& coluna : colunas) {
                     celulas.push_back(CelulaDe(rs->Fields(coluna.nome)));
                 }
@@ -149,7 +150,7 @@ TEST_F(OutrosBancos, WithoutATaxpayerColumnBelongToTheOnlyTaxpayerOrToNobodyName
 
 TEST_F(OutrosBancos, SayWhatShouldBeKnownAndTakeACodePage) {
     const std::string arquivo = ComoMdb();
-    std::ofstream(pasta / "exemplo.ldb");
+    const std::ofstream trava(pasta / "exemplo.ldb");
     EXPECT_THAT(Rodar({"listar", arquivo, "--codificacao", "850"}),
                 Termina(0, HasSubstr("aviso: outro programa")));
     EXPECT_THAT(Rodar({"listar", arquivo, "--codificacao", "nenhuma"}),

@@ -16,6 +16,7 @@ class Decodificador {
     ~Decodificador();
     Decodificador(const Decodificador&) = delete;
     Decodificador& operator=(const Decodificador&) = delete;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): so iconv says that it has failed.
     [[nodiscard]] bool Valido() const { return conversor_ != iconv_t(-1); }
 
     // Both append to utf8; False when something could not be read.

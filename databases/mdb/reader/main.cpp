@@ -23,6 +23,7 @@ class ConversoesDaBiblioteca {
           antiga_(iconv_open(codificacao.c_str(), "UTF-8")) {}
     ~ConversoesDaBiblioteca() {
         for (iconv_t uma : {escrita_, antiga_}) {
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): so iconv says that it has failed.
             if (uma != iconv_t(-1)) {
                 iconv_close(uma);
             }

@@ -155,8 +155,9 @@ TEST_F(ArquivoMdb, KeepsAValueThatDoesNotConvertUntilAReportReadsIt) {
                 ElementsAre("31/07/2003"));
     for (const auto& [coluna, valor] : {std::pair("Valor", "1e5"), std::pair("Data", "31/2/2003"),
                                         std::pair("NroDRQ", "5e+09")}) {
-        const Erro erro = ErroDe(
-            [&] { Linhas(*banco, std::string("select ") + coluna + " from tblPagamento", 1); });
+        const Erro erro = ErroDe([&, c = coluna] {
+            Linhas(*banco, std::string("select ") + c + " from tblPagamento", 1);
+        });
         EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
         EXPECT_THAT(erro.Descricao(),
                     testing::AllOf(HasSubstr("tblPagamento"), HasSubstr(coluna), HasSubstr(valor)));

@@ -10,8 +10,6 @@ namespace tarvo {
 
 namespace {
 
-constexpr auto Avanco = TipoRecordset::ForwardOnly;
-
 // A view that SQLite never finishes to compute; with rows it gives one after the other for ever.
 std::string SemFim(const char* condicao) {
     return std::string(

@@ -43,10 +43,10 @@ TEST_F(Registros, GoFromTheFirstToTheLast) {
         EXPECT_TRUE(rs->EOF_());
         EXPECT_FALSE(rs->BOF());
         EXPECT_EQ(NumeroDoErro([&] { rs->MoveNext(); }), 3021);
-        EXPECT_EQ(NumeroDoErro([&] { Valor(rs->Fields(0)); }), 3021);
+        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(0))); }), 3021);
         rs->Close();
         rs->Close();
-        EXPECT_EQ(NumeroDoErro([&] { rs->EOF_(); }), 3420);
+        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(rs->EOF_()); }), 3420);
         EXPECT_EQ(NumeroDoErro([&] { Valor v = campo; }), 3420);
 
         const auto vazio = banco_->OpenRecordset("SELECT * FROM tblDRQ WHERE Tipo = 9", tipo);
@@ -61,10 +61,10 @@ TEST_F(Registros, ANameThatTwoColumnsHaveNeedsItsTable) {
     EXPECT_EQ(TextoCampo(rs->Fields("TBLCONTRIBUINTE.ie")), "a");
     EXPECT_EQ(TextoCampo(rs->Fields("tblDRQ.IE")), "b");
     for (const char* nome : {"IE", "tblEstados.UF", "Nada", ""}) {
-        EXPECT_EQ(NumeroDoErro([&] { Valor(rs->Fields(nome)); }), 3265) << nome;
+        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(nome))); }), 3265) << nome;
     }
     for (const int posicao : {-1, 31}) {
-        EXPECT_EQ(NumeroDoErro([&] { Valor(rs->Fields(posicao)); }), 3265);
+        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(posicao))); }), 3265);
     }
 }
 

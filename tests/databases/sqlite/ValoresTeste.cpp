@@ -81,7 +81,7 @@ TEST_F(Valores, WhatDoesNotFitItsDeclaredTypeIsAnErrorThatNamesIt) {
                         valor + ")");
         for (const auto tipo : {TipoRecordset::ForwardOnly, TipoRecordset::Dynaset}) {
             const auto registros = Abrir("SELECT * FROM " + T + " WHERE NroDRQ = " + n, tipo);
-            ConferirConversao([&, c = coluna] { Valor(registros->Fields(c)); },
+            ConferirConversao([&, c = coluna] { static_cast<void>(Valor(registros->Fields(c))); },
                               {tabela, coluna, mostrado});
             EXPECT_EQ(Valor(registros->Fields("NroDRQ")), Valor(std::int32_t{numero}));
         }

@@ -70,7 +70,7 @@ TEST(Desenho, ADottedLineIsARowOfFineDotsAndTheNextLineIsSolidAgain) {
     for (int centesimo = 100; centesimo < 900; ++centesimo) {
         escuros += arquivo.Cor(1, centesimo / 100.0, 3)[0] < 128 ? 1 : 0;
     }
-    EXPECT_NEAR(escuros, 800 / 3, 20);
+    EXPECT_NEAR(escuros, 267, 20);
 }
 
 TEST(Desenho, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
