@@ -38,7 +38,13 @@ class TARVO_PUBLICO AreaDeTrabalho {
 // application, or makes one where the host has none; error 445 when the host's cannot have windows.
 // Under this very name, because the C interface loads the desktop library only once something must
 // be shown or printed.
-// NOLINTNEXTLINE(clang-diagnostic-return-type-c-linkage): found by name, called as what it is.
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#endif
 extern "C" TARVO_PUBLICO AreaDeTrabalho& AbrirAreaDeTrabalho();
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 }  // namespace tarvo

@@ -122,6 +122,7 @@ std::vector<ResumoLote::LinhaAnterior> ResumoLote::Anteriores(std::int32_t NroDR
         ultima = {*std::move(lida), lugar->posicao};
     }
     std::vector<LinhaAnterior> linhas;
+    linhas.reserve(ultimas.size());
     for (auto& [nome, linha] : ultimas) {
         linhas.push_back(std::move(linha));
     }
