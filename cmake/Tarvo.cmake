@@ -31,7 +31,8 @@ endfunction()
 # itself is not for it.
 function(tarvo_com_qt nome)
     set_property(TEST ${nome} APPEND PROPERTY
-        ENVIRONMENT "TSAN_OPTIONS=ignore_noninstrumented_modules=1")
+        ENVIRONMENT
+        "TSAN_OPTIONS=ignore_noninstrumented_modules=1:suppressions=${PROJECT_SOURCE_DIR}/tests/corridas.txt")
 endfunction()
 
 # tarvo_com_leitor_mdb(NAME): that test reads files of the desktop engine. The library looks for their
