@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -38,7 +39,8 @@ void Tentar(std::string_view bytes) {
         std::filesystem::temp_directory_path() / ("tarvo-fuzz-" + std::to_string(::getpid()));
     std::filesystem::create_directories(pasta);
     const auto arquivo = pasta / "Tarvo.ini";
-    GravarArquivo(arquivo, bytes);
+    // Not as the program writes, which replaces nothing that begins like a database.
+    std::ofstream(arquivo, std::ios::binary) << bytes;
     ConfiguracoesIni configuracoes(pasta);
     try {
         static_cast<void>(configuracoes.Ler("Tarvo", "pRef", "RefAtual", ""));
