@@ -17,9 +17,10 @@ namespace tarvo {
 //     tarvo::BancoEmMemoria banco;
 //     banco.Tabela("tblContribuinte", {"IE", "RazãoSocial"});
 //     banco.Linha({"250114377019", "Metalúrgica Serra Dourada S.A."});
-//     banco.Tabela("tblDRQ", {"NroDRQ", "IE", "Ref1", "RegTrib"});
-//     banco.Linha({101, "250114377019", tarvo::Data::DeCivil({.ano = 2003, .mes = 7, .dia = 1}),
-//     "01"}); relatorio.Construir(banco, "250114377019", 101);
+//     banco.Tabela("tblDRQ", {"NroDRQ", "IE", "Ref1"});
+//     banco.Linha({101, "250114377019", referencia});
+//
+// and so on with every table and column that the report reads; then it is built from banco.
 //
 // Only what is given is there: a table or column that a report asks for and that was not given is
 // error 3078 or 3061, never an empty value. The work tables are always there. Rows keep their
