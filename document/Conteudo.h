@@ -6,6 +6,8 @@
 #include <variant>
 #include <vector>
 
+#include "document/Estrutura.h"
+
 // What a report document holds: plain pages of drawing primitives, each one call of the document's
 // interface with all its arguments. Lengths are centimetres from the printable area's top-left
 // corner, y downwards; colours are 0x00BBGGRR; texts are UTF-8 as they were passed.
@@ -95,6 +97,7 @@ struct Conteudo {
     Margens margens;
     std::vector<Pagina> paginas = std::vector<Pagina>(1);
     std::vector<std::string> fontes;  // font names, in the order of their first use
+    Estrutura estrutura;
 
     [[nodiscard]] double LarguraPapel() const { return orientacao == 1 ? AlturaA4 : LarguraA4; }
     [[nodiscard]] double AlturaPapel() const { return orientacao == 1 ? LarguraA4 : AlturaA4; }

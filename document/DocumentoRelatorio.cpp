@@ -38,6 +38,7 @@ DocumentoRelatorio::~DocumentoRelatorio() = default;
 
 void DocumentoRelatorio::Iniciar() {
     conteudo_ = Conteudo();
+    aberto_ = Estrutura::Raiz;
 }
 
 void DocumentoRelatorio::DefinirTitulo(std::string_view titulo) {
@@ -86,6 +87,9 @@ void DocumentoRelatorio::NovaPagina() {
     completa.shrink_to_fit();
     const auto esperadas = completa.size();
     conteudo_.paginas.emplace_back().reserve(esperadas);
+    auto& donos = conteudo_.estrutura.donos;
+    donos.back().shrink_to_fit();
+    donos.emplace_back().reserve(esperadas);
 }
 
 void DocumentoRelatorio::DesenharLinha(double x, double y, double largura, double altura,
@@ -136,7 +140,8 @@ void DocumentoRelatorio::EscreverTextoMultilinha(
 
 void DocumentoRelatorio::DesenharFigura(double x, double y, double largura, double altura,
                                         const Imagem& figura, bool proporcional) {
-    Acrescentar(Figura{CaixaFinita(x, y, largura, altura), &figura, proporcional});
+    const Figura desenhada{CaixaFinita(x, y, largura, altura), &figura, proporcional};
+    Acrescentar(desenhada, DonoDoQueSeLe(TipoElemento::Figura));
 }
 
 void DocumentoRelatorio::Exibir() {
@@ -174,8 +179,18 @@ void DocumentoRelatorio::RecusarSeDesenhado() const {
 }
 
 template <class P>
-void DocumentoRelatorio::Acrescentar(P&& primitiva) {
+void DocumentoRelatorio::Acrescentar(P&& primitiva, std::uint32_t dono) {
     conteudo_.paginas.back().emplace_back(std::forward<P>(primitiva));
+    conteudo_.estrutura.donos.back().push_back(dono);
+}
+
+std::uint32_t DocumentoRelatorio::DonoDoQueSeLe(TipoElemento padrao) {
+    auto& elementos = conteudo_.estrutura.elementos;
+    if (aberto_ == Estrutura::Decoracao || TemConteudo(elementos[aberto_].tipo)) {
+        return aberto_;
+    }
+    elementos.push_back({.tipo = padrao, .pai = Estrutura::Raiz});
+    return static_cast<std::uint32_t>(elementos.size() - 1);
 }
 
 void DocumentoRelatorio::AcrescentarTexto(const Caixa& caixa, std::string_view texto,
@@ -199,7 +214,8 @@ void DocumentoRelatorio::AcrescentarTexto(const Caixa& caixa, std::string_view t
                       .negrito = negrito,
                       .italico = italico,
                       .sublinhado = sublinhado,
-                      .multilinha = multilinha});
+                      .multilinha = multilinha},
+                DonoDoQueSeLe(TipoElemento::Paragrafo));
 }
 
 std::uint16_t DocumentoRelatorio::IndiceDaFonte(std::string_view fonte) {

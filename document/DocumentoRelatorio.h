@@ -16,6 +16,9 @@ namespace tarvo {
 //
 // Drawing refuses what no page can show with error 5: coordinates, sizes or radii that are not
 // finite, alignment codes outside 0 to 2, a line style other than 0 and 2, a missing picture.
+//
+// What is drawn says what it is through Trecho (Estrutura.h). Frames and bars are decoration by
+// themselves; a text or picture that nobody has spoken for is a paragraph or figure of its own.
 class TARVO_PUBLICO DocumentoRelatorio {
   public:
     explicit DocumentoRelatorio(const Ambiente& ambiente = {});
@@ -72,10 +75,13 @@ class TARVO_PUBLICO DocumentoRelatorio {
     [[nodiscard]] const Conteudo& Registrado() const { return conteudo_; }
 
   private:
+    friend class Trecho;
+
     Visualizador& ObterVisualizador();
     void RecusarSeDesenhado() const;
     template <class P>
-    void Acrescentar(P&& primitiva);
+    void Acrescentar(P&& primitiva, std::uint32_t dono = Estrutura::Decoracao);
+    std::uint32_t DonoDoQueSeLe(TipoElemento padrao);
     void AcrescentarTexto(const Caixa& caixa, std::string_view texto, std::int32_t horizontal,
                           std::int32_t vertical, std::string_view fonte, double tamanho,
                           bool negrito, bool italico, bool sublinhado, std::int32_t cor,
@@ -84,6 +90,7 @@ class TARVO_PUBLICO DocumentoRelatorio {
 
     Ambiente ambiente_;
     Conteudo conteudo_;
+    std::uint32_t aberto_ = Estrutura::Raiz;  // element that is open
     std::unique_ptr<Visualizador> visualizador_;
 };
 

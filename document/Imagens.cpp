@@ -13,11 +13,16 @@ namespace {
 
 // Both headers state the size in bytes 6 to 9: the GIF's screen as two 16-bit numbers (low byte
 // first), the icon's first entry as two bytes.
-constexpr Imagem Ler(std::string_view nome, std::span<const unsigned char> bytes) {
+constexpr Imagem Ler(std::string_view nome, std::string_view descricao,
+                     std::span<const unsigned char> bytes) {
     if (bytes[0] == 'G')
-        return {nome, FormatoImagem::GIF, bytes[6] + 256 * bytes[7], bytes[8] + 256 * bytes[9],
+        return {nome,
+                descricao,
+                FormatoImagem::GIF,
+                bytes[6] + 256 * bytes[7],
+                bytes[8] + 256 * bytes[9],
                 bytes};
-    return {nome, FormatoImagem::Icone, bytes[6], bytes[7], bytes};
+    return {nome, descricao, FormatoImagem::Icone, bytes[6], bytes[7], bytes};
 }
 
 }  // namespace
@@ -25,14 +30,16 @@ constexpr Imagem Ler(std::string_view nome, std::span<const unsigned char> bytes
 // Constants of the program image, so that no static constructor can meet them empty.
 namespace frmFiguras {
 constinit const Imagem imgBrasaoVDColorido =
-    Ler("imgBrasaoVDColorido", embutido::imgBrasaoVDColorido);
-constinit const Imagem imgIconeR = Ler("imgIconeR", embutido::imgIconeR);
-constinit const Imagem imgIconeG = Ler("imgIconeG", embutido::imgIconeG);
-constinit const Imagem imgTesoura = Ler("imgTesoura", embutido::imgTesoura);
+    Ler("imgBrasaoVDColorido", "Brasão do Estado de Valdora", embutido::imgBrasaoVDColorido);
+constinit const Imagem imgIconeR = Ler("imgIconeR", "Ícone dos relatórios", embutido::imgIconeR);
+constinit const Imagem imgIconeG =
+    Ler("imgIconeG", "Ícone da guia de pagamento", embutido::imgIconeG);
+constinit const Imagem imgTesoura =
+    Ler("imgTesoura", "Tesoura: linha de corte", embutido::imgTesoura);
 constinit const Imagem imgPortariaKEX_27_95 =
-    Ler("imgPortariaKEX_27_95", embutido::imgPortariaKEX_27_95);
-constinit const Imagem imgBrasaoVDMonocromatico =
-    Ler("imgBrasaoVDMonocromatico", embutido::imgBrasaoVDMonocromatico);
+    Ler("imgPortariaKEX_27_95", "Portaria KEX 27/95", embutido::imgPortariaKEX_27_95);
+constinit const Imagem imgBrasaoVDMonocromatico = Ler(
+    "imgBrasaoVDMonocromatico", "Brasão do Estado de Valdora", embutido::imgBrasaoVDMonocromatico);
 }  // namespace frmFiguras
 
 }  // namespace tarvo

@@ -11,7 +11,8 @@ namespace tarvo {
 enum class FormatoImagem { GIF, Icone };
 
 struct Imagem {
-    std::string_view nome;  // "imgBrasaoVDColorido"
+    std::string_view nome;       // "imgBrasaoVDColorido"
+    std::string_view descricao;  // what it shows, for those who cannot see it
     FormatoImagem formato;
     int largura;  // pixels
     int altura;

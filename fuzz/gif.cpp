@@ -7,7 +7,7 @@
 // Any bytes as a GIF picture: refused with the error for that, or read into a raster that is whole.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t tamanho) {
     using namespace tarvo;
-    const Imagem imagem{"fuzz", FormatoImagem::GIF, 1, 1, {bytes, tamanho}};
+    const Imagem imagem{"fuzz", "", FormatoImagem::GIF, 1, 1, {bytes, tamanho}};
     try {
         const pdf::Raster raster = pdf::LerGIF(imagem);
         const auto cores = raster.paleta.size();

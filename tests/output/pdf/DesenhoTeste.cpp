@@ -23,7 +23,7 @@ constexpr unsigned char QuatroCores[] = {
     0x3B};
 
 Imagem GIF(std::span<const unsigned char> bytes) {
-    return {"teste", FormatoImagem::GIF, 4, 1, bytes};
+    return {"teste", "", FormatoImagem::GIF, 4, 1, bytes};
 }
 
 TEST(Desenho, ColoursBordersAndFillsAreThoseOfTheArguments) {
@@ -199,7 +199,7 @@ TEST(Desenho, EachPictureIsEmbeddedOnceWithItsOwnNumberOfColours) {
 
 TEST(Desenho, APictureThatIsNoneIsAnErrorThatNamesIt) {
     const auto bytes = std::span(QuatroCores);
-    const Imagem icone{"icone", FormatoImagem::Icone, 32, 32, bytes};
+    const Imagem icone{"icone", "", FormatoImagem::Icone, 32, 32, bytes};
     for (const Imagem& imagem : {icone, GIF(bytes.first(30)), GIF({}), GIF(bytes.subspan(1))}) {
         const Conteudo conteudo = Documento(
             [&](DocumentoRelatorio& doc) { doc.DesenharFigura(0, 0, 1, 1, imagem, false); });
