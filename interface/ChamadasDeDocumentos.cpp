@@ -66,10 +66,16 @@ class Reunidos {
     std::vector<SecaoPDF> secoes_;
 };
 
+OpcoesPDF OpcoesDe(std::int32_t formato) {
+    return {.semEstrutura = formato == TARVO_PDF_SEM_ESTRUTURA};
+}
+
 void Escrever(const Reunidos& reunidos, std::int32_t formato, const DestinoPDF& destino) {
     switch (formato) {
         case TARVO_PDF:
-            reunidos.Distribuir(RenderizarPDF(reunidos.Secoes(), destino).cortados);
+        case TARVO_PDF_SEM_ESTRUTURA:
+            reunidos.Distribuir(
+                RenderizarPDF(reunidos.Secoes(), destino, OpcoesDe(formato)).cortados);
             return;
         case TARVO_JSON:
             destino(ComoJSON(reunidos.Unico("JSON")));
@@ -80,8 +86,8 @@ void Escrever(const Reunidos& reunidos, std::int32_t formato, const DestinoPDF& 
 }
 
 void Gravar(const Reunidos& reunidos, std::int32_t formato, const std::filesystem::path& arquivo) {
-    if (formato == TARVO_PDF) {
-        reunidos.Distribuir(GravarPDF(reunidos.Secoes(), arquivo).cortados);
+    if (formato == TARVO_PDF || formato == TARVO_PDF_SEM_ESTRUTURA) {
+        reunidos.Distribuir(GravarPDF(reunidos.Secoes(), arquivo, OpcoesDe(formato)).cortados);
     } else {
         std::string bytes;
         Escrever(reunidos, formato, [&](std::string_view parte) { bytes += parte; });

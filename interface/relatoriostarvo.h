@@ -135,10 +135,12 @@ TARVO_API int32_t tarvo_aguardar_janelas(int32_t milissegundos, size_t* abertas)
 
 /** The forms in which a document is exported. */
 enum tarvo_formato {
-    /** A PDF/A-2b file. */
+    /** A PDF/A file with the tags that screen readers follow. */
     TARVO_PDF = 1,
     /** The drawing operations as JSON. */
-    TARVO_JSON = 2
+    TARVO_JSON = 2,
+    /** The PDF without tags: smaller and made in less time. */
+    TARVO_PDF_SEM_ESTRUTURA = 5
 };
 
 /** How many pages the document has. An object that was never built holds one empty page. */

@@ -12,17 +12,17 @@ namespace tarvo {
 namespace {
 
 ResultadoDaSaida EscreverComoPDF(std::span<const DocumentoDeSaida> documentos,
-                                 const DestinoPDF& destino) {
+                                 const OpcoesDeSaida& opcoes, const DestinoPDF& destino) {
     std::vector<SecaoPDF> secoes;
     for (const auto& documento : documentos) {
         secoes.push_back({documento.conteudo, documento.marcador});
     }
-    ResultadoPDF pdf = RenderizarPDF(secoes, destino);
+    ResultadoPDF pdf = RenderizarPDF(secoes, destino, opcoes.pdf);
     return {.arquivos = {}, .paginas = pdf.paginas, .cortados = std::move(pdf.cortados)};
 }
 
 ResultadoDaSaida EscreverComoJSON(std::span<const DocumentoDeSaida> documentos,
-                                  const DestinoPDF& destino) {
+                                  const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
     const auto& documento = documentos.front();
     std::ostringstream json;
     EscreverJSON(documento.classe, *documento.conteudo, json);
@@ -31,7 +31,11 @@ ResultadoDaSaida EscreverComoJSON(std::span<const DocumentoDeSaida> documentos,
 }
 
 constexpr FormatoDeSaida Formatos[] = {
-    {.nome = "pdf", .descricao = "", .reune = true, .escrever = EscreverComoPDF},
+    {.nome = "pdf",
+     .descricao = "",
+     .reune = true,
+     .comEstrutura = true,
+     .escrever = EscreverComoPDF},
     {.nome = "png", .descricao = "um arquivo por página"},
     {.nome = "json", .descricao = "", .escrever = EscreverComoJSON},
 };
@@ -40,7 +44,8 @@ ResultadoDaSaida GravarPaginas(std::span<const DocumentoDeSaida> documentos,
                                const std::filesystem::path& pasta, std::string_view nome,
                                const OpcoesDeSaida& opcoes) {
     std::string pdf;
-    auto resultado = EscreverComoPDF(documentos, [&](std::string_view bytes) { pdf += bytes; });
+    auto resultado = EscreverComoPDF(documentos, {.pdf = {.semEstrutura = true}},
+                                     [&](std::string_view bytes) { pdf += bytes; });
     resultado.arquivos = GravarPNG(pdf, pasta, nome, opcoes.dpi, opcoes.pastaDeEspera);
     return resultado;
 }
@@ -51,7 +56,7 @@ ResultadoDaSaida GravarUmArquivo(std::span<const DocumentoDeSaida> documentos,
                                  const OpcoesDeSaida& opcoes) {
     GravacaoSegura gravacao(arquivo, opcoes.pastaDeEspera);
     std::uintmax_t tamanho = 0;
-    auto resultado = formato.escrever(documentos, [&](std::string_view bytes) {
+    auto resultado = formato.escrever(documentos, opcoes, [&](std::string_view bytes) {
         gravacao.Escrever(bytes);
         tamanho += bytes.size();
     });
@@ -81,6 +86,13 @@ const FormatoDeSaida* ProcurarFormato(std::string_view nome) {
     const auto* const achado = std::ranges::find_if(
         Formatos, [&](const FormatoDeSaida& formato) { return MesmoNome(formato.nome, nome); });
     return achado != std::end(Formatos) ? achado : nullptr;
+}
+
+std::string OpcoesQueContam(const FormatoDeSaida& formato, const OpcoesDeSaida& opcoes) {
+    if (formato.escrever == nullptr) {
+        return std::to_string(opcoes.dpi) + " dpi";
+    }
+    return formato.comEstrutura && !opcoes.pdf.semEstrutura ? "com estrutura" : "";
 }
 
 std::string ListaDeFormatos() {

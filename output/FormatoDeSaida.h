@@ -29,6 +29,7 @@ enum class Espera { PeloDisco, Nenhuma };
 // Each format takes what concerns it.
 struct OpcoesDeSaida {
     int dpi = 150;  // pixels an inch, of pictures
+    OpcoesPDF pdf = {};
     Espera espera = Espera::PeloDisco;
     std::filesystem::path pastaDeEspera = {};  // see GravacaoSegura
 };
@@ -43,15 +44,19 @@ struct FormatoDeSaida {
     std::string_view nome;       // "pdf": as users ask for it, and the files' ending
     std::string_view descricao;  // what of it a user does not guess from the name; may be empty
     bool reune = false;          // one file takes several documents; else one alone
+    bool comEstrutura = false;   // unless the options leave it out
     // Writes the one file, in order; nullptr: each page is a file of its own.
     ResultadoDaSaida (*escrever)(std::span<const DocumentoDeSaida> documentos,
-                                 const DestinoPDF& destino) = nullptr;
+                                 const OpcoesDeSaida& opcoes, const DestinoPDF& destino) = nullptr;
 };
 
 std::span<const FormatoDeSaida> FormatosDeSaida();
 
 // By its name, without regard to case; nullptr when there is none.
 const FormatoDeSaida* ProcurarFormato(std::string_view nome);
+
+// What of the options changes the bytes that the format writes, in words; empty for none.
+std::string OpcoesQueContam(const FormatoDeSaida& formato, const OpcoesDeSaida& opcoes);
 
 // "pdf, png (um arquivo por página) ou json"
 std::string ListaDeFormatos();

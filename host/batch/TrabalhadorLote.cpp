@@ -257,14 +257,15 @@ void TrabalhadorLote::GravarEAnotar(const Producao& p, const Arquivo& arquivo,
 // Of the call, those that change a file of these reports.
 std::string TrabalhadorLote::Opcoes(const std::vector<std::string>& codigos) const {
     const auto& a = lote_.argumentos;
+    std::string contam;
     if (a.unico) {
-        std::string lista;
         for (const auto& codigo : codigos) {
-            lista += (lista.empty() ? "" : ",") + codigo;
+            contam += codigo + ",";
         }
-        return lista;
+        contam.pop_back();
     }
-    return a.saida.formato->escrever == nullptr ? std::to_string(a.saida.opcoes.dpi) + " dpi" : "";
+    const std::string doFormato = OpcoesQueContam(*a.saida.formato, a.saida.opcoes);
+    return contam + (contam.empty() || doFormato.empty() ? "" : " ") + doFormato;
 }
 
 void TrabalhadorLote::DescartarFalhas(const Producao& p, const std::vector<std::string>& codigos) {

@@ -75,6 +75,7 @@ void LerSaida(const LinhaDeComando& l, const std::string& formato, Argumentos& a
     if (a.saida.formato == nullptr) {
         Recusar("--formato é " + ListaDeFormatos() + ", não \"" + formato + "\"");
     }
+    a.saida.opcoes.pdf.semEstrutura = l.semEstrutura;
     if (!l.dpi.empty()) {
         a.saida.opcoes.dpi = LerInteiro(l.dpi, "--dpi", 20, 1200);
     }

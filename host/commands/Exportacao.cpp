@@ -14,10 +14,10 @@ namespace tarvo::host {
 
 namespace {
 
-ResultadoDaSaida EscreverNaSaidaPadrao(const Relatorio& relatorio, const FormatoDeSaida& formato,
+ResultadoDaSaida EscreverNaSaidaPadrao(const Relatorio& relatorio, const SaidaEmArquivos& saida,
                                        Console& console) {
     const DocumentoDeSaida documento = DocumentoDe(relatorio);
-    return formato.escrever({&documento, 1}, [&](std::string_view bytes) {
+    return saida.formato->escrever({&documento, 1}, saida.opcoes, [&](std::string_view bytes) {
         if (!console.Dados().write(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
             throw Erro(NumeroErro::ErroDispositivo, "A saída padrão não pôde ser escrita.");
         }
@@ -34,7 +34,7 @@ int ExportarRelatorios(const Argumentos& a, Console& console) {
     const Producao producao =
         ParaCadaRelatorio(a, console, [&](const std::string& codigo, const Relatorio& relatorio) {
             if (a.naSaidaPadrao) {
-                return EscreverNaSaidaPadrao(relatorio, *a.saida.formato, console).cortados;
+                return EscreverNaSaidaPadrao(relatorio, a.saida, console).cortados;
             }
             auto resultado = GravarRelatorio(codigo, relatorio, a.saida);
             if (a.json) {

@@ -22,6 +22,8 @@ const Opcao Lista{"--relatorios", "LISTA", &L::relatorios,
 const Opcao Dpi{"--dpi", "N", &L::dpi, "pontos por polegada das páginas em png (150)"};
 const Opcao RefAtual{"--ref-atual", "MM/AAAA", &L::refAtual,
                      "mês de referência atual, só nesta chamada; declaração é o de cada uma"};
+const Chave SemEstrutura{"--sem-estrutura", &L::semEstrutura,
+                         "deixa fora do pdf as marcas que os leitores de tela seguem"};
 const Chave Json{"--json", &L::json, "escreve o resultado em JSON, um objeto por linha"};
 
 const std::vector<DefinicaoDeComando>& Definicoes() {
@@ -53,7 +55,7 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
               "pasta dos arquivos, criada se não existe; - é a saída padrão, para um só relatório",
               true},
           Dpi, RefAtual, Codificacao},
-         {Json}},
+         {SemEstrutura, Json}},
         {Comando::Lote,
          "lote",
          "grava os relatórios de muitas declarações, em paralelo",
@@ -66,7 +68,8 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
           Opcao{"--ate", "MM/AAAA", &L::ate, "até este mês de referência"},
           Opcao{"--trabalhos", "N", &L::trabalhos, "quantos ao mesmo tempo (um por núcleo)"},
           RefAtual, Codificacao},
-         {Json,
+         {SemEstrutura,
+          Json,
           {"--unico", &L::unico, "um só PDF por declaração, com marcadores"},
           {"--retomar", &L::retomar,
            "continua um lote interrompido, sem refazer o que está pronto"}}},

@@ -45,6 +45,7 @@ struct LinhaDeComando {
     std::string ate;
     std::string trabalhos;
     bool exemplo = false;
+    bool semEstrutura = false;
     bool unico = false;
     bool retomar = false;
     bool json = false;

@@ -102,7 +102,8 @@ void PrepararFontes() {
     Face::ObterHabituais();
 }
 
-ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino) {
+ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino,
+                           const OpcoesPDF& /*opcoes*/) {
     Renderizacao renderizacao(destino);
     for (const auto& secao : secoes) {
         renderizacao.Acrescentar(secao);
@@ -111,21 +112,24 @@ ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& d
                                                 : secoes.front().conteudo->titulo);
 }
 
-ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes) {
+ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes, const OpcoesPDF& opcoes) {
     bytes.clear();
     const SecaoPDF secao = SecaoUnica(conteudo);
-    return RenderizarPDF({&secao, 1}, [&bytes](std::string_view b) { bytes += b; });
+    return RenderizarPDF(
+        {&secao, 1}, [&bytes](std::string_view b) { bytes += b; }, opcoes);
 }
 
-ResultadoPDF GravarPDF(const Conteudo& conteudo, const std::filesystem::path& arquivo) {
+ResultadoPDF GravarPDF(const Conteudo& conteudo, const std::filesystem::path& arquivo,
+                       const OpcoesPDF& opcoes) {
     const SecaoPDF secao = SecaoUnica(conteudo);
-    return GravarPDF({&secao, 1}, arquivo);
+    return GravarPDF({&secao, 1}, arquivo, opcoes);
 }
 
-ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo) {
+ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes, const std::filesystem::path& arquivo,
+                       const OpcoesPDF& opcoes) {
     GravacaoSegura gravacao(arquivo);
-    ResultadoPDF resultado =
-        RenderizarPDF(secoes, [&gravacao](std::string_view bytes) { gravacao.Escrever(bytes); });
+    ResultadoPDF resultado = RenderizarPDF(
+        secoes, [&gravacao](std::string_view bytes) { gravacao.Escrever(bytes); }, opcoes);
     gravacao.Confirmar();
     return resultado;
 }

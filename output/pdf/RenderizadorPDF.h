@@ -12,7 +12,7 @@
 #include "data/Publico.h"
 #include "document/Conteudo.h"
 
-// The one rendering of report documents: a PDF/A-2b file that preview, printer and archive share.
+// The one rendering of report documents: a PDF/A-2u file that preview, printer and archive share.
 namespace tarvo {
 
 // A text that did not fit its box even at 60 % and was cut with "…", or that has a character that
@@ -35,6 +35,10 @@ struct SecaoPDF {
     std::string marcador;  // outline entry
 };
 
+struct OpcoesPDF {
+    bool semEstrutura = false;  // leaves out the tags: smaller, and unreadable for screen readers
+};
+
 // Takes the bytes of the file in order; throws to stop the rendering.
 using DestinoPDF = std::function<void(std::string_view bytes)>;
 
@@ -46,14 +50,16 @@ TARVO_PUBLICO void PrepararFontes();
 
 // Error 20005 when a font is missing (names the package that brings it).
 TARVO_PUBLICO ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes,
-                                         const DestinoPDF& destino);
-TARVO_PUBLICO ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes);
+                                         const DestinoPDF& destino, const OpcoesPDF& opcoes = {});
+TARVO_PUBLICO ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes,
+                                         const OpcoesPDF& opcoes = {});
 // The old file stays whole until the new one is; a link of that name is replaced, never followed.
 // Errors 76, 75, 70, 67, 61 and 57 for folder, what must not be replaced (a folder, a database,
 // what is no regular file), permission, too many open files, space and device.
-TARVO_PUBLICO ResultadoPDF GravarPDF(const Conteudo& conteudo,
-                                     const std::filesystem::path& arquivo);
+TARVO_PUBLICO ResultadoPDF GravarPDF(const Conteudo& conteudo, const std::filesystem::path& arquivo,
+                                     const OpcoesPDF& opcoes = {});
 TARVO_PUBLICO ResultadoPDF GravarPDF(std::span<const SecaoPDF> secoes,
-                                     const std::filesystem::path& arquivo);
+                                     const std::filesystem::path& arquivo,
+                                     const OpcoesPDF& opcoes = {});
 
 }  // namespace tarvo

@@ -69,15 +69,17 @@ TEST_F(LoteRetomado, AnotherMonthMakesAgainTheReportsThatAskForIt) {
     EXPECT_THAT(Refeitos(), IsEmpty());
 }
 
-TEST_F(LoteRetomado, AnotherResolutionOrListMakesItsFilesAgain) {
+TEST_F(LoteRetomado, OtherOptionsMakeTheFilesAgainThatTheyChange) {
     const auto rodar = [&](std::vector<std::string> outros) {
         outros.insert(outros.end(), {"--ie", "250114377019", "--retomar"});
         return RodarLote(outros).saida;
     };
     const std::vector<std::string> fotos{"--relatorios", "17", "--formato", "png", "--dpi"};
+    const std::vector<std::string> pdfs{"--relatorios", "17"};
     const std::vector<std::string> unico{"--unico", "--relatorios"};
-    for (const auto& [opcoes, valor, outro] :
-         {std::tuple(fotos, "30", "40"), {unico, "01,17", "01,16,17"}}) {
+    for (const auto& [opcoes, valor, outro] : {std::tuple(fotos, "30", "40"),
+                                               {pdfs, "--sem-estrutura", "--formato=pdf"},
+                                               {unico, "01,17", "01,16,17"}}) {
         auto chamada = opcoes;
         chamada.emplace_back(valor);
         EXPECT_THAT(rodar(chamada), HasSubstr(": 3 arquivos gravados\n"));

@@ -27,7 +27,7 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(Resumo().at({101, "10"}),
                 ElementsAre("250114377019", "101", "07/2003", "10", arquivo,
                             std::to_string(apoio::BytesDe(Saida(arquivo)).size()), "2", "0", "0",
-                            "", "", "", SizeIs(32), SizeIs(32)));
+                            "", "", "com estrutura", SizeIs(32), SizeIs(32)));
     EXPECT_EQ(Resumo().at({101, "02"})[10], "07/2003") << "what its pages depend on";
     ConferirInteiros();
     EXPECT_EQ(apoio::BytesDe(Banco()), antes);

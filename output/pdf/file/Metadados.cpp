@@ -49,7 +49,7 @@ std::string PacoteXMP(std::string_view titulo, const Momento& momento) {
            " xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\""
            " xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\""
            " xmlns:pdfaid=\"http://www.aiim.org/pdfa/ns/id/\">\n"
-           "<pdfaid:part>2</pdfaid:part>\n<pdfaid:conformance>B</pdfaid:conformance>\n"
+           "<pdfaid:part>2</pdfaid:part>\n<pdfaid:conformance>U</pdfaid:conformance>\n"
            "<dc:format>application/pdf</dc:format>\n"
            "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
            EscaparXML(EmUTF8(Decodificar(titulo))) +

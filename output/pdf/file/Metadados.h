@@ -11,7 +11,7 @@ namespace tarvo::pdf {
 // A text string of a PDF object, as UTF-16 in hexadecimal.
 std::string TextoDeObjeto(std::string_view texto);
 
-// What a file says of itself, as PDF/A-2b wants it: the document information and the same as XMP,
+// What a file says of itself, as PDF/A-2u wants it: the document information and the same as XMP,
 // and the colour space of its colours.
 struct Metadados {
     int informacao = 0;  // object numbers

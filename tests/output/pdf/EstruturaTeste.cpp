@@ -85,7 +85,7 @@ TEST(Estrutura, TheFileSaysWhatItIs) {
     EXPECT_EQ(info["/ModDate"], info["/CreationDate"]);
     EXPECT_THAT(arquivo.Dito("pdfinfo -meta"),
                 AllOf(HasSubstr("<pdfaid:part>2</pdfaid:part>"),
-                      HasSubstr("<pdfaid:conformance>B</pdfaid:conformance>"),
+                      HasSubstr("<pdfaid:conformance>U</pdfaid:conformance>"),
                       HasSubstr("Relatório de &lt;Apuração&gt; &amp; Cia"),
                       HasSubstr("<xmp:CreateDate>2003-06-30T19:06:49+00:00<"),
                       HasSubstr("<xmp:ModifyDate>2003-06-30T19:06:49+00:00<")));
