@@ -5,8 +5,8 @@
 
 #include "data/Formatos.h"
 #include "desktop/ApoioQt.h"
-#include "output/pdf/file/Momento.h"
-#include "output/pdf/page/Substituicoes.h"
+#include "document/Momento.h"
+#include "document/Substituicoes.h"
 
 namespace tarvo {
 
@@ -17,7 +17,7 @@ constexpr double PontosPorCm = 72.0 / 2.54;
 }  // namespace
 
 CelulasDeTexto::CelulasDeTexto(const Conteudo& conteudo) {
-    const auto agora = Data::DeCivil(pdf::Momento::Agora().civil);
+    const auto agora = Data::DeCivil(Momento::Agora().civil);
     data_ = FormatarData(agora);
     hora_ = FormatarHora(agora);
     const auto ponto = [](double cm) { return static_cast<float>(cm * PontosPorCm); };
@@ -83,14 +83,13 @@ QString CelulasDeTexto::Copiar(int pagina, const QRectF& area) const {
 }
 
 QString CelulasDeTexto::TextoDa(std::size_t celula, int pagina) const {
-    const pdf::Substituicoes por{.data = data_,
-                                 .hora = hora_,
-                                 .pagina = std::to_string(pagina + 1),
-                                 .paginas = std::to_string(paginas_.size() - 1)};
+    const Substituicoes por{.data = data_,
+                            .hora = hora_,
+                            .pagina = std::to_string(pagina + 1),
+                            .paginas = std::to_string(paginas_.size() - 1)};
     std::string espaco;
     // A cell with line breaks stays one cell.
-    return ParaQt(pdf::Substituir(textos_.c_str() + celulas_[celula].inicio, por, espaco))
-        .simplified();
+    return ParaQt(Substituir(textos_.c_str() + celulas_[celula].inicio, por, espaco)).simplified();
 }
 
 }  // namespace tarvo

@@ -1,10 +1,10 @@
 #include "output/pdf/RenderizadorPDF.h"
 
 #include "data/Formatos.h"
+#include "document/Momento.h"
 #include "output/pdf/file/ArvoreDePaginas.h"
 #include "output/pdf/file/EscritorPDF.h"
 #include "output/pdf/file/Metadados.h"
-#include "output/pdf/file/Momento.h"
 #include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/file/Sumario.h"
 #include "output/pdf/page/PaginaPDF.h"

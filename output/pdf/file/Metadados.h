@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "document/Momento.h"
 #include "output/pdf/file/EscritorPDF.h"
-#include "output/pdf/file/Momento.h"
 
 namespace tarvo::pdf {
 

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "document/Conteudo.h"
+#include "document/Substituicoes.h"
 #include "output/pdf/file/FontesPDF.h"
 #include "output/pdf/page/AreasOcupadas.h"
 #include "output/pdf/page/OperadoresDePagina.h"
 #include "output/pdf/page/Papel.h"
-#include "output/pdf/page/Substituicoes.h"
 #include "output/pdf/text/Composicao.h"
 
 namespace tarvo::pdf {

@@ -5,7 +5,7 @@
 
 #include "data/Publico.h"
 
-namespace tarvo::pdf {
+namespace tarvo {
 
 // What the placeholders in a text stand for.
 struct Substituicoes {
@@ -19,4 +19,4 @@ struct Substituicoes {
 TARVO_PUBLICO std::string_view Substituir(std::string_view texto, const Substituicoes& por,
                                           std::string& espaco);
 
-}  // namespace tarvo::pdf
+}  // namespace tarvo

@@ -5,18 +5,18 @@
 #include "data/Data.h"
 #include "data/Publico.h"
 
-namespace tarvo::pdf {
+namespace tarvo {
 
 // The moment at which a file is rendered: now in local time, or SOURCE_DATE_EPOCH in UTC.
-struct Momento {
+struct TARVO_PUBLICO Momento {
     DataCivil civil;
     int deslocamento = 0;  // minutes east of UTC
 
     // Error 5 when SOURCE_DATE_EPOCH is set to something that is no number of seconds.
-    TARVO_PUBLICO static Momento Agora();
+    static Momento Agora();
 
     [[nodiscard]] std::string FormatoPDF() const;  // "D:20240131235959-03'00'"
     [[nodiscard]] std::string FormatoXMP() const;  // "2024-01-31T23:59:59-03:00"
 };
 
-}  // namespace tarvo::pdf
+}  // namespace tarvo

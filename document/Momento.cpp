@@ -1,4 +1,4 @@
-#include "output/pdf/file/Momento.h"
+#include "document/Momento.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -9,7 +9,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Textos.h"
 
-namespace tarvo::pdf {
+namespace tarvo {
 
 namespace {
 
@@ -63,4 +63,4 @@ std::string Momento::FormatoXMP() const {
            ComZeros(civil.segundo, 2) + Deslocamento(deslocamento, ":");
 }
 
-}  // namespace tarvo::pdf
+}  // namespace tarvo

@@ -1,6 +1,6 @@
-#include "output/pdf/page/Substituicoes.h"
+#include "document/Substituicoes.h"
 
-namespace tarvo::pdf {
+namespace tarvo {
 
 namespace {
 
@@ -41,4 +41,4 @@ std::string_view Substituir(std::string_view texto, const Substituicoes& por, st
     return espaco.append(texto, inicio);
 }
 
-}  // namespace tarvo::pdf
+}  // namespace tarvo
