@@ -1,6 +1,10 @@
 #include "desktop/AndamentoQt.h"
 
 #include <QApplication>
+#include <utility>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace tarvo {
 
@@ -8,8 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 Paciencia = 1000;  // ms
-constexpr qint64 Intervalo = 50;    // ms between two looks at the user's actions
+constexpr qint64 Paciencia = 500;  // ms
+constexpr qint64 Silencio = 1000;  // ms without a question, after which another work has begun
+constexpr qint64 Intervalo = 50;   // ms between two looks at the user's actions
 
 }  // namespace
 
@@ -25,15 +30,24 @@ bool AndamentoQt::Continuar(std::chrono::milliseconds aguardando) {
                                             : u"Lendo o banco…"_s);
 }
 
+bool AndamentoQt::Preparando() {
+    return Perguntar(u"Preparando as páginas…"_s);
+}
+
 void AndamentoQt::Concluir() {
     dialogo_.reset();
     tempo_.invalidate();
+#ifdef __GLIBC__
+    if (std::exchange(cancelado_, false)) {
+        malloc_trim(0);  // thousands of pages in small pieces, of which the system sees none
+    }
+#endif
 }
 
 // Looks at the user's actions, once the work has lasted long enough.
 bool AndamentoQt::Perguntar(const QString& situacao) {
     // After a silence, as while the user looks at another window, the patience begins anew.
-    if (!tempo_.isValid() || (dialogo_ == nullptr && ultimaPergunta_.hasExpired(Paciencia))) {
+    if (!tempo_.isValid() || (dialogo_ == nullptr && ultimaPergunta_.hasExpired(Silencio))) {
         tempo_.start();
         ultimaPausa_ = 0;
     }
@@ -60,6 +74,7 @@ bool AndamentoQt::Perguntar(const QString& situacao) {
     const bool continuar = !dialogo_->wasCanceled();
     if (!continuar) {
         Concluir();
+        cancelado_ = true;
     }
     return continuar;
 }

@@ -72,11 +72,18 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
         const auto& entrada = entradas_.at(lista.Relatorio(i));
         RelatorioDeclaracao& relatorio = *entrada.relatorio;
         emProducao_ = entrada.rotulo;
-        relatorio.Construir(banco, IE, NumeroDRQ);
-        if (dialogo.lngModoSaida == ModoSaida::Visualizar) {
-            relatorio.Exibir();
-        } else if (dialogo.lngModoSaida == ModoSaida::Imprimir) {
-            relatorio.Imprimir();
+        try {
+            relatorio.Construir(banco, IE, NumeroDRQ);
+            if (dialogo.lngModoSaida == ModoSaida::Visualizar) {
+                relatorio.Exibir();
+            } else if (dialogo.lngModoSaida == ModoSaida::Imprimir) {
+                relatorio.Imprimir();
+            }
+        } catch (const Erro& erro) {
+            if (erro.Numero() == NumeroErro::Cancelado) {
+                relatorio.Descartar();
+            }
+            throw;
         }
         produzidos_.push_back(lista.Relatorio(i));
     }

@@ -5,6 +5,11 @@ namespace tarvo {
 Relatorio::~Relatorio() = default;
 RelatorioDeclaracao::~RelatorioDeclaracao() = default;
 
+void Relatorio::Descartar() {
+    documento_.Ocultar();
+    documento_.Iniciar();
+}
+
 void Relatorio::IniciarDocumento() {
     documento_.Iniciar();
     documento_.DefinirTitulo(identidade_.titulo);

@@ -33,6 +33,9 @@ class TARVO_PUBLICO Relatorio {
     void Exibir() { documento_.Exibir(); }
     void Ocultar() { documento_.Ocultar(); }
 
+    // Forgets the document, which may be large, and hides its preview.
+    void Descartar();
+
     [[nodiscard]] const IdentidadeRelatorio& Identidade() const { return identidade_; }
     // The document as last built; valid until the next Construir.
     [[nodiscard]] const Conteudo& Documento() const { return documento_.Registrado(); }

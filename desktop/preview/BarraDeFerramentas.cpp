@@ -1,6 +1,7 @@
 #include "desktop/preview/BarraDeFerramentas.h"
 
 #include <QLabel>
+#include <QToolButton>
 
 #include "desktop/preview/AcoesDaVisualizacao.h"
 #include "desktop/preview/CampoAmpliacao.h"
@@ -38,6 +39,20 @@ BarraDeFerramentas::BarraDeFerramentas(QWidget* pai, const AcoesDaVisualizacao& 
     acrescentar({Acao::Ampliar, Acao::PaginaInteira, Acao::LarguraDaPagina, Acao::Continuo});
     addSeparator();
     acrescentar({Acao::Localizar});
+    // By the Tab key in the order in which they stand.
+    QWidget* anterior = nullptr;
+    for (auto* acao : actions()) {
+        auto* controle = widgetForAction(acao);
+        if (qobject_cast<QToolButton*>(controle) != nullptr) {
+            controle->setFocusPolicy(Qt::TabFocus);
+        }
+        if (controle->focusPolicy() != Qt::NoFocus) {
+            if (anterior != nullptr) {
+                setTabOrder(anterior, controle);
+            }
+            anterior = controle;
+        }
+    }
 
     const auto voltar = [this] { vista_.setFocus(); };
     campoPagina_->aoPedir = [this](int pagina) { vista_.IrPara(pagina - 1); };

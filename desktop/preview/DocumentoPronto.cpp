@@ -1,12 +1,19 @@
 #include "desktop/preview/DocumentoPronto.h"
 
+#include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"
 
 namespace tarvo {
 
-DocumentoPronto Preparar(const Conteudo& conteudo) {
+DocumentoPronto Preparar(const Conteudo& conteudo, const std::function<bool()>& continuar) {
     auto bytes = std::make_shared<std::string>();
-    auto resultado = RenderizarPDF(conteudo, *bytes);
+    const SecaoPDF secao{.conteudo = &conteudo, .marcador = conteudo.titulo};
+    auto resultado = RenderizarPDF({&secao, 1}, [&](std::string_view partes) {
+        *bytes += partes;
+        if (continuar && !continuar()) {
+            throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+        }
+    });
     return {.pdf = std::move(bytes),
             .cortados = std::move(resultado.cortados),
             .celulas = CelulasDeTexto(conteudo),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,7 +21,8 @@ struct DocumentoPronto {
     const Imagem* icone = nullptr;
 };
 
-// Error 20005 when a font is missing.
-DocumentoPronto Preparar(const Conteudo& conteudo);
+// Asks continuar now and then, when there is one. Errors 20005 when a font is missing, 18 when
+// continuar has said false.
+DocumentoPronto Preparar(const Conteudo& conteudo, const std::function<bool()>& continuar = {});
 
 }  // namespace tarvo

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "desktop/AndamentoQt.h"
 #include "desktop/preview/JanelaVisualizacao.h"
 #include "desktop/printing/RodadaDeImpressao.h"
 
@@ -22,7 +21,7 @@ class CursorDeEspera {
 
 class VisualizadorQt final : public Visualizador {
   public:
-    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt* andamento,
+    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt& andamento,
                    RodadaDeImpressao& rodada)
         : preferencias_(preferencias), andamento_(andamento), rodada_(rodada) {}
 
@@ -48,15 +47,14 @@ class VisualizadorQt final : public Visualizador {
 
   private:
     DocumentoPronto Renderizar(const Conteudo& conteudo) {
-        if (andamento_ != nullptr) {
-            andamento_->Concluir();
-        }
         const CursorDeEspera cursor;
-        return Preparar(conteudo);
+        auto documento = Preparar(conteudo, [this] { return andamento_.Preparando(); });
+        andamento_.Concluir();
+        return documento;
     }
 
     ConfiguracoesIni* preferencias_;
-    AndamentoQt* andamento_;
+    AndamentoQt& andamento_;
     RodadaDeImpressao& rodada_;
     std::unique_ptr<JanelaVisualizacao> janela_;
 };

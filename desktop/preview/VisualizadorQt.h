@@ -1,21 +1,21 @@
 #pragma once
 
+#include "desktop/AndamentoQt.h"
 #include "desktop/printing/RodadaDeImpressao.h"
 #include "document/Ambiente.h"
 
 namespace tarvo {
 
-class AndamentoQt;
 class ConfiguracoesIni;
 
 // Makes the preview windows of the documents and prints them through the system's print queue.
 class FabricaVisualizadoresQt final : public FabricaVisualizadores {
   public:
     // Both may be null and outlive every preview: where windows keep their place, and the progress
-    // window that goes when a document is shown or printed.
+    // window of the builds, which goes on while a document is made ready.
     explicit FabricaVisualizadoresQt(ConfiguracoesIni* preferencias = nullptr,
                                      AndamentoQt* andamento = nullptr)
-        : preferencias_(preferencias), andamento_(andamento) {}
+        : preferencias_(preferencias), andamento_(andamento != nullptr ? *andamento : proprio_) {}
 
     std::unique_ptr<Visualizador> Criar() override;
 
@@ -28,7 +28,8 @@ class FabricaVisualizadoresQt final : public FabricaVisualizadores {
 
   private:
     ConfiguracoesIni* preferencias_;
-    AndamentoQt* andamento_;
+    AndamentoQt proprio_;
+    AndamentoQt& andamento_;
     RodadaDeImpressao rodada_;
 };
 

@@ -176,13 +176,19 @@ TEST_F(Visualizacao, TheTabKeyReachesEveryControlAndComesBack) {
     QStringList alcancados;
     do {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        alcancados << QApplication::focusWidget()->objectName();
-    } while (alcancados.last() != u"paginas"_s && alcancados.size() < 30);
-    for (const char* controle : {"paginas", "campoPagina", "campoAmpliacao", "miniaturas",
-                                 "campoBusca", "situacaoCortes"}) {
+        const auto* botao = qobject_cast<QToolButton*>(QApplication::focusWidget());
+        alcancados << (botao != nullptr && botao->defaultAction() != nullptr
+                           ? botao->defaultAction()->iconText()
+                           : QApplication::focusWidget()->objectName());
+    } while (alcancados.last() != u"paginas"_s && alcancados.size() < 40);
+    for (const char* controle : {"paginas", "miniaturas", "campoBusca", "situacaoCortes"}) {
         EXPECT_TRUE(alcancados.contains(QLatin1String(controle)))
             << controle << " in " << alcancados.join(u' ').toStdString();
     }
+    // Those of the tool bar in the order in which they stand.
+    EXPECT_THAT(alcancados.join(u';').toStdString(),
+                testing::HasSubstr("Imprimir;Salvar como PDF;Miniaturas;campoPagina;Próxima página;"
+                                   "Última página;Reduzir;campoAmpliacao;Ampliar;"));
 }
 
 TEST_F(Visualizacao, ScrollingTellsThePageAndTurnsItWhenPagesStandAlone) {
