@@ -36,31 +36,46 @@ std::string Deslocamento(int minutos, const char* separador) {
            ComZeros(absoluto % 60, 2);
 }
 
+DataCivil Civil(const std::tm& campos) {
+    return {campos.tm_year + 1900, campos.tm_mon + 1, campos.tm_mday,
+            campos.tm_hour,        campos.tm_min,     campos.tm_sec};
+}
+
+// Whole minutes, up to 14 hours: the widest offset that both forms of date allow (XML Schema's),
+// and that of the easternmost time zone there is.
+bool EhDeclaravel(long segundos) {
+    constexpr long Maior = 14L * 3600;
+    return segundos % 60 == 0 && segundos >= -Maior && segundos <= Maior;
+}
+
 }  // namespace
 
 Momento Momento::Agora() {
+    const auto fixado = MomentoFixado();
+    const std::time_t agora = fixado ? *fixado : std::time(nullptr);
     std::tm campos{};
-    if (const auto fixado = MomentoFixado()) {
-        gmtime_r(&*fixado, &campos);
-    } else {
-        const std::time_t agora = std::time(nullptr);
-        localtime_r(&agora, &campos);
+    fixado ? gmtime_r(&agora, &campos) : localtime_r(&agora, &campos);
+    const DataCivil civil = Civil(campos);
+    if (!EhDeclaravel(campos.tm_gmtoff)) {
+        gmtime_r(&agora, &campos);
     }
-    return {.civil = {campos.tm_year + 1900, campos.tm_mon + 1, campos.tm_mday, campos.tm_hour,
-                      campos.tm_min, campos.tm_sec},
+    return {.civil = civil,
+            .declarado = Civil(campos),
             .deslocamento = static_cast<int>(campos.tm_gmtoff / 60)};
 }
 
 std::string Momento::FormatoPDF() const {
-    return "D:" + ComZeros(civil.ano, 4) + ComZeros(civil.mes, 2) + ComZeros(civil.dia, 2) +
-           ComZeros(civil.hora, 2) + ComZeros(civil.minuto, 2) + ComZeros(civil.segundo, 2) +
+    const auto& d = declarado;
+    return "D:" + ComZeros(d.ano, 4) + ComZeros(d.mes, 2) + ComZeros(d.dia, 2) +
+           ComZeros(d.hora, 2) + ComZeros(d.minuto, 2) + ComZeros(d.segundo, 2) +
            Deslocamento(deslocamento, "'") + "'";
 }
 
 std::string Momento::FormatoXMP() const {
-    return ComZeros(civil.ano, 4) + "-" + ComZeros(civil.mes, 2) + "-" + ComZeros(civil.dia, 2) +
-           "T" + ComZeros(civil.hora, 2) + ":" + ComZeros(civil.minuto, 2) + ":" +
-           ComZeros(civil.segundo, 2) + Deslocamento(deslocamento, ":");
+    const auto& d = declarado;
+    return ComZeros(d.ano, 4) + "-" + ComZeros(d.mes, 2) + "-" + ComZeros(d.dia, 2) + "T" +
+           ComZeros(d.hora, 2) + ":" + ComZeros(d.minuto, 2) + ":" + ComZeros(d.segundo, 2) +
+           Deslocamento(deslocamento, ":");
 }
 
 }  // namespace tarvo

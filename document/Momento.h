@@ -9,7 +9,10 @@ namespace tarvo {
 
 // The moment at which a file is rendered: now in local time, or SOURCE_DATE_EPOCH in UTC.
 struct TARVO_PUBLICO Momento {
-    DataCivil civil;
+    DataCivil civil;  // as the pages say it
+    // As the file's dates say it: with the offset of its time zone, or in UTC where such a date
+    // cannot state that offset.
+    DataCivil declarado;
     int deslocamento = 0;  // minutes east of UTC
 
     // Error 5 when SOURCE_DATE_EPOCH is set to something that is no number of seconds.

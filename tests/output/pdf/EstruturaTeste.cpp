@@ -74,6 +74,7 @@ TEST(Estrutura, TheFileSaysWhatItIs) {
     const auto trailer = arquivo.Objetos()["trailer"]["value"];
     ASSERT_EQ(trailer["/ID"].size(), 2U);
     EXPECT_EQ(trailer["/ID"][0].get<std::string>().size(), 2U + 32U);
+    EXPECT_NE(trailer["/ID"], ArquivoPDF(Variado(2)).Objetos()["trailer"]["value"]["/ID"]);
     const auto catalogo = arquivo.Objeto(trailer["/Root"])["value"];
     EXPECT_EQ(catalogo["/Lang"], "u:pt-BR");
     EXPECT_EQ(catalogo["/ViewerPreferences"]["/PrintScaling"], "/None");
@@ -91,15 +92,20 @@ TEST(Estrutura, TheFileSaysWhatItIs) {
                       HasSubstr("<xmp:ModifyDate>2003-06-30T19:06:49+00:00<")));
 }
 
-TEST(Estrutura, TheMomentIsLocalTimeWithItsOffset) {
-    const Ambiental fuso("TZ", "<-0330>3:30");
-    ::tzset();
-    const ArquivoPDF arquivo(Variado(1));
-    const auto info = arquivo.Objeto(arquivo.Objetos()["trailer"]["value"]["/Info"])["value"];
-    EXPECT_THAT(info["/CreationDate"].get<std::string>(), testing::EndsWith("-03'30'"));
-    EXPECT_THAT(arquivo.Dito("pdfinfo -meta"), HasSubstr("-03:30</xmp:CreateDate>"));
-    EXPECT_NE(arquivo.Objetos()["trailer"]["value"]["/ID"],
-              ArquivoPDF(Variado(2)).Objetos()["trailer"]["value"]["/ID"]);
+TEST(Estrutura, TheMomentIsLocalTimeWithItsOffsetOrUTCWhereADateCannotStateIt) {
+    const auto datas = [](const char* zona) {
+        const Ambiental fuso("TZ", zona);
+        ::tzset();
+        const ArquivoPDF arquivo(Variado(1));
+        const auto info = arquivo.Objeto(arquivo.Objetos()["trailer"]["value"]["/Info"])["value"];
+        return info["/CreationDate"].get<std::string>() + arquivo.Dito("pdfinfo -meta");
+    };
+    EXPECT_THAT(datas("<-0330>3:30"),
+                AllOf(HasSubstr("-03'30'"), HasSubstr("-03:30</xmp:CreateDate>")));
+    for (const char* zona : {"CCC-24:59", "CCC15", "CCC-1:00:30"}) {
+        EXPECT_THAT(datas(zona), AllOf(HasSubstr("+00'00'"), HasSubstr("+00:00</xmp:CreateDate>")));
+    }
+    EXPECT_THAT(datas("CCC-14"), HasSubstr("+14:00</xmp:CreateDate>"));
 }
 
 TEST(Estrutura, ColoursAreThoseOfTheEmbeddedProfile) {
