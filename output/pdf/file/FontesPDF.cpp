@@ -91,18 +91,19 @@ std::string NomeDoSubconjunto(const FonteDoArquivo& f) {
 
 std::string Descritor(const Fonte& fonte, const std::string& nome, int arquivo) {
     const auto& m = fonte.Metricas();
-    constexpr int NaoSimbolica = 32;
-    constexpr int Italica = 64;
-    const bool negrito = nome.find("Bold") != std::string::npos;
+    constexpr unsigned NaoSimbolica = 32;
+    const unsigned sinais = (m.larguraUnica ? 1U : 0U) | (m.serifas ? 2U : 0U) |
+                            (m.manuscrita ? 8U : 0U) | NaoSimbolica |
+                            (m.inclinacao != 0 ? 64U : 0U);
     std::string d = "<</Type/FontDescriptor/FontName/" + nome;
-    d += "/Flags " + std::to_string(NaoSimbolica | (m.inclinacao != 0 ? Italica : 0));
+    d += "/Flags " + std::to_string(sinais);
     d += "/FontBBox[" + std::to_string(m.xMinimo) + " " + std::to_string(m.yMinimo) + " " +
          std::to_string(m.xMaximo) + " " + std::to_string(m.yMaximo) + "]";
     d += "/ItalicAngle " + std::to_string(m.inclinacao);
     d += "/Ascent " + std::to_string(m.ascendente);
     d += "/Descent " + std::to_string(-m.descendente);
     d += "/CapHeight " + std::to_string(m.maiuscula);
-    d += "/StemV " + std::string(negrito ? "140" : "80");
+    d += "/StemV " + std::to_string(m.haste);
     return d + "/FontFile2 " + Referencia(arquivo) + ">>";
 }
 

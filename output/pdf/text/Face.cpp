@@ -10,7 +10,9 @@
 
 #include "data/CodigosDeErros.h"
 #include "output/pdf/text/Comprimentos.h"
+#include "output/pdf/text/Haste.h"
 #include "output/pdf/text/Lingua.h"
+#include "output/pdf/text/TabelaOS2.h"
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
@@ -116,6 +118,10 @@ void Face::LerMetricas() {
     metricas_.espessuraSublinhado = medida(HB_OT_METRICS_TAG_UNDERLINE_SIZE);
     metricas_.inclinacao =
         static_cast<int>(hb_style_get_value(fonte_.get(), HB_STYLE_TAG_SLANT_ANGLE));
+    metricas_.haste = Milesimos(MedirHaste(fonte_.get()));
+    const TabelaOS2 os2(face_.get());
+    metricas_.serifas = os2.TemSerifas();
+    metricas_.manuscrita = os2.Manuscrita();
 
     const ObjetoDeC<hb_blob_destroy> head(
         hb_face_reference_table(face_.get(), HB_TAG('h', 'e', 'a', 'd')));
@@ -144,7 +150,8 @@ void Face::LerAvancos() {
             maior = std::max(maior, avanco);
         }
     }
-    if (menor != maior) {
+    metricas_.larguraUnica = menor == maior;
+    if (!metricas_.larguraUnica) {
         kern_ = std::vector<std::atomic<std::int16_t>>(Codigos * Codigos);
         for (auto& par : kern_) {
             par.store(KernDesconhecido, std::memory_order_relaxed);

@@ -27,6 +27,10 @@ struct MetricasFonte {
     int posicaoSublinhado = 0;  // centre of the line, negative below the baseline
     int espessuraSublinhado = 0;
     int inclinacao = 0;  // degrees
+    int haste = 0;       // width of upright stems
+    bool larguraUnica = false;
+    bool serifas = false;
+    bool manuscrita = false;
 
     [[nodiscard]] int AlturaLinha() const { return ascendente + descendente; }
     // What a line needs at least so that nothing of a capital or a descender stands outside.

@@ -1,6 +1,7 @@
 #include "output/pdf/text/LocalizarFonte.h"
 
 #include <fontconfig/fontconfig.h>
+#include <hb.h>
 
 #include <iterator>
 #include <map>
@@ -10,6 +11,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/ObjetoDeC.h"
+#include "output/pdf/text/TabelaOS2.h"
 
 namespace tarvo::pdf {
 
@@ -86,6 +88,18 @@ std::optional<ArquivoFonte> Procurar(const char* familia, bool negrito, bool ita
     return achado != nullptr && TemFamilia(*achado, familia) ? ArquivoDe(*achado) : std::nullopt;
 }
 
+// Whether the font's licence lets files carry it. A file that cannot be read says nothing against
+// it: the face that is made of it says so.
+bool PodeEmbutir(const ArquivoFonte& arquivo) {
+    const ObjetoDeC<hb_blob_destroy> blob(
+        hb_blob_create_from_file_or_fail(arquivo.caminho.c_str()));
+    if (blob == nullptr) {
+        return true;
+    }
+    const ObjetoDeC<hb_face_destroy> face(hb_face_create(blob.get(), arquivo.indice));
+    return TabelaOS2(face.get()).PermiteSubconjunto();
+}
+
 // The installed fonts, those first that are most like the one asked for.
 using Parecidas = ObjetoDeC<FcFontSetDestroy>;
 
@@ -95,8 +109,9 @@ const FcFontSet& ParecidasCom(std::string_view nome, bool negrito, bool italico)
     if (parecidas == nullptr) {
         const Padrao pedido = PadraoDe(std::string(nome).c_str(), negrito, italico);
         FcResult resultado = FcResultNoMatch;
+        // All of them: one that must not be embedded may be followed by one with its characters.
         parecidas.reset(
-            Exigir(FcFontSort(Configuracao(), pedido.get(), FcTrue, nullptr, &resultado)));
+            Exigir(FcFontSort(Configuracao(), pedido.get(), FcFalse, nullptr, &resultado)));
     }
     return *parecidas;
 }
@@ -106,19 +121,30 @@ const FcFontSet& ParecidasCom(std::string_view nome, bool negrito, bool italico)
 ArquivoFonte LocalizarFonte(std::string_view nome, bool negrito, bool italico) {
     const std::string pedida(nome);
     std::string pacote;
+    bool proibida = false;
+    const auto procurar = [&](const char* familia) {
+        auto arquivo = Procurar(familia, negrito, italico);
+        if (arquivo && !PodeEmbutir(*arquivo)) {
+            proibida = true;
+            arquivo.reset();
+        }
+        return arquivo;
+    };
     for (std::size_t i = 0; i < FontesHabituais.size(); ++i) {
         if (FcStrCmpIgnoreCase(Fc(pedida.c_str()), Fc(FontesHabituais[i].data())) == 0) {
-            if (auto arquivo = Procurar(Gemeas[i], negrito, italico)) {
+            if (auto arquivo = procurar(Gemeas[i])) {
                 return *std::move(arquivo);
             }
             pacote = PacoteDasGemeas;
         }
     }
-    if (auto arquivo = Procurar(pedida.c_str(), negrito, italico)) {
+    if (auto arquivo = procurar(pedida.c_str())) {
         return *std::move(arquivo);
     }
     throw Erro(NumeroErro::FonteAusente,
-               "A fonte \"" + pedida + "\" não está instalada" +
+               "A fonte \"" + pedida + "\" " +
+                   (proibida ? "tem uma licença que não permite embuti-la em arquivos"
+                             : "não está instalada") +
                    (pacote.empty() ? "." : "; instale o pacote " + pacote + "."));
 }
 
@@ -126,6 +152,14 @@ std::optional<ArquivoFonte> LocalizarFonteCom(char32_t c, std::string_view nome,
                                               bool italico) {
     static std::mutex mutex;
     const std::lock_guard trava(mutex);
+    static std::map<std::pair<std::string, unsigned>, bool> permitidas;
+    const auto permitida = [](const ArquivoFonte& arquivo) {
+        const auto [lugar, nova] = permitidas.try_emplace({arquivo.caminho, arquivo.indice});
+        if (nova) {
+            lugar->second = PodeEmbutir(arquivo);
+        }
+        return lugar->second;
+    };
     const FcFontSet& parecidas = ParecidasCom(nome, negrito, italico);
     for (int i = 0; i < parecidas.nfont; ++i) {
         const FcPattern& fonte = *parecidas.fonts[i];
@@ -135,7 +169,7 @@ std::optional<ArquivoFonte> LocalizarFonteCom(char32_t c, std::string_view nome,
         if (colorida == FcFalse &&
             FcPatternGetCharSet(&fonte, FC_CHARSET, 0, &caracteres) == FcResultMatch &&
             FcCharSetHasChar(caracteres, c) != FcFalse) {
-            if (auto arquivo = ArquivoDe(fonte)) {
+            if (auto arquivo = ArquivoDe(fonte); arquivo && permitida(*arquivo)) {
                 return arquivo;
             }
         }
