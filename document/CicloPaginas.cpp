@@ -20,6 +20,7 @@ double CicloPaginas::Bloco(double limite, double altura) {
     if (y_ > Limite(limite)) {
         Encerrar();
         doc_.NovaPagina();
+        const Trecho decoracao(doc_, Estrutura::Decoracao);
         imprimirCabecalho_();
         y_ = primeiraLinha_;
     }

@@ -8,7 +8,7 @@
 namespace tarvo {
 
 // The page cycle of a report: header, blocks down the page, footer, and a new page where a block no
-// longer fits.
+// longer fits. Headers after the first page's are decoration.
 class CicloPaginas {
   public:
     // Draws the first page's header. primeiraLinha: top of the body, cm. imprimirCabecalho draws

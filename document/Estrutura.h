@@ -20,9 +20,14 @@ enum class TipoElemento : std::uint8_t {
     Campo,      // label and value; children: Rotulo, ValorDeCampo
     Rotulo,
     ValorDeCampo,
-    Tabela,          // children: LinhaDeTabela
-    LinhaDeTabela,   // children: CelulaDeTitulo, Celula
-    CelulaDeTitulo,  // heading cell
+    // Children: LinhaDeTabela. Heading rows stand once, group titles perhaps above them; headings
+    // drawn again further down are decoration. Every row covers the same number of columns.
+    Tabela,
+    LinhaDeTabela,  // children: CelulaDeTitulo, Celula
+    // A heading cell. Either kind of cell may hold the label and the value of one box as children
+    // (Rotulo, ValorDeCampo); over several columns the label then stands in the first, the value
+    // in the last.
+    CelulaDeTitulo,
     Celula,
     Figura,  // a picture; its text stands with the image
 };
@@ -40,6 +45,7 @@ constexpr bool TemConteudo(TipoElemento tipo) {
     }
 }
 
+// A Subtotal closes its group, a Total all that stands above it.
 enum class FuncaoDaLinha : std::uint8_t { Titulos, Dados, TituloDeGrupo, Subtotal, Total };
 
 // What the text of a cell or value is.
@@ -51,13 +57,33 @@ enum class Escopo : std::uint8_t { Coluna, Linha };
 struct Elemento {
     TipoElemento tipo = TipoElemento::Documento;
     FuncaoDaLinha funcao = FuncaoDaLinha::Dados;  // of a LinhaDeTabela
-    Natureza natureza = Natureza::Texto;          // of a Celula or ValorDeCampo
+    Natureza natureza = Natureza::Texto;          // of a cell of either kind or a ValorDeCampo
     Escopo escopo = Escopo::Coluna;               // of a CelulaDeTitulo
     std::uint8_t colunas = 1;                     // spanned by a cell
     std::uint8_t linhas = 1;
     std::uint32_t pai = 0;  // index of the parent, set when opened
     friend bool operator==(const Elemento&, const Elemento&) = default;
 };
+
+constexpr Elemento LinhaDe(FuncaoDaLinha funcao) {
+    return {.tipo = TipoElemento::LinhaDeTabela, .funcao = funcao};
+}
+constexpr Elemento TituloDeColuna(int colunas = 1, int linhas = 1) {
+    return {.tipo = TipoElemento::CelulaDeTitulo,
+            .colunas = static_cast<std::uint8_t>(colunas),
+            .linhas = static_cast<std::uint8_t>(linhas)};
+}
+constexpr Elemento TituloDeLinha(Natureza natureza = Natureza::Texto, int colunas = 1) {
+    return {.tipo = TipoElemento::CelulaDeTitulo,
+            .natureza = natureza,
+            .escopo = Escopo::Linha,
+            .colunas = static_cast<std::uint8_t>(colunas)};
+}
+constexpr Elemento CelulaDe(Natureza natureza, int colunas = 1) {
+    return {.tipo = TipoElemento::Celula,
+            .natureza = natureza,
+            .colunas = static_cast<std::uint8_t>(colunas)};
+}
 
 // Elements stand in the reader's order: every parent before its children, siblings one after the
 // other. A cell that shows nothing is an element without content; two texts in one cell are one

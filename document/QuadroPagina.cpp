@@ -135,11 +135,22 @@ void Celula(DocumentoRelatorio& doc, const EstiloTexto& estilo, double x, double
     EscreverEmCaixa(doc, estilo, x, y, largura, altura, texto);
 }
 
+void Celula(DocumentoRelatorio& doc, const Elemento& elemento, const EstiloTexto& estilo, double x,
+            double y, double largura, double altura, std::string_view texto) {
+    const Trecho trecho(doc, elemento);
+    Celula(doc, estilo, x, y, largura, altura, texto);
+}
+
 void CelulaRotulada(DocumentoRelatorio& doc, const EstiloCampo& estilo, double x, double y,
-                    double largura, double altura, std::string_view rotulo,
-                    std::string_view valor) {
+                    double largura, double altura, std::string_view rotulo, std::string_view valor,
+                    const Elemento& elemento) {
+    const Trecho caixa(doc, elemento);
     DesenharMoldura(doc, x, y, largura, altura);
-    EscreverEmCaixa(doc, estilo.rotulo, x, y, largura, altura, rotulo);
+    {
+        const Trecho trecho(doc, {.tipo = TipoElemento::Rotulo});
+        EscreverEmCaixa(doc, estilo.rotulo, x, y, largura, altura, rotulo);
+    }
+    const Trecho trecho(doc, {.tipo = TipoElemento::ValorDeCampo, .natureza = elemento.natureza});
     EscreverEmCaixa(doc, estilo.valor, x, y, largura, altura, valor);
 }
 
@@ -154,7 +165,10 @@ void ImprimirTopo(DocumentoRelatorio& doc, const EstiloCabecalho& estilo, double
     const double xGoverno = x + (paisagem ? 6.0 : 2.0);
     const double larguraGoverno = paisagem ? 13.7 : 13.0;
 
-    EscreverEmCaixa(doc, Etiqueta, 0, 0, W, 0.3, "DRQ");
+    {
+        const Trecho decoracao(doc, Estrutura::Decoracao);
+        EscreverEmCaixa(doc, Etiqueta, 0, 0, W, 0.3, "DRQ");
+    }
     if (identificacao != nullptr) {
         const std::string marca = BooleanoCampo(identificacao->Fields("Consistente"))
                                       ? TextoCampo(identificacao->Fields("Autenticação"))
@@ -170,7 +184,8 @@ void ImprimirTopo(DocumentoRelatorio& doc, const EstiloCabecalho& estilo, double
 
     EstiloTexto titulo = TituloQuadro;
     titulo.tamanho = estilo.tamanhoTitulo;
-    Celula(doc, titulo, x, y + estilo.yTitulo, W, estilo.alturaTitulo, estilo.titulo);
+    Celula(doc, {.tipo = TipoElemento::Titulo}, titulo, x, y + estilo.yTitulo, W,
+           estilo.alturaTitulo, estilo.titulo);
 }
 
 void ImprimirIdentificacao(DocumentoRelatorio& doc, const EstiloCabecalho& estilo, double x,
@@ -179,16 +194,19 @@ void ImprimirIdentificacao(DocumentoRelatorio& doc, const EstiloCabecalho& estil
     const double T = y + estilo.yIdentificacao;
     const std::string regime = TextoCampo(identificacao.Fields("RegTrib"));
 
-    Celula(doc, TituloIdentificacao, x, T, W, 0.6, "Contribuinte");
+    Celula(doc, {.tipo = TipoElemento::Secao}, TituloIdentificacao, x, T, W, 0.6, "Contribuinte");
     CelulaRotulada(doc, Campo, x, T + 0.6, W, 0.6, "Razão Social",
                    TextoCampo(identificacao.Fields("RazãoSocial")));
     int coluna = 0;
-    const auto pequeno = [&](std::string_view rotulo, std::string_view valor) {
-        CelulaRotulada(doc, CampoPequeno, x + coluna * W / 5, T + 1.2, W / 5, 0.6, rotulo, valor);
+    const auto pequeno = [&](std::string_view rotulo, std::string_view valor,
+                             Natureza natureza = Natureza::Texto) {
+        CelulaRotulada(doc, CampoPequeno, x + coluna * W / 5, T + 1.2, W / 5, 0.6, rotulo, valor,
+                       {.tipo = TipoElemento::Campo, .natureza = natureza});
         ++coluna;
     };
-    pequeno("Inscrição Estadual", TextoCampo(identificacao.Fields("tblContribuinte.IE")));
-    pequeno("CNPJ", TextoCampo(identificacao.Fields("CNPJ")));
+    pequeno("Inscrição Estadual", TextoCampo(identificacao.Fields("tblContribuinte.IE")),
+            Natureza::Codigo);
+    pequeno("CNPJ", TextoCampo(identificacao.Fields("CNPJ")), Natureza::Codigo);
     pequeno("Tipo da DRQ", TipoDaDRQ(LongCampo(identificacao.Fields("Tipo"))));
     pequeno("Regime Tributário", RegimeTributario(regime));
     pequeno("Referência", Referencia(identificacao, regime));
@@ -204,6 +222,7 @@ void ImprimirCabecalho(DocumentoRelatorio& doc, const EstiloCabecalho& estilo, d
 }
 
 void ImprimirRodape(DocumentoRelatorio& doc, double x, double y, double largura) {
+    const Trecho decoracao(doc, Estrutura::Decoracao);
     const double W = largura / 3;
     const auto celula = [&](int coluna, std::int32_t horizontal, std::string_view texto) {
         const EstiloTexto estilo{.recuoX = 0, .horizontal = horizontal, .tamanho = 6};
