@@ -5,6 +5,7 @@
 
 #include "databases/AbrirBanco.h"
 #include "databases/sqlite/BancoSQLite.h"
+#include "host/batch/JuncaoDeResumos.h"
 #include "host/batch/Lote.h"
 #include "host/commands/Argumentos.h"
 #include "host/commands/Console.h"
@@ -75,6 +76,8 @@ int Despachar(const Argumentos& a, const std::vector<std::string>& argumentos, s
             return ExportarRelatorios(a, console);
         case Comando::Lote:
             return ExecutarLote(a, console);
+        case Comando::LoteResumo:
+            return JuntarResumos(a, console);
         case Comando::RefAtual:
             return RefAtual(a, console);
         case Comando::Imprimir:

@@ -152,6 +152,10 @@ std::string HashDaDeclaracao(BancoDados& banco, const std::string& IE, std::int3
     return hash.EmHexadecimal();
 }
 
+std::uint64_t HashCurto(std::string_view texto) {
+    return XXH3_64bits(texto.data(), texto.size());
+}
+
 std::string HashDeTexto(std::string_view texto) {
     Hash hash;
     hash.Acrescentar(texto);

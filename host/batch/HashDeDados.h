@@ -20,6 +20,9 @@ std::string HashDosDadosComuns(BancoDados& banco);
 std::string HashDaDeclaracao(BancoDados& banco, const std::string& IE, std::int32_t NroDRQ,
                              std::string_view comuns);
 
+// Of 64 bits.
+std::uint64_t HashCurto(std::string_view texto);
+
 std::string HashDeTexto(std::string_view texto);
 
 // Of the files' bytes, one after the other; empty when one cannot be read.

@@ -6,6 +6,8 @@
 #include <istream>
 #include <span>
 
+#include "data/CodigosDeErros.h"
+
 namespace tarvo::host {
 
 namespace {
@@ -99,17 +101,21 @@ std::string Cabecalho() {
     return linha;
 }
 
-TipoDeResumo TipoPeloCabecalho(std::string_view registro) {
+void ExigirCabecalho(std::string_view registro, const std::filesystem::path& arquivo) {
     if (registro.starts_with(Marca)) {
         registro.remove_prefix(Marca.size());
     }
     const auto celulas = SepararCelulas(registro);
     if (std::ranges::equal(celulas, Colunas)) {
-        return TipoDeResumo::Atual;
+        return;
     }
-    return std::ranges::equal(celulas, std::span(Colunas).first<ColunasSemHashes>())
-               ? TipoDeResumo::SemHashes
-               : TipoDeResumo::Nenhum;
+    const bool semHashes =
+        std::ranges::equal(celulas, std::span(Colunas).first<ColunasSemHashes>());
+    throw Erro(NumeroErro::ChamadaInvalida,
+               "\"" + arquivo.string() +
+                   (semHashes ? "\" é o resumo de um lote da versão 1.0, que não diz de que dados "
+                                "foi feito; use outra pasta."
+                              : "\" não é o resumo de um lote; use outra pasta."));
 }
 
 std::vector<std::string> SepararCelulas(std::string_view registro) {

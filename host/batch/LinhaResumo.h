@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -32,8 +33,13 @@ struct LinhaResumo {
 // Stands for the report where one file has all of a declaration's.
 constexpr const char* CodigoUnico = "todos";
 // Stands for it in the line that says what the batch was made from: its database in descricao, in
-// dados the hash of what all declarations share, in arquivo the folder for what is temporary.
+// dados the hash of what all declarations share, in arquivo the folder for what is temporary, in
+// NroDRQ how many declarations it has, and in conteudo, once all are done, Concluido.
 constexpr const char* CodigoLote = "lote";
+constexpr const char* Concluido = "concluído";
+// Stands for it in the line that says that a declaration is done, in the summary of a batch that is
+// not.
+constexpr const char* CodigoFim = "fim";
 
 // With its line end. No cell begins as a spreadsheet's formulas do, none has a line break.
 std::string Escrita(const LinhaResumo& linha);
@@ -42,9 +48,9 @@ std::optional<LinhaResumo> Lida(std::string_view registro);
 
 // The first line of a summary, with its byte-order mark and line end.
 std::string Cabecalho();
-enum class TipoDeResumo { Atual, SemHashes, Nenhum };
-// Whose first line that is; SemHashes: of a version that could not tell what it was made from.
-TipoDeResumo TipoPeloCabecalho(std::string_view registro);
+// Error 5 when that is the first line of something else, or of a version that could not tell what
+// its files were made from.
+void ExigirCabecalho(std::string_view registro, const std::filesystem::path& arquivo);
 
 // The cells of a line, which may be quoted.
 std::vector<std::string> SepararCelulas(std::string_view registro);

@@ -14,6 +14,7 @@
 #include <ostream>
 #include <thread>
 
+#include "data/Formatos.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "host/batch/HashDeDados.h"
 #include "host/batch/ProgressoLote.h"
@@ -118,15 +119,29 @@ void ProduzirEmParalelo(Fila& fila, const LoteEmCurso& lote, std::size_t trabalh
     ProduzirAteOFim(fila, lote);
 }
 
+// What all parts of a batch were asked for alike.
+std::string OpcoesDoLote(const Argumentos& a) {
+    std::string opcoes(a.saida.formato->nome);
+    opcoes += a.unico ? " --unico" : "";
+    for (const auto& codigo : a.codigos) {
+        opcoes += (&codigo == &a.codigos.front() ? " --relatorios " : ",") + codigo;
+    }
+    opcoes += a.IE ? " --ie " + *a.IE : "";
+    opcoes += a.de ? " --de " + FormatarMesAno(*a.de) : "";
+    opcoes += a.ate ? " --ate " + FormatarMesAno(*a.ate) : "";
+    return opcoes;
+}
+
 // What this batch is made from, as its summary says it.
-LinhaResumo LinhaDoLote(const Argumentos& a, const std::string& dadosComuns) {
+LinhaResumo LinhaDoLote(const Argumentos& a, std::size_t declaracoes,
+                        const std::string& dadosComuns) {
     std::error_code erro;
     const auto arquivo = std::filesystem::canonical(a.banco, erro);
     LinhaResumo linha;
     linha.descricao = "banco " + (erro ? a.banco : arquivo).string();
-    linha.refAtual = a.refAtual.value_or("");
-    linha.opcoes = a.saida.formato->nome;
-    linha.opcoes += a.unico ? " (um por declaração)" : "";
+    linha.refAtual = a.refDaDeclaracao ? "declaração" : a.refAtual.value_or("");
+    linha.NroDRQ = static_cast<std::int32_t>(declaracoes);
+    linha.opcoes = OpcoesDoLote(a);
     linha.dados = dadosComuns;
     return linha;
 }
@@ -155,21 +170,26 @@ int ExecutarLote(const Argumentos& a, Console& console) {
         {.modo = ModoAbertura::SomenteLeitura, .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
     const auto banco = fonte.Abrir();
     const Acompanhamento acompanhamento(*banco, &andamento);
-    AvisarDanos(*banco, console);
+    // The whole database is looked through, which the first part does for all.
+    if (a.parte.numero == 1) {
+        AvisarDanos(*banco, console);
+    }
     const auto declaracoes = EscolherDeclaracoes(*banco, a);
     if (declaracoes.empty()) {
         console.Avisar("nenhuma declaração corresponde ao que foi pedido");
     }
     const SaidaSemLeitor saidaSemLeitor(console.Dados());
     CriarPasta(a.saida.pasta);
-    const TravaDePasta trava(a.saida.pasta, "outro lote está trabalhando nesta pasta");
+    const TravaDePasta trava(a.saida.pasta,
+                             a.parte.partes == 1 ? Trava::Exclusiva : Trava::Partilhada,
+                             "outro lote está trabalhando nesta pasta");
     const std::string dadosComuns = HashDosDadosComuns(*banco);
-    const LinhaResumo origem = LinhaDoLote(a, dadosComuns);
-    ResumoLote resumo(a.saida.pasta, a.retomar, origem);
+    const LinhaResumo origem = LinhaDoLote(a, declaracoes.size(), dadosComuns);
+    ResumoLote resumo(a.saida.pasta, a.parte, a.retomar, origem);
     AvisarDiferencas(resumo.LoteAnterior(), origem, console);
     const ConfiguracoesIni doUsuario;
     const ConfiguracoesDaChamada configuracoes(doUsuario, a.refAtual);
-    ProgressoLote progresso(console, configuracoes, declaracoes.size(),
+    ProgressoLote progresso(console, configuracoes, NomeDoResumo(a.parte), declaracoes.size(),
                             ::isatty(STDOUT_FILENO) == 1);
     const LoteEmCurso lote{a, fonte, configuracoes, dadosComuns, resumo, progresso};
     Fila fila(declaracoes);
@@ -177,7 +197,7 @@ int ExecutarLote(const Argumentos& a, Console& console) {
                        std::min(static_cast<std::size_t>(a.trabalhos), declaracoes.size()));
     progresso.Terminar();
     if (!fila.ErroQueEncerrou()) {
-        resumo.Terminar();
+        resumo.Terminar(!Interrompido());
     }
     if (fila.ErroQueEncerrou() || Interrompido()) {
         if (fila.ErroQueEncerrou()) {

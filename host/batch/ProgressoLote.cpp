@@ -1,28 +1,13 @@
 #include "host/batch/ProgressoLote.h"
 
+#include <utility>
+
+#include "host/batch/Contagens.h"
 #include "host/commands/Mensagens.h"
 
 namespace tarvo::host {
 
 namespace {
-
-std::string Contados(std::size_t quantos, const char* um, const char* varios) {
-    return std::to_string(quantos) + " " + (quantos == 1 ? um : varios);
-}
-
-// The first few by name.
-std::string Listadas(const std::set<std::string>& nomes) {
-    constexpr std::size_t PorNome = 20;
-    std::string lista;
-    std::size_t quantos = 0;
-    for (const auto& nome : nomes) {
-        if (quantos == PorNome) {
-            return lista + " e mais " + std::to_string(nomes.size() - PorNome);
-        }
-        lista += (quantos++ == 0 ? "" : ", ") + nome;
-    }
-    return lista;
-}
 
 // "1 h 05 min", "3 min 20 s", "12 s"
 std::string Duracao(std::chrono::seconds tempo) {
@@ -41,10 +26,11 @@ std::string Duracao(std::chrono::seconds tempo) {
 }  // namespace
 
 ProgressoLote::ProgressoLote(Console& console, const Configuracoes& configuracoes,
-                             std::size_t declaracoes, bool noTerminal)
+                             std::string resumo, std::size_t declaracoes, bool noTerminal)
     : console_(console),
       saida_(console.Saida()),
       configuracoes_(configuracoes),
+      resumo_(std::move(resumo)),
       declaracoes_(declaracoes),
       noTerminal_(noTerminal) {}
 
@@ -97,11 +83,11 @@ void ProgressoLote::Terminar() {
         saida_ << ", " << Contados(prontos_, "já pronto", "já prontos");
     }
     if (falhas_ != 0) {
-        saida_ << ", " << Contados(falhas_, "falha", "falhas") << " (veja resumo.csv)";
+        saida_ << ", " << Contados(falhas_, "falha", "falhas") << " (veja " << resumo_ << ")";
     }
     saida_ << "\n";
     for (const auto& [diferenca, declaracoes] : refeitas_) {
-        saida_ << "refeitas, porque " << diferenca << ": " << Listadas(declaracoes) << "\n";
+        saida_ << "refeitas, porque " << diferenca << ": " << Listados(declaracoes) << "\n";
     }
     saida_ << std::flush;
 }

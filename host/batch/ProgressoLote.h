@@ -26,9 +26,10 @@ struct ContagemDaDeclaracao {
 // each declaration elsewhere. Several threads may call.
 class ProgressoLote {
   public:
-    // console and configuracoes outlive this object. noTerminal: the standard output is one.
-    ProgressoLote(Console& console, const Configuracoes& configuracoes, std::size_t declaracoes,
-                  bool noTerminal);
+    // console and configuracoes outlive this object. resumo: the summary's name; noTerminal: the
+    // standard output is one.
+    ProgressoLote(Console& console, const Configuracoes& configuracoes, std::string resumo,
+                  std::size_t declaracoes, bool noTerminal);
 
     // One declaration is done.
     void Concluir(const std::string& declaracao, const ContagemDaDeclaracao& contagem);
@@ -49,6 +50,7 @@ class ProgressoLote {
     Console& console_;
     std::ostream& saida_;
     const Configuracoes& configuracoes_;
+    const std::string resumo_;
     const std::size_t declaracoes_;
     const bool noTerminal_;
     const std::chrono::steady_clock::time_point inicio_ = std::chrono::steady_clock::now();

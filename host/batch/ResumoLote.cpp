@@ -1,16 +1,19 @@
 #include "host/batch/ResumoLote.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <map>
 #include <tuple>
+#include <utility>
 
 #include "data/CodigosDeErros.h"
 #include "system/files/Arquivos.h"
 #include "system/files/GravacaoSegura.h"
+#include "system/files/TravaDePasta.h"
 
 namespace tarvo::host {
 
@@ -22,48 +25,64 @@ namespace fs = std::filesystem;
     throw Erro(NumeroErro::ChamadaInvalida, "\"" + arquivo.string() + "\" " + motivo);
 }
 
-bool Existe(const fs::path& arquivo) {
-    std::error_code ignorado;
-    return fs::exists(fs::symlink_status(arquivo, ignorado));
-}
-
 bool EhLinhaDoLote(const LinhaResumo& linha) {
     return linha.relatorio == CodigoLote && PastaDeEspera::EhNomeDeEspera(linha.arquivo);
 }
 
 }  // namespace
 
-ResumoLote::ResumoLote(const fs::path& pasta, bool retomar, LinhaResumo lote)
-    : arquivo_(pasta / "resumo.csv") {
-    const bool existe = Existe(arquivo_);
+ResumoLote::ResumoLote(const fs::path& pasta, const Parte& parte, bool retomar, LinhaResumo lote)
+    : arquivo_(pasta / NomeDoResumo(parte)), lote_(std::move(lote)) {
+    for (const Parte& outra : PartesNaPasta(pasta)) {
+        if (outra.partes != parte.partes) {
+            Recusar(pasta / NomeDoResumo(outra),
+                    "é o resumo de um lote dividido de outra forma; use outra pasta.");
+        }
+    }
+    std::error_code ignorado;
+    const auto estado = fs::symlink_status(arquivo_, ignorado);
+    const bool comum = !fs::exists(estado) || fs::is_regular_file(estado);
+    if (comum) {
+        Travar();
+    }
+    const bool existe = !comum || tamanho_ != 0;
     if (existe && !retomar) {
         throw Erro(NumeroErro::ArquivoJaExiste,
                    "\"" + arquivo_.string() + "\" já existe: a pasta tem o resumo de um lote.");
     }
+    if (!comum) {
+        Recusar(arquivo_, "não é um arquivo comum; use outra pasta.");
+    }
     const bool semFim = existe && LerAnteriores();
     espera_ = loteAnterior_ ? PastaDeEspera::Retomada(pasta / loteAnterior_->arquivo)
                             : PastaDeEspera::Nova(pasta);
-    lote.relatorio = CodigoLote;
-    lote.arquivo = espera_->Caminho().filename().string();
-    if (!existe) {
-        GravarArquivo(arquivo_, Cabecalho() + Escrita(lote));
-    }
-    saida_.emplace(::open(arquivo_.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_CLOEXEC));
+    lote_.relatorio = CodigoLote;
+    lote_.arquivo = espera_->Caminho().filename().string();
+    const std::string antes = existe ? semFim ? "\r\n" : "" : Cabecalho();
+    posicaoDoLote_ = Escrever(antes + Escrita(lote_)) + antes.size();
+}
+
+// Another batch may have put a new file in its place until it was locked.
+void ResumoLote::Travar() {
+    saida_.emplace(
+        ::open(arquivo_.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (saida_->Valor() < 0) {
         LancarErroDeArquivo(arquivo_, errno);
     }
-    if (existe) {
-        Escrever((semFim ? "\r\n" : "") + Escrita(lote));
+    constexpr const char* EmUso = "outro lote está trabalhando com este resumo";
+    tarvo::Travar(*saida_, Trava::Exclusiva, arquivo_, EmUso);
+    struct stat travado {};
+    struct stat atual {};
+    if (::fstat(saida_->Valor(), &travado) != 0 || ::stat(arquivo_.c_str(), &atual) != 0 ||
+        travado.st_dev != atual.st_dev || travado.st_ino != atual.st_ino) {
+        throw Erro(NumeroErro::EmUso, "\"" + arquivo_.string() + "\": " + EmUso + ".");
     }
+    tamanho_ = static_cast<std::uint64_t>(travado.st_size);
 }
 
 ResumoLote::~ResumoLote() = default;
 
 bool ResumoLote::LerAnteriores() {
-    std::error_code ignorado;
-    if (!fs::is_regular_file(fs::symlink_status(arquivo_, ignorado))) {
-        Recusar(arquivo_, "não é um arquivo comum; use outra pasta.");
-    }
     leitura_.open(arquivo_, std::ios::binary);
     if (!leitura_.is_open()) {
         LancarErroDeArquivo(arquivo_, errno);
@@ -71,16 +90,7 @@ bool ResumoLote::LerAnteriores() {
     LeitorDeRegistros leitor(leitura_);
     std::string registro;
     leitor.Proximo(registro);
-    switch (TipoPeloCabecalho(registro)) {
-        case TipoDeResumo::Atual:
-            break;
-        case TipoDeResumo::SemHashes:
-            Recusar(arquivo_,
-                    "é o resumo de um lote da versão 1.0, que não diz de que dados foi feito; use "
-                    "outra pasta.");
-        case TipoDeResumo::Nenhum:
-            Recusar(arquivo_, "não é o resumo de um lote; use outra pasta.");
-    }
+    ExigirCabecalho(registro, arquivo_);
     bool semFim = !registro.ends_with('\n');
     while (leitor.Proximo(registro)) {
         const auto lida = Lida(registro);
@@ -91,9 +101,12 @@ bool ResumoLote::LerAnteriores() {
             if (::truncate(arquivo_.c_str(), static_cast<off_t>(leitor.Inicio())) != 0) {
                 LancarErroDeArquivo(arquivo_, errno);
             }
+            tamanho_ = leitor.Inicio();
         } else if (lida && EhLinhaDoLote(*lida)) {
             loteAnterior_ = *lida;
             descartadas_.push_back(leitor.Inicio());
+        } else if (lida && lida->relatorio == CodigoFim) {
+            fins_.push_back(leitor.Inicio());
         } else if (lida) {
             lugares_.push_back({lida->NroDRQ, leitor.Inicio()});
         }
@@ -135,27 +148,41 @@ void ResumoLote::Descartar(std::uint64_t posicao) {
 }
 
 void ResumoLote::Acrescentar(const LinhaResumo& linha) {
-    Escrever(Escrita(linha));
+    const std::string texto = Escrita(linha);
+    const std::lock_guard trava(mutex_);
+    Escrever(texto);
 }
 
-void ResumoLote::Escrever(const std::string& texto) {
+void ResumoLote::Concluir(const LinhaResumo& linha) {
+    const std::string texto = Escrita(linha);
     const std::lock_guard trava(mutex_);
+    fins_.push_back(Escrever(texto));
+}
+
+std::uint64_t ResumoLote::Escrever(const std::string& texto) {
+    const std::uint64_t posicao = tamanho_;
     if (const int erro = EscreverTudo(saida_->Valor(), texto); erro != 0) {
         LancarErroDeArquivo(arquivo_, erro);
     }
+    tamanho_ += texto.size();
+    return posicao;
 }
 
-void ResumoLote::Terminar() {
-    saida_.reset();
-    if (descartadas_.empty()) {
+void ResumoLote::Terminar(bool todas) {
+    if (todas) {
+        descartadas_.insert(descartadas_.end(), fins_.begin(), fins_.end());
+        lote_.conteudo = Concluido;
+    } else if (descartadas_.empty()) {
         return;
     }
     std::ranges::sort(descartadas_);
-    leitura_.seekg(0);
+    std::ifstream atual(arquivo_, std::ios::binary);
     GravacaoSegura nova(arquivo_, espera_->Caminho());
-    LeitorDeRegistros leitor(leitura_);
+    LeitorDeRegistros leitor(atual);
     for (std::string registro; leitor.Proximo(registro);) {
-        if (!std::ranges::binary_search(descartadas_, leitor.Inicio())) {
+        if (leitor.Inicio() == posicaoDoLote_) {
+            nova.Escrever(Escrita(lote_));
+        } else if (!std::ranges::binary_search(descartadas_, leitor.Inicio())) {
             nova.Escrever(registro);
         }
     }

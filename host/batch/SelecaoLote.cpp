@@ -24,6 +24,12 @@ bool NoIntervalo(const std::optional<Data>& ref1, const Argumentos& a) {
     return (!a.de || OrdemDoMes(*a.de) <= ordem) && (!a.ate || ordem <= OrdemDoMes(*a.ate));
 }
 
+// By a hash, so that numbers with a pattern spread evenly too.
+bool NaParte(std::int32_t NroDRQ, const Parte& parte) {
+    return HashCurto(std::to_string(NroDRQ)) % static_cast<std::uint64_t>(parte.partes) ==
+           static_cast<std::uint64_t>(parte.numero - 1);
+}
+
 }  // namespace
 
 std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argumentos& a) {
@@ -45,7 +51,7 @@ std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argum
         }
     }
     std::erase_if(lista, [&](const DeclaracaoDoLote& d) {
-        return (a.IE && d.IE != *a.IE) || !NoIntervalo(d.ref1, a);
+        return (a.IE && d.IE != *a.IE) || !NoIntervalo(d.ref1, a) || !NaParte(d.NroDRQ, a.parte);
     });
     const auto chave = [](const DeclaracaoDoLote& d) { return std::tie(d.NroDRQ, d.IE); };
     std::ranges::sort(lista, {}, chave);

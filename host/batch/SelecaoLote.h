@@ -18,8 +18,9 @@ struct DeclaracaoDoLote {
     std::optional<Data> ref1;
 };
 
-// Those that the command line's filters leave, by number, each once. In a database that does not
-// tell whose the declarations are, all are IE's; without IE UsoErrado.
+// Those that the command line's filters and its part leave, by number, each once. In which part a
+// declaration is depends on its number alone, wherever and whenever that is asked. In a database
+// that does not tell whose the declarations are, all are IE's; without IE UsoErrado.
 std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argumentos& argumentos);
 
 // "250114377019-101": one part of a path, whatever the registration holds, and another one for

@@ -94,6 +94,7 @@ void TrabalhadorLote::Produzir(const DeclaracaoDoLote& declaracao) {
         }
     });
     if (!Interrompido()) {
+        lote_.resumo.Concluir(NovaLinha(declaracao, CodigoFim));
         lote_.progresso.Concluir(nome, producao.contagem);
     }
 }

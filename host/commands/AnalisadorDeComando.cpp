@@ -41,6 +41,10 @@ class Analisador {
                 ->take_all()
                 ->group(opcao.obrigatoria ? "Opções obrigatórias" : Grupo);
         }
+        if (d.lista != nullptr) {
+            lista_ = app_.add_option(d.lista->nome, daLista_, d.lista->descricao);
+            lista_->type_name("")->required();
+        }
         for (const auto& chave : d.chaves) {
             Acrescentar(chave);
         }
@@ -73,6 +77,12 @@ class Analisador {
             PedirValor(palavras.back());
         }
         LerOpcoes(linha);
+        if (lista_ != nullptr && std::ranges::count(daLista_, "") != 0) {
+            throw UsoErrado(std::string(definicao_.lista->nome) + " não tem valor");
+        }
+        if (lista_ != nullptr) {
+            linha.*definicao_.lista->campo = daLista_;
+        }
         if (!sobras.empty()) {
             throw UsoErrado("não esperado: " + sobras.front());
         }
@@ -162,6 +172,9 @@ class Analisador {
                 throw UsoErrado(std::string("falta ") + opcao.nome);
             }
         }
+        if (lista_ != nullptr && daLista_.empty()) {
+            throw UsoErrado(std::string("falta ") + definicao_.lista->nome);
+        }
     }
 
     void LerChaves(LinhaDeComando& linha) const {
@@ -176,6 +189,8 @@ class Analisador {
     const DefinicaoDeComando& definicao_;
     CLI::App app_;
     std::vector<CLI::Option*> opcoes_;  // as in the definition
+    CLI::Option* lista_ = nullptr;
+    std::vector<std::string> daLista_;
     std::vector<std::pair<const Chave*, CLI::Option*>> chaves_;
 };
 

@@ -17,6 +17,13 @@ struct Opcao {
     bool obrigatoria = false;
 };
 
+// A positional argument that is given once or more.
+struct Lista {
+    const char* nome;
+    std::vector<std::string> LinhaDeComando::*campo;
+    const char* descricao;
+};
+
 // An option without a value.
 struct Chave {
     const char* nome;
@@ -31,6 +38,7 @@ struct DefinicaoDeComando {
     const char* descricao;
     std::vector<Opcao> opcoes;
     std::vector<Chave> chaves;
+    const Lista* lista = nullptr;
 };
 
 // palavras: those after the command. Every option is given at most once and never empty. Raises

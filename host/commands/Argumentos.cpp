@@ -97,6 +97,18 @@ void LerSaidaPadrao(const LinhaDeComando& l, Argumentos& a) {
     }
 }
 
+Parte LerParte(const std::string& texto) {
+    if (texto.empty()) {
+        return {};
+    }
+    const std::size_t barra = texto.find('/');
+    if (barra == std::string::npos) {
+        Recusar("--parte pede I/N, como 2/8, não \"" + texto + "\"");
+    }
+    const auto partes = LerInteiro(texto.substr(barra + 1), "--parte I/N, em N,", 1, MaisPartes);
+    return Parte{LerInteiro(texto.substr(0, barra), "--parte I/N, em I,", 1, partes), partes};
+}
+
 void LerLote(const LinhaDeComando& l, Argumentos& a) {
     LerRelatorios(l.relatorios.empty() ? "todos" : l.relatorios, a);
     LerSaida(l, l.formato.empty() ? "pdf" : l.formato, a);
@@ -108,6 +120,7 @@ void LerLote(const LinhaDeComando& l, Argumentos& a) {
     if (a.de && a.ate && OrdemDoMes(*a.de) > OrdemDoMes(*a.ate)) {
         Recusar("--de " + l.de + " vem depois de --ate " + l.ate);
     }
+    a.parte = LerParte(l.parte);
     a.unico = l.unico;
     a.retomar = l.retomar;
     if (a.unico && !a.saida.formato->reune) {
@@ -132,6 +145,9 @@ void LerDoComando(const LinhaDeComando& l, Argumentos& a) {
             break;
         case Comando::Lote:
             LerLote(l, a);
+            break;
+        case Comando::LoteResumo:
+            a.pastas.assign(l.pastas.begin(), l.pastas.end());
             break;
         case Comando::Copiar:
             a.destino = l.saida;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/Data.h"
+#include "host/batch/Parte.h"
 #include "host/commands/GravacaoDeRelatorios.h"
 #include "host/commands/LinhaDeComando.h"
 
@@ -35,9 +36,11 @@ struct Argumentos {
     // Of a batch:
     std::optional<Data> de;  // in the first and last month of reference
     std::optional<Data> ate;
-    int trabalhos = 1;     // threads
-    bool unico = false;    // one PDF per declaration, with an outline
-    bool retomar = false;  // go on where an earlier call stopped
+    Parte parte;                                // 1 of 1: all of it
+    int trabalhos = 1;                          // threads
+    bool unico = false;                         // one PDF per declaration, with an outline
+    bool retomar = false;                       // go on where an earlier call stopped
+    std::vector<std::filesystem::path> pastas;  // of batches
 };
 
 // Whether a report that was asked for is of a taxpayer, of a declaration.

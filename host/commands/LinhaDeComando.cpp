@@ -17,14 +17,16 @@ const Opcao Codificacao{"--codificacao", "N", &L::codificacao,
                         "página de código dos textos dos .mdb mais antigos (1252)"};
 const Opcao IE{"--ie", "IE", &L::IE, "inscrição estadual (dispensada só por VELO)"};
 const Opcao Drq{"--drq", "N", &L::drq, "número da declaração (dispensado por 01 e VELO)"};
-const Opcao Lista{"--relatorios", "LISTA", &L::relatorios,
-                  "todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO", true};
+const Opcao Relatorios{"--relatorios", "LISTA", &L::relatorios,
+                       "todos, ou códigos separados por vírgulas: 01 a 17, 11A, VELO", true};
 const Opcao Dpi{"--dpi", "N", &L::dpi, "pontos por polegada das páginas em png (150)"};
 const Opcao RefAtual{"--ref-atual", "MM/AAAA", &L::refAtual,
                      "mês de referência atual, só nesta chamada; declaração é o de cada uma"};
 const Chave SemEstrutura{"--sem-estrutura", &L::semEstrutura,
                          "deixa fora do pdf as marcas que os leitores de tela seguem"};
 const Chave Json{"--json", &L::json, "escreve o resultado em JSON, um objeto por linha"};
+
+const Lista Pastas{"PASTA", &L::pastas, "pastas do lote ou de partes dele"};
 
 const std::vector<DefinicaoDeComando>& Definicoes() {
     static const std::vector<DefinicaoDeComando> definicoes{
@@ -49,7 +51,8 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
         {Comando::Exportar,
          "exportar",
          "grava relatórios de uma declaração em arquivos",
-         {Banco, IE, Drq, Lista, Opcao{"--formato", "FMT", &L::formato, ListaDeFormatos(), true},
+         {Banco, IE, Drq, Relatorios,
+          Opcao{"--formato", "FMT", &L::formato, ListaDeFormatos(), true},
           Opcao{
               "--saida", "PASTA", &L::saida,
               "pasta dos arquivos, criada se não existe; - é a saída padrão, para um só relatório",
@@ -66,6 +69,8 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
           Opcao{"--ie", "IE", &L::IE, "só as declarações deste contribuinte"},
           Opcao{"--de", "MM/AAAA", &L::de, "a partir deste mês de referência"},
           Opcao{"--ate", "MM/AAAA", &L::ate, "até este mês de referência"},
+          Opcao{"--parte", "I/N", &L::parte,
+                "só a I-ésima de N partes do lote, que outras chamadas completam"},
           Opcao{"--trabalhos", "N", &L::trabalhos, "quantos ao mesmo tempo (um por núcleo)"},
           RefAtual, Codificacao},
          {SemEstrutura,
@@ -73,6 +78,12 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
           {"--unico", &L::unico, "um só PDF por declaração, com marcadores"},
           {"--retomar", &L::retomar,
            "continua um lote interrompido, sem refazer o que está pronto"}}},
+        {Comando::LoteResumo,
+         "lote-resumo",
+         "junta os resumos das partes de um lote e diz o que falta",
+         {},
+         {Json},
+         &Pastas},
         {Comando::Selecionar,
          "selecionar",
          "abre a seleção de relatórios de uma declaração",
@@ -83,7 +94,7 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
         {Comando::Imprimir,
          "imprimir",
          "imprime relatórios de uma declaração, sem perguntar",
-         {Banco, IE, Drq, Lista,
+         {Banco, IE, Drq, Relatorios,
           Opcao{"--impressora", "NOME", &L::impressora, "impressora (a padrão, se omitida)"},
           RefAtual, Codificacao},
          {}},

@@ -18,6 +18,7 @@ enum class Comando {
     Listar,
     Exportar,
     Lote,
+    LoteResumo,
     Selecionar,
     Imprimir,
     Verificar,
@@ -44,6 +45,8 @@ struct LinhaDeComando {
     std::string de;
     std::string ate;
     std::string trabalhos;
+    std::string parte;
+    std::vector<std::string> pastas;
     bool exemplo = false;
     bool semEstrutura = false;
     bool unico = false;

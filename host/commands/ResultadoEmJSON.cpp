@@ -84,4 +84,26 @@ std::string ResultadoEmJSON(const Contribuinte* contribuinte, const Declaracao* 
     return EmUmaLinha(json);
 }
 
+std::string ResultadoEmJSON(const SituacaoDaParte& s) {
+    Json falhas = Json::array();
+    for (const auto& [chave, linha] : s.falhas) {
+        falhas.push_back({{"ie", OuNulo(linha.IE)},
+                          {"drq", linha.NroDRQ},
+                          {"relatorio", linha.relatorio},
+                          {"erro", linha.erro},
+                          {"descricao", linha.descricao}});
+    }
+    return EmUmaLinha({{"parte", s.parte.numero},
+                       {"partes", s.parte.partes},
+                       {"pasta", OuNulo(s.pasta.string())},
+                       {"concluida", s.concluida},
+                       {"declaracoes", s.declaracoes},
+                       {"terminadas", s.terminadas},
+                       {"porTerminar", s.porTerminar},
+                       {"arquivos", s.arquivos},
+                       {"paginas", s.paginas},
+                       {"bytes", s.bytes},
+                       {"falhas", falhas}});
+}
+
 }  // namespace tarvo::host

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "dispatch/Declaracoes.h"
+#include "host/batch/SituacaoDaParte.h"
 #include "output/FormatoDeSaida.h"
 #include "review/Achado.h"
 
@@ -26,5 +27,10 @@ std::string ResultadoEmJSON(const Achado& achado);
 // "ie", "razaoSocial", "cnpj", and those of the declaration: "drq", "referencia", "regime", "tipo",
 // "consistente". What the database does not tell is null; either may be nullptr, not both.
 std::string ResultadoEmJSON(const Contribuinte* contribuinte, const Declaracao* declaracao);
+
+// "parte", "partes", "pasta" (null for one that did not begin), "concluida", "declaracoes",
+// "terminadas", "porTerminar", "arquivos", "paginas", "bytes", "falhas" (each "drq", "ie",
+// "relatorio", "erro", "descricao").
+std::string ResultadoEmJSON(const SituacaoDaParte& situacao);
 
 }  // namespace tarvo::host

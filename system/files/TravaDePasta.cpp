@@ -10,15 +10,24 @@
 
 namespace tarvo {
 
-TravaDePasta::TravaDePasta(const std::filesystem::path& pasta, const char* seOcupada)
-    : pasta_(::open(pasta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (pasta_.Valor() >= 0 && ::flock(pasta_.Valor(), LOCK_EX | LOCK_NB) == 0) {
+void Travar(const Descritor& aberto, Trava trava, const std::filesystem::path& caminho,
+            const char* seOcupada) {
+    const int modo = trava == Trava::Exclusiva ? LOCK_EX : LOCK_SH;
+    if (::flock(aberto.Valor(), modo | LOCK_NB) == 0) {
         return;
     }
     if (errno == EWOULDBLOCK) {
-        throw Erro(NumeroErro::EmUso, "\"" + pasta.string() + "\": " + seOcupada + ".");
+        throw Erro(NumeroErro::EmUso, "\"" + caminho.string() + "\": " + seOcupada + ".");
     }
-    LancarErroDeArquivo(pasta, errno);
+    LancarErroDeArquivo(caminho, errno);
+}
+
+TravaDePasta::TravaDePasta(const std::filesystem::path& pasta, Trava trava, const char* seOcupada)
+    : pasta_(::open(pasta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (pasta_.Valor() < 0) {
+        LancarErroDeArquivo(pasta, errno);
+    }
+    Travar(pasta_, trava, pasta, seOcupada);
 }
 
 }  // namespace tarvo

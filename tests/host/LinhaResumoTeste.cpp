@@ -1,3 +1,4 @@
+#include "data/CodigosDeErros.h"
 #include "host/batch/LinhaResumo.h"
 
 #include <gmock/gmock.h>
@@ -55,12 +56,13 @@ TEST(LinhaResumo, ReadsWhatASpreadsheetMadeOfIt) {
         EXPECT_FALSE(Lida(nenhuma)) << nenhuma;
     }
     std::string cabecalho = Cabecalho();
-    EXPECT_EQ(TipoPeloCabecalho(cabecalho), TipoDeResumo::Atual);
+    EXPECT_NO_THROW(ExigirCabecalho(cabecalho, "r"));
     cabecalho.replace(cabecalho.find("\r\n"), 2, "\n");
-    EXPECT_EQ(TipoPeloCabecalho(cabecalho.substr(3)), TipoDeResumo::Atual);
-    EXPECT_EQ(TipoPeloCabecalho(cabecalho.substr(0, cabecalho.find(";referência atual")) + "\r\n"),
-              TipoDeResumo::SemHashes);
-    EXPECT_EQ(TipoPeloCabecalho("a;b\r\n"), TipoDeResumo::Nenhum);
+    EXPECT_NO_THROW(ExigirCabecalho(cabecalho.substr(3), "r"));
+    for (const std::string& outro :
+         {cabecalho.substr(0, cabecalho.find(";referência atual")), std::string("a;b\r\n")}) {
+        EXPECT_THROW(ExigirCabecalho(outro, "r"), Erro) << outro;
+    }
 }
 
 TEST(LeitorDeRegistros, QuotedLineBreaksBelongToTheirRecordAndAnOpenQuoteEndsWithItsLine) {
