@@ -19,12 +19,11 @@ Centesimos Espessura(std::int32_t unidades) {
 }
 
 template <class R>
-Forma FazerRetangulo(const R& r, TipoForma tipo, Centesimos x, Centesimos yTopo) {
-    const Centesimos largura = DeCm(r.caixa.largura);
-    const Centesimos altura = DeCm(r.caixa.altura);
+Forma FazerRetangulo(const R& r, TipoForma tipo, const Lugar& lugar) {
+    const auto [x, topo, largura, altura] = lugar;
     return {.tipo = tipo,
             .x = x + std::min(largura, 0),
-            .y = yTopo - std::max(altura, 0),
+            .y = topo - std::max(altura, 0),
             .largura = std::abs(largura),
             .altura = std::abs(altura),
             .corBorda = SoRGB(r.corBorda),
@@ -138,22 +137,22 @@ bool Forma::Pinta(const Area& r) const {
     return r.x0 < x + e || r.x1 > x + largura - e || r.y0 < y + e || r.y1 > y + altura - e;
 }
 
-Forma FazerForma(const Linha& linha, Centesimos x, Centesimos yTopo) {
+Forma FazerForma(const Linha& linha, const Lugar& lugar) {
     return {.tipo = linha.estilo == 2 ? TipoForma::LinhaPontilhada : TipoForma::Linha,
-            .x = x,
-            .y = yTopo,
-            .largura = DeCm(linha.caixa.largura),
-            .altura = -DeCm(linha.caixa.altura),
+            .x = lugar.x,
+            .y = lugar.topo,
+            .largura = lugar.largura,
+            .altura = -lugar.altura,
             .corPreenchimento = Forma::SemPreenchimento,
             .espessura = Espessura(linha.espessura)};
 }
 
-Forma FazerForma(const Retangulo& retangulo, Centesimos x, Centesimos yTopo) {
-    return FazerRetangulo(retangulo, TipoForma::Retangulo, x, yTopo);
+Forma FazerForma(const Retangulo& retangulo, const Lugar& lugar) {
+    return FazerRetangulo(retangulo, TipoForma::Retangulo, lugar);
 }
 
-Forma FazerForma(const RetanguloArredondado& retangulo, Centesimos x, Centesimos yTopo) {
-    Forma forma = FazerRetangulo(retangulo, TipoForma::Arredondado, x, yTopo);
+Forma FazerForma(const RetanguloArredondado& retangulo, const Lugar& lugar) {
+    Forma forma = FazerRetangulo(retangulo, TipoForma::Arredondado, lugar);
     forma.raio = std::clamp(DeCm(retangulo.raio), 0, std::min(forma.largura, forma.altura) / 2);
     if (forma.raio == 0) {
         forma.tipo = TipoForma::Retangulo;

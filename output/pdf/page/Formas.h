@@ -6,8 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "document/Conteudo.h"
-#include "output/pdf/text/Comprimentos.h"
+#include "output/pdf/page/Papel.h"
 
 // The shapes of a page (lines and rectangles) in the page's own units, and their operators.
 namespace tarvo::pdf {
@@ -48,9 +47,9 @@ struct Forma {
     [[nodiscard]] bool Pinta(const Area& r) const;
 };
 
-Forma FazerForma(const Linha& linha, Centesimos x, Centesimos yTopo);
-Forma FazerForma(const Retangulo& retangulo, Centesimos x, Centesimos yTopo);
-Forma FazerForma(const RetanguloArredondado& retangulo, Centesimos x, Centesimos yTopo);
+Forma FazerForma(const Linha& linha, const Lugar& lugar);
+Forma FazerForma(const Retangulo& retangulo, const Lugar& lugar);
+Forma FazerForma(const RetanguloArredondado& retangulo, const Lugar& lugar);
 
 // How a page begins: lines end square, so that those that meet in a corner close it.
 constexpr std::string_view IniciarTraco = "2 J\n";

@@ -48,10 +48,10 @@ void OperadoresDePagina::Sublinhar(const EstadoDeTexto& estado, Centesimos x, Ce
     const auto& m = estado.fonte->fonte.Metricas();
     const double milesimo = estado.corpo / 1000.0;
     const Centesimos espessura = Arredondar(m.espessuraSublinhado * milesimo);
-    const Centesimos meio = Arredondar(m.posicaoSublinhado * milesimo);
+    const Centesimos topo = y + Arredondar(m.posicaoSublinhado * milesimo);
     Fechar();
     EscolherCor(estado.cor);
-    AnexarOperandos(operadores_, x, y + meio - espessura / 2, largura, espessura);
+    AnexarOperandos(operadores_, x, topo - espessura, largura, espessura);
     operadores_ += "re f\n";
 }
 

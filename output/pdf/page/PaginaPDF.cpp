@@ -77,24 +77,12 @@ void PaginaPDF::EscreverFileira(std::span<const Forma> formas) {
 }
 
 void PaginaPDF::Desenhar(const Figura& figura) {
-    const auto& imagem = *figura.imagem;
-    Caixa caixa = figura.caixa;
-    if (figura.proporcional) {
-        const double escala =
-            std::min(caixa.largura / imagem.largura, caixa.altura / imagem.altura);
-        const double largura = imagem.largura * escala;
-        const double altura = imagem.altura * escala;
-        caixa = {caixa.x + (caixa.largura - largura) / 2, caixa.y + (caixa.altura - altura) / 2,
-                 largura, altura};
-    }
-    const Centesimos x = papel_.X(caixa.x);
-    const Centesimos y = papel_.Y(caixa.y + caixa.altura);
-    const Centesimos largura = DeCm(caixa.largura);
-    const Centesimos altura = DeCm(caixa.altura);
-    operadores_.DesenharFigura(recursos_.figuras.Obter(imagem), x, y, largura, altura);
-    ocupadas_.Ocupar({std::min(x, x + largura), std::min(y, y + altura), std::max(x, x + largura),
-                      std::max(y, y + altura)},
-                     AreasOcupadas::VariasCores);
+    const auto [x, topo, largura, altura] = papel_.LugarDe(figura);
+    const Centesimos y = topo - altura;
+    operadores_.DesenharFigura(recursos_.figuras.Obter(*figura.imagem), x, y, largura, altura);
+    ocupadas_.Ocupar(
+        {std::min(x, x + largura), std::min(y, topo), std::max(x, x + largura), std::max(y, topo)},
+        AreasOcupadas::VariasCores);
 }
 
 }  // namespace tarvo::pdf

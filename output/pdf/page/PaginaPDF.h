@@ -50,7 +50,7 @@ class PaginaPDF {
   private:
     template <class F>
     void Desenhar(const F& forma) {
-        Acrescentar(FazerForma(forma, papel_.X(forma.caixa.x), papel_.Y(forma.caixa.y)));
+        Acrescentar(FazerForma(forma, papel_.LugarDe(forma)));
     }
     void Desenhar(const Figura& figura);
     void Desenhar(const Texto& texto) { textos_.Escrever(texto); }

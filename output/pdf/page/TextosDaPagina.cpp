@@ -1,5 +1,7 @@
 #include "output/pdf/page/TextosDaPagina.h"
 
+#include <algorithm>
+
 #include "output/pdf/page/Cor.h"
 #include "output/pdf/text/TextoUnicode.h"
 
@@ -17,11 +19,34 @@ Centesimos Alinhar(int codigo, Centesimos caixa, Centesimos extensao) {
     return codigo == 0 ? 0 : codigo == 1 ? (caixa - extensao) / 2 : caixa - extensao;
 }
 
+// Upper edge of a text of so many lines in its box.
+Centesimos Topo(const Texto& texto, const Lugar& lugar, const MetricasFonte& m, Centesimos corpo,
+                std::size_t linhas) {
+    // A text that stands on its box's lower edge keeps clear of the frame drawn there.
+    constexpr Centesimos Elevacao = 40;
+    // By how much the ascent of the reports' main face exceeds its descent. Faces of one size that
+    // stand in the middle of one row share that one's baseline.
+    constexpr int Excesso = 693;
+    const Centesimos livre =
+        Alinhar(texto.vertical, lugar.altura,
+                Escalar(static_cast<std::int64_t>(linhas) * m.AlturaLinha(), corpo));
+    switch (texto.vertical) {
+        case 1:
+            return lugar.topo - livre -
+                   Escalar(Excesso - (m.ascendente - m.descendente), corpo) / 2;
+        case 2:
+            return lugar.topo - livre + Elevacao;
+        default:
+            return lugar.topo;
+    }
+}
+
 }  // namespace
 
 void TextosDaPagina::IniciarPagina(const Substituicoes& substituicoes) {
     substituicoes_ = &substituicoes;
     cortes_.clear();
+    anterior_ = nullptr;
 }
 
 void TextosDaPagina::Escrever(const Texto& texto) {
@@ -33,16 +58,31 @@ void TextosDaPagina::Escrever(const Texto& texto) {
                                .corpo = DePontos(texto.tamanho),
                                .condensacao = CemPorCento,
                                .cor = SoRGB(texto.cor)};
-    if (!texto.multilinha && !texto.sublinhado && EscreverSimples(texto, estado, conteudo)) {
+    const Lugar lugar = LugarDe(texto);
+    if (!texto.multilinha && !texto.sublinhado && EscreverSimples(texto, lugar, estado, conteudo)) {
         return;
     }
     const auto compor = texto.multilinha ? ComporBloco : ComporLinha;
     const TextoComposto composto = compor(estado.fonte->fonte, Decodificar(conteudo), estado.corpo,
-                                          DeCm(texto.caixa.largura), DeCm(texto.caixa.altura));
+                                          lugar.largura, lugar.altura);
     if (composto.cortado) {
         cortes_.push_back({texto.caixa, std::string(conteudo)});
     }
-    EscreverComposto(texto, estado, composto);
+    EscreverComposto(texto, lugar, estado, composto);
+}
+
+// The box of a text, without the side that the text before it takes when both stand in one box.
+Lugar TextosDaPagina::LugarDe(const Texto& texto) const {
+    constexpr Centesimos Distancia = 400;
+    Lugar lugar = papel_.LugarDe(texto);
+    if (anterior_ != nullptr && anterior_->caixa == texto.caixa &&
+        anterior_->vertical == texto.vertical && anterior_->horizontal + texto.horizontal == 2 &&
+        texto.horizontal != 1) {
+        const Centesimos livre = std::max(lugar.largura - larguraAnterior_ - Distancia, 0);
+        lugar.x += texto.horizontal == 2 ? lugar.largura - livre : 0;
+        lugar.largura = livre;
+    }
+    return lugar;
 }
 
 FonteDoArquivo& TextosDaPagina::FonteDe(const Texto& texto) {
@@ -55,52 +95,49 @@ FonteDoArquivo& TextosDaPagina::FonteDe(const Texto& texto) {
 }
 
 // The common case, one line of Latin text that fits; false when it is not.
-bool TextosDaPagina::EscreverSimples(const Texto& texto, const EstadoDeTexto& estado,
-                                     std::string_view conteudo) {
+bool TextosDaPagina::EscreverSimples(const Texto& texto, const Lugar& lugar,
+                                     const EstadoDeTexto& estado, std::string_view conteudo) {
     Fonte& fonte = estado.fonte->fonte;
     codigos_.clear();
     if (!fonte.Codificar(conteudo, codigos_)) {
         return false;
     }
-    const Centesimos largura = DeCm(texto.caixa.largura);
-    const Centesimos altura = DeCm(texto.caixa.altura);
     const Centesimos ocupada = Escalar(fonte.LarguraCodigos(codigos_), estado.corpo);
     bool cortado = false;
-    if (ocupada > largura ||
-        CorpoParaAltura(fonte, estado.corpo, altura, cortado) != estado.corpo) {
+    if (ocupada > lugar.largura ||
+        CorpoParaAltura(fonte, estado.corpo, lugar.altura, cortado) != estado.corpo) {
         return false;
     }
     const auto& m = fonte.Metricas();
-    const Centesimos x = papel_.X(texto.caixa.x) + Alinhar(texto.horizontal, largura, ocupada);
-    const Centesimos topo = papel_.Y(texto.caixa.y) -
-                            Alinhar(texto.vertical, altura, Escalar(m.AlturaLinha(), estado.corpo));
-    const Centesimos y = topo - Escalar(m.ascendente, estado.corpo);
+    const Centesimos x = lugar.x + Alinhar(texto.horizontal, lugar.largura, ocupada);
+    const Centesimos y =
+        Topo(texto, lugar, m, estado.corpo, 1) - Escalar(m.ascendente, estado.corpo);
     operadores_.EscreverCodigos(estado, x, y, codigos_);
     Ocupar(estado, x, y, ocupada);
+    anterior_ = &texto;
+    larguraAnterior_ = ocupada;
     return true;
 }
 
-void TextosDaPagina::EscreverComposto(const Texto& texto, const EstadoDeTexto& estado,
-                                      const TextoComposto& composto) {
+void TextosDaPagina::EscreverComposto(const Texto& texto, const Lugar& lugar,
+                                      const EstadoDeTexto& estado, const TextoComposto& composto) {
     EstadoDeTexto usado = estado;
     usado.corpo = composto.corpo;
     usado.condensacao = composto.condensacao;
     const auto& m = estado.fonte->fonte.Metricas();
-    const auto alturaDe = [&](std::size_t linhas) {
-        return Escalar(static_cast<std::int64_t>(linhas) * m.AlturaLinha(), usado.corpo);
-    };
-    const Centesimos topo =
-        papel_.Y(texto.caixa.y) -
-        Alinhar(texto.vertical, DeCm(texto.caixa.altura), alturaDe(composto.linhas.size()));
+    const Centesimos topo = Topo(texto, lugar, m, usado.corpo, composto.linhas.size());
+    anterior_ = texto.multilinha ? nullptr : &texto;
     for (std::size_t i = 0; i < composto.linhas.size(); ++i) {
         const auto& linha = composto.linhas[i];
         if (linha.texto.empty()) {
             continue;
         }
         const Centesimos ocupada = Escalar(linha.largura, usado.corpo, usado.condensacao);
-        const Centesimos x =
-            papel_.X(texto.caixa.x) + Alinhar(texto.horizontal, DeCm(texto.caixa.largura), ocupada);
-        const Centesimos y = topo - alturaDe(i) - Escalar(m.ascendente, usado.corpo);
+        larguraAnterior_ = ocupada;
+        const Centesimos x = lugar.x + Alinhar(texto.horizontal, lugar.largura, ocupada);
+        const Centesimos y =
+            topo -
+            Escalar(static_cast<std::int64_t>(i) * m.AlturaLinha() + m.ascendente, usado.corpo);
         if (linha.codigos.empty()) {
             operadores_.EscreverTexto(usado, x, y, linha.texto);
         } else {

@@ -41,9 +41,10 @@ class TextosDaPagina {
 
   private:
     FonteDoArquivo& FonteDe(const Texto& texto);
-    bool EscreverSimples(const Texto& texto, const EstadoDeTexto& estado,
+    [[nodiscard]] Lugar LugarDe(const Texto& texto) const;
+    bool EscreverSimples(const Texto& texto, const Lugar& lugar, const EstadoDeTexto& estado,
                          std::string_view conteudo);
-    void EscreverComposto(const Texto& texto, const EstadoDeTexto& estado,
+    void EscreverComposto(const Texto& texto, const Lugar& lugar, const EstadoDeTexto& estado,
                           const TextoComposto& composto);
     void Ocupar(const EstadoDeTexto& estado, Centesimos x, Centesimos y, Centesimos largura);
 
@@ -55,6 +56,9 @@ class TextosDaPagina {
     std::vector<FonteDoArquivo*> fontesUsadas_;  // by font index and style
     const Substituicoes* substituicoes_ = nullptr;
     std::vector<Corte> cortes_;
+    // The last text and how much of its box it takes.
+    const Texto* anterior_ = nullptr;
+    Centesimos larguraAnterior_ = 0;
     std::string codigos_;
     std::string substituido_;
 };

@@ -12,6 +12,8 @@ constexpr Centesimos Folga = 2;
 // Longer than any word of the language: such a thing is broken rather than the block set smaller.
 constexpr std::size_t MaiorPalavra = 30;
 constexpr int PassoReducao = 200;  // hundredths of a per cent
+// A block is not set smaller than can be read.
+constexpr Centesimos MenorCorpoDeBloco = 450;
 
 Centesimos Reduzir(Centesimos tamanho, int escala) {
     return static_cast<Centesimos>(static_cast<std::int64_t>(tamanho) * escala / CemPorCento);
@@ -89,15 +91,12 @@ class Quebrador {
             if (palavra >= fimPalavra_) {
                 fimPalavra_ = std::min(texto.find(U' ', palavra), texto.size());
             }
-            const bool longa = fimPalavra_ - palavra > MaiorPalavra;
-            const bool cabe = (!longa || regua_.OndeCabe(paragrafo.inicio, fimPalavra_, limite_) ==
-                                             fimPalavra_) &&
-                              regua_.Largura(paragrafo.inicio, fimPalavra_) <= limite_;
-            if (!cabe) {
+            if (regua_.Largura(paragrafo.inicio, fimPalavra_) > limite_) {
                 if (fim > paragrafo.inicio) {
                     return fim;
                 }
-                quebra_.partiuPalavra = quebra_.partiuPalavra || !longa;
+                quebra_.partiuPalavra =
+                    quebra_.partiuPalavra || fimPalavra_ - palavra <= MaiorPalavra;
                 return regua_.OndeCabe(paragrafo.inicio, fimPalavra_, limite_);
             }
             fim = fimPalavra_;
@@ -134,7 +133,7 @@ TextoComposto ComporLinha(Fonte& fonte, std::u32string_view linha, Centesimos ta
     const Regua regua(fonte, texto);
     composto.cortado = regua.FaltaCaractere();
     composto.corpo = CorpoParaAltura(fonte, tamanho, altura, composto.cortado);
-    const int natural = regua.Largura(0, texto.size());
+    const auto natural = regua.Largura(0, texto.size());
     const int limite = Limite(largura, composto.corpo, CemPorCento);
     if (natural > limite) {
         const auto precisa = static_cast<std::int64_t>(limite) * CemPorCento / natural;
@@ -171,11 +170,14 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
     };
     // Rather smaller than with a word broken; but where a word is too long at any size, as large
     // as can be.
+    const Centesimos menor =
+        std::min(tamanho, std::max(Reduzir(tamanho, MenorCondensacao), MenorCorpoDeBloco));
+    const Centesimos passo = std::max(Reduzir(tamanho, PassoReducao), 1);
     bool cabe = false;
     for (const bool partindo : {false, true}) {
-        for (int escala = CemPorCento; !cabe && escala >= MenorCondensacao;
-             escala -= PassoReducao) {
-            composto.corpo = Reduzir(tamanho, escala);
+        for (Centesimos corpo = tamanho + passo; !cabe && corpo > menor;) {
+            corpo = std::max(corpo - passo, menor);
+            composto.corpo = corpo;
             limite = Limite(largura, composto.corpo, CemPorCento);
             quebra = Quebrador(regua, limite).Quebrar(maximo());
             cabe = (partindo || !quebra.partiuPalavra) && cabem(quebra.linhas.size());

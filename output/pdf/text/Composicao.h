@@ -8,7 +8,7 @@
 #include "output/pdf/text/Regua.h"
 
 // How a text is made to fit its box: what is too wide is condensed or, when it wraps, set smaller,
-// down to 60 %; what still does not fit is cut and ends in "…".
+// down to 60 % and not below 4.5 points; what still does not fit is cut and ends in "…".
 namespace tarvo::pdf {
 
 constexpr int CemPorCento = 10000;  // 100 % in hundredths of a per cent

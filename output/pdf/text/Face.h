@@ -24,7 +24,7 @@ struct MetricasFonte {
     int yMinimo = 0;
     int xMaximo = 0;
     int yMaximo = 0;
-    int posicaoSublinhado = 0;  // centre of the line, negative below the baseline
+    int posicaoSublinhado = 0;  // upper edge of the line, negative below the baseline
     int espessuraSublinhado = 0;
     int inclinacao = 0;  // degrees
     int haste = 0;       // width of upright stems

@@ -91,10 +91,10 @@ std::vector<Fonte::Glifo> Fonte::Formar(std::u32string_view texto, const Face& f
     glifos.reserve(quantos);
     for (unsigned i = 0; i < quantos; ++i) {
         const bool primeiro = i == 0 || infos[i].cluster != infos[i - 1].cluster;
-        glifos.push_back({infos[i].codepoint, primeiro ? conhecidos[infos[i].cluster] : U'\0',
-                          face.Milesimos(posicoes[i].x_advance),
-                          face.Milesimos(posicoes[i].x_offset),
-                          face.Milesimos(posicoes[i].y_offset)});
+        glifos.push_back(
+            {infos[i].codepoint, infos[i].cluster, primeiro ? conhecidos[infos[i].cluster] : U'\0',
+             face.Milesimos(posicoes[i].x_advance), face.Milesimos(posicoes[i].x_offset),
+             face.Milesimos(posicoes[i].y_offset)});
     }
     return glifos;
 }

@@ -47,7 +47,8 @@ class Fonte {
     // Glyphs of a text in a face, shaped; "?" for what the face lacks.
     struct Glifo {
         hb_codepoint_t glifo = 0;
-        char32_t unicode = 0;  // of its cluster's first character; 0 for a cluster's other glyphs
+        std::size_t lugar = 0;  // in the text, of its cluster's first character
+        char32_t unicode = 0;   // of its cluster's first character; 0 for a cluster's other glyphs
         int avanco = 0;
         int dx = 0;
         int dy = 0;

@@ -1,32 +1,12 @@
 #include "output/pdf/text/Regua.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
 
 namespace {
-
-int LarguraPorTrechos(Fonte& fonte, std::u32string_view texto) {
-    std::int64_t largura = 0;
-    std::string codigos;
-    for (const auto& trecho : DividirEmTrechos(fonte, texto)) {
-        if (trecho.face == nullptr) {
-            codigos.clear();
-            for (const char32_t c : trecho.texto) {
-                codigos.push_back(static_cast<char>(fonte.Codigo(c)));
-            }
-            largura += fonte.LarguraCodigos(codigos);
-        } else {
-            for (const auto& glifo : fonte.Formar(trecho.texto, *trecho.face)) {
-                largura += glifo.avanco;
-            }
-        }
-    }
-    return static_cast<int>(std::min<std::int64_t>(largura, std::numeric_limits<int>::max()));
-}
 
 // The end of the character at i with the accents that stand over it.
 std::size_t FimDaLetra(std::u32string_view texto, std::size_t i) {
@@ -70,51 +50,84 @@ std::vector<Trecho> DividirEmTrechos(Fonte& fonte, std::u32string_view texto) {
 }
 
 Regua::Regua(Fonte& fonte, std::u32string_view texto) : fonte_(fonte), texto_(texto) {
+    propria_.reserve(texto.size());
     soma_.reserve(texto.size() + 1);
     soma_.push_back(0);
-    for (const char32_t c : texto) {
+    if (!MedirCodigos()) {
+        MedirTrechos();
+    }
+}
+
+// False when some character has no code.
+bool Regua::MedirCodigos() {
+    for (const char32_t c : texto_) {
         const bool quebra = c == U'\n';
-        const std::uint8_t codigo = quebra ? std::uint8_t{' '} : fonte.Codigo(c);
+        const std::uint8_t codigo = quebra ? std::uint8_t{' '} : fonte_.Codigo(c);
         if (codigo == 0) {
             codigos_.clear();
-            falta_ = std::ranges::any_of(
-                texto, [&fonte](char32_t l) { return l != U'\n' && fonte.FaceDe(l) == nullptr; });
-            return;
+            propria_.clear();
+            soma_.resize(1);
+            return false;
         }
         const auto anterior =
             codigos_.empty() ? std::uint8_t{0} : static_cast<std::uint8_t>(codigos_.back());
         codigos_.push_back(static_cast<char>(codigo));
-        soma_.push_back(soma_.back() + (quebra ? 0 : fonte.AvancoDepoisDe(anterior, codigo)));
+        propria_.push_back(quebra ? 0 : fonte_.AvancoDepoisDe(0, codigo));
+        soma_.push_back(soma_.back() + (quebra ? 0 : fonte_.AvancoDepoisDe(anterior, codigo)));
+    }
+    return true;
+}
+
+void Regua::MedirTrechos() {
+    std::vector<int> kern(texto_.size() + 1);  // of each character with the one before
+    propria_.assign(texto_.size(), 0);
+    for (std::size_t i = 0; i < texto_.size();) {
+        const auto fim = std::min(texto_.find(U'\n', i), texto_.size());
+        for (const auto& trecho : DividirEmTrechos(fonte_, texto_.substr(i, fim - i))) {
+            MedirGlifos(trecho, i, kern);
+            i += trecho.texto.size();
+        }
+        i = fim + 1;
+    }
+    for (std::size_t i = 0; i < texto_.size(); ++i) {
+        soma_.push_back(soma_.back() + kern[i] + propria_[i]);
+    }
+    falta_ = std::ranges::any_of(
+        texto_, [this](char32_t c) { return c != U'\n' && fonte_.FaceDe(c) == nullptr; });
+}
+
+void Regua::MedirGlifos(const Trecho& trecho, std::size_t inicio, std::vector<int>& kern) {
+    if (trecho.face == nullptr) {
+        std::uint8_t anterior = 0;
+        for (std::size_t i = 0; i < trecho.texto.size(); ++i) {
+            const auto codigo = fonte_.Codigo(trecho.texto[i]);
+            propria_[inicio + i] = fonte_.AvancoDepoisDe(0, codigo);
+            kern[inicio + i] = fonte_.AvancoDepoisDe(anterior, codigo) - propria_[inicio + i];
+            anterior = codigo;
+        }
+        return;
+    }
+    for (const auto& glifo : fonte_.Formar(trecho.texto, *trecho.face)) {
+        // Shaping takes the kerning of a pair from its first glyph, which may stand at a line's
+        // end; a mark's whole advance is taken away for good.
+        const int sozinho = glifo.avanco == 0 ? 0 : trecho.face->AvancoGlifo(glifo.glifo);
+        propria_[inicio + glifo.lugar] += sozinho;
+        kern[inicio + FimDaLetra(trecho.texto, glifo.lugar)] += glifo.avanco - sozinho;
     }
 }
 
-int Regua::Largura(std::size_t inicio, std::size_t fim) const {
-    if (codigos_.empty()) {
-        return LarguraPorTrechos(fonte_, texto_.substr(inicio, fim - inicio));
-    }
-    if (inicio == fim) {
-        return 0;
-    }
+std::int64_t Regua::Largura(std::size_t inicio, std::size_t fim) const {
     // The first character stands without the kerning that it has after the one before it.
-    return fonte_.AvancoDepoisDe(0, static_cast<std::uint8_t>(codigos_[inicio])) + soma_[fim] -
-           soma_[inicio + 1];
+    return inicio == fim ? 0 : propria_[inicio] + soma_[fim] - soma_[inicio + 1];
 }
 
 std::size_t Regua::OndeCabe(std::size_t inicio, std::size_t fim, int limite) const {
-    std::size_t n = inicio;
-    if (codigos_.empty()) {
-        std::int64_t largura = 0;
-        while (n < fim && (largura += fonte_.Largura(texto_[n])) <= limite) {
-            ++n;
-        }
-    } else {
-        const auto demais = std::partition_point(
-            soma_.begin() + static_cast<std::ptrdiff_t>(inicio) + 1,
-            soma_.begin() + static_cast<std::ptrdiff_t>(fim) + 1, [&](const int& soma) {
-                return Largura(inicio, static_cast<std::size_t>(&soma - soma_.data())) <= limite;
-            });
-        n = static_cast<std::size_t>(demais - soma_.begin()) - 1;
-    }
+    const auto demais = std::partition_point(
+        soma_.begin() + static_cast<std::ptrdiff_t>(inicio) + 1,
+        soma_.begin() + static_cast<std::ptrdiff_t>(fim) + 1, [&](const std::int64_t& soma) {
+            return Largura(inicio, static_cast<std::size_t>(&soma - soma_.data())) <= limite;
+        });
+    auto n = static_cast<std::size_t>(demais - soma_.begin()) - 1;
     n = std::max(n, std::min(inicio + 1, fim));
     while (n < fim && EhMarcaCombinante(texto_[n])) {
         ++n;

@@ -18,12 +18,12 @@ std::vector<Trecho> DividirEmTrechos(Fonte& fonte, std::u32string_view texto);
 // A line of text as it is set.
 struct LinhaComposta {
     std::u32string texto;
-    std::string codigos;  // the same in one-byte codes; empty when some character has none
-    int largura = 0;      // thousandths of the font size, not condensed
+    std::string codigos;       // the same in one-byte codes; empty when some character has none
+    std::int64_t largura = 0;  // thousandths of the font size, not condensed
 };
 
-// Measures any part of a text. Where all of it has one-byte codes, each answer is a difference of
-// two sums made once, so that wrapping a text takes time in proportion to its length.
+// Measures any part of a text: each answer is a difference of two sums made once, so that wrapping
+// a text takes time in proportion to its length.
 class Regua {
   public:
     // The text must outlive the ruler. Line breaks in it have no width.
@@ -33,7 +33,7 @@ class Regua {
     // Whether some character is in no installed face.
     [[nodiscard]] bool FaltaCaractere() const { return falta_; }
     // Thousandths of the font size, of the characters from inicio up to fim.
-    [[nodiscard]] int Largura(std::size_t inicio, std::size_t fim) const;
+    [[nodiscard]] std::int64_t Largura(std::size_t inicio, std::size_t fim) const;
     // The end of the most characters from inicio that fit, at least one; a letter keeps its
     // accents.
     [[nodiscard]] std::size_t OndeCabe(std::size_t inicio, std::size_t fim, int limite) const;
@@ -42,11 +42,16 @@ class Regua {
     [[nodiscard]] LinhaComposta LinhaCortada(std::size_t inicio, std::size_t fim, int limite) const;
 
   private:
+    bool MedirCodigos();
+    void MedirTrechos();
+    void MedirGlifos(const Trecho& trecho, std::size_t inicio, std::vector<int>& kern);
+
     Fonte& fonte_;
     std::u32string_view texto_;
     std::string codigos_;  // of the whole text; empty when some character has none
     bool falta_ = false;
-    std::vector<int> soma_;  // width up to each character, kerning with the one before included
+    std::vector<int> propria_;        // width of each character by itself
+    std::vector<std::int64_t> soma_;  // up to each, kerning with the one before included
 };
 
 }  // namespace tarvo::pdf

@@ -95,6 +95,21 @@ TEST(Ajuste, ACutTextFillsItsBoxUpToTheEllipsisAndHasNoBlankBeforeIt) {
     EXPECT_EQ(linhas, 40);
 }
 
+TEST(Ajuste, ACutTextOfShapedLettersFillsItsBoxWithTheirKerningToo) {
+    std::string texto;
+    for (int i = 0; i < 100; ++i) {
+        texto += "ΑΥ";
+    }
+    const ArquivoPDF arquivo(Textos(
+        {{{0, 0, 10, 0.6}, texto}, {{0, 2, 10, 0.3}, texto + " fim", {.multilinha = true}}}));
+    EXPECT_THAT(arquivo.Resultado().cortados, SizeIs(2));
+    const auto palavras = arquivo.Palavras(1, 2);
+    for (const auto& [p, corpo] : {std::pair(palavras[0], 8 * 0.6), std::pair(palavras[1], 4.8)}) {
+        EXPECT_LE(p.x1, Pontos(10) + 0.05);
+        EXPECT_GT(p.x1, Pontos(10) - 0.667 * corpo) << "less than a letter is left free";
+    }
+}
+
 TEST(Ajuste, ALineIsSetSmallerOnlyForABoxLowerThanItsLetters) {
     const ArquivoPDF arquivo(Textos({{{0, 0, 5, 0.3}, "conserva"},
                                      {{0, 1, 5, 0.3}, "diminui", {.vertical = 1, .tamanho = 14}},
@@ -132,6 +147,18 @@ TEST(Ajuste, ABlockTooTallIsSetSmallerUntilItFits) {
     EXPECT_LT(palavras[0].Altura(), 8 * AlturaDaLinha);
     EXPECT_GE(palavras[0].Altura(), 0.6 * 8 * AlturaDaLinha - 0.05);
     EXPECT_LE(palavras.back().y1, Pontos(1) + 1);
+}
+
+TEST(Ajuste, ABlockIsCutRatherThanSetSmallerThanCanBeRead) {
+    const std::string texto =
+        "Operações interestaduais com mercadorias sujeitas ao regime de retenção";
+    const ArquivoPDF arquivo(
+        Textos({{{0, 0, 3, 0.3}, texto, {.tamanho = 6, .multilinha = true}},
+                {{0, 5, 3, 0.3}, texto + texto, {.tamanho = 4, .multilinha = true}}}));
+    EXPECT_THAT(arquivo.Resultado().cortados, SizeIs(2));
+    const auto palavras = arquivo.Palavras(1);
+    EXPECT_NEAR(palavras.front().Altura(), 4.5 * AlturaDaLinha, 0.02);
+    EXPECT_NEAR(palavras.back().Altura(), 4 * AlturaDaLinha, 0.02);
 }
 
 TEST(Ajuste, AnOverlongWordIsBrokenWhileOthersMakeTheBlockSmaller) {

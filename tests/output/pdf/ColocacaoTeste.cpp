@@ -22,7 +22,9 @@ TEST(Colocacao, BothAlignmentCodesPlaceALineInItsExactBox) {
         const double livreX = Pontos(C.x + C.largura) - Pontos(C.x) - p.Largura();
         const double livreY = Pontos(C.y + C.altura) - Pontos(C.y) - p.Altura();
         EXPECT_NEAR(p.x0, Pontos(C.x) + livreX * horizontal / 2, Folga);
-        EXPECT_NEAR(p.y0, Pontos(C.y) + livreY * vertical / 2, Folga);
+        // What stands at the bottom keeps clear of a frame there.
+        const double elevacao = vertical == 2 ? 0.4 : 0;
+        EXPECT_NEAR(p.y0, Pontos(C.y) + livreY * vertical / 2 - elevacao, Folga);
         // Line height and width from the font's own metrics, at 8 points.
         EXPECT_NEAR(p.Altura(), 8 * (0.905 + 0.212), Folga);
         EXPECT_NEAR(p.Largura(), 8 * (0.667 + 0.556 + 0.222 + 0.222), Folga);
@@ -38,6 +40,53 @@ TEST(Colocacao, EachFontHasItsOwnBaselineAndWidths) {
     EXPECT_NEAR(palavras[0].Altura(), 10 * (0.833 + 0.3), Folga);
     EXPECT_NEAR(palavras[1].Largura(), 4 * 7.78, Folga);
     EXPECT_NEAR(palavras[1].Altura(), 10 * (0.891 + 0.216), Folga);
+}
+
+TEST(Colocacao, FacesOfOneSizeInTheMiddleOfARowShareABaseline) {
+    const ArquivoPDF arquivo(
+        Textos({{{0, 0, 1, 0.6}, "001", {.vertical = 1}},
+                {{1, 0, 5, 0.6}, "Saldo", {.vertical = 1, .fonte = "Courier New"}},
+                {{6, 0, 5, 0.6}, "Saldo", {.vertical = 1, .fonte = "Times New Roman"}}}));
+    const auto p = arquivo.Palavras(1, 3);
+    const double base = p[0].y1 - 8 * 0.212;
+    EXPECT_NEAR(p[1].y1 - 8 * 0.3, base, Folga);
+    EXPECT_NEAR(p[2].y1 - 8 * 0.216, base, Folga);
+}
+
+TEST(Colocacao, TwoTextsAtTheSidesOfOneBoxShareItAndTheLaterOneGivesWay) {
+    const std::string longo(150, 'A');
+    for (const auto& marca : {std::string("000123456789"), longo.substr(0, 85), longo}) {
+        const ArquivoPDF arquivo(
+            Textos({{{0, 0, 17, 0.3}, "DRQ"}, {{0, 0, 17, 0.3}, marca, {.horizontal = 2}}}));
+        const auto p = arquivo.Palavras(1, 2);
+        EXPECT_NEAR(p[0].x0, Pontos(0), Folga);
+        EXPECT_GE(p[1].x0, p[0].x1 + 3.9);
+        EXPECT_NEAR(p[1].x1, Pontos(17), 0.1);
+        EXPECT_EQ(arquivo.Resultado().cortados.size(), marca == longo ? 1U : 0U);
+    }
+}
+
+TEST(Colocacao, WhatReachesFarBeyondThePageCrossesItWhereItShould) {
+    constexpr double Longe = 1e9;
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        doc.DesenharRetangulo(-Longe, 1, 2 * Longe, 2, true, 255, 255, 1);
+        doc.DesenharLinha(-Longe, 5, Longe + 5, 0, 0, 0, 8, 0);
+        doc.DesenharLinha(3 - Longe, 12 - Longe, 2 * Longe, 2 * Longe, 0, 0, 8, 0);
+        doc.DesenharLinha(-Longe, 20, Longe / 2, 0, 0, 0, 8, 0);
+        Escrever(doc, {{5 - Longe, 8, 2 * Longe, 1}, "meio", {.horizontal = 1}});
+        Escrever(doc, {{6 - Longe, 9, Longe, 1}, "fim", {.horizontal = 2}});
+    }));
+    constexpr CorRGB Vermelho{255, 0, 0};
+    constexpr CorRGB Preto{0, 0, 0};
+    EXPECT_EQ(arquivo.Cor(1, -1.9, 2), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 18.9, 2), Vermelho);
+    EXPECT_EQ(arquivo.Cor(1, 4.9, 5), Preto);
+    EXPECT_NE(arquivo.Cor(1, 5.2, 5), Preto);
+    EXPECT_EQ(arquivo.Cor(1, 5, 14), Preto);
+    EXPECT_NE(arquivo.Cor(1, 0, 20), Preto);
+    const auto p = arquivo.Palavras(1, 2);
+    EXPECT_NEAR((p[0].x0 + p[0].x1) / 2, Pontos(5), Folga);
+    EXPECT_NEAR(p[1].x1, Pontos(6), Folga);
 }
 
 TEST(Colocacao, TextBeyondThePrintableAreaStandsInTheMargin) {
