@@ -26,7 +26,7 @@ enum class TipoElemento : std::uint8_t {
     LinhaDeTabela,  // children: CelulaDeTitulo, Celula
     // A heading cell. Either kind of cell may hold the label and the value of one box as children
     // (Rotulo, ValorDeCampo); over several columns the label then stands in the first, the value
-    // in the last.
+    // in the last, but of a group's title both in the first.
     CelulaDeTitulo,
     Celula,
     Figura,  // a picture; its text stands with the image

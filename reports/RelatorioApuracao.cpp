@@ -18,21 +18,21 @@ using namespace Alinhamento;
 
 constexpr EstiloTexto CelulaCentralizadaNegrito{.recuoX = 0, .horizontal = Centro, .negrito = true};
 
-struct CelulaDaLinha {
-    const EstiloTexto& estilo;
-    double x;
-    double largura;
-    const char* coluna;
-};
+constexpr std::string_view Subtotais[] = {"052", "053", "055", "057", "058", "060"};
+constexpr std::string_view TotalDeCreditos = "062";
 
-// A sub-item's amount stands inside the cell of its label.
-constexpr CelulaDaLinha Celulas[] = {
-    {CelulaCentralizadaNegrito, 0, 0.9, "Campo"},
-    {CelulaTextoFixo, 0.9, 11.7, "Linha"},
-    {CelulaDireitaRecuada, 0.9, 11.7, "CódigoSubitem"},
-    {CelulaCentralizadaNegrito, 12.6, 1.1, "Total"},
-    {CelulaDireitaRecuada, 13.7, 3.3, "Valor"},
-};
+// The lines of an item, its sub-items and components, are indented; its title is not.
+FuncaoDaLinha FuncaoDe(std::string_view rotulo, std::string_view total) {
+    if (total.empty()) {
+        return rotulo.starts_with(' ') ? FuncaoDaLinha::Dados : FuncaoDaLinha::TituloDeGrupo;
+    }
+    if (total == TotalDeCreditos) {
+        return FuncaoDaLinha::Total;
+    }
+    const bool subtotal =
+        std::find(std::begin(Subtotais), std::end(Subtotais), total) != std::end(Subtotais);
+    return subtotal ? FuncaoDaLinha::Subtotal : FuncaoDaLinha::Dados;
+}
 
 // What a summed field adds up: the CFOP details of its groups, or the sub-items of its item.
 struct CampoSomado {
@@ -128,9 +128,28 @@ std::string RelatorioApuracao::Campo(int numero, BancoDados* banco, std::int32_t
 }
 
 void RelatorioApuracao::ImprimirLinha(Recordset& linha, Recordset& /*identificacao*/, double y) {
-    for (const auto& [estilo, x, largura, coluna] : Celulas) {
-        Celula(Desenho(), estilo, x, y, largura, AlturaLinha, TextoCampo(linha.Fields(coluna)));
+    const auto texto = [&](std::string_view coluna) { return TextoCampo(linha.Fields(coluna)); };
+    const auto celula = [&](const Elemento& elemento, const EstiloTexto& estilo, double x,
+                            double largura, std::string_view escrito) {
+        Celula(Desenho(), elemento, estilo, x, y, largura, AlturaLinha, escrito);
+    };
+    const std::string rotulo = texto("Linha");
+    const std::string total = texto("Total");
+    const bool semRotulo = rotulo.find_first_not_of(' ') == std::string::npos;
+
+    const Trecho trecho(Desenho(), LinhaDe(FuncaoDe(rotulo, total)));
+    celula(CelulaDe(Natureza::Codigo), CelulaCentralizadaNegrito, 0, 0.9, texto("Campo"));
+    {
+        // A sub-item's amount stands inside the cell of its label.
+        const Trecho caixa(Desenho(), semRotulo ? CelulaDe(Natureza::Texto, 2)
+                                                : TituloDeLinha(Natureza::Texto, 2));
+        celula({.tipo = TipoElemento::Rotulo}, CelulaTextoFixo, 0.9, 11.7, rotulo);
+        celula({.tipo = TipoElemento::ValorDeCampo, .natureza = Natureza::Quantia},
+               CelulaDireitaRecuada, 0.9, 11.7, texto("CódigoSubitem"));
     }
+    celula(semRotulo ? TituloDeLinha(Natureza::Codigo) : CelulaDe(Natureza::Codigo),
+           CelulaCentralizadaNegrito, 12.6, 1.1, total);
+    celula(CelulaDe(Natureza::Quantia), CelulaDireitaRecuada, 13.7, 3.3, texto("Valor"));
 }
 
 Moeda RelatorioApuracao::SomaDosCFOPs(BancoDados& banco, std::string_view grupos,

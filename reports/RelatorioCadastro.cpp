@@ -25,19 +25,20 @@ struct CelulaCadastro {
     double largura;
     const char* rotulo;
     const char* campo;
+    Natureza natureza = Natureza::Texto;
 };
 
 constexpr CelulaCadastro Celulas[] = {
     {0.0, 0, W, "Razão Social", "RazãoSocial"},
-    {0.6, 0, W / 3, "Inscrição Estadual", "IE"},
-    {0.6, W / 3, W / 3, "CNPJ", "CNPJ"},
-    {0.6, 2 * W / 3, W / 3, "Data do Cadastramento", "DataCadastro"},
+    {0.6, 0, W / 3, "Inscrição Estadual", "IE", Natureza::Codigo},
+    {0.6, W / 3, W / 3, "CNPJ", "CNPJ", Natureza::Codigo},
+    {0.6, 2 * W / 3, W / 3, "Data do Cadastramento", "DataCadastro", Natureza::Data},
     {1.2, 0, W / 2, "Local", "Localização"},
     {1.2, W / 2, W / 8, "Número", "Número"},
     {1.2, W / 2 + W / 8, W / 2 - W / 8, "Complemento", "Complemento"},
     {1.8, 0, W / 2, "Bairro", "Bairro"},
     {1.8, W / 2, W / 2, "Município", "Município"},
-    {2.4, 0, W / 4, "CEP", "CEP"},
+    {2.4, 0, W / 4, "CEP", "CEP", Natureza::Codigo},
     {2.4, W / 4, W / 16, "UF", "UF"},
     {2.4, W / 4 + W / 16, W / 4 + W / 16, "Telefone", "Telefone"},
     {2.4, W / 2 + W / 8, W / 4 + W / 8, "FAX", "FAX"},
@@ -68,11 +69,12 @@ void RelatorioCadastro::Desenhar(BancoDados& banco, const std::string& IE,
 void RelatorioCadastro::ImprimirCadastro(Recordset& contribuinte, double x, double y) {
     for (const auto& celula : Celulas) {
         const Valor valor = contribuinte.Fields(celula.campo);
-        const bool data = std::string_view(celula.campo) == "DataCadastro";
-        const std::string texto =
-            data && !EhNulo(valor) ? FormatarData(DataCampo(valor)) : TextoCampo(valor);
+        const std::string texto = celula.natureza == Natureza::Data && !EhNulo(valor)
+                                      ? FormatarData(DataCampo(valor))
+                                      : TextoCampo(valor);
         CelulaRotulada(Desenho(), Campo, x + celula.x, y + celula.y, celula.largura, AlturaLinha,
-                       celula.rotulo, texto);
+                       celula.rotulo, texto,
+                       {.tipo = TipoElemento::Campo, .natureza = celula.natureza});
     }
     CelulaRotulada(Desenho(), CampoMultilinha, x, y + 4.2, W, AlturaObservacao, "Observação",
                    TextoCampo(contribuinte.Fields("Observação")));

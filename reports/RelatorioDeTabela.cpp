@@ -1,7 +1,10 @@
 #include "reports/RelatorioDeTabela.h"
 
+#include <optional>
+
 #include "data/Consultas.h"
 #include "document/CicloPaginas.h"
+#include "document/TabelaEmDesenho.h"
 #include "reports/FormatoDeTabela.h"
 
 namespace tarvo {
@@ -19,9 +22,13 @@ std::string RelatorioDeTabela::Consulta(std::int32_t NumeroDRQ) const {
 
 void RelatorioDeTabela::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
                                         Recordset& linhas) {
+    std::optional<TabelaEmDesenho> tabela;  // begins under the first page's header
     const auto cabecalho = [&] {
         ImprimirCabecalho(Desenho(), formato_.cabecalho, 0, 0, identificacao);
-        ImprimirTitulosColunas(identificacao);
+        if (!tabela) {
+            tabela.emplace(Desenho());
+        }
+        ImprimirTitulosColunas(*tabela, identificacao);
     };
     CicloPaginas paginas(Desenho(), formato_.yPrimeiraLinha, cabecalho, formato_.yRodape,
                          formato_.cabecalho.largura);

@@ -9,6 +9,7 @@
 namespace tarvo {
 
 struct FormatoDeTabela;
+class TabelaEmDesenho;
 
 // A report in two phases: it computes its printed lines into a work table of its own, and then
 // prints that table's rows page by page, both as one step that no other build enters. The work
@@ -24,7 +25,8 @@ class TARVO_PUBLICO RelatorioDeTabela : public RelatorioDeConsulta {
     // Refills the work table for the declaration.
     virtual void Montar(BancoDados& banco, std::int32_t NumeroDRQ) = 0;
     // What each page has between the page header and the first line.
-    virtual void ImprimirTitulosColunas(Recordset& /*identificacao*/) {}
+    virtual void ImprimirTitulosColunas(TabelaEmDesenho& /*tabela*/, Recordset& /*identificacao*/) {
+    }
     // Draws the current row of the work table with its top at y.
     virtual void ImprimirLinha(Recordset& linha, Recordset& identificacao, double y) = 0;
 

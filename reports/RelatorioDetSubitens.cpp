@@ -7,6 +7,7 @@
 #include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
+#include "document/TabelaEmDesenho.h"
 
 namespace tarvo {
 
@@ -35,6 +36,8 @@ struct DescricaoDetSubitens {
     std::string_view rotuloValor;
     std::string_view rotuloSubtotal = "Subtotal";
     std::string_view rotuloTotal = "Total";
+
+    [[nodiscard]] int Colunas() const { return static_cast<int>(caixas.size()) + 1; }
 };
 
 namespace {
@@ -211,6 +214,7 @@ void RelatorioDetSubitens::ImprimirPaginas(BancoDados& banco, Recordset& identif
         .titulo = descricao_.titulo, .alturaTitulo = 1.4, .yIdentificacao = 4.3};
     CicloPaginas paginas(Desenho(), PrimeiraLinha,
                          [&] { ImprimirCabecalho(Desenho(), cabecalho, 0, 0, identificacao); });
+    TabelaEmDesenho tabela(Desenho());
     if (entradas.EOF_()) {
         ImprimirSubitem(paginas.Bloco(LimiteSubitem, AlturaSubitem), " ", " ", " ");
     }
@@ -224,13 +228,15 @@ void RelatorioDetSubitens::ImprimirPaginas(BancoDados& banco, Recordset& identif
             banco.OpenRecordset(ConsultaLinhas(descricao_, LongCampo(entradas.Fields("Código"))),
                                 TipoRecordset::ForwardOnly);
         for (; !linhas->EOF_(); linhas->MoveNext()) {
-            ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), subitem, *linhas);
+            ImprimirLinha(tabela, paginas.Bloco(LimiteLinha, AlturaLinha), subitem, *linhas);
         }
         const Moeda declarado = MoedaCampo(entradas.Fields("Valor"));
-        ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), descricao_.rotuloSubtotal, declarado);
+        ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), FuncaoDaLinha::Subtotal,
+                     descricao_.rotuloSubtotal, declarado);
         total += declarado;
     }
-    ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), descricao_.rotuloTotal, total);
+    ImprimirSoma(paginas.Bloco(LimiteSoma, AlturaSoma), FuncaoDaLinha::Total,
+                 descricao_.rotuloTotal, total);
     paginas.Encerrar();
 }
 
@@ -239,26 +245,43 @@ void RelatorioDetSubitens::ImprimirSubitem(double y, std::string_view subitem,
                                            std::string_view fundamento) {
     constexpr double AlturaCodigo = 0.7;
     constexpr double AlturaTextos = AlturaSubitem - AlturaCodigo;
-    CelulaRotulada(Desenho(), CampoTotalNegrito, 0, y, W, AlturaCodigo, "Código do Subitem",
-                   subitem);
-    CelulaRotulada(Desenho(), CampoMultilinhaPequeno, 0, y + AlturaCodigo, Meia, AlturaTextos,
-                   "Ocorrência", ocorrencia);
-    CelulaRotulada(Desenho(), CampoMultilinhaPequeno, Meia, y + AlturaCodigo, Meia, AlturaTextos,
-                   "Fundamentação Legal", fundamento);
-}
-
-void RelatorioDetSubitens::ImprimirLinha(double y, std::string_view subitem, Recordset& linha) {
-    const bool semNota = subitem == descricao_.subitemSemNota;
-    for (const auto& caixa : semNota ? descricao_.caixasSemNota : descricao_.caixas) {
-        CelulaRotulada(Desenho(), CampoValor, caixa.x, y, caixa.largura, AlturaLinha, caixa.rotulo,
-                       TextoDaCaixa(caixa, linha.Fields(caixa.campo)));
+    const int colunas = descricao_.Colunas();
+    {
+        const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::TituloDeGrupo));
+        CelulaRotulada(Desenho(), CampoTotalNegrito, 0, y, W, AlturaCodigo, "Código do Subitem",
+                       subitem, TituloDeLinha(Natureza::Codigo, colunas));
     }
-    CelulaRotulada(Desenho(), CampoValor, 3 * Quarto, y, Quarto, AlturaLinha,
-                   descricao_.rotuloValor, FormatarValor(MoedaCampo(linha.Fields("Valor"))));
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::TituloDeGrupo));
+    CelulaRotulada(Desenho(), CampoMultilinhaPequeno, 0, y + AlturaCodigo, Meia, AlturaTextos,
+                   "Ocorrência", ocorrencia, CelulaDe(Natureza::Texto, colunas / 2));
+    CelulaRotulada(Desenho(), CampoMultilinhaPequeno, Meia, y + AlturaCodigo, Meia, AlturaTextos,
+                   "Fundamentação Legal", fundamento,
+                   CelulaDe(Natureza::Texto, colunas - colunas / 2));
 }
 
-void RelatorioDetSubitens::ImprimirSoma(double y, std::string_view rotulo, Moeda soma) {
-    CelulaRotulada(Desenho(), CampoTotal, 0, y, W, AlturaCaixaSoma, rotulo, FormatarValor(soma));
+void RelatorioDetSubitens::ImprimirLinha(TabelaEmDesenho& tabela, double y,
+                                         std::string_view subitem, Recordset& linha) {
+    const bool semNota = subitem == descricao_.subitemSemNota;
+    const auto caixas = semNota ? descricao_.caixasSemNota : descricao_.caixas;
+    tabela.ComecarTitulos();
+    const Trecho trecho(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
+    // The first box heads the row, over the columns of the boxes that it lacks.
+    Elemento celula =
+        TituloDeLinha(Natureza::Codigo, descricao_.Colunas() - static_cast<int>(caixas.size()));
+    for (const auto& caixa : caixas) {
+        tabela.Caixa(CampoValor, caixa.x, y, caixa.largura, AlturaLinha, caixa.rotulo,
+                     TextoDaCaixa(caixa, linha.Fields(caixa.campo)), celula);
+        celula = CelulaDe(Natureza::Codigo);
+    }
+    tabela.Caixa(CampoValor, 3 * Quarto, y, Quarto, AlturaLinha, descricao_.rotuloValor,
+                 FormatarValor(MoedaCampo(linha.Fields("Valor"))), CelulaDe(Natureza::Quantia));
+}
+
+void RelatorioDetSubitens::ImprimirSoma(double y, FuncaoDaLinha funcao, std::string_view rotulo,
+                                        Moeda soma) {
+    const Trecho linha(Desenho(), LinhaDe(funcao));
+    CelulaRotulada(Desenho(), CampoTotal, 0, y, W, AlturaCaixaSoma, rotulo, FormatarValor(soma),
+                   CelulaDe(Natureza::Quantia, descricao_.Colunas()));
     Barra(Desenho(), 0, y + 0.9, W);
 }
 

@@ -8,6 +8,7 @@
 namespace tarvo {
 
 struct DescricaoDetSubitens;
+class TabelaEmDesenho;
 
 // The declaration's entries of a fixed set of sub-items, each with its catalogue texts, its
 // supporting rows and its declared value, and the total of the declared values: the one design of
@@ -21,8 +22,9 @@ class RelatorioDetSubitens : public RelatorioDeConsulta {
     void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& entradas) override;
     void ImprimirSubitem(double y, std::string_view subitem, std::string_view ocorrencia,
                          std::string_view fundamento);
-    void ImprimirLinha(double y, std::string_view subitem, Recordset& linha);
-    void ImprimirSoma(double y, std::string_view rotulo, Moeda soma);
+    void ImprimirLinha(TabelaEmDesenho& tabela, double y, std::string_view subitem,
+                       Recordset& linha);
+    void ImprimirSoma(double y, FuncaoDaLinha funcao, std::string_view rotulo, Moeda soma);
 
     const DescricaoDetSubitens& descricao_;
 };

@@ -1,6 +1,7 @@
 #include "reports/RelatorioInterestad.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
+#include "document/TabelaEmDesenho.h"
 #include "reports/RelatorioEntInterestad.h"
 #include "reports/RelatorioSaiInterestad.h"
 
@@ -138,25 +140,28 @@ class Colunas {
         largura_ = (W - d_.larguraEstado) / static_cast<double>(colunas_.size());
     }
 
-    void ImprimirTitulos(DocumentoRelatorio& doc) const {
-        Celula(doc, TituloQuadro, 0, YFaixa, W, AlturaFaixa, d_.faixa);
-        Celula(doc, CelulaTitulo, 0, YTitulos, d_.larguraEstado, AlturaTitulos, d_.tituloEstado);
+    void ImprimirTitulos(TabelaEmDesenho& tabela) const {
+        tabela.ComecarTitulos(2, YTitulos, Meia);
+        tabela.Titulo(CelulaTitulo, 0, YTitulos, d_.larguraEstado, AlturaTitulos, d_.tituloEstado);
         for (const auto& titulo : d_.titulos) {
             const auto achada = std::find(colunas_.begin(), colunas_.end(), titulo.coluna);
             if (achada != colunas_.end()) {
-                Celula(doc, CelulaTitulo, X(achada - colunas_.begin()), YTitulos + titulo.y,
-                       titulo.colunas * largura_, titulo.altura, titulo.texto);
+                tabela.Titulo(CelulaTitulo, X(achada - colunas_.begin()), YTitulos + titulo.y,
+                              titulo.colunas * largura_, titulo.altura, titulo.texto,
+                              titulo.colunas);
             }
         }
     }
 
     // A row of label and amounts; valores holds all columns, in the order of printing.
-    void ImprimirLinha(DocumentoRelatorio& doc, double y, const EstiloTexto& estilo,
+    void ImprimirLinha(DocumentoRelatorio& doc, double y, FuncaoDaLinha funcao,
                        std::string_view rotulo, const std::vector<Moeda>& valores) const {
-        Celula(doc, estilo, 0, y, d_.larguraEstado, AlturaLinha, rotulo);
+        const Trecho linha(doc, LinhaDe(funcao));
+        Celula(doc, TituloDeLinha(), funcao == FuncaoDaLinha::Total ? CelulaTotal : CelulaTexto, 0,
+               y, d_.larguraEstado, AlturaLinha, rotulo);
         std::ptrdiff_t k = 0;
         for (const auto coluna : colunas_) {
-            Celula(doc, CelulaValor, X(k++), y, largura_, AlturaLinha,
+            Celula(doc, CelulaDe(Natureza::Quantia), CelulaValor, X(k++), y, largura_, AlturaLinha,
                    FormatarValor(valores[coluna]));
         }
     }
@@ -192,20 +197,26 @@ std::string RelatorioInterestad::Consulta(std::int32_t NumeroDRQ) const {
 void RelatorioInterestad::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
                                           Recordset& estados) {
     const Colunas colunas(descricao_, DataCampo(identificacao.Fields("Ref1")).Ano());
+    std::optional<TabelaEmDesenho> tabela;  // begins under the first page's header
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao);
-        colunas.ImprimirTitulos(Desenho());
+        Celula(Desenho(), {.tipo = TipoElemento::Secao}, TituloQuadro, 0, YFaixa, W, AlturaFaixa,
+               descricao_.faixa);
+        if (!tabela) {
+            tabela.emplace(Desenho());
+        }
+        colunas.ImprimirTitulos(*tabela);
     });
     std::vector<Moeda> totais(descricao_.impressas.size());
     for (; !estados.EOF_(); estados.MoveNext()) {
         const auto somas = LerSomas(descricao_, estados);
-        colunas.ImprimirLinha(Desenho(), paginas.Bloco(LimiteLinha, AlturaLinha), CelulaTexto,
-                              TextoCampo(estados.Fields("UFESTADO")), somas);
+        colunas.ImprimirLinha(Desenho(), paginas.Bloco(LimiteLinha, AlturaLinha),
+                              FuncaoDaLinha::Dados, TextoCampo(estados.Fields("UFESTADO")), somas);
         std::transform(somas.begin(), somas.end(), totais.begin(), totais.begin(),
                        [](Moeda soma, Moeda total) { return total + soma; });
     }
-    colunas.ImprimirLinha(Desenho(), paginas.Bloco(LimiteLinha, AlturaLinha), CelulaTotal, "Total",
-                          totais);
+    colunas.ImprimirLinha(Desenho(), paginas.Bloco(LimiteLinha, AlturaLinha), FuncaoDaLinha::Total,
+                          "Total", totais);
     paginas.Encerrar();
 }
 

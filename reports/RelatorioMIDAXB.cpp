@@ -5,6 +5,7 @@
 #include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
+#include "document/TabelaEmDesenho.h"
 
 namespace tarvo {
 
@@ -47,6 +48,7 @@ constexpr double AlturaLinha = 0.6;
 constexpr double LimiteLinha = 24.4;
 constexpr double AlturaBloco = 2.3;
 constexpr double LimiteBloco = 22.7;
+constexpr int ColunasDaTabela = 3;  // in every group
 constexpr double AlturaTotal = 0.7;
 constexpr double LimiteTotal = 24.3;
 
@@ -118,6 +120,7 @@ void RelatorioMIDAXBMunicipios::ImprimirPaginas(BancoDados& banco, Recordset& id
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalhoMIDAXB(Desenho(), descricao_, cabecalho, identificacao);
     });
+    const TabelaEmDesenho tabela(Desenho());
     const auto municipio = [&] { return TextoCampo(entradas.Fields("tblMunicípios.Município")); };
     Moeda total;
     Moeda subtotal;
@@ -129,23 +132,31 @@ void RelatorioMIDAXBMunicipios::ImprimirPaginas(BancoDados& banco, Recordset& id
         total += valor;
         entradas.MoveNext();
         if (entradas.EOF_() || municipio() != municipioAtual) {
-            ImprimirSoma(paginas.Bloco(LimiteLinha, AlturaLinha), "Subtotal", subtotal);
+            ImprimirSoma(paginas.Bloco(LimiteLinha, AlturaLinha), FuncaoDaLinha::Subtotal,
+                         "Subtotal", subtotal);
             subtotal = Moeda();
         }
     }
-    ImprimirSoma(paginas.Bloco(LimiteLinha, AlturaLinha), "Total", total);
+    ImprimirSoma(paginas.Bloco(LimiteLinha, AlturaLinha), FuncaoDaLinha::Total, "Total", total);
     paginas.Encerrar();
 }
 
 void RelatorioMIDAXBMunicipios::ImprimirLinha(double y, std::string_view municipio,
                                               Recordset& entrada) {
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
     CelulaRotulada(Desenho(), CampoLinha, 0, y, Meia, AlturaLinha, municipio,
-                   TextoCampo(entrada.Fields("CódMIDAX")));
-    ImprimirSoma(y, "", MoedaCampo(entrada.Fields("Valor")));
+                   TextoCampo(entrada.Fields("CódMIDAX")), TituloDeLinha(Natureza::Codigo, 2));
+    const Trecho valor(Desenho(), CelulaDe(Natureza::Quantia));
+    Celula(Desenho(), CampoLinha.rotulo, Meia, y, Meia, AlturaLinha, "");
+    EscreverEmCaixa(Desenho(), CampoLinha.valor, Meia, y, Meia, AlturaLinha,
+                    FormatarValor(MoedaCampo(entrada.Fields("Valor"))));
 }
 
-void RelatorioMIDAXBMunicipios::ImprimirSoma(double y, std::string_view rotulo, Moeda soma) {
-    CelulaRotulada(Desenho(), CampoLinha, Meia, y, Meia, AlturaLinha, rotulo, FormatarValor(soma));
+void RelatorioMIDAXBMunicipios::ImprimirSoma(double y, FuncaoDaLinha funcao,
+                                             std::string_view rotulo, Moeda soma) {
+    const Trecho linha(Desenho(), LinhaDe(funcao));
+    CelulaRotulada(Desenho(), CampoLinha, Meia, y, Meia, AlturaLinha, rotulo, FormatarValor(soma),
+                   CelulaDe(Natureza::Quantia, ColunasDaTabela));
 }
 
 RelatorioMIDAXBCodigo1::RelatorioMIDAXBCodigo1(const Ambiente& ambiente)
@@ -167,30 +178,38 @@ void RelatorioMIDAXBCodigo3::ImprimirPaginas(BancoDados& banco, Recordset& ident
     CicloPaginas paginas(Desenho(), PrimeiraLinha, [&] {
         ImprimirCabecalhoMIDAXB(Desenho(), Codigo3, cabecalho, identificacao);
     });
+    TabelaEmDesenho tabela(Desenho());
     Moeda total;
     for (; !entradas.EOF_(); entradas.MoveNext()) {
-        ImprimirBloco(paginas.Bloco(LimiteBloco, AlturaBloco), entradas);
+        ImprimirBloco(tabela, paginas.Bloco(LimiteBloco, AlturaBloco), entradas);
         total += MoedaCampo(entradas.Fields("Valor"));
     }
     ImprimirTotal(paginas.Bloco(LimiteTotal, AlturaTotal), total);
     paginas.Encerrar();
 }
 
-void RelatorioMIDAXBCodigo3::ImprimirBloco(double y, Recordset& entrada) {
-    const auto caixa = [&](double x, double largura, std::int32_t horizontal,
-                           std::string_view rotulo, std::string_view valor) {
-        CelulaRotulada(Desenho(), ValorEmBloco(horizontal), x, y, largura, AlturaBloco, rotulo,
-                       valor);
+void RelatorioMIDAXBCodigo3::ImprimirBloco(TabelaEmDesenho& tabela, double y, Recordset& entrada) {
+    tabela.ComecarTitulos();
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
+    const auto caixa = [&](const Elemento& celula, double x, double largura,
+                           std::int32_t horizontal, std::string_view rotulo,
+                           std::string_view valor) {
+        tabela.Caixa(ValorEmBloco(horizontal), x, y, largura, AlturaBloco, rotulo, valor, celula);
     };
-    caixa(0, 1.8, Esquerda, "Código MIDAX", TextoCampo(entrada.Fields("CódMIDAX")));
-    caixa(1.8, 12.0, Esquerda, "Descrição", TextoCampo(entrada.Fields("Descrição")));
-    caixa(13.8, 3.2, Direita, "Valor", FormatarValor(MoedaCampo(entrada.Fields("Valor"))));
+    caixa(TituloDeLinha(Natureza::Codigo), 0, 1.8, Esquerda, "Código MIDAX",
+          TextoCampo(entrada.Fields("CódMIDAX")));
+    caixa(CelulaDe(Natureza::Texto), 1.8, 12.0, Esquerda, "Descrição",
+          TextoCampo(entrada.Fields("Descrição")));
+    caixa(CelulaDe(Natureza::Quantia), 13.8, 3.2, Direita, "Valor",
+          FormatarValor(MoedaCampo(entrada.Fields("Valor"))));
 }
 
 void RelatorioMIDAXBCodigo3::ImprimirTotal(double y, Moeda total) {
     EstiloCampo estilo = CampoTotal;
     estilo.valor.tamanho = 7;
-    CelulaRotulada(Desenho(), estilo, Meia, y, Meia, AlturaTotal, "Total", FormatarValor(total));
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Total));
+    CelulaRotulada(Desenho(), estilo, Meia, y, Meia, AlturaTotal, "Total", FormatarValor(total),
+                   CelulaDe(Natureza::Quantia, ColunasDaTabela));
 }
 
 }  // namespace tarvo

@@ -11,6 +11,7 @@
 namespace tarvo {
 
 struct DescricaoMIDAXB;
+class TabelaEmDesenho;
 
 // Groups 1 and 2: the entries town by town, each town with its subtotal.
 class RelatorioMIDAXBMunicipios : public RelatorioDeConsulta {
@@ -21,7 +22,7 @@ class RelatorioMIDAXBMunicipios : public RelatorioDeConsulta {
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
     void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& entradas) override;
     void ImprimirLinha(double y, std::string_view municipio, Recordset& entrada);
-    void ImprimirSoma(double y, std::string_view rotulo, Moeda soma);
+    void ImprimirSoma(double y, FuncaoDaLinha funcao, std::string_view rotulo, Moeda soma);
 
     const DescricaoMIDAXB& descricao_;
 };
@@ -44,7 +45,7 @@ class RelatorioMIDAXBCodigo3 final : public RelatorioDeConsulta {
   private:
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
     void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& entradas) override;
-    void ImprimirBloco(double y, Recordset& entrada);
+    void ImprimirBloco(TabelaEmDesenho& tabela, double y, Recordset& entrada);
     void ImprimirTotal(double y, Moeda total);
 };
 

@@ -7,6 +7,7 @@
 #include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
+#include "document/TabelaEmDesenho.h"
 
 namespace tarvo {
 
@@ -50,15 +51,17 @@ struct Coluna {
     double x;  // cm
     double largura;
     const EstiloTexto& estilo;
+    Elemento celula;
 };
 
 constexpr Coluna Colunas[] = {
-    {"Data de Emissão\r\nda Nota Fiscal", 0, 3.2, CelulaCentralizada},
-    {"Número da\r\nNota Fiscal", 3.2, 3.0, CelulaDireita},
-    {"Município de\r\nDestino", 6.2, 4.0, CelulaDireita},
-    {"CNPJ do\r\nDestinatário", 10.2, 3.3, CelulaCentralizada},
-    {"Valor", 13.5, 3.5, CelulaDireita},
+    {"Data de Emissão\r\nda Nota Fiscal", 0, 3.2, CelulaCentralizada, CelulaDe(Natureza::Data)},
+    {"Número da\r\nNota Fiscal", 3.2, 3.0, CelulaDireita, TituloDeLinha(Natureza::Codigo)},
+    {"Município de\r\nDestino", 6.2, 4.0, CelulaDireita, CelulaDe(Natureza::Texto)},
+    {"CNPJ do\r\nDestinatário", 10.2, 3.3, CelulaCentralizada, CelulaDe(Natureza::Codigo)},
+    {"Valor", 13.5, 3.5, CelulaDireita, CelulaDe(Natureza::Quantia)},
 };
+constexpr int NumeroDeColunas = std::size(Colunas);
 
 std::string ConsultaGrupos(std::int32_t NumeroDRQ) {
     const std::string numero = std::to_string(NumeroDRQ);
@@ -98,13 +101,14 @@ void RelatorioNotasSaiZFMALC::ImprimirPaginas(BancoDados& banco, Recordset& iden
                                               Recordset& grupos) {
     CicloPaginas paginas(Desenho(), PrimeiraLinha,
                          [&] { ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao); });
+    TabelaEmDesenho tabela(Desenho());
     if (grupos.EOF_()) {
-        ImprimirTitulosGrupo(paginas.Bloco(LimiteGrupo, AlturaGrupo), " ");
+        ImprimirTitulosGrupo(tabela, paginas.Bloco(LimiteGrupo, AlturaGrupo), " ");
     }
     Moeda total;
     for (; !grupos.EOF_(); grupos.MoveNext()) {
         const std::string CFOP = TextoCampo(grupos.Fields("CFOP"));
-        ImprimirTitulosGrupo(paginas.Bloco(LimiteGrupo, AlturaGrupo), CFOP);
+        ImprimirTitulosGrupo(tabela, paginas.Bloco(LimiteGrupo, AlturaGrupo), CFOP);
         const auto notas = banco.OpenRecordset(
             ConsultaNotas(LongCampo(grupos.Fields("NroDRQ")), CFOP), TipoRecordset::ForwardOnly);
         Moeda subtotal;
@@ -113,17 +117,25 @@ void RelatorioNotasSaiZFMALC::ImprimirPaginas(BancoDados& banco, Recordset& iden
             subtotal += MoedaCampo(notas->Fields("Valor"));
         }
         total += subtotal;
-        ImprimirSubtotal(paginas.Bloco(LimiteSubtotal, AlturaSubtotal), subtotal);
+        const double y = paginas.Bloco(LimiteSubtotal, AlturaSubtotal);
+        ImprimirSoma(y, FuncaoDaLinha::Subtotal, "Subtotal", subtotal);
+        Barra(Desenho(), 0, y + 0.8, W);
     }
-    ImprimirTotal(paginas.Bloco(LimiteTotal, AlturaCelula), total);
+    ImprimirSoma(paginas.Bloco(LimiteTotal, AlturaCelula), FuncaoDaLinha::Total, "Total", total);
     paginas.Encerrar();
 }
 
-void RelatorioNotasSaiZFMALC::ImprimirTitulosGrupo(double y, std::string_view CFOP) {
-    CelulaRotulada(Desenho(), CampoNegrito, 0, y, W, AlturaCelula, "CFOP", CFOP);
+void RelatorioNotasSaiZFMALC::ImprimirTitulosGrupo(TabelaEmDesenho& tabela, double y,
+                                                   std::string_view CFOP) {
+    {
+        const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::TituloDeGrupo));
+        CelulaRotulada(Desenho(), CampoNegrito, 0, y, W, AlturaCelula, "CFOP", CFOP,
+                       TituloDeLinha(Natureza::Codigo, NumeroDeColunas));
+    }
+    tabela.ComecarTitulos();
     for (const auto& coluna : Colunas) {
-        Celula(Desenho(), CelulaTitulo, coluna.x, y + AlturaCelula, coluna.largura, AlturaTitulos,
-               coluna.titulo);
+        tabela.Titulo(CelulaTitulo, coluna.x, y + AlturaCelula, coluna.largura, AlturaTitulos,
+                      coluna.titulo);
     }
 }
 
@@ -136,19 +148,18 @@ void RelatorioNotasSaiZFMALC::ImprimirLinha(double y, Recordset& nota) {
         FormatarValor(MoedaCampo(nota.Fields("Valor"))),
     };
     const std::string* texto = textos;
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
     for (const auto& coluna : Colunas) {
-        Celula(Desenho(), coluna.estilo, coluna.x, y, coluna.largura, AlturaCelula, *texto++);
+        Celula(Desenho(), coluna.celula, coluna.estilo, coluna.x, y, coluna.largura, AlturaCelula,
+               *texto++);
     }
 }
 
-void RelatorioNotasSaiZFMALC::ImprimirSubtotal(double y, Moeda subtotal) {
-    CelulaRotulada(Desenho(), CampoNegrito, 0, y, W, AlturaCelula, "Subtotal",
-                   FormatarValor(subtotal));
-    Barra(Desenho(), 0, y + 0.8, W);
-}
-
-void RelatorioNotasSaiZFMALC::ImprimirTotal(double y, Moeda total) {
-    CelulaRotulada(Desenho(), CampoNegrito, 0, y, W, AlturaCelula, "Total", FormatarValor(total));
+void RelatorioNotasSaiZFMALC::ImprimirSoma(double y, FuncaoDaLinha funcao, std::string_view rotulo,
+                                           Moeda soma) {
+    const Trecho linha(Desenho(), LinhaDe(funcao));
+    CelulaRotulada(Desenho(), CampoNegrito, 0, y, W, AlturaCelula, rotulo, FormatarValor(soma),
+                   CelulaDe(Natureza::Quantia, NumeroDeColunas));
 }
 
 }  // namespace tarvo

@@ -8,6 +8,8 @@
 
 namespace tarvo {
 
+class TabelaEmDesenho;
+
 // The outgoing invoices to the free-trade zones, grouped by CFOP with subtotals and a total: entry
 // 06 of the selection list. An invoice whose town or CFOP line is missing is not listed.
 class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeConsulta {
@@ -18,10 +20,9 @@ class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeConsulta {
   private:
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
     void ImprimirPaginas(BancoDados& banco, Recordset& identificacao, Recordset& grupos) override;
-    void ImprimirTitulosGrupo(double y, std::string_view CFOP);
+    void ImprimirTitulosGrupo(TabelaEmDesenho& tabela, double y, std::string_view CFOP);
     void ImprimirLinha(double y, Recordset& nota);
-    void ImprimirSubtotal(double y, Moeda subtotal);
-    void ImprimirTotal(double y, Moeda total);
+    void ImprimirSoma(double y, FuncaoDaLinha funcao, std::string_view rotulo, Moeda soma);
 };
 
 }  // namespace tarvo

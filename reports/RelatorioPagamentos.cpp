@@ -6,6 +6,7 @@
 #include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
+#include "document/TabelaEmDesenho.h"
 
 namespace tarvo {
 
@@ -61,45 +62,58 @@ void RelatorioPagamentos::ImprimirPaginas(BancoDados& /*banco*/, Recordset& iden
                                           Recordset& pagamentos) {
     CicloPaginas paginas(Desenho(), PrimeiraLinha,
                          [&] { ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao); });
+    TabelaEmDesenho tabela(Desenho());
     int grupoAnterior = Nenhum;
     double total = 0;
     for (; !pagamentos.EOF_(); pagamentos.MoveNext()) {
         const int grupo = GrupoDe(pagamentos);
         if (grupo != grupoAnterior) {
             if (grupoAnterior != Nenhum) {
-                AdicionarTotalOP(0, paginas.Bloco(LimiteLinha, AlturaLinha), total);
+                ImprimirTotal(0, paginas.Bloco(LimiteLinha, AlturaLinha), total);
                 total = 0;
             }
-            ImprimirTitulosGrupo(paginas.Bloco(LimiteTitulos, AlturaTitulos), grupo);
+            ImprimirTitulosGrupo(tabela, paginas.Bloco(LimiteTitulos, AlturaTitulos), grupo);
             grupoAnterior = grupo;
         }
         ImprimirLinha(paginas.Bloco(LimiteLinha, AlturaLinha), pagamentos);
         total += ValorParaSoma(pagamentos.Fields("Valor"));
     }
-    AdicionarTotalOP(0, paginas.Bloco(LimiteLinha, AlturaLinha), total);
+    ImprimirTotal(0, paginas.Bloco(LimiteLinha, AlturaLinha), total);
     paginas.Encerrar();
 }
 
 void RelatorioPagamentos::AdicionarTotalOP(double x, double y, double totOp) {
-    Celula(Desenho(), CelulaRotulo, x, y, LarguraData, AlturaLinha, "Total");
-    Celula(Desenho(), CelulaDireitaRecuadaNegrito, x + LarguraData, y, LarguraValor, AlturaLinha,
-           FormatarValor(Moeda::DeDouble(totOp)));
+    const TabelaEmDesenho tabela(Desenho());
+    ImprimirTotal(x, y, totOp);
 }
 
-void RelatorioPagamentos::ImprimirTitulosGrupo(double y, int grupo) {
-    Celula(Desenho(), CelulaTituloGrupo, 0, y, LarguraRetrato, AlturaLinha,
-           grupo == OperacoesProprias ? "Operações Próprias" : "Substituição Tributária");
-    Celula(Desenho(), CelulaTextoFixo, 0, y + AlturaLinha, LarguraData, AlturaLinha,
-           "Data de Vencimento");
-    Celula(Desenho(), CelulaTextoFixo, LarguraData, y + AlturaLinha, LarguraValor, AlturaLinha,
-           "Valor");
+void RelatorioPagamentos::ImprimirTotal(double x, double y, double total) {
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Subtotal));
+    Celula(Desenho(), TituloDeLinha(), CelulaRotulo, x, y, LarguraData, AlturaLinha, "Total");
+    Celula(Desenho(), CelulaDe(Natureza::Quantia), CelulaDireitaRecuadaNegrito, x + LarguraData, y,
+           LarguraValor, AlturaLinha, FormatarValor(Moeda::DeDouble(total)));
+}
+
+void RelatorioPagamentos::ImprimirTitulosGrupo(TabelaEmDesenho& tabela, double y, int grupo) {
+    {
+        const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::TituloDeGrupo));
+        Celula(Desenho(), TituloDeLinha(Natureza::Texto, 2), CelulaTituloGrupo, 0, y,
+               LarguraRetrato, AlturaLinha,
+               grupo == OperacoesProprias ? "Operações Próprias" : "Substituição Tributária");
+    }
+    tabela.ComecarTitulos();
+    tabela.Titulo(CelulaTextoFixo, 0, y + AlturaLinha, LarguraData, AlturaLinha,
+                  "Data de Vencimento");
+    tabela.Titulo(CelulaTextoFixo, LarguraData, y + AlturaLinha, LarguraValor, AlturaLinha,
+                  "Valor");
 }
 
 void RelatorioPagamentos::ImprimirLinha(double y, Recordset& pagamento) {
-    Celula(Desenho(), CelulaTextoFixo, 0, y, LarguraData, AlturaLinha,
-           FormatarData(DataCampo(pagamento.Fields("Data"))));
-    Celula(Desenho(), CelulaDireitaRecuada, LarguraData, y, LarguraValor, AlturaLinha,
-           FormatarValor(MoedaCampo(pagamento.Fields("Valor"))));
+    const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
+    Celula(Desenho(), TituloDeLinha(Natureza::Data), CelulaTextoFixo, 0, y, LarguraData,
+           AlturaLinha, FormatarData(DataCampo(pagamento.Fields("Data"))));
+    Celula(Desenho(), CelulaDe(Natureza::Quantia), CelulaDireitaRecuada, LarguraData, y,
+           LarguraValor, AlturaLinha, FormatarValor(MoedaCampo(pagamento.Fields("Valor"))));
 }
 
 }  // namespace tarvo

@@ -8,6 +8,8 @@
 
 namespace tarvo {
 
+class TabelaEmDesenho;
+
 // The payments of a declaration in two groups, own operations and substitution tax, each with its
 // total: entry 17 of the selection list. A payment without an amount ends Construir with error 94,
 // after its line is drawn.
@@ -24,8 +26,9 @@ class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeConsulta {
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
     void ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
                          Recordset& pagamentos) override;
-    void ImprimirTitulosGrupo(double y, int grupo);
+    void ImprimirTitulosGrupo(TabelaEmDesenho& tabela, double y, int grupo);
     void ImprimirLinha(double y, Recordset& pagamento);
+    void ImprimirTotal(double x, double y, double total);
 };
 
 }  // namespace tarvo

@@ -3,6 +3,7 @@
 #include "data/Consultas.h"
 #include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
+#include "document/TabelaEmDesenho.h"
 
 namespace tarvo {
 
@@ -35,22 +36,29 @@ std::string RelatorioRegExportacao::Consulta(std::int32_t NumeroDRQ) const {
 
 void RelatorioRegExportacao::ImprimirPaginas(BancoDados& /*banco*/, Recordset& identificacao,
                                              Recordset& registros) {
-    ImprimirPagina(identificacao, registros);
+    ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao);
+    TabelaEmDesenho tabela(Desenho());
+    ImprimirRegistros(tabela, registros);
     while (!registros.EOF_()) {
         Desenho().NovaPagina();
-        ImprimirPagina(identificacao, registros);
+        {
+            const Trecho decoracao(Desenho(), Estrutura::Decoracao);
+            ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao);
+        }
+        ImprimirRegistros(tabela, registros);
     }
 }
 
-void RelatorioRegExportacao::ImprimirPagina(Recordset& identificacao, Recordset& registros) {
-    ImprimirCabecalho(Desenho(), Cabecalho, 0, 0, identificacao);
-    Celula(Desenho(), CelulaTitulo, 0, YTitulo, W, PrimeiraLinha - YTitulo,
-           "Registro de Exportação");
+// Columns of a page are one column of the table.
+void RelatorioRegExportacao::ImprimirRegistros(TabelaEmDesenho& tabela, Recordset& registros) {
+    tabela.ComecarTitulos();
+    tabela.Titulo(CelulaTitulo, 0, YTitulo, W, PrimeiraLinha - YTitulo, "Registro de Exportação");
     for (int coluna = 0; coluna < Colunas; ++coluna) {
         for (double y = PrimeiraLinha; !registros.EOF_() && y <= Limite(UltimaLinha);
              y += AlturaLinha) {
-            Celula(Desenho(), CelulaRegistro, coluna * W / Colunas, y, W / Colunas, AlturaLinha,
-                   TextoCampo(registros.Fields("RE")));
+            const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
+            Celula(Desenho(), CelulaDe(Natureza::Codigo), CelulaRegistro, coluna * W / Colunas, y,
+                   W / Colunas, AlturaLinha, TextoCampo(registros.Fields("RE")));
             registros.MoveNext();
         }
     }

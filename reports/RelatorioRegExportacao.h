@@ -8,6 +8,8 @@
 
 namespace tarvo {
 
+class TabelaEmDesenho;
+
 // The export registrations of a declaration, down five columns a page: entry 16 of the selection
 // list.
 class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeConsulta {
@@ -19,7 +21,7 @@ class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeConsulta {
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;
     void ImprimirPaginas(BancoDados& banco, Recordset& identificacao,
                          Recordset& registros) override;
-    void ImprimirPagina(Recordset& identificacao, Recordset& registros);
+    void ImprimirRegistros(TabelaEmDesenho& tabela, Recordset& registros);
 };
 
 }  // namespace tarvo

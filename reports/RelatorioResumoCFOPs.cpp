@@ -9,6 +9,7 @@
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
 #include "data/Textos.h"
+#include "document/TabelaEmDesenho.h"
 #include "reports/FormatosCFOP.h"
 #include "reports/ReferenciaAtual.h"
 #include "reports/Somas.h"
@@ -29,7 +30,9 @@ constexpr std::array<std::string_view, 9> Colunas{
 
 constexpr std::size_t LarguraRotuloGrupo = 26;  // characters
 
-constexpr double XValores = 5.5;  // cm; left of it stand label and code
+constexpr double YTitulos = 5.9;
+constexpr double AlturaTitulo = 0.6;  // of one of three heading rows
+constexpr double XValores = 5.5;      // cm; left of it stand label and code
 constexpr double LarguraValores = LarguraPaisagem - XValores;
 
 // A column heading over some of the value columns.
@@ -148,7 +151,8 @@ void RelatorioResumoCFOPs::AdicionarTotal(BancoDados& banco, TabelaDeTrabalho& t
     tabela.Acrescentar(linha);
 }
 
-void RelatorioResumoCFOPs::ImprimirTitulosColunas(Recordset& identificacao) {
+void RelatorioResumoCFOPs::ImprimirTitulosColunas(TabelaEmDesenho& tabela,
+                                                  Recordset& identificacao) {
     const ConjuntoDeColunas& colunas = ColunasDaDeclaracao(identificacao);
     const TituloColuna comuns[] = {
         {"Valores Contábeis", 0, 1, 5.9, 1.8},    {"ICMS - VALORES FISCAIS", 1, 4, 5.9, 0.6},
@@ -157,10 +161,11 @@ void RelatorioResumoCFOPs::ImprimirTitulosColunas(Recordset& identificacao) {
         {colunas.tituloIsentas, 3, 1, 7.1, 0.6},  {"Outras", 4, 1, 7.1, 0.6},
     };
     const auto imprimir = [&](const TituloColuna& t) {
-        Celula(Desenho(), CelulaTitulo, colunas.X(t.coluna), t.y, t.colunas * colunas.Largura(),
-               t.altura, t.texto);
+        tabela.Titulo(CelulaTitulo, colunas.X(t.coluna), t.y, t.colunas * colunas.Largura(),
+                      t.altura, t.texto, t.colunas);
     };
-    Celula(Desenho(), CelulaTitulo, 0, 5.9, XValores, 1.8, "CÓDIGOS FISCAIS");
+    tabela.ComecarTitulos(3, YTitulos, AlturaTitulo);
+    tabela.Titulo(CelulaTitulo, 0, YTitulos, XValores, 1.8, "CÓDIGOS FISCAIS");
     std::for_each(std::begin(comuns), std::end(comuns), imprimir);
     std::for_each(colunas.titulos.begin(), colunas.titulos.end(), imprimir);
 }
@@ -169,11 +174,18 @@ void RelatorioResumoCFOPs::ImprimirLinha(Recordset& linha, Recordset& identifica
     const auto texto = [&](std::string_view coluna) { return TextoCampo(linha.Fields(coluna)); };
     const ConjuntoDeColunas& colunas = ColunasDaDeclaracao(identificacao);
 
-    Celula(Desenho(), CelulaRotulo, 0, y, XValores, AlturaLinha, texto("Linha"));
-    Celula(Desenho(), CelulaValor, 0, y, XValores, AlturaLinha, texto("CFOP"));
+    const std::string rotulo = texto("Linha");
+    const auto semRotulo =
+        texto("ValorContábil").empty() ? FuncaoDaLinha::TituloDeGrupo : FuncaoDaLinha::Total;
+    const Trecho trecho(Desenho(), LinhaDe(rotulo.empty() ? FuncaoDaLinha::Dados : semRotulo));
+    {
+        const Trecho codigo(Desenho(), TituloDeLinha(Natureza::Codigo));
+        Celula(Desenho(), CelulaRotulo, 0, y, XValores, AlturaLinha, rotulo);
+        Celula(Desenho(), CelulaValor, 0, y, XValores, AlturaLinha, texto("CFOP"));
+    }
     for (int i = 0; const auto campo : colunas.campos) {
-        Celula(Desenho(), CelulaValor, colunas.X(i), y, colunas.Largura(), AlturaLinha,
-               texto(campo));
+        Celula(Desenho(), CelulaDe(Natureza::Quantia), CelulaValor, colunas.X(i), y,
+               colunas.Largura(), AlturaLinha, texto(campo));
         ++i;
     }
 }

@@ -28,7 +28,7 @@ class TARVO_PUBLICO RelatorioResumoCFOPs : public RelatorioDeTabela {
     void CopiarDetalhesCFOPs(Recordset& detalhes, TabelaDeTrabalho& tabela);
     void AdicionarTotal(BancoDados& banco, TabelaDeTrabalho& tabela, std::int32_t NumeroDRQ);
 
-    void ImprimirTitulosColunas(Recordset& identificacao) override;
+    void ImprimirTitulosColunas(TabelaEmDesenho& tabela, Recordset& identificacao) override;
     void ImprimirLinha(Recordset& linha, Recordset& identificacao, double y) override;
 
     const TipoResumo& tipo_;

@@ -1,5 +1,7 @@
 #include "slip/RelatorioVELO.h"
 
+#include <vector>
+
 #include "data/LeitoresDeCampo.h"
 #include "document/QuadroPagina.h"
 
@@ -80,29 +82,50 @@ constexpr std::string_view NumerosDireitos[] = {"02", "03", "04", "05", "06", "0
 struct CampoDireito {
     std::string_view legenda;
     std::string_view campo;
+    Natureza natureza;
 };
 
 // Fields 03 to 14.
 constexpr CampoDireito CamposDireitos[] = {
-    {"CÓDIGO DE RECEITA", "CódigoReceita"},
-    {"INSCRIÇÃO ESTADUAL", "IE"},
-    {"CNPJ ou CPF", "CPF_CNPJ"},
-    {"INSCRIÇÃO NA DÍVIDA ATIVA ou Nº DA ETIQUETA", "InscriçãoDívidaAtiva"},
-    {"REFERÊNCIA (mês / ano)", "Referência"},
-    {"Nº AIIM ou Nº DI ou Nº PARCELAMENTO", "NroAIIM_DI_PARCEL"},
-    {"VALOR DA RECEITA (Nominal ou Corrigida)", "ValorReceita"},
-    {"JUROS DE MORA", "JurosMora"},
-    {"MULTA DE MORA ou POR INFRAÇÃO (Nominal ou Corrigida)", "MultaMora_Infração"},
-    {"ACRÉSCIMO FINANCEIRO", "AcréscimoFinanceiro"},
-    {"HONORÁRIOS ADVOCATÍCIOS", "HonoráriosAdvocatícios"},
-    {"VALOR TOTAL", "ValorTotal"},
+    {"CÓDIGO DE RECEITA", "CódigoReceita", Natureza::Codigo},
+    {"INSCRIÇÃO ESTADUAL", "IE", Natureza::Codigo},
+    {"CNPJ ou CPF", "CPF_CNPJ", Natureza::Codigo},
+    {"INSCRIÇÃO NA DÍVIDA ATIVA ou Nº DA ETIQUETA", "InscriçãoDívidaAtiva", Natureza::Codigo},
+    {"REFERÊNCIA (mês / ano)", "Referência", Natureza::Texto},
+    {"Nº AIIM ou Nº DI ou Nº PARCELAMENTO", "NroAIIM_DI_PARCEL", Natureza::Codigo},
+    {"VALOR DA RECEITA (Nominal ou Corrigida)", "ValorReceita", Natureza::Quantia},
+    {"JUROS DE MORA", "JurosMora", Natureza::Quantia},
+    {"MULTA DE MORA ou POR INFRAÇÃO (Nominal ou Corrigida)", "MultaMora_Infração",
+     Natureza::Quantia},
+    {"ACRÉSCIMO FINANCEIRO", "AcréscimoFinanceiro", Natureza::Quantia},
+    {"HONORÁRIOS ADVOCATÍCIOS", "HonoráriosAdvocatícios", Natureza::Quantia},
+    {"VALOR TOTAL", "ValorTotal", Natureza::Quantia},
 };
 
 // One copy of the slip, drawn in coordinates of its own: (0, 0) is the main frame's corner.
+//
+// It is drawn from the outside in; what it shows is read heading first, then the fields in the
+// order of their numbers. Each copy is read whole, under the name of the copy.
 class Guia {
   public:
-    Guia(DocumentoRelatorio& doc, Recordset& dados, double x, double y)
-        : doc_(doc), dados_(dados), x_(x), y_(y) {}
+    // The document's title is the first copy's.
+    Guia(DocumentoRelatorio& doc, Recordset& dados, double x, double y, bool primeira)
+        : doc_(doc), dados_(dados), x_(x), y_(y) {
+        titulo_ = primeira ? Abrir({.tipo = TipoElemento::Titulo}) : Estrutura::Raiz;
+        via_ = Abrir({.tipo = TipoElemento::Secao});
+        titulo_ = primeira ? titulo_ : via_;
+        brasao_ = Abrir({.tipo = TipoElemento::Figura});
+        governo_ = Abrir({.tipo = TipoElemento::Paragrafo});
+        formulario_ = Abrir({.tipo = TipoElemento::Paragrafo});
+        AbrirCampo(Natureza::Texto);
+        AbrirCampo(Natureza::Data);
+        for (const auto& campo : CamposDireitos) {
+            AbrirCampo(campo.natureza);
+        }
+        while (campos_.size() <= AutenticacaoMecanica) {
+            AbrirCampo(Natureza::Texto);
+        }
+    }
 
     void Imprimir(std::string_view via) {
         ImprimirAutenticacaoMecanica();
@@ -116,6 +139,26 @@ class Guia {
     }
 
   private:
+    // Places in campos_.
+    static constexpr std::size_t Microfilme = 0;
+    static constexpr std::size_t DataVencimento = 1;
+    static constexpr std::size_t PrimeiroEsquerdo = std::size(NumerosDireitos) + 1;
+    static constexpr std::size_t Observacao = PrimeiroEsquerdo + std::size(CamposEsquerdos);
+    static constexpr std::size_t AutenticacaoMecanica = Observacao + 1;
+
+    struct DonosDoCampo {
+        std::uint32_t rotulo;
+        std::uint32_t valor;
+    };
+
+    std::uint32_t Abrir(const Elemento& elemento) { return Trecho(doc_, elemento).Indice(); }
+    void AbrirCampo(Natureza natureza) {
+        const Trecho campo(doc_, {.tipo = TipoElemento::Campo});
+        const auto rotulo = Abrir({.tipo = TipoElemento::Rotulo});
+        campos_.push_back(
+            {rotulo, Abrir({.tipo = TipoElemento::ValorDeCampo, .natureza = natureza})});
+    }
+
     // The tab under the main frame, rounded in its upper left corner only.
     void ImprimirAutenticacaoMecanica() {
         Arredondado(0, 7.8, LarguraTab, Altura);
@@ -124,8 +167,10 @@ class Guia {
         Linha(0, 8.0, 0, 0.45);
         Linha(LarguraTab, 7.8, 0, Altura);
         Linha(0, 8.45, LarguraTab, 0);
-        Escrever(NumeroDoCampo, 0, 7.8, LarguraTab, Altura, "20");
-        Escrever(Legenda(Esquerda, Topo), 0.63, 7.88, 11.79, Altura, "AUTENTICAÇÃO MECÂNICA");
+        const auto rotulo = campos_[AutenticacaoMecanica].rotulo;
+        Escrever(rotulo, NumeroDoCampo, 0, 7.8, LarguraTab, Altura, "20");
+        Escrever(rotulo, Legenda(Esquerda, Topo), 0.63, 7.88, 11.79, Altura,
+                 "AUTENTICAÇÃO MECÂNICA");
     }
 
     void ImprimirBarrasDaDireita() {
@@ -136,35 +181,36 @@ class Guia {
 
     void ImprimirQuadroPrincipal() {
         Arredondado(0, 0, LarguraQuadro, AlturaQuadro);
-        Figura(0.25, 0.1, 1.5, 1.62842, frmFiguras::imgBrasaoVDMonocromatico);
-        Escrever(Cabecalho, 2, 0.2, 7.5, 0.3, "GOVERNO DO ESTADO DE VALDORA");
-        Escrever(Cabecalho, 2, 0.5, 7.5, 0.3, "SECRETARIA DA FAZENDA");
-        Escrever(Centrado(10, true), 2, 0.8, 7.5, 1.15, "GUIA DE ARRECADAÇÃO ESTADUAL");
+        Figura(brasao_, 0.25, 0.1, 1.5, 1.62842, frmFiguras::imgBrasaoVDMonocromatico);
+        Escrever(governo_, Cabecalho, 2, 0.2, 7.5, 0.3, "GOVERNO DO ESTADO DE VALDORA");
+        Escrever(governo_, Cabecalho, 2, 0.5, 7.5, 0.3, "SECRETARIA DA FAZENDA");
+        Escrever(titulo_, Centrado(10, true), 2, 0.8, 7.5, 1.15, "GUIA DE ARRECADAÇÃO ESTADUAL");
     }
 
     void ImprimirNomeDoFormulario() {
         Retangulo(9.5, 0, 3.0, 1.04, Cor::Preto, Cor::Branco);
         Retangulo(9.6, 0.1, 2.8, 0.84, Cor::Preto, Cor::Preto);
-        Escrever(Centrado(20, true, Cor::Branco), 9.5, 0, 3.0, 1.144, "VELO");
+        Escrever(formulario_, Centrado(20, true, Cor::Branco), 9.5, 0, 3.0, 1.144, "VELO");
         Contorno(9.5, 1.04, 3.0, 0.91);
-        Escrever(Centrado(18, true), 9.5, 1.04, 3.0, 0.91, "ICMS");
+        Escrever(formulario_, Centrado(18, true), 9.5, 1.04, 3.0, 0.91, "ICMS");
         Linha(0, 1.95, 9.5, 0);
     }
 
     void ImprimirCamposEsquerdos() {
-        for (const auto& campo : CamposEsquerdos) {
+        for (auto n = PrimeiroEsquerdo; const auto& campo : CamposEsquerdos) {
             if (!campo.numero.empty()) {
-                NumeroCampo(campo.x - LarguraTab, campo.y, campo.numero);
+                NumeroCampo(n, campo.x - LarguraTab, campo.y, campo.numero);
             }
-            Rotulado(CampoGuia, campo.x, campo.y, campo.largura, campo.legenda,
+            Rotulado(n++, CampoGuia, campo.x, campo.y, campo.largura, campo.legenda,
                      campo.campo.empty() ? " " : Valor(campo.campo));
         }
     }
 
     void ImprimirObservacoes() {
-        NumeroCampo(0, 3.9, "19");
-        Escrever(Legenda(Esquerda, Topo), 0.63, 3.98, 11.79, Altura, "OBSERVAÇÕES");
-        Escrever(Observacoes, 0.73, 4.3, 11.59, 3.5, Valor("Observações"));
+        const auto [rotulo, valor] = campos_[Observacao];
+        NumeroCampo(Observacao, 0, 3.9, "19");
+        Escrever(rotulo, Legenda(Esquerda, Topo), 0.63, 3.98, 11.79, Altura, "OBSERVAÇÕES");
+        Escrever(valor, Observacoes, 0.73, 4.3, 11.59, 3.5, Valor("Observações"));
     }
 
     void ImprimirCamposDireitos() {
@@ -172,47 +218,54 @@ class Guia {
         constexpr double XLegenda = XCaixa + 0.08;
         constexpr double LarguraLegenda = 4.84;
         constexpr double AlturaLegenda = 0.49;
-        const auto linha = [](int n) { return YVencimento + Altura * n; };
+        // The fields below number 01 stand one below the other.
+        const auto linha = [](std::size_t n) {
+            return YVencimento + Altura * static_cast<int>(n - DataVencimento);
+        };
+        const auto microfilme = campos_[Microfilme].rotulo;
+        const auto [rotulo, valor] = campos_[DataVencimento];
 
-        Escrever(NumeroDoCampo, XDireita, 0.65, LarguraTab, Altura, "01");
-        Escrever(Legenda(Esquerda, Base), XLegenda, 0.73, LarguraLegenda, AlturaLegenda,
+        Escrever(microfilme, NumeroDoCampo, XDireita, 0.65, LarguraTab, Altura, "01");
+        Escrever(microfilme, Legenda(Esquerda, Base), XLegenda, 0.73, LarguraLegenda, AlturaLegenda,
                  "MICROFILME (NÃO PREENCHER)");
-        int n = 0;
-        for (const auto numero : NumerosDireitos) {
-            NumeroCampo(XDireita, linha(n++), numero);
+        for (auto n = DataVencimento; const auto numero : NumerosDireitos) {
+            NumeroCampo(n, XDireita, linha(n), numero);
+            ++n;
         }
-        Rotulado(CampoGuiaValor, XCaixa, YVencimento, LarguraDireita, "DATA DE", "");
-        Escrever(Legenda(Esquerda, Base), XLegenda, 1.38, LarguraLegenda, AlturaLegenda,
+        Rotulado(DataVencimento, CampoGuiaValor, XCaixa, YVencimento, LarguraDireita, "DATA DE",
+                 "");
+        Escrever(rotulo, Legenda(Esquerda, Base), XLegenda, 1.38, LarguraLegenda, AlturaLegenda,
                  "VENCIMENTO");
         Linha(15.2, YVencimento, 0, Altura);
-        Escrever(Vencimento, 15.38, 1.38, 2.64, 0.57, Valor("DataVencimento"));
-        n = 1;
-        for (const auto& campo : CamposDireitos) {
-            Rotulado(CampoGuiaValor, XCaixa, linha(n++), LarguraDireita, campo.legenda,
+        Escrever(valor, Vencimento, 15.38, 1.38, 2.64, 0.57, Valor("DataVencimento"));
+        for (auto n = DataVencimento + 1; const auto& campo : CamposDireitos) {
+            Rotulado(n, CampoGuiaValor, XCaixa, linha(n), LarguraDireita, campo.legenda,
                      Valor(campo.campo));
+            ++n;
         }
     }
 
     // What stands around the fields: citation, copy label, cut line.
     void ImprimirBordas(std::string_view via) {
-        Figura(-0.28, 5.7, 0.25, 1.94737, frmFiguras::imgPortariaKEX_27_95);
-        Escrever(Legenda(Direita, Base), 0.18, 9.18, 12.14, 0.57, via);
-        Figura(-0.25, 10.1, 0.33046, 0.3, frmFiguras::imgTesoura);
+        Figura(Estrutura::Raiz, -0.28, 5.7, 0.25, 1.94737, frmFiguras::imgPortariaKEX_27_95);
+        Escrever(via_, Legenda(Direita, Base), 0.18, 9.18, 12.14, 0.57, via);
+        Figura(Estrutura::Decoracao, -0.25, 10.1, 0.33046, 0.3, frmFiguras::imgTesoura);
         doc_.DesenharLinha(x_ - 0.25, y_ + 10.25, 18.85, 0, 0, 0, 1, 2);
     }
 
-    void NumeroCampo(double x, double y, std::string_view numero) {
+    void NumeroCampo(std::size_t campo, double x, double y, std::string_view numero) {
         Contorno(x, y, LarguraTab, Altura);
-        Escrever(NumeroDoCampo, x, y, LarguraTab, Altura, numero);
+        Escrever(campos_[campo].rotulo, NumeroDoCampo, x, y, LarguraTab, Altura, numero);
     }
-    void Rotulado(const EstiloCampo& estilo, double x, double y, double largura,
+    void Rotulado(std::size_t campo, const EstiloCampo& estilo, double x, double y, double largura,
                   std::string_view legenda, std::string_view valor) {
         Contorno(x, y, largura, Altura);
-        Escrever(estilo.rotulo, x, y, largura, Altura, legenda);
-        Escrever(estilo.valor, x, y, largura, Altura, valor);
+        Escrever(campos_[campo].rotulo, estilo.rotulo, x, y, largura, Altura, legenda);
+        Escrever(campos_[campo].valor, estilo.valor, x, y, largura, Altura, valor);
     }
-    void Escrever(const EstiloTexto& estilo, double x, double y, double largura, double altura,
-                  std::string_view texto) {
+    void Escrever(std::uint32_t dono, const EstiloTexto& estilo, double x, double y, double largura,
+                  double altura, std::string_view texto) {
+        const Trecho trecho(doc_, dono);
         EscreverEmCaixa(doc_, estilo, x_ + x, y_ + y, largura, altura, texto);
     }
     void Contorno(double x, double y, double largura, double altura) {
@@ -229,7 +282,9 @@ class Guia {
     void Linha(double x, double y, double largura, double altura) {
         doc_.DesenharLinha(x_ + x, y_ + y, largura, altura, 0, 0, 1, 0);
     }
-    void Figura(double x, double y, double largura, double altura, const Imagem& figura) {
+    void Figura(std::uint32_t dono, double x, double y, double largura, double altura,
+                const Imagem& figura) {
+        const Trecho trecho(doc_, dono);
         doc_.DesenharFigura(x_ + x, y_ + y, largura, altura, figura, true);
     }
     [[nodiscard]] std::string Valor(std::string_view campo) const {
@@ -240,6 +295,14 @@ class Guia {
     Recordset& dados_;
     double x_;
     double y_;
+
+    // Elements of the copy.
+    std::uint32_t titulo_;
+    std::uint32_t via_;
+    std::uint32_t brasao_;
+    std::uint32_t governo_;
+    std::uint32_t formulario_;
+    std::vector<DonosDoCampo> campos_;  // 01 to 16, town, state, 17 to 20
 };
 
 }  // namespace
@@ -253,8 +316,8 @@ void RelatorioVELO::Construir(BancoDados& banco) {
     const auto dados = banco.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (!dados->EOF_()) {
-        Guia(Desenho(), *dados, 0, YViaContribuinte).Imprimir("VIA CONTRIBUINTE");
-        Guia(Desenho(), *dados, 0, YViaBanco).Imprimir("VIA BANCO");
+        Guia(Desenho(), *dados, 0, YViaContribuinte, true).Imprimir("VIA CONTRIBUINTE");
+        Guia(Desenho(), *dados, 0, YViaBanco, false).Imprimir("VIA BANCO");
     }
 }
 

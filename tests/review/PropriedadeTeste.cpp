@@ -4,8 +4,8 @@
 #include "data/Formatos.h"
 #include "dispatch/Catalogo.h"
 #include "review/Revisao.h"
-#include "tests/review/BancoSorteado.h"
 #include "tests/support/Apoio.h"
+#include "tests/support/BancoSorteado.h"
 
 // Every row of a declaration is on a page exactly once, under its own code and with its amount, or
 // the review names it; and the review names no other row. Both are read from recorded documents.

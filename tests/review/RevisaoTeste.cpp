@@ -1,7 +1,7 @@
 #include "review/Revisao.h"
 
-#include "tests/review/BancoSorteado.h"
 #include "tests/support/Apoio.h"
+#include "tests/support/BancoSorteado.h"
 
 namespace tarvo::apoio {
 namespace {

@@ -6,10 +6,12 @@
 
 #include "document/Imagens.h"
 #include "tests/support/Apoio.h"
+#include "tests/support/Esboco.h"
 
 namespace tarvo::apoio {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 
 constexpr const char* Guias = R"sql(
@@ -117,7 +119,20 @@ TEST_F(Velo, EveryNumberedBoxHoldsItsLegendAndItsValueOfTheFirstRow) {
     ASSERT_TRUE(vencimento);
     EXPECT_THAT(TextosDentro(c, *vencimento),
                 ElementsAre("DATA DE", "", "VENCIMENTO", "15/08/2003"));
-    EXPECT_THAT(Textos(c, 0), testing::Contains("linha um\r\nlinha dois").Times(2));
+    EXPECT_THAT(Textos(c, 0), Contains("linha um\r\nlinha dois").Times(2));
+}
+
+TEST_F(Velo, EachCopyIsReadUnderItsNameByTheNumbersOfItsFields) {
+    const auto esboco = Esboco(Construir());
+    EXPECT_THAT(esboco, Contains("02 DATA DE VENCIMENTO: 15/08/2003").Times(2));
+    std::string inicios;
+    for (const auto& linha : esboco) {
+        inicios += linha.starts_with('#') ? linha + " " : linha.substr(0, 2) + " ";
+    }
+    const std::string copia =
+        "[B GO VE 01 02 03 04 05 06 07 08 09 10 11 12 13 14 15 16 MU UF 17 18 19 20 [P ";
+    EXPECT_EQ(inicios, "# GUIA DE ARRECADAÇÃO ESTADUAL ## VIA CONTRIBUINTE " + copia +
+                           "## GUIA DE ARRECADAÇÃO ESTADUAL VIA BANCO " + copia);
 }
 
 TEST_F(Velo, TheBanksCopyIsTheTaxpayersFurtherDownAndBothStandOnThePaper) {

@@ -1,4 +1,4 @@
-#include "tests/review/BancoSorteado.h"
+#include "tests/support/BancoSorteado.h"
 
 #include <algorithm>
 #include <initializer_list>

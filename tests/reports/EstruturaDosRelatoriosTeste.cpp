@@ -1,0 +1,324 @@
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+
+#include "data/LeitoresDeCampo.h"
+#include "dispatch/Catalogo.h"
+#include "document/Imagens.h"
+#include "host/example/Exemplo.h"
+#include "reports/RelatorioApuracaoOpProp.h"
+#include "reports/RelatorioPagamentos.h"
+#include "reports/RelatorioResumoCFOPsEnt.h"
+#include "slip/RelatorioVELO.h"
+#include "tests/reports/PaginaEsperada.h"
+#include "tests/support/BancoSorteado.h"
+#include "tests/support/Esboco.h"
+
+// Whoever cannot see the pages is told all of them, in order, and tables with their headings.
+namespace tarvo::apoio {
+namespace {
+
+using testing::ElementsAre;
+
+bool EhCelula(TipoElemento tipo) {
+    return tipo == TipoElemento::Celula || tipo == TipoElemento::CelulaDeTitulo;
+}
+
+bool PodeConter(TipoElemento pai, TipoElemento filho) {
+    switch (filho) {
+        case TipoElemento::LinhaDeTabela:
+            return pai == TipoElemento::Tabela;
+        case TipoElemento::Celula:
+        case TipoElemento::CelulaDeTitulo:
+            return pai == TipoElemento::LinhaDeTabela;
+        case TipoElemento::Rotulo:
+        case TipoElemento::ValorDeCampo:
+            return pai == TipoElemento::Campo || EhCelula(pai);
+        default:
+            return pai == TipoElemento::Documento;
+    }
+}
+
+// Where a text or picture stands, or the cell that it is drawn in: page, y, x.
+using Lugar = std::tuple<std::size_t, double, double>;
+
+const Caixa* CaixaDoQueSeLe(const Primitiva& primitiva) {
+    if (const auto* figura = std::get_if<Figura>(&primitiva)) {
+        return &figura->caixa;
+    }
+    const auto* texto = std::get_if<Texto>(&primitiva);
+    return texto != nullptr ? &texto->caixa : nullptr;
+}
+
+class Conferencia {
+  public:
+    explicit Conferencia(const Conteudo& conteudo)
+        : conteudo_(conteudo),
+          elementos_(conteudo.estrutura.elementos),
+          filhos_(elementos_.size()),
+          lugares_(elementos_.size()) {
+        for (std::uint32_t i = 1; i < elementos_.size(); ++i) {
+            const auto pai = elementos_[i].pai;
+            EXPECT_TRUE(pai < i && PodeConter(elementos_[pai].tipo, elementos_[i].tipo)) << i;
+            filhos_[pai].push_back(i);
+        }
+        Donos();
+        for (std::uint32_t i = 0; i < elementos_.size(); ++i) {
+            if (elementos_[i].tipo == TipoElemento::Tabela) {
+                Grade(i);
+            }
+        }
+        if (!conteudo.paginas[0].empty()) {
+            EXPECT_EQ(Contar(TipoElemento::Titulo), 1);
+        }
+    }
+
+    [[nodiscard]] std::ptrdiff_t Contar(TipoElemento tipo) const {
+        return std::ranges::count(elementos_, tipo, &Elemento::tipo);
+    }
+
+    // Siblings follow each other as on the pages: along a line, down a page, and down the columns
+    // of a page where a list is printed in several.
+    void EmOrdemDaPagina(bool emColunas) const {
+        for (const auto& irmaos : filhos_) {
+            const Lugar* anterior = nullptr;
+            for (const auto irmao : irmaos) {
+                const Lugar* lugar = PrimeiroLugar(irmao);
+                if (lugar == nullptr) {
+                    continue;
+                }
+                EXPECT_TRUE(anterior == nullptr || *anterior <= *lugar ||
+                            (emColunas && std::get<2>(*anterior) < std::get<2>(*lugar)))
+                    << "element " << irmao;
+                anterior = lugar;
+            }
+        }
+    }
+
+  private:
+    // Every text and picture belongs to an element that has content or, as decoration, repeats what
+    // is told elsewhere or stands outside the page's contents; nothing else belongs to an element.
+    void Donos() {
+        ASSERT_EQ(conteudo_.estrutura.donos.size(), conteudo_.paginas.size());
+        for (std::size_t p = 0; p < conteudo_.paginas.size(); ++p) {
+            const Pagina& pagina = conteudo_.paginas[p];
+            const auto& donos = conteudo_.estrutura.donos[p];
+            ASSERT_EQ(donos.size(), pagina.size());
+            Caixa moldura;
+            for (std::size_t i = 0; i < pagina.size(); ++i) {
+                const Caixa* caixa = CaixaDoQueSeLe(pagina[i]);
+                if (const auto* r = std::get_if<RetanguloArredondado>(&pagina[i])) {
+                    moldura = r->caixa;
+                }
+                if (donos[i] == Estrutura::Decoracao) {
+                    EXPECT_TRUE(caixa == nullptr || EhDecoracao(p, pagina[i]))
+                        << "page " << p << ", primitive " << i;
+                    continue;
+                }
+                ASSERT_LT(donos[i], elementos_.size());
+                EXPECT_TRUE(caixa != nullptr && TemConteudo(elementos_[donos[i]].tipo)) << i;
+                if (auto& lugar = lugares_[donos[i]]; caixa != nullptr && !lugar) {
+                    const bool dentro = caixa->y >= moldura.y && caixa->x >= moldura.x &&
+                                        caixa->y < moldura.y + moldura.altura;
+                    lugar = dentro ? Lugar(p, moldura.y, moldura.x) : Lugar(p, caixa->y, caixa->x);
+                }
+            }
+        }
+    }
+
+    [[nodiscard]] bool EhDecoracao(std::size_t p, const Primitiva& primitiva) {
+        static const std::set<std::string> DoQuadro{"DRQ", "%%D", "%%H", "Página %%p de %%P"};
+        const auto* texto = std::get_if<Texto>(&primitiva);
+        if (texto != nullptr &&
+            (DoQuadro.contains(texto->texto) || TitulosDeColuna().contains(texto->texto))) {
+            return true;
+        }
+        const auto* figura = std::get_if<Figura>(&primitiva);
+        if (figura != nullptr && figura->imagem == &frmFiguras::imgTesoura) {
+            return true;
+        }
+        const auto& primeira = conteudo_.paginas[0];
+        const auto igual = std::ranges::find(primeira, primitiva);
+        return p > 0 && igual != primeira.end() && DoCabecalho(igual - primeira.begin());
+    }
+
+    [[nodiscard]] bool DoCabecalho(std::ptrdiff_t i) const {
+        const auto dono = conteudo_.estrutura.donos[0][static_cast<std::size_t>(i)];
+        return dono != Estrutura::Decoracao && !EhCelula(elementos_[dono].tipo) &&
+               !EhCelula(elementos_[elementos_[dono].pai].tipo);
+    }
+
+    const std::set<std::string>& TitulosDeColuna() {
+        if (titulosDeColuna_.empty()) {
+            for (std::size_t p = 0; p < conteudo_.paginas.size(); ++p) {
+                for (std::size_t i = 0; i < conteudo_.paginas[p].size(); ++i) {
+                    const auto dono = conteudo_.estrutura.donos[p][i];
+                    if (dono != Estrutura::Decoracao &&
+                        elementos_[dono].tipo == TipoElemento::CelulaDeTitulo &&
+                        elementos_[dono].escopo == Escopo::Coluna) {
+                        titulosDeColuna_.insert(std::get<Texto>(conteudo_.paginas[p][i]).texto);
+                    }
+                }
+            }
+        }
+        return titulosDeColuna_;
+    }
+
+    // Every row covers the same number of columns, headings of columns stand in the heading rows
+    // alone, and no cell reaches out of them.
+    void Grade(std::uint32_t tabela) const {
+        std::vector<int> deCima;  // for each column how many more rows are covered
+        for (const auto linha : filhos_[tabela]) {
+            const bool titulos = elementos_[linha].funcao == FuncaoDaLinha::Titulos;
+            std::vector<int> cobertas;
+            const auto pular = [&] {
+                while (cobertas.size() < deCima.size() && deCima[cobertas.size()] > 0) {
+                    cobertas.push_back(deCima[cobertas.size()] - 1);
+                }
+            };
+            for (const auto celula : filhos_[linha]) {
+                const Elemento& e = elementos_[celula];
+                const bool coluna =
+                    e.tipo == TipoElemento::CelulaDeTitulo && e.escopo == Escopo::Coluna;
+                EXPECT_EQ(coluna, titulos) << "cell " << celula;
+                pular();
+                cobertas.insert(cobertas.end(), e.colunas, e.linhas - 1);
+            }
+            pular();
+            EXPECT_TRUE(deCima.empty() || deCima.size() == cobertas.size()) << "row " << linha;
+            deCima = cobertas;
+            const auto seguinte = std::ranges::upper_bound(filhos_[tabela], linha);
+            if (titulos && seguinte != filhos_[tabela].end() &&
+                elementos_[*seguinte].funcao != FuncaoDaLinha::Titulos) {
+                EXPECT_THAT(deCima, testing::Each(0)) << "row " << linha;
+            }
+        }
+    }
+
+    [[nodiscard]] const Lugar* PrimeiroLugar(std::uint32_t elemento) const {
+        const Lugar* primeiro = lugares_[elemento] ? &*lugares_[elemento] : nullptr;
+        for (const auto filho : filhos_[elemento]) {
+            const Lugar* lugar = PrimeiroLugar(filho);
+            if (lugar != nullptr && (primeiro == nullptr || *lugar < *primeiro)) {
+                primeiro = lugar;
+            }
+        }
+        return primeiro;
+    }
+
+    const Conteudo& conteudo_;
+    const std::vector<Elemento>& elementos_;
+    std::vector<std::vector<std::uint32_t>> filhos_;
+    std::vector<std::optional<Lugar>> lugares_;  // where the first thing of each element stands
+    std::set<std::string> titulosDeColuna_;
+};
+
+void ConferirRelatorios(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ,
+                        const Ambiente& ambiente) {
+    for (const auto& entrada : Catalogo()) {
+        const auto relatorio = entrada.criar(ambiente);
+        try {
+            relatorio->Construir(banco, IE, NumeroDRQ);
+        } catch (const Erro&) {
+            continue;  // of a random declaration with a Null where none may be
+        }
+        SCOPED_TRACE(std::string(entrada.codigo) + " of " + std::to_string(NumeroDRQ));
+        const Conferencia conferencia(relatorio->Documento());
+        EXPECT_EQ(conferencia.Contar(TipoElemento::Tabela), entrada.codigo == "01" ? 0 : 1);
+        conferencia.EmOrdemDaPagina(entrada.codigo == "16");
+    }
+}
+
+TEST(EstruturaDosRelatorios, TellsEverythingOnceInOrderWithEveryCellInItsColumn) {
+    BancoDeTeste banco(ScriptDeExemplo());
+    const auto declaracoes =
+        banco->OpenRecordset("select * from tblDRQ", TipoRecordset::ForwardOnly);
+    for (; !declaracoes->EOF_(); declaracoes->MoveNext()) {
+        for (const char* mes : {"12/2002", "01/2003"}) {
+            const ConfiguracaoFixa configuracoes(mes);
+            ConferirRelatorios(*banco, TextoCampo(declaracoes->Fields("IE")),
+                               LongCampo(declaracoes->Fields("NroDRQ")),
+                               {.configuracoes = &configuracoes});
+        }
+    }
+    RelatorioVELO guia;
+    guia.Construir(*banco);
+    const Conferencia conferencia(guia.Documento());
+}
+
+TEST(EstruturaDosRelatorios, HoldsForRandomDeclarationsToo) {
+    BancoDeTeste banco(TabelasSemChaves);
+    for (unsigned semente = 1; semente <= 15 && !testing::Test::HasFailure(); ++semente) {
+        SCOPED_TRACE("seed " + std::to_string(semente));
+        const BancoSorteado b(semente);
+        banco.Executar(EsvaziarTabelas + b.sql);
+        const ConfiguracaoFixa configuracoes(b.novos ? "07/2003" : "05/2001");
+        ConferirRelatorios(*banco, "1", 1, {.configuracoes = &configuracoes});
+    }
+}
+
+// What is told below the identification, or of it all.
+template <class R>
+Lista Dito(const std::string& dados, std::ptrdiff_t de = 12, std::ptrdiff_t ate = 1000) {
+    BancoDeTeste banco(DuasDeclaracoes + dados);
+    const ConfiguracaoFixa configuracoes("07/2003");
+    const Lista esboco = Esboco(Construir<R>(banco, 1, {.configuracoes = &configuracoes}));
+    const auto tamanho = static_cast<std::ptrdiff_t>(esboco.size());
+    return {esboco.begin() + std::min(de, tamanho), esboco.begin() + std::min(ate, tamanho)};
+}
+
+TEST(EstruturaDosRelatorios, PaymentsAreReadAsAPersonWouldReadThem) {
+    const std::string pagamentos = R"sql(
+        insert into tblPagamento (NroDRQ, OpPróprias, Data, Valor) values
+        (1, -1, '2003-07-09', 1000), (1, 0, '2003-07-20', 12345600);)sql";
+    EXPECT_THAT(
+        Dito<RelatorioPagamentos>(pagamentos, 0),
+        ElementsAre("A1B2", "[Brasão do Estado de Valdora]", "Governo do Estado de Valdora",
+                    "Secretaria da Fazenda", "# Datas de Pagamento", "## Contribuinte",
+                    "Razão Social: Padaria São João", "Inscrição Estadual: 1", "CNPJ: 00.1",
+                    "Tipo da DRQ: Normal", "Regime Tributário: RPA", "Referência: 07/2003",
+                    "Grupo |2x1 *Operações Próprias*", "Titulos | *Data de Vencimento* | *Valor*",
+                    "Dados | *09/07/2003* | 0,10", "Subtotal | *Total* | 0,10",
+                    "Grupo |2x1 *Substituição Tributária*", "Dados | *20/07/2003* | 1.234,56",
+                    "Subtotal | *Total* | 1.234,56"));
+}
+
+TEST(EstruturaDosRelatorios, ACFOPSummarysAmountsHaveTheirHeadingsAndCodes) {
+    const std::string detalhe = R"sql(
+        insert into tblDetalhesCFOPs (NroDRQ, CFOP, ValorContábil) values (1, '1.101', 10000);)sql";
+    const std::string zeros = " | 0,00 | 0,00 | 0,00 | 0,00 | 0,00 | 0,00 | 0,00";
+    EXPECT_THAT(
+        Dito<RelatorioResumoCFOPsEnt>(detalhe),
+        ElementsAre(
+            "Titulos |1x3 *CÓDIGOS FISCAIS* |1x3 *Valores Contábeis* |4x1 *ICMS - VALORES FISCAIS* "
+            "|2x2 *Imposto Retido por\r\nSubstituição Tributária* |1x3 *Outros Impostos*",
+            "Titulos |2x1 *Operações com Crédito do Imposto* |2x1 *Operações sem Crédito do "
+            "Imposto*",
+            "Titulos | *Base de Cálculo* | *Imposto Creditado* | *Isentas / Não Tribut.* | "
+            "*Outras* | *Substituto* | *Substituído*",
+            "Grupo | * NO ESTADO* |  |  |  |  |  |  |  | ",
+            "Grupo | * Compras                  * |  |  |  |  |  |  |  | ",
+            "Dados | *1.101* | 1,00" + zeros,
+            "Grupo | * DE OUTROS ESTADOS* |  |  |  |  |  |  |  | ",
+            "Grupo | * DO EXTERIOR* |  |  |  |  |  |  |  | ", "Total | * Total* | 1,00" + zeros));
+}
+
+TEST(EstruturaDosRelatorios, AnAssessmentsLineIsHeadedByItsLabelOrElseItsNumber) {
+    const std::string subitem = R"sql(
+        update tblDRQ set SaldoCredAntDig = 0;
+        insert into tblOcorrências (NroDRQ, CódSubItem, Código, Valor, OpPróprias)
+        values (1, '002.18', 1, 100100, -1);)sql";
+    EXPECT_THAT(Dito<RelatorioApuracaoOpProp>(subitem, 12, 20),
+                ElementsAre("Grupo |  |2x1 *DÉBITO DO IMPOSTO* |  | ",
+                            "Dados | 001 |2x1 *Por saídas com débito do imposto* | 051 | 0,00",
+                            "Grupo | 002 |2x1 *Outros débitos* |  | ",
+                            "Dados |  |2x1 *            002.18: 10,01* |  | ",
+                            "Subtotal |  |2x1  | *052* | 10,01",
+                            "Grupo | 003 |2x1 *Estorno de créditos* |  | ",
+                            "Subtotal |  |2x1  | *053* | 0,00",
+                            "Subtotal | 005 |2x1 *SUBTOTAL (051+052+053)* | 055 | 10,01"));
+}
+
+}  // namespace
+}  // namespace tarvo::apoio
