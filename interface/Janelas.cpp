@@ -25,7 +25,7 @@ AreaDeTrabalho& Abrir() {
     if (biblioteca == nullptr) {
         throw Erro(NumeroErro::AcaoNaoSuportada,
                    std::string("Esta instalação não tem janelas nem impressão (pacote "
-                               "relatoriostarvo-desktop): ") +
+                               "librelatoriostarvo-desktop1): ") +
                        dlerror());
     }
     auto* abrir =

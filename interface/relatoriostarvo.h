@@ -31,15 +31,13 @@
  * user interface where the program has a Qt application); in any other they are error 445.
  */
 
+#include "data/Versao.h"
 #include "interface/relatoriostarvo_bancos.h"
 #include "interface/relatoriostarvo_erros.h"
 
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-/** 10000 times the major version, plus 100 times the minor, plus the patch: of this header. */
-#define TARVO_VERSAO 10000
 
 /** The version of the library that is running, in the form of TARVO_VERSAO. */
 TARVO_API int32_t tarvo_versao(void);

@@ -40,15 +40,16 @@ fs::path ProcurarPrograma() {
     const fs::path pasta = PastaDesteCodigo();
     // Programs stand in bin, libraries in lib or lib/ARCHITECTURE.
     const fs::path acima = pasta.parent_path();
-    for (const auto& lugar : {pasta / Nome, acima / "libexec" / "relatoriostarvo" / Nome,
-                              acima.parent_path() / "libexec" / "relatoriostarvo" / Nome}) {
+    const fs::path instalado = fs::path(TARVO_LIBEXECDIR) / "relatoriostarvo" / Nome;
+    for (const auto& lugar :
+         {pasta / Nome, acima / instalado, acima.parent_path() / instalado}) {
         if (access(lugar.c_str(), X_OK) == 0) {
             return lugar;
         }
     }
     throw Erro(NumeroErro::AcaoNaoSuportada,
                "A leitura de arquivos .mdb e .accdb não faz parte desta instalação (falta "
-               "relatorios-tarvo-mdb).");
+               "relatorios-tarvo-mdb, do pacote librelatoriostarvo1).");
 }
 
 [[noreturn]] void LancarFalha(const char* que) {

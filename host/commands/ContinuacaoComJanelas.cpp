@@ -18,11 +18,12 @@ void ContinuarComJanelas(const std::vector<std::string>& argumentos) {
     }
     lista.push_back(nullptr);
     for (const auto& lugar :
-         {pasta / Nome, pasta.parent_path() / "libexec" / "relatoriostarvo" / Nome}) {
+         {pasta / Nome, pasta.parent_path() / TARVO_LIBEXECDIR / "relatoriostarvo" / Nome}) {
         execv(lugar.c_str(), lista.data());
     }
     throw Erro(NumeroErro::AcaoNaoSuportada,
-               "As janelas não fazem parte desta instalação; exportar e imprimir funcionam.");
+               "As janelas não fazem parte desta instalação (pacote relatorios-tarvo-desktop); "
+               "exportar e imprimir funcionam.");
 }
 
 }  // namespace tarvo::host
