@@ -57,6 +57,7 @@ install(DIRECTORY examples DESTINATION ${documentos})
 if(TARVO_COMANDO)
     install(TARGETS relatorios-tarvo RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(FILES docs/relatorios-tarvo.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/pt_BR/man1)
+    install(FILES docs/en/relatorios-tarvo.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     # Something to try the command on.
     add_custom_command(OUTPUT exemplo.tarvo
         COMMAND ${CMAKE_COMMAND} -E rm -f exemplo.tarvo
@@ -77,4 +78,8 @@ if(TARGET relatorios-tarvo-janela)
         ${CMAKE_INSTALL_DATADIR}/applications)
     install(FILES document/images/relatorios-tarvo.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+    install(FILES host/windows/relatorios-tarvo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+    install(FILES host/windows/relatorios-tarvo.metainfo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endif()

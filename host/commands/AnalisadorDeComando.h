@@ -41,6 +41,9 @@ struct DefinicaoDeComando {
     const Lista* lista = nullptr;
 };
 
+// All of them, in the order of the help.
+const std::vector<DefinicaoDeComando>& DefinicoesDosComandos();
+
 // palavras: those after the command. Every option is given at most once and never empty. Raises
 // UsoErrado, of what is unknown before what is missing.
 LinhaDeComando AnalisarComando(const DefinicaoDeComando& definicao,

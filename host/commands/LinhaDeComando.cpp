@@ -136,6 +136,10 @@ LinhaDeComando SemComando(const std::string& opcao) {
 
 }  // namespace
 
+const std::vector<DefinicaoDeComando>& DefinicoesDosComandos() {
+    return Definicoes();
+}
+
 LinhaDeComando AnalisarLinhaDeComando(const std::vector<std::string>& argumentos) {
     if (argumentos.empty()) {
         return SemComando("--ajuda");
