@@ -41,8 +41,7 @@ fs::path ProcurarPrograma() {
     // Programs stand in bin, libraries in lib or lib/ARCHITECTURE.
     const fs::path acima = pasta.parent_path();
     const fs::path instalado = fs::path(TARVO_LIBEXECDIR) / "relatoriostarvo" / Nome;
-    for (const auto& lugar :
-         {pasta / Nome, acima / instalado, acima.parent_path() / instalado}) {
+    for (const auto& lugar : {pasta / Nome, acima / instalado, acima.parent_path() / instalado}) {
         if (access(lugar.c_str(), X_OK) == 0) {
             return lugar;
         }
