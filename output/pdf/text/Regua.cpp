@@ -112,7 +112,9 @@ void Regua::MedirGlifos(const Trecho& trecho, std::size_t inicio, std::vector<in
         // end; a mark's whole advance is taken away for good.
         const int sozinho = glifo.avanco == 0 ? 0 : trecho.face->AvancoGlifo(glifo.glifo);
         propria_[inicio + glifo.lugar] += sozinho;
-        kern[inicio + FimDaLetra(trecho.texto, glifo.lugar)] += glifo.avanco - sozinho;
+        if (glifo.avanco != sozinho) {
+            kern[inicio + FimDaLetra(trecho.texto, glifo.lugar)] += glifo.avanco - sozinho;
+        }
     }
 }
 
