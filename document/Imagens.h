@@ -5,7 +5,7 @@
 
 #include "data/Publico.h"
 
-// The images that reports draw, embedded in the library as they are stored in document/imagens.
+// The images that reports draw, embedded in the library as they are stored in document/images.
 namespace tarvo {
 
 enum class FormatoImagem { GIF, Icone };
@@ -17,6 +17,9 @@ struct Imagem {
     int largura;  // pixels
     int altura;
     std::span<const unsigned char> bytes;  // the whole file
+    // The same picture as lines and areas, which are sharp at any size: a line of entries of a PDF
+    // form's dictionary, which puts it into the unit square, then its operators. Empty: none.
+    std::span<const unsigned char> desenho = {};
 };
 
 // The form that only holds the images.

@@ -38,41 +38,62 @@ std::string Empacotar(const Raster& raster, int bits) {
     return saida;
 }
 
-std::string Paleta(const Raster& raster) {
-    std::string hex = "<";
+// The colour space of the indices; a picture without colours prints on any printer's black.
+std::string EspacoDeCor(const Raster& raster) {
+    const bool cinza = std::ranges::all_of(
+        raster.paleta, [](const auto& cor) { return cor[0] == cor[1] && cor[1] == cor[2]; });
+    std::string espaco = cinza ? "[/Indexed/DeviceGray " : "[/Indexed/DeviceRGB ";
+    espaco += std::to_string(raster.paleta.size() - 1) + "<";
     for (const auto& cor : raster.paleta) {
-        for (const std::uint8_t componente : cor) {
-            AnexarHex(hex, componente, 2);
+        for (std::size_t componente = 0; componente < (cinza ? 1U : 3U); ++componente) {
+            AnexarHex(espaco, cor.at(componente), 2);
         }
     }
-    return hex + ">";
+    return espaco + ">]";
 }
 
 // What a picture is in a file. The same for every file: kept for the process, as reports bear the
 // same few pictures.
 struct Figura {
-    FormatoImagem formato;
-    std::vector<unsigned char> origem;
+    FormatoImagem formato = FormatoImagem::GIF;
+    std::vector<unsigned char> bytes;
+    std::vector<unsigned char> desenho;
     std::string dicionario;
     std::string dados;  // compressed
 };
 
-std::shared_ptr<const Figura> Preparar(const Imagem& imagem) {
+void PrepararDesenho(std::string_view desenho, Figura& figura) {
+    const auto fim = std::min(desenho.find('\n'), desenho.size());
+    figura.dicionario = "/Type/XObject/Subtype/Form";
+    figura.dicionario += desenho.substr(0, fim);
+    figura.dados = Compressor().Comprimir(desenho.substr(fim));
+}
+
+void PrepararPontos(const Imagem& imagem, Figura& figura) {
     const Raster raster = LerGIF(imagem);
     const int bits = BitsPorPonto(raster.paleta.size());
     std::string d = "/Type/XObject/Subtype/Image/Width ";
     d += std::to_string(raster.largura) + "/Height " + std::to_string(raster.altura);
-    d += "/BitsPerComponent " + std::to_string(bits) + "/ColorSpace[/Indexed/DeviceRGB " +
-         std::to_string(raster.paleta.size() - 1) + " " + Paleta(raster) + "]";
+    d += "/BitsPerComponent " + std::to_string(bits) + "/ColorSpace" + EspacoDeCor(raster);
     if (raster.transparente.has_value()) {
         const std::string indice = std::to_string(*raster.transparente);
         d += "/Mask[" + indice + " " + indice + "]";
     }
-    return std::make_shared<Figura>(
-        Figura{.formato = imagem.formato,
-               .origem = {imagem.bytes.begin(), imagem.bytes.end()},
-               .dicionario = std::move(d),
-               .dados = std::string(Compressor().Comprimir(Empacotar(raster, bits)))});
+    figura.dicionario = std::move(d);
+    figura.dados = Compressor().Comprimir(Empacotar(raster, bits));
+}
+
+std::shared_ptr<const Figura> Preparar(const Imagem& imagem) {
+    auto figura = std::make_shared<Figura>();
+    figura->formato = imagem.formato;
+    figura->bytes.assign(imagem.bytes.begin(), imagem.bytes.end());
+    figura->desenho.assign(imagem.desenho.begin(), imagem.desenho.end());
+    if (imagem.desenho.empty()) {
+        PrepararPontos(imagem, *figura);
+    } else {
+        PrepararDesenho(std::string(figura->desenho.begin(), figura->desenho.end()), *figura);
+    }
+    return figura;
 }
 
 std::shared_ptr<const Figura> Pronta(const Imagem& imagem) {
@@ -82,7 +103,8 @@ std::shared_ptr<const Figura> Pronta(const Imagem& imagem) {
     const std::lock_guard trava(mutex);
     const auto achada = std::ranges::find_if(prontas, [&](const auto& figura) {
         return figura->formato == imagem.formato &&
-               std::ranges::equal(figura->origem, imagem.bytes);
+               std::ranges::equal(figura->bytes, imagem.bytes) &&
+               std::ranges::equal(figura->desenho, imagem.desenho);
     });
     if (achada != prontas.end()) {
         return *achada;

@@ -8,8 +8,9 @@
 
 namespace tarvo::pdf {
 
-// The pictures of one file, each embedded once with its own palette; a transparent colour of a GIF
-// is masked out by its number, which needs no blending.
+// The pictures of one file, each embedded once: as its drawing where it has one, otherwise as
+// pixels with their own palette. A transparent colour of a GIF is masked out by its number, which
+// needs no blending.
 class FigurasPDF {
   public:
     explicit FigurasPDF(EscritorPDF& escritor) : escritor_(escritor) {}

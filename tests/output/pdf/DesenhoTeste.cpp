@@ -182,19 +182,43 @@ TEST(Desenho, APictureFillsItsBoxOrKeepsItsProportionsInIt) {
     EXPECT_EQ(arquivo.Cor(1, 6.5, 2.6), Branco);
 }
 
-TEST(Desenho, EachPictureIsEmbeddedOnceWithItsOwnNumberOfColours) {
-    const ArquivoPDF arquivo(Paginas(3, [](DocumentoRelatorio& doc, int) {
+TEST(Desenho, EachPictureIsEmbeddedOnceAsItsDrawingOrWithItsOwnNumberOfColours) {
+    Imagem semDesenho = frmFiguras::imgBrasaoVDMonocromatico;
+    semDesenho.desenho = {};
+    const Imagem cores = GIF(QuatroCores);
+    const ArquivoPDF arquivo(Paginas(3, [&](DocumentoRelatorio& doc, int) {
         doc.DesenharFigura(0, 0, 2, 2, frmFiguras::imgBrasaoVDColorido, false);
-        doc.DesenharFigura(3, 0, 2, 2, frmFiguras::imgBrasaoVDMonocromatico, true);
+        doc.DesenharFigura(3, 0, 2, 2, semDesenho, true);
+        doc.DesenharFigura(6, 0, 2, 2, cores, true);
     }));
-    std::vector<int> bits;
+    std::vector<std::string> figuras;
     for (const auto& [nome, objeto] : arquivo.Objetos().items()) {
-        if (objeto.contains("stream") &&
-            objeto["stream"]["dict"].value("/Subtype", "") == "/Image") {
-            bits.push_back(objeto["stream"]["dict"]["/BitsPerComponent"]);
+        if (objeto.contains("stream") && objeto["stream"]["dict"].contains("/Subtype")) {
+            const auto& d = objeto["stream"]["dict"];
+            figuras.push_back(d["/Subtype"] == "/Image" ? d["/ColorSpace"][1].get<std::string>() +
+                                                              " " + d["/BitsPerComponent"].dump()
+                                                        : d["/Subtype"].get<std::string>());
         }
     }
-    EXPECT_THAT(bits, testing::UnorderedElementsAre(1, 8));
+    EXPECT_THAT(figuras,
+                testing::UnorderedElementsAre("/Form", "/DeviceGray 1", "/DeviceRGB 2", "/XML"));
+}
+
+TEST(Desenho, DrawingsAreSharpFillTheirBoxAndThoseOfTheSlipNeedNoColourOfAPrinter) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        doc.DesenharFigura(0, 0, 5.5, 6, frmFiguras::imgBrasaoVDMonocromatico, false);
+        doc.DesenharFigura(6, 0, 0.95, 7.4, frmFiguras::imgPortariaKEX_27_95, true);
+        doc.DesenharFigura(8, 0, 1.15, 0.87, frmFiguras::imgTesoura, true);
+    }));
+    // The shield's upright left edge, 1.09 to 1.41 cm, is black at once from one pixel to the next.
+    EXPECT_EQ(arquivo.Cor(1, 1.06, 2), Branco);
+    EXPECT_EQ(arquivo.Cor(1, 1.11, 2), Preto);
+    EXPECT_EQ(arquivo.Cor(1, 2.5, 5.7), Branco) << "the ribbon";
+    EXPECT_EQ(arquivo.Cor(1, 8.8, 0.45), Preto) << "the blades";
+    EXPECT_EQ(arquivo.Dito("qpdf --qdf --object-streams=disable",
+                           "- | sed -n -E '/ (rg|RG)$|DeviceRGB/p'"),
+              "");
+    arquivo.EsperarSemFaltas();
 }
 
 TEST(Desenho, APictureThatIsNoneIsAnErrorThatNamesIt) {
