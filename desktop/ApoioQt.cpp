@@ -12,6 +12,13 @@ namespace tarvo {
 
 using namespace Qt::StringLiterals;
 
+QString NomeSeguro(QString texto) {
+    for (auto& letra : texto) {
+        letra = letra == u'/' || letra.category() == QChar::Other_Control ? QChar(u'-') : letra;
+    }
+    return texto;
+}
+
 QIcon IconeDe(const Imagem* imagem) {
     QPixmap figura;
     if (imagem != nullptr) {

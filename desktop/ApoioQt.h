@@ -15,6 +15,9 @@ inline QString ParaQt(std::string_view texto) {
     return QString::fromUtf8(texto.data(), static_cast<qsizetype>(texto.size()));
 }
 
+// The text as the name of a file, or a part of it.
+QString NomeSeguro(QString texto);
+
 // An empty icon for a null image.
 QIcon IconeDe(const Imagem* imagem);
 

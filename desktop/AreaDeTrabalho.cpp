@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QThread>
 #include <QTimer>
-#include <algorithm>
 #include <clocale>
 #include <string>
 
@@ -11,7 +10,6 @@
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
-#include "desktop/preview/JanelaVisualizacao.h"
 #include "desktop/preview/VisualizadorQt.h"
 #include "desktop/printing/FilaImpressao.h"
 #include "output/pdf/RenderizadorPDF.h"
@@ -37,15 +35,6 @@ void CriarAplicacao() {
     InstalarTraducao();
 }
 
-std::size_t VisualizacoesAbertas() {
-    const auto janelas = QApplication::topLevelWidgets();
-    return static_cast<std::size_t>(
-        std::count_if(janelas.begin(), janelas.end(), [](const QWidget* janela) {
-            return janela->isVisible() &&
-                   dynamic_cast<const JanelaVisualizacao*>(janela) != nullptr;
-        }));
-}
-
 class AreaDeTrabalhoQt final : public AreaDeTrabalho {
   public:
     AreaDeTrabalhoQt() {
@@ -58,7 +47,10 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
                        "A aplicação Qt deste programa não permite janelas (QApplication).");
         }
         // The reports that the dialog leads to are one run.
-        selecao_.aoExibir = [this] { visualizadores_.ComecarRodada(); };
+        selecao_.aoExibir = [this](const frmImpressaoRelatorios& dialogo) {
+            visualizadores_.ComecarRodada();
+            visualizadores_.NomearRodada(dialogo.nomeDeArquivo);
+        };
     }
 
     [[nodiscard]] bool NestaThread() const override {
@@ -76,10 +68,10 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
         if (tempo.count() > 0) {
             prazo.start(tempo);
         }
-        while (!venceu && VisualizacoesAbertas() > 0) {
+        while (!venceu && visualizadores_.Abertas() > 0) {
             Atender(QEventLoop::WaitForMoreEvents);
         }
-        return VisualizacoesAbertas();
+        return visualizadores_.Abertas();
     }
 
     void ImprimirEm(const Conteudo& conteudo, const std::string& impressora) override {

@@ -88,8 +88,9 @@ void LugarDaJanela::Gravar(const QWidget& janela) const {
         return;
     }
     const bool maximizada = janela.isMaximized();
-    const QSize tamanho = maximizada ? janela.normalGeometry().size() : janela.size();
-    const bool movida = !maximizada && (janela.pos() - colocada_).manhattanLength() > Ajustes;
+    const bool livre = !maximizada && !janela.isFullScreen();
+    const QSize tamanho = livre ? janela.size() : janela.normalGeometry().size();
+    const bool movida = livre && (janela.pos() - colocada_).manhattanLength() > Ajustes;
     const QPoint lugar = movida ? janela.pos() : preferido_;
     const auto texto = u"%1 %2 %3 %4 %5"_s.arg(lugar.x())
                            .arg(lugar.y())

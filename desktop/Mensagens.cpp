@@ -64,8 +64,11 @@ void DizerErro(QObject* onde, const Erro& erro) {
 }
 
 void DizerDePassagem(QObject* onde, const QString& texto) {
-    if (auto* janela = qobject_cast<QMainWindow*>(JanelaDe(onde))) {
-        janela->statusBar()->showMessage(texto, Passagem);
+    for (auto* parte = onde != nullptr ? onde : QApplication::activeWindow(); parte != nullptr;
+         parte = parte->parent()) {
+        if (auto* janela = qobject_cast<QMainWindow*>(parte)) {
+            return janela->statusBar()->showMessage(texto, Passagem);
+        }
     }
 }
 

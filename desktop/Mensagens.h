@@ -18,7 +18,7 @@ void Dizer(QWidget* janela, const QString& texto);
 // Says an error over the window that onde, an object or part of it, belongs to; once, while the
 // same is still being said there. What the user has cancelled is said in the status bar alone.
 void DizerErro(QObject* onde, const Erro& erro);
-// For a few seconds, in the status bar of the window that onde belongs to, if it has one.
+// For a few seconds, in the status bar of the window that onde is or stands in, if it has one.
 void DizerDePassagem(QObject* onde, const QString& texto);
 
 }  // namespace tarvo

@@ -57,8 +57,10 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
     frmImpressaoRelatorios dialogo;
     const Data referencia = Referencia(banco, NumeroDRQ);
     Oferecer(dialogo, OpcoesSelecionadas, referencia.Ano());
-    dialogo.declaracao = NomeDoContribuinte(banco, IE) + ", DRQ " + std::to_string(NumeroDRQ) +
-                         ", " + FormatarMesAno(referencia);
+    const std::string mes = FormatarMesAno(referencia);
+    dialogo.declaracao =
+        NomeDoContribuinte(banco, IE) + ", DRQ " + std::to_string(NumeroDRQ) + ", " + mes;
+    dialogo.nomeDeArquivo = "DRQ-" + IE + "-" + mes.substr(3) + "-" + mes.substr(0, 2);
     dialogo.ExibirModal(janela_);
     if (dialogo.lngModoSaida != ModoSaida::Visualizar &&
         dialogo.lngModoSaida != ModoSaida::Imprimir) {

@@ -22,6 +22,22 @@ void ListaSelecao::Selecionar(std::size_t posicao, bool selecionada) {
     entradas_.at(posicao).selecionada = selecionada;
 }
 
+std::uint32_t ListaSelecao::Oferecidas() const {
+    std::uint32_t bits = 0;
+    for (const auto& entrada : entradas_) {
+        bits |= 1U << entrada.relatorio;
+    }
+    return bits;
+}
+
+std::uint32_t ListaSelecao::Marcadas() const {
+    std::uint32_t bits = 0;
+    for (const auto& entrada : entradas_) {
+        bits |= entrada.selecionada ? 1U << entrada.relatorio : 0U;
+    }
+    return bits;
+}
+
 void ListaSelecao::Remover(std::size_t posicao) {
     static_cast<void>(entradas_.at(posicao));
     entradas_.erase(entradas_.begin() + static_cast<std::ptrdiff_t>(posicao));

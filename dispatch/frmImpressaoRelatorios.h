@@ -30,6 +30,10 @@ class TARVO_PUBLICO ListaSelecao {
     [[nodiscard]] std::size_t Relatorio(std::size_t posicao) const;
     [[nodiscard]] bool Selecionada(std::size_t posicao) const;
     void Selecionar(std::size_t posicao, bool selecionada);
+    // The reports that are offered, and those that are selected: bit i is the entry that was added
+    // as the i-th, counted from 0.
+    [[nodiscard]] std::uint32_t Oferecidas() const;
+    [[nodiscard]] std::uint32_t Marcadas() const;
     // The entries below keep their labels and marks.
     void Remover(std::size_t posicao);
     [[nodiscard]] std::size_t Foco() const { return foco_; }
@@ -53,6 +57,8 @@ class TARVO_PUBLICO frmImpressaoRelatorios {
   public:
     // Whose declaration it is, in words, for the window to show; may be empty.
     std::string declaracao;
+    // The same as the beginning of a file's name, "DRQ-250114377019-2003-07"; may be empty.
+    std::string nomeDeArquivo;
     ListaSelecao lstSelecao;
     std::int32_t lngModoSaida = ModoSaida::Nenhum;
 

@@ -16,7 +16,8 @@ namespace tarvo {
 
 struct Conteudo;
 
-// The preview window and the way to the printer of one document. Destroying it closes the window.
+// The preview window and the way to the printer of one document, which outlives it. Destroying it
+// closes the window.
 class TARVO_PUBLICO Visualizador {
   public:
     virtual ~Visualizador() = default;

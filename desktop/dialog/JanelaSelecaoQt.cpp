@@ -183,7 +183,7 @@ void Janela::LerMarcas() {
 
 void JanelaSelecaoQt::ExibirModal(frmImpressaoRelatorios& dialogo) {
     if (aoExibir) {
-        aoExibir();
+        aoExibir(dialogo);
     }
     Janela janela(dialogo, pai_ != nullptr ? pai_.data() : QApplication::activeWindow());
     janela.exec();

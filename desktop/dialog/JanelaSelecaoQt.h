@@ -18,7 +18,7 @@ class JanelaSelecaoQt final : public JanelaSelecao {
     void ExibirModal(frmImpressaoRelatorios& dialogo) override;
 
     // Told each time before the dialog is shown.
-    std::function<void()> aoExibir;
+    std::function<void(const frmImpressaoRelatorios& dialogo)> aoExibir;
 
   private:
     QPointer<QWidget> pai_;

@@ -12,6 +12,7 @@ AcoesDaVista::AcoesDaVista(const AcoesDaVisualizacao& acoes, VistaPaginas& vista
         Ligar(&acoes_[acao], &QAction::triggered, &vista_, fazer);
     };
     ligar(Acao::SelecionarPagina, [this] { vista_.SelecionarPagina(); });
+    ligar(Acao::SelecionarTudo, [this] { vista_.SelecionarTudo(); });
     const auto ampliarUmPasso = [this](int sentido) {
         vista_.Ampliar(Ampliacao::Passo(vista_.AmpliacaoAtual(), sentido));
     };
@@ -21,11 +22,12 @@ AcoesDaVista::AcoesDaVista(const AcoesDaVisualizacao& acoes, VistaPaginas& vista
     ligar(Acao::PaginaInteira, [this] { vista_.Ajustar(Ajuste::PaginaInteira); });
     ligar(Acao::LarguraDaPagina, [this] { vista_.Ajustar(Ajuste::LarguraDaPagina); });
     ligar(Acao::Continuo, [this] { vista_.DefinirContinuo(!vista_.Continuo()); });
+    ligar(Acao::LadoALado, [this] { vista_.DefinirLadoALado(!vista_.LadoALado()); });
     ligar(Acao::TelaSeguinte, [this] { vista_.RolarTela(1); });
     ligar(Acao::TelaAnterior, [this] { vista_.RolarTela(-1); });
     ligar(Acao::Primeira, [this] { vista_.IrPara(0); });
-    ligar(Acao::Anterior, [this] { vista_.IrPara(vista_.Pagina() - 1); });
-    ligar(Acao::Proxima, [this] { vista_.IrPara(vista_.Pagina() + 1); });
+    ligar(Acao::Anterior, [this] { vista_.IrAVizinha(-1); });
+    ligar(Acao::Proxima, [this] { vista_.IrAVizinha(1); });
     ligar(Acao::Ultima, [this] { vista_.IrPara(vista_.Paginas() - 1); });
 }
 
@@ -43,6 +45,7 @@ void AcoesDaVista::Atualizar() const {
     acoes_[Acao::PaginaInteira].setChecked(vista_.AjusteAtual() == Ajuste::PaginaInteira);
     acoes_[Acao::LarguraDaPagina].setChecked(vista_.AjusteAtual() == Ajuste::LarguraDaPagina);
     acoes_[Acao::Continuo].setChecked(vista_.Continuo());
+    acoes_[Acao::LadoALado].setChecked(vista_.LadoALado());
     acoes_[Acao::Copiar].setEnabled(!vista_.Selecao().Vazia());
 }
 

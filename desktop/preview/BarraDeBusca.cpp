@@ -1,9 +1,12 @@
 #include "desktop/preview/BarraDeBusca.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QShortcut>
+#include <QStyle>
 #include <QToolButton>
 
 #include "desktop/Ligacao.h"
@@ -14,7 +17,10 @@ namespace tarvo {
 using namespace Qt::StringLiterals;
 
 BarraDeBusca::BarraDeBusca(QWidget* pai, QAction& proximo, QAction& anterior)
-    : QWidget(pai), campo_(new QLineEdit(this)), situacao_(new QLabel(this)) {
+    : QWidget(pai),
+      campo_(new QLineEdit(this)),
+      exata_(new QCheckBox(u"&Maiúsculas e acentos"_s, this)),
+      situacao_(new QLabel(this)) {
     auto* rotulo = new QLabel(u"&Localizar:"_s, this);
     rotulo->setBuddy(campo_);
     campo_->setObjectName(u"campoBusca"_s);
@@ -33,14 +39,33 @@ BarraDeBusca::BarraDeBusca(QWidget* pai, QAction& proximo, QAction& anterior)
         botao->setAutoRaise(true);
         fila->addWidget(botao);
     }
+    exata_->setObjectName(u"buscaExata"_s);
+    exata_->setToolTip(u"Achar só o que tem as mesmas maiúsculas e os mesmos acentos"_s);
+    fila->addWidget(exata_);
     fila->addWidget(situacao_);
     fila->addStretch(1);
-    Ligar(campo_, &QLineEdit::textChanged, this, [this](const QString& texto) {
-        if (busca_ != nullptr) {
-            busca_->Procurar(texto, paginaAtual());
-        }
-    });
+    auto* fechar = new QToolButton(this);
+    fechar->setObjectName(u"fecharBusca"_s);
+    fechar->setAutoRaise(true);
+    fechar->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    fechar->setToolTip(u"Fechar a busca (Esc)"_s);
+    fechar->setAccessibleName(u"Fechar a busca"_s);
+    fila->addWidget(fechar);
+    Ligar(campo_, &QLineEdit::textChanged, this, [this] { Procurar(); });
+    Ligar(exata_, &QCheckBox::toggled, this, [this] { Procurar(); });
+    Ligar(fechar, &QToolButton::clicked, this, [this] { Fechar(); });
+    // From anywhere in the window, as long as the bar is to be seen.
+    Ligar(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { Fechar(); });
+    for (auto* botao : findChildren<QToolButton*>()) {
+        botao->setFocusPolicy(Qt::TabFocus);
+    }
     hide();
+}
+
+void BarraDeBusca::Procurar() {
+    if (busca_ != nullptr) {
+        busca_->Procurar(campo_->text(), paginaAtual(), exata_->isChecked());
+    }
 }
 
 BarraDeBusca::~BarraDeBusca() = default;
@@ -64,7 +89,7 @@ void BarraDeBusca::Abrir() {
     campo_->setFocus();
     campo_->selectAll();
     if (busca_->Texto() != campo_->text()) {
-        busca_->Procurar(campo_->text(), paginaAtual());
+        Procurar();
     }
     MostrarSituacao();
 }
@@ -88,10 +113,6 @@ void BarraDeBusca::Recuar() {
 bool BarraDeBusca::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::KeyPress) {
         const auto& tecla = *static_cast<QKeyEvent*>(evento);
-        if (tecla.key() == Qt::Key_Escape) {
-            Fechar();
-            return true;
-        }
         if (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) {
             (tecla.modifiers() & Qt::ShiftModifier) == 0 ? Avancar() : Recuar();
             return true;

@@ -5,6 +5,7 @@
 #include <memory>
 
 class QAction;
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPdfDocument;
@@ -41,9 +42,11 @@ class BarraDeBusca final : public QWidget {
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   private:
+    void Procurar();
     void MostrarSituacao();
 
     QLineEdit* campo_;
+    QCheckBox* exata_;
     QLabel* situacao_;
     std::unique_ptr<BuscaTexto> busca_;
 };

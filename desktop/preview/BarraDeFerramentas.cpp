@@ -29,7 +29,7 @@ BarraDeFerramentas::BarraDeFerramentas(QWidget* pai, const AcoesDaVisualizacao& 
     };
     acrescentar({Acao::Imprimir, Acao::Salvar});
     addSeparator();
-    acrescentar({Acao::Miniaturas, Acao::Primeira, Acao::Anterior});
+    acrescentar({Acao::Painel, Acao::Primeira, Acao::Anterior});
     addWidget(campoPagina_);
     addWidget(totalPaginas_);
     acrescentar({Acao::Proxima, Acao::Ultima});

@@ -20,19 +20,19 @@ BuscaTexto::BuscaTexto(QPdfDocument& documento)
     Ligar(&passo_, &QTimer::timeout, &passo_, [this] { AvancarALeitura(); });
 }
 
-QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes) {
+QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes, bool exata) {
     QString dobrado;
     dobrado.reserve(texto.size());
     for (int i = 0; i < texto.size(); ++i) {
         QChar c = texto[i];
-        while (c.decompositionTag() == QChar::Canonical) {
+        while (!exata && c.decompositionTag() == QChar::Canonical) {
             c = c.decomposition().at(0);
         }
-        const bool acento = c.category() == QChar::Mark_NonSpacing;
+        const bool acento = !exata && c.category() == QChar::Mark_NonSpacing;
         if (acento || (c.isSpace() && dobrado.endsWith(u' '))) {
             continue;
         }
-        dobrado += c.isSpace() ? QChar(u' ') : c.toCaseFolded();
+        dobrado += c.isSpace() ? QChar(u' ') : exata ? c : c.toCaseFolded();
         if (posicoes != nullptr) {
             posicoes->push_back(i);
         }
@@ -40,9 +40,12 @@ QString BuscaTexto::Dobrar(const QString& texto, std::vector<int>* posicoes) {
     return dobrado;
 }
 
-void BuscaTexto::Procurar(const QString& texto, int pagina) {
+void BuscaTexto::Procurar(const QString& texto, int pagina, bool exata) {
     texto_ = texto;
-    procurado_ = Dobrar(texto);
+    exata_ = exata;
+    // The page's letters are whole ones.
+    procurado_ =
+        Dobrar(exata ? texto.normalized(QString::NormalizationForm_C) : texto, nullptr, exata);
     primeira_ = pagina;
     total_ = 0;
     achados_.assign(achados_.size(), {});
@@ -105,7 +108,7 @@ void BuscaTexto::MarcarUm() {
 
 std::vector<BuscaTexto::Achado> BuscaTexto::LerPagina(int pagina) const {
     std::vector<int> posicoes;
-    const QString texto = Dobrar(documento_.getAllText(pagina).text(), &posicoes);
+    const QString texto = Dobrar(documento_.getAllText(pagina).text(), &posicoes, exata_);
     std::vector<Achado> achados;
     for (qsizetype i = texto.indexOf(procurado_); i >= 0;
          i = texto.indexOf(procurado_, i + procurado_.size())) {

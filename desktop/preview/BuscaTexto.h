@@ -11,9 +11,9 @@
 
 namespace tarvo {
 
-// Text search in a document, without regard to case, accents and the kind of blanks ("apuracao"
-// finds "Apuração"). Reads a few pages at a time between the user's actions, from a given page on
-// and around the end.
+// Text search in a document, without regard to the kind of blanks and, unless it is to be exact, to
+// case and accents ("apuracao" finds "Apuração"). Reads a few pages at a time between the user's
+// actions, from a given page on and around the end.
 class BuscaTexto {
   public:
     struct Achado {
@@ -28,7 +28,7 @@ class BuscaTexto {
 
     // Forgets the earlier search; the first hit from that page on becomes the current one. An
     // empty text only forgets.
-    void Procurar(const QString& texto, int pagina);
+    void Procurar(const QString& texto, int pagina, bool exata = false);
     [[nodiscard]] int Paginas() const { return static_cast<int>(achados_.size()); }
     [[nodiscard]] bool Terminada() const { return lidas_ == Paginas(); }
     [[nodiscard]] int Lidas() const { return lidas_; }  // pages
@@ -51,7 +51,8 @@ class BuscaTexto {
     std::function<void(bool novoAtual)> aoMudar;
 
     // The text as it is compared, and for each of its characters the index in the original.
-    static QString Dobrar(const QString& texto, std::vector<int>* posicoes = nullptr);
+    static QString Dobrar(const QString& texto, std::vector<int>* posicoes = nullptr,
+                          bool exata = false);
 
   private:
     void AvancarALeitura();
@@ -65,6 +66,7 @@ class BuscaTexto {
     QTimer passo_;
     QString texto_;
     QString procurado_;  // texto_ folded
+    bool exata_ = false;
     int primeira_ = 0;
     int lidas_ = 0;
     int total_ = 0;

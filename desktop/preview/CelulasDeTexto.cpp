@@ -14,27 +14,50 @@ namespace {
 
 constexpr double PontosPorCm = 72.0 / 2.54;
 
+// A document made by hand may have no structure.
+std::uint32_t DonoDe(const Estrutura& estrutura, std::size_t pagina, std::size_t primitiva) {
+    const bool tem = pagina < estrutura.donos.size() && primitiva < estrutura.donos[pagina].size();
+    return tem ? estrutura.donos[pagina][primitiva] : Estrutura::Decoracao;
+}
+
 }  // namespace
 
-CelulasDeTexto::CelulasDeTexto(const Conteudo& conteudo) {
+CelulasDeTexto::CelulasDeTexto(const Conteudo& conteudo) : margens_(conteudo.margens) {
     const auto agora = Data::DeCivil(Momento::Agora().civil);
     data_ = FormatarData(agora);
     hora_ = FormatarHora(agora);
-    const auto ponto = [](double cm) { return static_cast<float>(cm * PontosPorCm); };
     paginas_.reserve(conteudo.paginas.size() + 1);
-    for (const auto& pagina : conteudo.paginas) {
+    for (std::size_t p = 0; p < conteudo.paginas.size(); ++p) {
         paginas_.push_back(celulas_.size());
-        for (const auto& primitiva : pagina) {
-            if (const auto* t = std::get_if<Texto>(&primitiva); t != nullptr && !t->texto.empty()) {
-                celulas_.push_back({ponto(t->caixa.x + conteudo.margens.esquerda),
-                                    ponto(t->caixa.y + conteudo.margens.superior),
-                                    ponto(t->caixa.largura), ponto(t->caixa.altura),
-                                    textos_.size()});
+        const auto& pagina = conteudo.paginas[p];
+        for (std::size_t i = 0; i < pagina.size(); ++i) {
+            if (const auto* t = std::get_if<Texto>(&pagina[i]); t != nullptr && !t->texto.empty()) {
+                const QRectF lugar = NaPagina(t->caixa);
+                celulas_.push_back({static_cast<float>(lugar.x()), static_cast<float>(lugar.y()),
+                                    static_cast<float>(lugar.width()),
+                                    static_cast<float>(lugar.height()),
+                                    DonoDe(conteudo.estrutura, p, i), textos_.size()});
                 textos_.append(t->texto).push_back('\0');
             }
         }
     }
     paginas_.push_back(celulas_.size());
+}
+
+int CelulasDeTexto::PaginaDa(std::size_t celula) const {
+    const auto depois = std::upper_bound(paginas_.begin(), paginas_.end(), celula);
+    return static_cast<int>(depois - paginas_.begin()) - 1;
+}
+
+QRectF CelulasDeTexto::NaPagina(const Caixa& caixa) const {
+    return {(caixa.x + margens_.esquerda) * PontosPorCm,
+            (caixa.y + margens_.superior) * PontosPorCm, caixa.largura * PontosPorCm,
+            caixa.altura * PontosPorCm};
+}
+
+QRectF CelulasDeTexto::Lugar(std::size_t celula) const {
+    const auto& c = celulas_[celula];
+    return {c.x, c.y, c.largura, c.altura};
 }
 
 std::vector<std::size_t> CelulasDeTexto::Tocadas(int pagina, const QRectF& area) const {
@@ -44,8 +67,7 @@ std::vector<std::size_t> CelulasDeTexto::Tocadas(int pagina, const QRectF& area)
         return tocadas;
     }
     for (std::size_t i = paginas_[indice]; i < paginas_[indice + 1]; ++i) {
-        const auto& c = celulas_[i];
-        if (area.intersects(QRectF(c.x, c.y, c.largura, c.altura))) {
+        if (area.intersects(Lugar(i))) {
             tocadas.push_back(i);
         }
     }
@@ -55,8 +77,7 @@ std::vector<std::size_t> CelulasDeTexto::Tocadas(int pagina, const QRectF& area)
 std::vector<QRectF> CelulasDeTexto::Caixas(int pagina, const QRectF& area) const {
     std::vector<QRectF> caixas;
     for (const auto i : Tocadas(pagina, area)) {
-        const auto& c = celulas_[i];
-        caixas.emplace_back(c.x, c.y, c.largura, c.altura);
+        caixas.push_back(Lugar(i));
     }
     return caixas;
 }

@@ -2,6 +2,8 @@
 
 #include <QRectF>
 #include <QString>
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,14 +22,29 @@ class CelulasDeTexto {
     [[nodiscard]] std::vector<QRectF> Caixas(int pagina, const QRectF& area) const;
     [[nodiscard]] QString Copiar(int pagina, const QRectF& area) const;
 
+    // The cells themselves, page by page, in the order in which they were drawn.
+    [[nodiscard]] int Paginas() const { return std::max(0, static_cast<int>(paginas_.size()) - 1); }
+    [[nodiscard]] std::size_t Primeira(int pagina) const {
+        return paginas_.at(static_cast<std::size_t>(pagina));
+    }
+    [[nodiscard]] int PaginaDa(std::size_t celula) const;
+    [[nodiscard]] QString TextoDa(std::size_t celula, int pagina) const;
+    [[nodiscard]] QRectF Lugar(std::size_t celula) const;
+    // Index of the element of the document's structure whose content it is, or
+    // Estrutura::Decoracao.
+    [[nodiscard]] std::uint32_t Dono(std::size_t celula) const { return celulas_[celula].dono; }
+    // A box as it was recorded, in points from the page's top-left corner.
+    [[nodiscard]] QRectF NaPagina(const Caixa& caixa) const;
+
   private:
     struct Celula {
         float x, y, largura, altura;  // points
-        std::size_t inicio;           // in textos_
+        std::uint32_t dono;
+        std::size_t inicio;  // in textos_
     };
     [[nodiscard]] std::vector<std::size_t> Tocadas(int pagina, const QRectF& area) const;
-    [[nodiscard]] QString TextoDa(std::size_t celula, int pagina) const;
 
+    Margens margens_;
     std::string textos_;                // one after the other, each ended by a NUL
     std::vector<Celula> celulas_;       // in the order of the pages
     std::vector<std::size_t> paginas_;  // first cell of each page, and the end

@@ -17,19 +17,22 @@ struct DisposicaoPaginas {
     QSize pagina;                 // of one page
     QSize janela;                 // of the view
     double pixelsPorPonto = 1.0;  // of the paper's points
-    bool continuo = true;         // all pages one below the other, or only the current one
+    bool continuo = true;         // all rows one below the other, or only the current page's
+    int colunas = 1;              // pages side by side in a row
     int atual = 0;
     QPoint topo{};  // the part of the content at the view's top-left corner
 
     [[nodiscard]] QSize Conteudo() const;
     // Top-left corner of a page in the content; pages that leave room stand in the middle.
     [[nodiscard]] QPoint Origem(int indice) const;
-    // The page at that height of the content, or the nearest one.
-    [[nodiscard]] int PaginaEm(int y) const;
-    // The page at that height of the view, or the nearest one.
-    [[nodiscard]] int PaginaNaJanela(int y) const { return PaginaEm(y + topo.y()); }
+    // The first page of the row in which the page stands.
+    [[nodiscard]] int PrimeiraDaFileira(int indice) const { return indice - indice % colunas; }
+    // The page at that point of the content, or the nearest one.
+    [[nodiscard]] int PaginaEm(const QPoint& ponto) const;
+    // The page at that point of the view, or the nearest one.
+    [[nodiscard]] int PaginaNaJanela(const QPoint& ponto) const { return PaginaEm(ponto + topo); }
     // The page that a reader of the view would call the current one: the first that shows half of
-    // itself or fills half of the view.
+    // itself or fills half of the view, and within its row the one that is current already.
     [[nodiscard]] int PaginaPrincipal() const;
     // First and last page of which the view may show something.
     [[nodiscard]] std::pair<int, int> Visiveis() const;

@@ -17,6 +17,8 @@ DocumentoPronto Preparar(const Conteudo& conteudo, const std::function<bool()>& 
     return {.pdf = std::move(bytes),
             .cortados = std::move(resultado.cortados),
             .celulas = CelulasDeTexto(conteudo),
+            .elementos = conteudo.estrutura.elementos,
+            .registrado = &conteudo,
             .titulo = ParaQt(conteudo.titulo),
             .tituloResumido = conteudo.tituloResumido,
             .icone = conteudo.icone};

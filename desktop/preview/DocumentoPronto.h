@@ -16,13 +16,20 @@ struct DocumentoPronto {
     std::shared_ptr<const std::string> pdf;
     std::vector<TextoCortado> cortados;
     CelulasDeTexto celulas;
+    std::vector<Elemento> elementos;       // what the cells belong to
+    const Conteudo* registrado = nullptr;  // what it was made from, as it is by now
     QString titulo;
     std::string tituloResumido;
     const Imagem* icone = nullptr;
+
+    // Of the element that Estrutura's owners name; a paragraph for decoration.
+    [[nodiscard]] TipoElemento TipoDoElemento(std::uint32_t dono) const {
+        return dono < elementos.size() ? elementos[dono].tipo : TipoElemento::Paragrafo;
+    }
 };
 
-// Asks continuar now and then, when there is one. Errors 20005 when a font is missing, 18 when
-// continuar has said false.
+// conteudo outlives the use of registrado. Asks continuar now and then, when there is one. Errors
+// 20005 when a font is missing, 18 when continuar has said false.
 DocumentoPronto Preparar(const Conteudo& conteudo, const std::function<bool()>& continuar = {});
 
 }  // namespace tarvo

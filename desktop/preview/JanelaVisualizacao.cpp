@@ -2,10 +2,9 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDockWidget>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QShowEvent>
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QToolButton>
@@ -16,10 +15,10 @@
 #include "desktop/preview/BarraDeBusca.h"
 #include "desktop/preview/BarraDeFerramentas.h"
 #include "desktop/preview/BuscaTexto.h"
-#include "desktop/preview/Miniaturas.h"
+#include "desktop/preview/GrupoDePrevias.h"
+#include "desktop/preview/PainelLateral.h"
 #include "desktop/preview/PintorPaginas.h"
 #include "desktop/preview/PreferenciasDaVista.h"
-#include "desktop/preview/TextosCortados.h"
 #include "desktop/preview/VistaPaginas.h"
 #include "system/files/Arquivos.h"
 
@@ -27,12 +26,14 @@ namespace tarvo {
 
 using namespace Qt::StringLiterals;
 
-JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias)
+JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias, GrupoDePrevias& grupo)
     : preferencias_(preferencias),
+      grupo_(grupo),
       lugar_(preferencias, "Visualizacao", {900, 1000}),
       acoes_(*this),
       vista_(new VistaPaginas(this)),
       acoesDaVista_(acoes_, *vista_),
+      acoesDaRodada_(acoes_, *this, grupo),
       barraDeFerramentas_(new BarraDeFerramentas(this, acoes_, *vista_)),
       barraDeBusca_(
           new BarraDeBusca(this, acoes_[Acao::LocalizarProximo], acoes_[Acao::LocalizarAnterior])) {
@@ -46,7 +47,7 @@ JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias)
     setCentralWidget(centro);
     addToolBar(barraDeFerramentas_);
     CriarBarraDeEstado();
-    CriarMiniaturas();
+    CriarPainel();
     CriarImpressao();
     LigarAcoes();
     vista_->aoMudar = [this] { AtualizarEstado(); };
@@ -66,8 +67,7 @@ JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias)
 }
 
 JanelaVisualizacao::~JanelaVisualizacao() {
-    hide();
-    Esvaziar();
+    Encerrar();
 }
 
 // --- the parts
@@ -79,29 +79,24 @@ void JanelaVisualizacao::CriarBarraDeEstado() {
     situacaoCortes_->setObjectName(u"situacaoCortes"_s);
     situacaoCortes_->setAutoRaise(true);
     situacaoCortes_->setToolTip(u"Mostrar os textos que não couberam inteiros"_s);
-    Ligar(situacaoCortes_, &QToolButton::clicked, this, [this] {
-        auto* dialogo = new TextosCortados(this, documento_.cortados);
-        dialogo->aoEscolher = [this](int pagina) { vista_->IrPara(pagina); };
-        dialogo->show();
-    });
+    Ligar(situacaoCortes_, &QToolButton::clicked, this, [this] { painel_->MostrarAvisos(); });
     statusBar()->addPermanentWidget(situacaoCortes_);
     statusBar()->addPermanentWidget(situacaoPagina_);
 }
 
-void JanelaVisualizacao::CriarMiniaturas() {
-    auto* doca = new QDockWidget(u"Miniaturas"_s, this);
-    doca->setObjectName(u"docaMiniaturas"_s);
-    doca->setFeatures(QDockWidget::DockWidgetClosable);
-    miniaturas_ = new Miniaturas(doca);
-    miniaturas_->aoEscolher = [this](int pagina) { vista_->IrPara(pagina); };
-    doca->setWidget(miniaturas_);
-    addDockWidget(Qt::LeftDockWidgetArea, doca);
-    doca->hide();
-    auto& acao = acoes_[Acao::Miniaturas];
-    Ligar(&acao, &QAction::toggled, doca, [doca](bool visivel) { doca->setVisible(visivel); });
-    Ligar(doca, &QDockWidget::visibilityChanged, this, [this, doca, &acao] {
-        acao.setChecked(!doca->isHidden());
-        miniaturas_->Marcar(vista_->Pagina());
+void JanelaVisualizacao::CriarPainel() {
+    painel_ = new PainelLateral(this);
+    painel_->aoEscolher = [this](int pagina, const QRectF& lugar) {
+        lugar.isNull() ? vista_->IrPara(pagina) : vista_->Revelar(pagina, lugar);
+    };
+    addDockWidget(Qt::LeftDockWidgetArea, painel_);
+    painel_->hide();
+    auto& acao = acoes_[Acao::Painel];
+    Ligar(&acao, &QAction::toggled, painel_,
+          [this](bool visivel) { painel_->setVisible(visivel); });
+    Ligar(painel_, &QDockWidget::visibilityChanged, this, [this, &acao] {
+        acao.setChecked(!painel_->isHidden());
+        painel_->Marcar(vista_->Pagina());
     });
 }
 
@@ -131,6 +126,10 @@ void JanelaVisualizacao::LigarAcoes() {
     ligar(Acao::Localizar, [this] { barraDeBusca_->Abrir(); });
     ligar(Acao::LocalizarProximo, [this] { barraDeBusca_->Avancar(); });
     ligar(Acao::LocalizarAnterior, [this] { barraDeBusca_->Recuar(); });
+    ligar(Acao::TelaCheia, [this] {
+        window()->setWindowState(window()->windowState() ^ Qt::WindowFullScreen);
+        AtualizarEstado();
+    });
     ligar(Acao::IrParaPagina, [this] { barraDeFerramentas_->PedirPagina(); });
     ligar(Acao::Atalhos, [this] { Dizer(this, AcoesDaVisualizacao::ListaDeAtalhos()); });
 }
@@ -138,12 +137,14 @@ void JanelaVisualizacao::LigarAcoes() {
 // --- the document
 
 void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
+    const bool fica = grupo_.OQuePermanece() == Permanece::Paginas && Aberta();
+    const auto lugar = vista_->Lugar();
     Esvaziar();
     documento_ = std::move(documento);
     pintor_ = std::make_unique<PintorPaginas>(documento_.pdf);
     pintor_->aoPintar = [this](const Recorte&) {
         vista_->viewport()->update();
-        miniaturas_->Atualizar();
+        painel_->Atualizar();
     };
     setWindowTitle(documento_.titulo);
     setWindowIcon(IconeDe(documento_.icone));
@@ -151,10 +152,17 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     situacaoCortes_->setVisible(cortes > 0);
     situacaoCortes_->setText(cortes == 1 ? u"1 texto cortado"_s
                                          : u"%1 textos cortados"_s.arg(cortes));
-    miniaturas_->Mostrar(pintor_.get());
+    painel_->Mostrar(pintor_.get(), &documento_);
     barraDeBusca_->Mostrar(&pintor_->Documento());
     vista_->Mostrar(pintor_.get(), barraDeBusca_->Busca(), &documento_.celulas);
+    if (fica) {
+        vista_->Ir(lugar);
+    }
     vista_->setFocus();
+    grupo_.Mostrar(*this);
+}
+
+void JanelaVisualizacao::MostrarEmJanela() {
     if (!isVisible()) {
         lugar_.Colocar(*this);
     }
@@ -163,29 +171,48 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     activateWindow();
 }
 
+void JanelaVisualizacao::Encerrar() {
+    if (!Aberta()) {
+        return;
+    }
+    impressao_->Cancelar();
+    for (auto* dialogo : findChildren<QDialog*>()) {
+        dialogo->close();
+    }
+    GravarPreferencias();
+    hide();
+    grupo_.Retirar(*this);
+    Esvaziar();
+}
+
 void JanelaVisualizacao::Esvaziar() {
     vista_->Mostrar(nullptr, nullptr, nullptr);
-    miniaturas_->Mostrar(nullptr);
+    painel_->Mostrar(nullptr, nullptr);
     barraDeBusca_->Mostrar(nullptr);
     pintor_.reset();
     documento_ = {};
 }
 
 void JanelaVisualizacao::AtualizarEstado() {
-    if (pintor_ == nullptr) {
+    if (!Aberta()) {
         return;
     }
     situacaoPagina_->setText(u"Página %1 de %2"_s.arg(vista_->Pagina() + 1).arg(vista_->Paginas()));
-    miniaturas_->Marcar(vista_->Pagina());
+    painel_->Marcar(vista_->Pagina());
     acoesDaVista_.Atualizar();
+    acoesDaRodada_.Atualizar();
     acoes_[Acao::Imprimir].setEnabled(!impressao_->EmCurso());
+    acoes_[Acao::TelaCheia].setChecked(window()->isFullScreen());
     barraDeFerramentas_->Atualizar();
+}
+
+DocumentoImpresso JanelaVisualizacao::ParaImprimir() const {
+    return {documento_.pdf, documento_.tituloResumido, pintor_->Paginas()};
 }
 
 void JanelaVisualizacao::Imprimir() {
     if (!impressao_->EmCurso()) {
-        impressao_->Imprimir({documento_.pdf, documento_.tituloResumido, pintor_->Paginas()},
-                             Pergunta::Sempre);
+        impressao_->Imprimir(ParaImprimir(), Pergunta::Sempre);
         AtualizarEstado();
     }
 }
@@ -197,7 +224,7 @@ void JanelaVisualizacao::Salvar() {
     dialogo->setNameFilter(u"Documentos PDF (*.pdf)"_s);
     dialogo->setDefaultSuffix(u"pdf"_s);
     dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialogo->selectFile(ParaQt(documento_.tituloResumido).replace(u'/', u'-') + u".pdf"_s);
+    dialogo->selectFile(NomeSeguro(ParaQt(documento_.tituloResumido)) + u".pdf"_s);
     Ligar(dialogo, &QFileDialog::fileSelected, this,
           [this, pdf = documento_.pdf](const QString& arquivo) {
               GravarArquivo(arquivo.toStdString(), *pdf);
@@ -219,29 +246,35 @@ void JanelaVisualizacao::LerPreferencias() {
     } else {
         vista_->Ajustar(preferidas.ajuste);
     }
-    acoes_[Acao::Miniaturas].setChecked(preferidas.miniaturas);
+    vista_->DefinirLadoALado(preferidas.ladoALado);
+    acoes_[Acao::Painel].setChecked(preferidas.painel);
 }
 
 void JanelaVisualizacao::GravarPreferencias() {
-    lugar_.Gravar(*this);
+    if (isWindow()) {
+        lugar_.Gravar(*this);
+    }
     if (preferencias_ != nullptr) {
         PreferenciasDaVista{.ajuste = vista_->AjusteAtual(),
                             .ampliacao = vista_->AmpliacaoAtual(),
                             .continuo = vista_->Continuo(),
-                            .miniaturas = acoes_[Acao::Miniaturas].isChecked()}
+                            .ladoALado = vista_->LadoALado(),
+                            .painel = acoes_[Acao::Painel].isChecked(),
+                            .emAbas = grupo_.EmAbas()}
             .Gravar(*preferencias_);
     }
 }
 
-void JanelaVisualizacao::hideEvent(QHideEvent* evento) {
-    QMainWindow::hideEvent(evento);
-    if (!evento->spontaneous()) {
-        impressao_->Cancelar();
-        for (auto* dialogo : findChildren<QDialog*>()) {
-            dialogo->close();
-        }
-        GravarPreferencias();
-        Esvaziar();
+void JanelaVisualizacao::closeEvent(QCloseEvent* evento) {
+    QMainWindow::closeEvent(evento);
+    Encerrar();
+}
+
+// Others may have come or gone while this one was not in front.
+void JanelaVisualizacao::changeEvent(QEvent* evento) {
+    QMainWindow::changeEvent(evento);
+    if (evento->type() == QEvent::ActivationChange) {
+        AtualizarEstado();
     }
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "desktop/LugarDaJanela.h"
+#include "desktop/preview/AcoesDaRodada.h"
 #include "desktop/preview/AcoesDaVista.h"
 #include "desktop/preview/AcoesDaVisualizacao.h"
 #include "desktop/preview/DocumentoPronto.h"
@@ -16,33 +17,43 @@ namespace tarvo {
 
 class BarraDeBusca;
 class BarraDeFerramentas;
-class Miniaturas;
+class GrupoDePrevias;
+class PainelLateral;
 class PintorPaginas;
 class VistaPaginas;
 
-// The preview window of one document: puts its parts together and ties the actions to them. Hidden,
-// it holds no document and asks nothing.
+// The preview window of one document, which may also stand in a tab: puts its parts together and
+// ties the actions to them. Closed, it holds no document and asks nothing.
 class JanelaVisualizacao final : public QMainWindow {
   public:
-    // preferencias, which may be null and outlives the window, keeps the window's place and
-    // magnification from one preview to the next.
-    explicit JanelaVisualizacao(ConfiguracoesIni* preferencias);
+    // preferencias, which may be null, keeps the window's place and magnification from one preview
+    // to the next. Both outlive the window.
+    JanelaVisualizacao(ConfiguracoesIni* preferencias, GrupoDePrevias& grupo);
     ~JanelaVisualizacao() override;
 
-    // Shows a document at its first page.
+    // Shows a document at its first page, or at the page that the group says to keep.
     void Mostrar(DocumentoPronto documento);
+    [[nodiscard]] bool Aberta() const { return pintor_ != nullptr; }
+    // Takes it from the screen and gives up its document.
+    void Encerrar();
+    // As a window of its own, where it belongs.
+    void MostrarEmJanela();
+    // Brings what is told of the document and what can be done up to date.
+    void AtualizarEstado();
 
     [[nodiscard]] bool Imprimindo() const { return impressao_->EmCurso(); }
+    [[nodiscard]] DocumentoImpresso ParaImprimir() const;
+    [[nodiscard]] const Conteudo* Registrado() const { return documento_.registrado; }
 
   protected:
-    void hideEvent(QHideEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
 
   private:
     void CriarBarraDeEstado();
-    void CriarMiniaturas();
+    void CriarPainel();
     void CriarImpressao();
     void LigarAcoes();
-    void AtualizarEstado();
     void Imprimir();
     void Salvar();
     void LerPreferencias();
@@ -50,15 +61,17 @@ class JanelaVisualizacao final : public QMainWindow {
     void Esvaziar();
 
     ConfiguracoesIni* preferencias_;
+    GrupoDePrevias& grupo_;
     LugarDaJanela lugar_;
     DocumentoPronto documento_;
     std::unique_ptr<PintorPaginas> pintor_;
     AcoesDaVisualizacao acoes_;
     VistaPaginas* vista_;
     AcoesDaVista acoesDaVista_;
+    AcoesDaRodada acoesDaRodada_;
     BarraDeFerramentas* barraDeFerramentas_;
     BarraDeBusca* barraDeBusca_;
-    Miniaturas* miniaturas_ = nullptr;
+    PainelLateral* painel_ = nullptr;
     ImpressaoQt* impressao_ = nullptr;
     QLabel* situacaoPagina_ = nullptr;
     QToolButton* situacaoCortes_ = nullptr;

@@ -32,7 +32,9 @@ PreferenciasDaVista PreferenciasDaVista::Ler(const ConfiguracoesIni& configuraco
         lidas.ampliacao = *livre;
     }
     lidas.continuo = tarvo::Ler(configuracoes, "Continuo") != "0";
-    lidas.miniaturas = tarvo::Ler(configuracoes, "Miniaturas") == "1";
+    lidas.ladoALado = tarvo::Ler(configuracoes, "LadoALado") == "1";
+    lidas.painel = tarvo::Ler(configuracoes, "Painel") == "1";
+    lidas.emAbas = tarvo::Ler(configuracoes, "EmAbas") == "1";
     return lidas;
 }
 
@@ -49,7 +51,9 @@ void PreferenciasDaVista::Gravar(ConfiguracoesIni& configuracoes) const {
         };
         gravar("Ampliacao", escolhida);
         gravar("Continuo", continuo ? "1" : "0");
-        gravar("Miniaturas", miniaturas ? "1" : "0");
+        gravar("LadoALado", ladoALado ? "1" : "0");
+        gravar("Painel", painel ? "1" : "0");
+        gravar("EmAbas", emAbas ? "1" : "0");
     } catch (const Erro&) {
         return;
     }

@@ -11,7 +11,9 @@ struct PreferenciasDaVista {
     Ajuste ajuste = Ajuste::LarguraDaPagina;
     double ampliacao = 1.0;  // for Ajuste::Livre
     bool continuo = true;
-    bool miniaturas = false;
+    bool ladoALado = false;
+    bool painel = false;  // to be seen
+    bool emAbas = false;  // previews in one window with a tab each
 
     // What is missing or unreadable has its default.
     static PreferenciasDaVista Ler(const ConfiguracoesIni& configuracoes);

@@ -1,5 +1,10 @@
 #include "desktop/preview/SelecaoDeCelulas.h"
 
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+
 #include "desktop/preview/CelulasDeTexto.h"
 
 namespace tarvo {
@@ -13,48 +18,74 @@ constexpr QSizeF Ponta(0.01, 0.01);
 
 void SelecaoDeCelulas::Mostrar(const CelulasDeTexto* celulas) {
     celulas_ = celulas;
-    area_.reset();
+    vazia_ = true;
 }
 
 bool SelecaoDeCelulas::Comecar(int pagina, const QPointF& ponto) {
-    pagina_ = pagina;
-    inicio_ = ponto;
-    const bool havia = area_.has_value();
-    area_.reset();
-    return havia;
+    inicio_ = {pagina, ponto};
+    return !std::exchange(vazia_, true);
 }
 
-bool SelecaoDeCelulas::Estender(const QPointF& ponto) {
+bool SelecaoDeCelulas::Estender(int pagina, const QPointF& ponto) {
     constexpr double Intencao = 3;  // points
-    const QRectF area = QRectF(inicio_, ponto).normalized();
-    if (celulas_ == nullptr || (Vazia() && area.width() + area.height() <= Intencao)) {
+    const auto distancia = (ponto - inicio_.ponto).manhattanLength();
+    if (celulas_ == nullptr || (vazia_ && pagina == inicio_.pagina && distancia <= Intencao)) {
         return false;
     }
-    area_ = QRectF(area.topLeft(), area.size() + Ponta);
+    fim_ = {pagina, ponto};
+    vazia_ = false;
     return true;
 }
 
 bool SelecaoDeCelulas::SelecionarCelula(int pagina, const QPointF& ponto) {
-    const QRectF area(ponto, Ponta);
-    if (celulas_ == nullptr || celulas_->Caixas(pagina, area).empty()) {
+    if (celulas_ == nullptr || celulas_->Caixas(pagina, QRectF(ponto, Ponta)).empty()) {
         return false;
     }
-    SelecionarArea(pagina, area);
+    inicio_ = fim_ = {pagina, ponto};
+    vazia_ = false;
     return true;
 }
 
-void SelecaoDeCelulas::SelecionarArea(int pagina, const QRectF& area) {
-    pagina_ = pagina;
-    area_ = area;
+void SelecaoDeCelulas::SelecionarPaginas(int primeira, int ultima, const QSizeF& papel) {
+    inicio_ = {primeira, {}};
+    fim_ = {ultima, {papel.width(), papel.height()}};
+    vazia_ = false;
+}
+
+// Between two pages the columns go on: to the end of the first and from the top of the last.
+QRectF SelecaoDeCelulas::Area(int pagina) const {
+    constexpr double FimDaPagina = 1e4;  // points, beyond any paper
+    const bool emOrdem = inicio_.pagina <= fim_.pagina;
+    const Lugar& primeiro = emOrdem ? inicio_ : fim_;
+    const Lugar& ultimo = emOrdem ? fim_ : inicio_;
+    if (vazia_ || pagina < primeiro.pagina || pagina > ultimo.pagina) {
+        return {};
+    }
+    QRectF area = QRectF(inicio_.ponto, fim_.ponto).normalized();
+    if (primeiro.pagina != ultimo.pagina) {
+        area.setTop(pagina == primeiro.pagina ? primeiro.ponto.y() : 0);
+        area.setBottom(pagina == ultimo.pagina ? ultimo.ponto.y() : FimDaPagina);
+    }
+    return {area.topLeft(), area.size() + Ponta};
 }
 
 QString SelecaoDeCelulas::Texto() const {
-    return area_ && celulas_ != nullptr ? celulas_->Copiar(pagina_, *area_) : QString();
+    QStringList paginas;
+    if (!vazia_ && celulas_ != nullptr) {
+        const auto [primeira, ultima] = std::minmax(inicio_.pagina, fim_.pagina);
+        for (int pagina = primeira; pagina <= ultima; ++pagina) {
+            if (auto texto = celulas_->Copiar(pagina, Area(pagina)); !texto.isEmpty()) {
+                paginas << std::move(texto);
+            }
+        }
+    }
+    return paginas.join(u'\n');
 }
 
 std::vector<QRectF> SelecaoDeCelulas::Caixas(int pagina) const {
-    return area_ && celulas_ != nullptr && pagina == pagina_ ? celulas_->Caixas(pagina, *area_)
-                                                             : std::vector<QRectF>();
+    const QRectF area = Area(pagina);
+    return area.isNull() || celulas_ == nullptr ? std::vector<QRectF>()
+                                                : celulas_->Caixas(pagina, area);
 }
 
 }  // namespace tarvo

@@ -41,6 +41,18 @@ void VistaPaginas::Mostrar(PintorPaginas* pintor, BuscaTexto* busca,
     IrPara(0);
 }
 
+LugarNaVista VistaPaginas::Lugar() const {
+    return {Pagina(), {horizontalScrollBar()->value(), verticalScrollBar()->value()}};
+}
+
+void VistaPaginas::Ir(const LugarNaVista& lugar) {
+    IrPara(lugar.pagina);
+    if (Pagina() == lugar.pagina) {
+        Rolar(lugar.topo);
+        Mudou();
+    }
+}
+
 // --- magnification and layout
 
 void VistaPaginas::Dispor(const DisposicaoPaginas::Ancora& ancora) {
@@ -54,8 +66,11 @@ void VistaPaginas::Dispor(const DisposicaoPaginas::Ancora& ancora) {
     disposicao_.janela = viewport()->size();
     if (pintor_ != nullptr && ajuste_ != Ajuste::Livre) {
         constexpr int Margens = 2 * DisposicaoPaginas::Margem;
-        ampliacao_ = Ampliacao::Ajustada(ajuste_, papel * pixels,
-                                         disposicao_.janela - QSize(Margens, Margens));
+        const int colunas = disposicao_.colunas;
+        const QSizeF fileira(papel.width() * colunas, papel.height());
+        const int entrePaginas = (colunas - 1) * DisposicaoPaginas::Espaco;
+        ampliacao_ = Ampliacao::Ajustada(
+            ajuste_, fileira * pixels, disposicao_.janela - QSize(Margens + entrePaginas, Margens));
     }
     disposicao_.pixelsPorPonto = ampliacao_ * pixels;
     disposicao_.pagina = (papel * disposicao_.pixelsPorPonto).toSize();
@@ -85,8 +100,17 @@ void VistaPaginas::Ampliar(double ampliacao) {
 }
 
 void VistaPaginas::DefinirContinuo(bool continuo) {
-    const int pagina = Pagina();
     disposicao_.continuo = continuo;
+    Redispor();
+}
+
+void VistaPaginas::DefinirLadoALado(bool ladoALado) {
+    disposicao_.colunas = ladoALado ? 2 : 1;
+    Redispor();
+}
+
+void VistaPaginas::Redispor() {
+    const int pagina = Pagina();
     Dispor(DisposicaoPaginas::NoComecoDe(pagina));
     IrPara(pagina);
 }
@@ -120,8 +144,12 @@ bool VistaPaginas::NoFim(int sentido) const {
     return sentido > 0 ? barra.value() == barra.maximum() : barra.value() == 0;
 }
 
+void VistaPaginas::IrAVizinha(int sentido) {
+    IrPara(disposicao_.PrimeiraDaFileira(Pagina()) + sentido * disposicao_.colunas);
+}
+
 bool VistaPaginas::PassarPagina(int sentido) {
-    const int alvo = Pagina() + sentido;
+    const int alvo = disposicao_.PrimeiraDaFileira(Pagina()) + sentido * disposicao_.colunas;
     if (disposicao_.continuo || alvo < 0 || alvo >= disposicao_.paginas) {
         return false;
     }
@@ -142,7 +170,7 @@ void VistaPaginas::RolarTela(int sentido) {
 }
 
 void VistaPaginas::Revelar(int pagina, const QRectF& area) {
-    if (!disposicao_.continuo && pagina != Pagina()) {
+    if (!disposicao_.continuo) {
         IrPara(pagina);
     }
     const QRect alvo = disposicao_.NoConteudo(pagina, area).adjusted(-40, -40, 40, 40);
@@ -204,15 +232,41 @@ void VistaPaginas::keyPressEvent(QKeyEvent* evento) {
 void VistaPaginas::mousePressEvent(QMouseEvent* evento) {
     if (evento->button() == Qt::LeftButton && pintor_ != nullptr) {
         const QPoint ponto = evento->position().toPoint();
-        disposicao_.atual = disposicao_.PaginaNaJanela(ponto.y());
+        disposicao_.atual = disposicao_.PaginaNaJanela(ponto);
         selecao_.Comecar(Pagina(), disposicao_.NaPagina(Pagina(), ponto));
         Mudou();
     }
 }
 
 void VistaPaginas::mouseMoveEvent(QMouseEvent* evento) {
-    if ((evento->buttons() & Qt::LeftButton) != 0 &&
-        selecao_.Estender(disposicao_.NaPagina(Pagina(), evento->position().toPoint()))) {
+    if ((evento->buttons() & Qt::LeftButton) != 0) {
+        EstenderSelecao(evento->position().toPoint());
+        // Beyond the edge the pages come towards the mouse.
+        if (viewport()->rect().contains(evento->position().toPoint())) {
+            rolagem_.stop();
+        } else {
+            rolagem_.start(50, this);
+        }
+    }
+}
+
+void VistaPaginas::mouseReleaseEvent(QMouseEvent*) {
+    rolagem_.stop();
+}
+
+void VistaPaginas::timerEvent(QTimerEvent* evento) {
+    if (evento->timerId() != rolagem_.timerId()) {
+        return QAbstractScrollArea::timerEvent(evento);
+    }
+    const QPoint ponto = viewport()->mapFromGlobal(QCursor::pos());
+    const int alem = ponto.y() < 0 ? ponto.y() : std::max(0, ponto.y() - viewport()->height());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + alem);
+    EstenderSelecao(ponto);
+}
+
+void VistaPaginas::EstenderSelecao(const QPoint& ponto) {
+    const int pagina = disposicao_.PaginaNaJanela(ponto);
+    if (selecao_.Estender(pagina, disposicao_.NaPagina(pagina, ponto))) {
         Mudou();
     }
 }
@@ -226,7 +280,14 @@ void VistaPaginas::mouseDoubleClickEvent(QMouseEvent* evento) {
 
 void VistaPaginas::SelecionarPagina() {
     if (pintor_ != nullptr) {
-        selecao_.SelecionarArea(Pagina(), QRectF({}, pintor_->Pontos()));
+        selecao_.SelecionarPaginas(Pagina(), Pagina(), pintor_->Pontos());
+        Mudou();
+    }
+}
+
+void VistaPaginas::SelecionarTudo() {
+    if (pintor_ != nullptr) {
+        selecao_.SelecionarPaginas(0, Paginas() - 1, pintor_->Pontos());
         Mudou();
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
 #include <functional>
 
 #include "desktop/preview/Ampliacao.h"
@@ -11,6 +12,12 @@ namespace tarvo {
 
 class BuscaTexto;
 class PintorPaginas;
+
+// What a view shows, in its own pixels.
+struct LugarNaVista {
+    int pagina = 0;
+    QPoint topo;
+};
 
 // Shows the pages of a document: continuous or one at a time, at any magnification, with marked
 // search hits and a selection of cells. Pages count from 0.
@@ -26,6 +33,13 @@ class VistaPaginas final : public QAbstractScrollArea {
     [[nodiscard]] int Paginas() const { return disposicao_.paginas; }
     // Puts the page's top at the view's top; the nearest page for one that does not exist.
     void IrPara(int pagina);
+    // The same page of a document built anew, at the same place; Ir goes to the nearest page when
+    // that one is gone.
+    [[nodiscard]] LugarNaVista Lugar() const;
+    void Ir(const LugarNaVista& lugar);
+    // To the next page, or the next two where they stand side by side; back when sentido is
+    // negative.
+    void IrAVizinha(int sentido);
     // Scrolls by what the view shows, down when sentido is positive; where pages stand alone, from
     // the end of one to the next.
     void RolarTela(int sentido);
@@ -40,9 +54,12 @@ class VistaPaginas final : public QAbstractScrollArea {
     void Ampliar(double ampliacao);
     [[nodiscard]] bool Continuo() const { return disposicao_.continuo; }
     void DefinirContinuo(bool continuo);
+    [[nodiscard]] bool LadoALado() const { return disposicao_.colunas == 2; }
+    void DefinirLadoALado(bool ladoALado);
 
     [[nodiscard]] const SelecaoDeCelulas& Selecao() const { return selecao_; }
     void SelecionarPagina();
+    void SelecionarTudo();
 
     // Told when page, magnification or selection have changed.
     std::function<void()> aoMudar;
@@ -55,10 +72,14 @@ class VistaPaginas final : public QAbstractScrollArea {
     void keyPressEvent(QKeyEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseMoveEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void timerEvent(QTimerEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
 
   private:
     void Dispor(const DisposicaoPaginas::Ancora& ancora);
+    void Redispor();
+    void EstenderSelecao(const QPoint& ponto);
     void AmpliarEm(double ampliacao, const QPoint& ponto);
     void Rolar(const QPoint& topo);
     bool PassarPagina(int sentido);
@@ -73,6 +94,7 @@ class VistaPaginas final : public QAbstractScrollArea {
     double ampliacao_ = 1.0;
     bool dispondo_ = false;  // scroll bars move because of us, not of the user
     int rodaAcumulada_ = 0;
+    QBasicTimer rolagem_;  // while a selection is drawn beyond the edge
 };
 
 }  // namespace tarvo

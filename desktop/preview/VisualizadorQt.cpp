@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "desktop/preview/JanelaVisualizacao.h"
-#include "desktop/printing/RodadaDeImpressao.h"
 
 namespace tarvo {
 
@@ -21,25 +20,24 @@ class CursorDeEspera {
 
 class VisualizadorQt final : public Visualizador {
   public:
-    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt& andamento,
-                   RodadaDeImpressao& rodada)
-        : preferencias_(preferencias), andamento_(andamento), rodada_(rodada) {}
+    VisualizadorQt(ConfiguracoesIni* preferencias, AndamentoQt& andamento, GrupoDePrevias& grupo)
+        : preferencias_(preferencias), andamento_(andamento), grupo_(grupo) {}
 
     void Exibir(const Conteudo& conteudo) override {
         auto documento = Renderizar(conteudo);
         if (janela_ == nullptr) {
-            janela_ = std::make_unique<JanelaVisualizacao>(preferencias_);
+            janela_ = std::make_unique<JanelaVisualizacao>(preferencias_, grupo_);
         }
         janela_->Mostrar(std::move(documento));
     }
     void Ocultar() override {
-        if (janela_ != nullptr) {
-            janela_->hide();
+        if (janela_ != nullptr && !grupo_.Adiar(*janela_)) {
+            janela_->Encerrar();
         }
     }
     void Imprimir(const Conteudo& conteudo, bool perguntar) override {
         const auto documento = Renderizar(conteudo);
-        rodada_.Imprimir(
+        grupo_.impressao.Imprimir(
             QApplication::activeWindow(),
             {documento.pdf, documento.tituloResumido, static_cast<int>(conteudo.paginas.size())},
             perguntar ? Pergunta::Sempre : Pergunta::SemImpressoraPadrao);
@@ -55,14 +53,14 @@ class VisualizadorQt final : public Visualizador {
 
     ConfiguracoesIni* preferencias_;
     AndamentoQt& andamento_;
-    RodadaDeImpressao& rodada_;
+    GrupoDePrevias& grupo_;
     std::unique_ptr<JanelaVisualizacao> janela_;
 };
 
 }  // namespace
 
 bool FabricaVisualizadoresQt::Imprimindo() {
-    const auto janelas = QApplication::topLevelWidgets();
+    const auto janelas = QApplication::allWidgets();
     return std::any_of(janelas.begin(), janelas.end(), [](const QWidget* janela) {
         const auto* previa = dynamic_cast<const JanelaVisualizacao*>(janela);
         return previa != nullptr && previa->Imprimindo();
@@ -70,7 +68,7 @@ bool FabricaVisualizadoresQt::Imprimindo() {
 }
 
 std::unique_ptr<Visualizador> FabricaVisualizadoresQt::Criar() {
-    return std::make_unique<VisualizadorQt>(preferencias_, andamento_, rodada_);
+    return std::make_unique<VisualizadorQt>(preferencias_, andamento_, grupo_);
 }
 
 }  // namespace tarvo

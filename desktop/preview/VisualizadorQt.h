@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/AndamentoQt.h"
-#include "desktop/printing/RodadaDeImpressao.h"
+#include "desktop/preview/GrupoDePrevias.h"
 #include "document/Ambiente.h"
 
 namespace tarvo {
@@ -21,16 +21,22 @@ class FabricaVisualizadoresQt final : public FabricaVisualizadores {
 
     // Whether a preview has something on its way to the printer.
     [[nodiscard]] static bool Imprimindo();
-    // Between the two, documents that are printed make one run.
-    void ComecarRodada() { rodada_.Comecar(); }
+    // Between the two, documents are one run: printed together, saved together under the name that
+    // it is given, and shown in the windows that permanece leaves.
+    void ComecarRodada(Permanece permanece = Permanece::Nada) { grupo_.Comecar(permanece); }
+    void NomearRodada(const std::string& nomeDeArquivo) { grupo_.nomeDeArquivo = nomeDeArquivo; }
     // Says over janela what was printed where.
-    void ConcluirRodada(QWidget* janela) { rodada_.Concluir(janela); }
+    void ConcluirRodada(QWidget* janela) { grupo_.Concluir(janela); }
+    // What the previews ask of the host from now on; without it they do not offer it.
+    void AoPedir(std::function<void(Pedido)> acao) { grupo_.aoPedir = std::move(acao); }
+    // Previews that are open.
+    [[nodiscard]] std::size_t Abertas() const { return grupo_.Abertas(); }
 
   private:
     ConfiguracoesIni* preferencias_;
     AndamentoQt proprio_;
     AndamentoQt& andamento_;
-    RodadaDeImpressao rodada_;
+    GrupoDePrevias grupo_{preferencias_};
 };
 
 }  // namespace tarvo

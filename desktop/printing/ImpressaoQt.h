@@ -21,8 +21,9 @@ struct DocumentoImpresso {
     int paginas = 1;
 };
 
-// When the user is asked before something is printed.
-enum class Pergunta { Sempre, SemImpressoraPadrao };
+// When the user is asked before something is printed: for each document, for the first of a run, or
+// where there is no default printer.
+enum class Pergunta { Sempre, UmaVez, SemImpressoraPadrao };
 
 // Prints from a window without ever freezing it: whatever asks the print service runs on another
 // thread. One printing at a time; releasing the object gives it up.

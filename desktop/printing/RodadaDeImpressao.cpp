@@ -15,7 +15,7 @@ void RodadaDeImpressao::Comecar() {
 void RodadaDeImpressao::Imprimir(QWidget* janela, const DocumentoImpresso& documento,
                                  Pergunta pergunta) {
     std::optional<OpcoesDeImpressao> daqui;
-    auto& opcoes = emCurso_ && pergunta == Pergunta::SemImpressoraPadrao ? opcoes_ : daqui;
+    auto& opcoes = emCurso_ && pergunta != Pergunta::Sempre ? opcoes_ : daqui;
     ImpressaoQt::ImprimirEEsperar(janela, documento, pergunta, opcoes);
     impressos_ << u"%1 (%2)"_s.arg(ParaQt(documento.titulo), ParaQt(opcoes->impressora));
 }

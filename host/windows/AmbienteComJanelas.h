@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,6 +31,11 @@ class AmbienteComJanelas {
     // As the reports have read them, without a question for what is not set.
     [[nodiscard]] const Configuracoes& DaChamada() const { return daChamada_; }
 
+    // What the previews ask of the host, as FabricaVisualizadoresQt has it.
+    void AoPedir(std::function<void(Pedido)> acao) { visualizadores_.AoPedir(std::move(acao)); }
+    void NomearRodada(const std::string& nomeDeArquivo) {
+        visualizadores_.NomearRodada(nomeDeArquivo);
+    }
     [[nodiscard]] static bool Imprimindo() { return FabricaVisualizadoresQt::Imprimindo(); }
 
     // Takes the progress window away when the returned object goes, however the build has ended.
@@ -45,12 +51,13 @@ class AmbienteComJanelas {
     class Rodada {
       public:
         // mes: of the declaration, the proposal for the reference month.
-        Rodada(AmbienteComJanelas& ambiente, QWidget* janela, std::string mes)
+        Rodada(AmbienteComJanelas& ambiente, QWidget* janela, std::string mes,
+               Permanece permanece = Permanece::Nada)
             : visualizadores_(ambiente.visualizadores_),
               janela_(janela),
               fim_(ambiente.ConcluirAndamentoNoFim()) {
             ambiente.configuracoes_.Propor(std::move(mes));
-            visualizadores_.ComecarRodada();
+            visualizadores_.ComecarRodada(permanece);
         }
         ~Rodada() {
             fim_.reset();

@@ -92,7 +92,9 @@ int AbrirJanela(const Argumentos& a) {
     AmbienteComJanelas ambiente(a.refAtual);
     JanelaPrincipal janela(ambiente);
     janela.show();
-    if (!a.banco.empty()) {
+    if (a.banco.empty()) {
+        janela.Reabrir();
+    } else {
         janela.Abrir(a.banco);
     }
     EsperarPelasJanelas();

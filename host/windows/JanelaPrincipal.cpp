@@ -3,14 +3,17 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QScopedValueRollback>
 #include <QStatusBar>
+#include <QUrl>
 
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
@@ -22,6 +25,7 @@
 #include "host/windows/ListaDeclaracoes.h"
 #include "host/windows/MesDeReferencia.h"
 #include "host/windows/Recentes.h"
+#include "host/windows/Rodadas.h"
 #include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
@@ -31,27 +35,29 @@ using namespace Qt::StringLiterals;
 JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     : ambiente_(ambiente),
       lugar_(&ambiente.Preferencias(), "JanelaPrincipal", {980, 560}),
-      selecao_(this),
-      lista_(new ListaDeclaracoes(this)),
-      situacao_(new QLabel(u"Nenhum banco aberto. Use Arquivo, Abrir banco."_s, this)),
+      situacao_(new QLabel(this)),
       dados_(new QLabel(this)),
       avisos_(new AvisosDaDeclaracao(this)) {
     setObjectName(u"janelaPrincipal"_s);
     setWindowTitle(u"Relatórios Tarvo"_s);
     setWindowIcon(IconeDe(&frmFiguras::imgIconeR));
+    setAcceptDrops(true);
     CriarMenus();
-    lista_->aoAbrir = [this] { AbrirDeclaracao(); };
-    lista_->aoMudar = [this] { situacao_->setText(lista_->Situacao()); };
+    lista_->aoMudar = [this] { AtualizarEstado(); };
     setCentralWidget(lista_);
     situacao_->setObjectName(u"situacao"_s);
     statusBar()->addWidget(situacao_, 1);
     dados_->setObjectName(u"dados"_s);
     statusBar()->addPermanentWidget(avisos_);
     statusBar()->addPermanentWidget(dados_);
+    ambiente_.AoPedir([this](Pedido pedido) { Proteger(this, [&] { Atender(pedido); }); });
+    AtualizarEstado();
     lugar_.Colocar(*this);
 }
 
-JanelaPrincipal::~JanelaPrincipal() = default;
+JanelaPrincipal::~JanelaPrincipal() {
+    ambiente_.AoPedir(nullptr);
+}
 
 void JanelaPrincipal::CriarMenus() {
     const auto acrescentar = [this](QMenu& menu, const QString& texto, auto fazer,
@@ -59,10 +65,11 @@ void JanelaPrincipal::CriarMenus() {
         auto* acao = menu.addAction(texto);
         acao->setShortcut(atalho);
         Ligar(acao, &QAction::triggered, this, fazer);
+        return acao;
     };
     auto& arquivo = *menuBar()->addMenu(u"&Arquivo"_s);
-    acrescentar(
-        arquivo, u"&Abrir banco…"_s, [this] { EscolherArquivo(); }, Qt::CTRL | Qt::Key_O);
+    auto* abrir = acrescentar(
+        arquivo, u"Abrir &banco…"_s, [this] { EscolherArquivo(); }, Qt::CTRL | Qt::Key_O);
     acrescentar(
         arquivo, u"R&eler"_s, [this] { Reler(); }, Qt::Key_F5);
     auto* recentes = arquivo.addMenu(u"&Recentes"_s);
@@ -72,11 +79,22 @@ void JanelaPrincipal::CriarMenus() {
     acrescentar(
         arquivo, u"&Sair"_s, [] { QApplication::closeAllWindows(); }, Qt::CTRL | Qt::Key_Q);
     auto& declaracao = *menuBar()->addMenu(u"&Declaração"_s);
-    acrescentar(
+    relatorios_ = acrescentar(
         declaracao, u"&Relatórios…"_s, [this] { AbrirDeclaracao(); }, Qt::CTRL | Qt::Key_R);
+    velo_ = acrescentar(
+        declaracao, u"&Guia de recolhimento (VELO)"_s, [this] { MostrarVELO(); },
+        Qt::CTRL | Qt::Key_G);
     acrescentar(declaracao, u"Mês de referência &atual…"_s, [this] { DefinirRefAtual(); });
     acrescentar(
         declaracao, u"&Localizar"_s, [this] { lista_->Localizar(); }, Qt::CTRL | Qt::Key_F);
+    lista_ = new ListaDeclaracoes(this, *relatorios_, *abrir);
+}
+
+void JanelaPrincipal::AtualizarEstado() {
+    const auto linha = lista_->Escolhida();
+    relatorios_->setEnabled(rodadas_ != nullptr && linha && linha->NroDRQ.has_value());
+    velo_->setEnabled(rodadas_ != nullptr);
+    situacao_->setText(banco_ != nullptr ? lista_->Situacao() : QString());
 }
 
 void JanelaPrincipal::EscolherArquivo() {
@@ -113,31 +131,62 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
 }
 
 void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
-    OrigemBanco origem(arquivo);
-    auto banco = origem.Abrir();
-    const auto fim = ambiente_.ConcluirAndamentoNoFim();
-    banco->Acompanhar(ambiente_.DosRelatorios().andamento);
-    lista_->Ler(*banco);
+    Ler(arquivo);
     avisos_->Esquecer();
-    relatorios_.reset();
-    banco_ = std::move(banco);
-    origem_ = std::move(origem);
-    arquivo_ = arquivo;
-    relatorios_ = std::make_unique<Relatorios>(ambiente_.DosRelatorios(), selecao_);
+    rodadas_ = std::make_unique<Rodadas>(ambiente_, *this, *avisos_);
+    AtualizarEstado();
     const QFileInfo nome(ParaQt(arquivo.string()));
     setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
     AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
     DizerDosDados();
 }
 
+// What is open stays as it was when this one cannot be read.
+void JanelaPrincipal::Ler(const std::filesystem::path& arquivo) {
+    const auto fim = ambiente_.ConcluirAndamentoNoFim();
+    OrigemBanco origem(arquivo);
+    auto banco = origem.Abrir();
+    banco->Acompanhar(ambiente_.DosRelatorios().andamento);
+    lista_->Ler(*banco);
+    banco_ = std::move(banco);
+    origem_ = std::move(origem);
+    arquivo_ = arquivo;
+}
+
+void JanelaPrincipal::Reabrir() {
+    const auto recentes = LerRecentes(ambiente_.Preferencias());
+    if (recentes.isEmpty() || !QFileInfo::exists(recentes.first())) {
+        return;
+    }
+    Abrir(recentes.first().toStdString());
+    if (banco_ != nullptr) {
+        lista_->Ir(LerLugar(ambiente_.Preferencias()));
+    }
+}
+
 void JanelaPrincipal::Reler() {
     if (!origem_ || ocupada_) {
         return;
     }
-    if (origem_->LidaEm() && !origem_->Mudou()) {
-        return DizerDePassagem(this, u"O arquivo não mudou."_s);
+    const QScopedValueRollback emCurso(ocupada_, true);
+    if (!RelerSeMudou()) {
+        DizerDePassagem(this, u"O arquivo não mudou."_s);
     }
-    Abrir(arquivo_);
+}
+
+bool JanelaPrincipal::RelerSeMudou() {
+    if (origem_->LidaEm() && !origem_->Mudou()) {
+        return false;
+    }
+    const auto lugar = lista_->Lugar();
+    try {
+        Ler(arquivo_);
+    } catch (...) {
+        throw Explicar(ErroCorrente(), arquivo_.string());
+    }
+    lista_->Ir(lugar);
+    DizerDosDados();
+    return true;
 }
 
 void JanelaPrincipal::DizerDosDados() {
@@ -161,28 +210,44 @@ void JanelaPrincipal::DizerDosDados() {
 
 void JanelaPrincipal::AbrirDeclaracao() {
     const auto linha = lista_->Escolhida();
-    if (!linha || ocupada_ || relatorios_ == nullptr) {
+    if (!linha || ocupada_ || rodadas_ == nullptr || !linha->NroDRQ) {
         return;
-    }
-    if (!linha->NroDRQ) {
-        return DizerDePassagem(this, u"Este contribuinte não tem declarações."_s);
     }
     const QScopedValueRollback emCurso(ocupada_, true);
     const auto IE = linha->IE.empty() ? PerguntarContribuinte() : linha->IE;
-    if (IE.empty()) {
+    if (!IE.empty()) {
+        rodadas_->Executar(*banco_, {IE, *linha->NroDRQ});
+    }
+}
+
+void JanelaPrincipal::MostrarVELO() {
+    if (!ocupada_) {
+        const QScopedValueRollback emCurso(ocupada_, true);
+        rodadas_->MostrarVELO(*banco_);
+    }
+}
+
+// What a preview asks for.
+void JanelaPrincipal::Atender(Pedido pedido) {
+    if (ocupada_ || rodadas_ == nullptr || !rodadas_->Ultima()) {
         return;
     }
-    const AmbienteComJanelas::Rodada rodada(ambiente_, this,
-                                            MesDaDeclaracao(*banco_, *linha->NroDRQ));
-    try {
-        relatorios_->Executar(*banco_, IE, *linha->NroDRQ, 0);
-    } catch (...) {
-        throw Explicar(ErroCorrente(), relatorios_->QueFalhou());
+    const QScopedValueRollback emCurso(ocupada_, true);
+    auto declaracao = *rodadas_->Ultima();
+    if (pedido == Pedido::Atualizar) {
+        RelerSeMudou();
+    } else {
+        const bool proxima = pedido == Pedido::ProximaDeclaracao;
+        const auto linha = lista_->IrAVizinha(declaracao.IE, declaracao.NroDRQ, proxima ? 1 : -1);
+        if (!linha) {
+            return DizerDePassagem(QApplication::activeWindow(),
+                                   proxima ? u"Esta é a última declaração da lista."_s
+                                           : u"Esta é a primeira declaração da lista."_s);
+        }
+        declaracao.IE = linha->IE.empty() ? declaracao.IE : linha->IE;
+        declaracao.NroDRQ = *linha->NroDRQ;
     }
-    if (!relatorios_->Produzidos().empty()) {
-        avisos_->Mostrar(*banco_, RevisaoDoProduzido(IE, *linha->NroDRQ, relatorios_->Produzidos(),
-                                                     &ambiente_.DaChamada()));
-    }
+    rodadas_->Repetir(*banco_, declaracao);
 }
 
 std::string JanelaPrincipal::PerguntarContribuinte() {
@@ -218,7 +283,21 @@ void JanelaPrincipal::closeEvent(QCloseEvent* evento) {
     }
     QMainWindow::closeEvent(evento);
     lugar_.Gravar(*this);
-    relatorios_.reset();
+    if (banco_ != nullptr) {
+        GravarLugar(ambiente_.Preferencias(), lista_->Lugar());
+    }
+    rodadas_.reset();
+    AtualizarEstado();
+}
+
+void JanelaPrincipal::dragEnterEvent(QDragEnterEvent* evento) {
+    if (evento->mimeData()->urls().value(0).isLocalFile()) {
+        evento->acceptProposedAction();
+    }
+}
+
+void JanelaPrincipal::dropEvent(QDropEvent* evento) {
+    Abrir(evento->mimeData()->urls().value(0).toLocalFile().toStdString());
 }
 
 }  // namespace tarvo::host

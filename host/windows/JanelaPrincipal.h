@@ -7,9 +7,9 @@
 
 #include "databases/OrigemBanco.h"
 #include "desktop/LugarDaJanela.h"
-#include "desktop/dialog/JanelaSelecaoQt.h"
-#include "dispatch/Relatorios.h"
+#include "desktop/preview/VisualizadorQt.h"
 
+class QAction;
 class QLabel;
 class QMenu;
 
@@ -18,6 +18,7 @@ namespace tarvo::host {
 class AmbienteComJanelas;
 class AvisosDaDeclaracao;
 class ListaDeclaracoes;
+class Rodadas;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
 // selection dialog. Closing it closes the previews. Errors are told over the window and leave it as
@@ -30,31 +31,41 @@ class JanelaPrincipal final : public QMainWindow {
 
     // Puts another database in the place of the open one and closes its previews.
     void Abrir(const std::filesystem::path& arquivo);
-    // Shows the open database as it is now. A file that was read into a copy and has not changed is
-    // not read again.
+    // Opens what was open when the window was closed last, if it is still there.
+    void Reabrir();
+    // Shows the open database as it is now; previews stay. A file that was read into a copy and has
+    // not changed is not read again.
     void Reler();
 
   protected:
     void closeEvent(QCloseEvent* evento) override;
+    void dragEnterEvent(QDragEnterEvent* evento) override;
+    void dropEvent(QDropEvent* evento) override;
 
   private:
     void CriarMenus();
     void EscolherArquivo();
     void Trocar(const std::filesystem::path& arquivo);
+    void Ler(const std::filesystem::path& arquivo);
+    bool RelerSeMudou();  // false: it has not
+    void AtualizarEstado();
     void MostrarRecentes(QMenu& menu);
     void AbrirDeclaracao();
+    void MostrarVELO();
+    void Atender(Pedido pedido);
     [[nodiscard]] std::string PerguntarContribuinte();  // empty: none chosen
     void DefinirRefAtual();
     void DizerDosDados();
 
     AmbienteComJanelas& ambiente_;
     LugarDaJanela lugar_;
-    JanelaSelecaoQt selecao_;
     std::filesystem::path arquivo_;
     std::optional<OrigemBanco> origem_;
     std::unique_ptr<BancoDados> banco_;
-    std::unique_ptr<Relatorios> relatorios_;
-    ListaDeclaracoes* lista_;
+    std::unique_ptr<Rodadas> rodadas_;
+    QAction* relatorios_ = nullptr;
+    QAction* velo_ = nullptr;
+    ListaDeclaracoes* lista_ = nullptr;
     QLabel* situacao_;
     QLabel* dados_;               // of when what is shown is, where it is a copy
     AvisosDaDeclaracao* avisos_;  // about what the last dialog has produced

@@ -49,4 +49,32 @@ void AcrescentarRecente(ConfiguracoesIni& preferencias, const QString& arquivo) 
     }
 }
 
+LugarNaLista LerLugar(const ConfiguracoesIni& preferencias) {
+    try {
+        const auto ler = [&](std::string_view chave) {
+            return ParaQt(preferencias.Ler("Tarvo", "JanelaPrincipal", chave, ""));
+        };
+        LugarNaLista lugar{.filtro = ler("Filtro"), .IE = ler("IE").toStdString(), .NroDRQ = {}};
+        bool numero = false;
+        const int NroDRQ = ler("NroDRQ").toInt(&numero);
+        lugar.NroDRQ = numero ? std::optional(NroDRQ) : std::nullopt;
+        return lugar;
+    } catch (const Erro&) {
+        return {};
+    }
+}
+
+void GravarLugar(ConfiguracoesIni& preferencias, const LugarNaLista& lugar) {
+    try {
+        const auto gravar = [&](std::string_view chave, const std::string& valor) {
+            preferencias.Gravar("Tarvo", "JanelaPrincipal", chave, valor);
+        };
+        gravar("Filtro", lugar.filtro.toStdString());
+        gravar("IE", lugar.IE);
+        gravar("NroDRQ", lugar.NroDRQ ? std::to_string(*lugar.NroDRQ) : "");
+    } catch (const Erro&) {
+        return;
+    }
+}
+
 }  // namespace tarvo::host

@@ -1,17 +1,21 @@
 #include "host/windows/JanelaPrincipal.h"
 
+#include <QClipboard>
 #include <QDialog>
+#include <QDropEvent>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
+#include <QUrl>
 #include <fstream>
 
 #include "host/windows/AmbienteComJanelas.h"
@@ -75,7 +79,7 @@ TEST_F(JanelaPrincipalTeste, ListsSearchesAndSorts) {
     EXPECT_EQ(Numeros(), "12;11;9;10;;");
     QTest::keyClicks(busca, u"sao joao 2001"_s);
     EXPECT_EQ(Numeros(), "10;");
-    EXPECT_EQ(janela->findChild<QLabel*>(u"situacao"_s)->text(), u"1 de 5 linhas"_s);
+    EXPECT_EQ(janela->findChild<QLabel*>(u"situacao"_s)->text(), u"1 de 4 declarações"_s);
     busca->setText(u"nada"_s);
     EXPECT_EQ(Numeros(), "");
     busca->clear();
@@ -133,6 +137,7 @@ TEST_F(JanelaPrincipalTeste, WhatThePagesDoNotShowIsCountedAndListed) {
     auto& avisos = *janela->findChild<QPushButton*>(u"avisos"_s);
     const auto produzir = [&](int entrada) {
         NoDialogo([&](QDialog&, QListWidget& entradas) {
+            entradas.clearSelection();
             entradas.item(entrada)->setSelected(true);
             QTest::keyClick(&entradas, Qt::Key_Return);
         });
@@ -178,6 +183,47 @@ TEST_F(JanelaPrincipalTeste, WhatIsFoundIsShownAndTheDialogSaysWhoseItIs) {
         dialogo.reject();
     });
     QTest::keyClick(busca, Qt::Key_Return);
+}
+
+TEST_F(JanelaPrincipalTeste, ARunGoesOnToTheNextDeclarationWithTheSameReports) {
+    QTest::keyClicks(busca, u"joao"_s);
+    lista->sortByColumn(ModeloDeclaracoes::Numero, Qt::AscendingOrder);
+    lista->selectRow(0);
+    NoDialogo([](QDialog&, QListWidget& entradas) {
+        entradas.item(0)->setSelected(true);
+        entradas.item(15)->setSelected(true);
+        QTest::keyClick(&entradas, Qt::Key_Return);
+    });
+    QTest::keyClick(busca, Qt::Key_Return);
+    const auto previas = Abertas();
+    ASSERT_EQ(previas.size(), 2U);
+    previas[0]->setGeometry(50, 60, 610, 520);
+    const auto pedir = [&](Qt::Key tecla, Qt::KeyboardModifiers com = Qt::NoModifier) {
+        previas[0]->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(previas[0]));
+        QTest::keyClick(previas[0]->findChild<QWidget*>(u"paginas"_s), tecla, com);
+    };
+    // Number 10 is of 2001 and has no entry 15: its window goes, the other one stays in its place.
+    pedir(Qt::Key_PageDown, Qt::AltModifier);
+    ASSERT_EQ(Abertas(), std::vector{previas[0]});
+    EXPECT_EQ(previas[0]->geometry(), QRect(50, 60, 610, 520));
+    EXPECT_EQ(lista->currentIndex().row(), 1);
+    pedir(Qt::Key_PageDown, Qt::AltModifier);
+    EXPECT_THAT(previas[0]->statusBar()->currentMessage().toStdString(),
+                testing::HasSubstr("última"));
+    pedir(Qt::Key_PageUp, Qt::AltModifier);
+    EXPECT_EQ(Abertas().size(), 2U);
+    // F5 shows what the database has by now.
+    const auto copiar = [&] {
+        pedir(Qt::Key_A, Qt::ControlModifier);
+        pedir(Qt::Key_C, Qt::ControlModifier);
+        return QApplication::clipboard()->text().toStdString();
+    };
+    banco.Executar("update tblContribuinte set RazãoSocial = 'Padaria Nova' where IE = '1'");
+    EXPECT_THAT(copiar(), testing::HasSubstr("São João"));
+    pedir(Qt::Key_F5);
+    EXPECT_THAT(copiar(), testing::HasSubstr("Padaria Nova"));
+    EXPECT_EQ(Abertas().size(), 2U);
 }
 
 TEST_F(JanelaPrincipalTeste, ClosingItClosesItsPreviews) {
@@ -257,6 +303,31 @@ TEST_F(JanelaPrincipalTeste, AnErrorIsToldAndLeavesTheOpenDatabase) {
                                testing::HasSubstr("Confira o caminho")));
     caixa->close();
     EXPECT_EQ(Numeros(), "12;11;10;9;;");
+}
+
+TEST_F(JanelaPrincipalTeste, OpensAgainWhereItWasClosed) {
+    QTest::keyClicks(busca, u"joao"_s);
+    lista->selectRow(1);
+    const auto escolhida = lista->currentIndex().siblingAtColumn(ModeloDeclaracoes::Numero).data();
+    janela->close();
+    janela = std::make_unique<JanelaPrincipal>(*pecas);
+    EXPECT_TRUE(janela->findChild<QLabel*>(u"vazio"_s)->text().contains(u"Nenhum banco"_s));
+    janela->show();
+    janela->Reabrir();
+    lista = janela->findChild<QTableView*>(u"declaracoes"_s);
+    EXPECT_EQ(janela->findChild<QLineEdit*>(u"campoBusca"_s)->text(), u"joao"_s);
+    EXPECT_EQ(lista->currentIndex().siblingAtColumn(ModeloDeclaracoes::Numero).data(), escolhida);
+    // What was dropped on it is opened.
+    const BancoDeTeste outro;
+    QMimeData dados;
+    dados.setUrls({QUrl::fromLocalFile(QString::fromStdString(outro.Arquivo().string()))});
+    QDragEnterEvent sobre({50, 50}, Qt::CopyAction, &dados, Qt::LeftButton, {});
+    QApplication::sendEvent(janela.get(), &sobre);
+    EXPECT_TRUE(sobre.isAccepted());
+    QDropEvent solto({50, 50}, Qt::CopyAction, &dados, Qt::LeftButton, {});
+    QApplication::sendEvent(janela.get(), &solto);
+    EXPECT_EQ(Numeros(), "");
+    EXPECT_TRUE(janela->findChild<QLabel*>(u"vazio"_s)->isVisible());
 }
 
 TEST_F(JanelaPrincipalTeste, OffersTheDatabasesOpenedLast) {

@@ -5,6 +5,7 @@
 #include "desktop/preview/DisposicaoPaginas.h"
 #include "desktop/preview/DocumentoPronto.h"
 #include "desktop/preview/PintorPaginas.h"
+#include "desktop/preview/SelecaoDeCelulas.h"
 #include "desktop/preview/VistaPaginas.h"
 #include "tests/desktop/Previas.h"
 
@@ -21,7 +22,18 @@ TEST(DisposicaoPaginas, PagesStandInTheMiddleBelowEachOtherOrAlone) {
     d.continuo = false;
     EXPECT_EQ(d.Conteudo(), QSize(224, 324));
     EXPECT_EQ(d.Origem(2), QPoint(12 + 88, 12 + 88));
-    EXPECT_EQ(d.PaginaEm(10'000), 2);
+    EXPECT_EQ(d.PaginaEm({0, 10'000}), 2);
+    // Two side by side, the fifth alone in the last row.
+    d.continuo = true;
+    d.colunas = 2;
+    d.janela = {100, 100};
+    EXPECT_EQ(d.Conteudo(), QSize(2 * 212 - 12 + 24, 3 * 312 - 12 + 24));
+    EXPECT_EQ(d.Origem(3), QPoint(12 + 212, 12 + 312));
+    EXPECT_EQ(d.PaginaEm({300, 400}), 3);
+    EXPECT_EQ(d.PaginaEm({300, 10'000}), 4);
+    EXPECT_EQ(d.PaginaEm({-50, -50}), 0);
+    d.topo = {0, 350};
+    EXPECT_EQ(d.Visiveis(), std::pair(2, 3));
 }
 
 TEST(DisposicaoPaginas, TheCurrentPageIsTheOneThatShowsMost) {
@@ -66,6 +78,13 @@ TEST(CelulasDeTexto, RowsComeFromTopToBottomAndCellsFromLeftToRight) {
     EXPECT_EQ(celulas.Copiar(0, tudo), u"a\tb\nc d"_s);
     EXPECT_EQ(celulas.Copiar(1, tudo), u"2/2"_s);
     EXPECT_EQ(celulas.Copiar(2, tudo), QString());
+    // From one page to the next the columns go on.
+    SelecaoDeCelulas selecao;
+    selecao.Mostrar(&celulas);
+    selecao.Comecar(1, {100, 80});
+    EXPECT_TRUE(selecao.Estender(0, {60, 100}));
+    EXPECT_EQ(selecao.Texto(), u"c d\n2/2"_s);
+    EXPECT_EQ(selecao.Caixas(0).size(), 1U);
     // 2 cm of margin, then 3 cm: the second column only.
     EXPECT_EQ(celulas.Copiar(0, QRectF(5 * 72 / 2.54 + 1, 0, 10, 900)), u"b"_s);
     ASSERT_EQ(celulas.Caixas(0, tudo).size(), 3U);

@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFileDialog>
@@ -84,6 +85,7 @@ TEST_F(Visualizacao, ShowsTitleIconPageAndWhatWasCut) {
     QTest::mouseClick(&cortes, Qt::LeftButton);
     auto* lista = Unica().findChild<QTableWidget*>();
     ASSERT_NE(lista, nullptr);
+    EXPECT_EQ(Unica().focusWidget(), lista);
     EXPECT_EQ(lista->item(0, 1)->text(), u"um texto que não cabe nesta caixa estreita"_s);
     lista->selectRow(0);
     EXPECT_EQ(Situacao(), "Página 3 de 3");
@@ -186,9 +188,10 @@ TEST_F(Visualizacao, TheTabKeyReachesEveryControlAndComesBack) {
             << controle << " in " << alcancados.join(u' ').toStdString();
     }
     // Those of the tool bar in the order in which they stand.
-    EXPECT_THAT(alcancados.join(u';').toStdString(),
-                testing::HasSubstr("Imprimir;Salvar como PDF;Miniaturas;campoPagina;Próxima página;"
-                                   "Última página;Reduzir;campoAmpliacao;Ampliar;"));
+    EXPECT_THAT(
+        alcancados.join(u';').toStdString(),
+        testing::HasSubstr("Imprimir;Salvar como PDF;Painel lateral;campoPagina;Próxima página;"
+                           "Última página;Reduzir;campoAmpliacao;Ampliar;"));
 }
 
 TEST_F(Visualizacao, ScrollingTellsThePageAndTurnsItWhenPagesStandAlone) {
@@ -270,7 +273,13 @@ TEST_F(Visualizacao, FindsWithoutAccentsAndMarksEveryHit) {
     procurar(u"linha"_s, u"1 de 15"_s);
     EXPECT_TRUE(Esperar([] { return Pixels(Achado) > 100 && Pixels(AchadoAtual) > 100; }));
     procurar(u"inexistente"_s, u"Nenhum resultado"_s);
-    QTest::keyClick(&campo, Qt::Key_Escape);
+    auto& exata = Parte<QCheckBox>("buscaExata");
+    exata.click();
+    procurar(u"apuracao"_s, u"Nenhum resultado"_s);
+    campo.setText(u"Apuração"_s);
+    EXPECT_TRUE(Esperar([&] { return situacao() == u"1 de 5"_s; }));
+    // From anywhere in the window.
+    Teclar("Esc", &Parte<QLineEdit>("campoPagina"));
     EXPECT_FALSE(campo.isVisible());
     EXPECT_EQ(Pixels(Achado) + Pixels(AchadoAtual), 0);
 }
@@ -340,28 +349,6 @@ TEST_F(Visualizacao, ShownAgainItHasTheNewDocumentAtItsFirstPage) {
     EXPECT_EQ(Situacao(), "Página 1 de 2");
 }
 
-TEST_F(Visualizacao, SeveralStandSideBySideAndGoWithTheirOwners) {
-    Mostrar(1);
-    Unica().setGeometry(60, 70, 610, 520);
-    documento.Ocultar();  // and the place is remembered
-    documento.Exibir();
-    auto outro = std::make_unique<DocumentoRelatorio>(ambiente);
-    MontarTabela(*outro, 400);
-    outro->DefinirTitulo("Relatório de Zeladoria");
-    outro->Exibir();
-    ASSERT_EQ(Abertas().size(), 2U);
-    EXPECT_EQ(Abertas()[0]->geometry().topLeft(), QPoint(60, 70));
-    EXPECT_EQ(Abertas()[1]->geometry().topLeft(), QPoint(88, 98));
-    // Released in the middle of painting, of a search and of a question to the user.
-    auto* segunda = Abertas()[1];
-    segunda->findChild<QLineEdit*>(u"campoBusca"_s)->setText(u"linha"_s);
-    QTest::keyClick(segunda->findChild<QWidget*>(u"paginas"_s), Qt::Key_S, Qt::ControlModifier);
-    outro.reset();
-    EXPECT_EQ(Abertas().size(), 1U);
-    QTest::qWait(50);
-    EXPECT_EQ(Situacao(), "Página 1 de 1");
-}
-
 TEST_F(Visualizacao, RemembersPlaceAndMagnification) {
     Mostrar(3);
     Unica().setGeometry(60, 70, 610, 520);
@@ -399,7 +386,7 @@ TEST_F(Visualizacao, EveryActionTellsItsShortcutWhereItIsOffered) {
             }
         }
     }
-    EXPECT_EQ(acoes, 23);
+    EXPECT_EQ(acoes, 33);
 }
 
 }  // namespace

@@ -1,0 +1,49 @@
+#include "desktop/preview/AcoesDaRodada.h"
+
+#include <QMenu>
+#include <QTimer>
+
+#include "desktop/Ligacao.h"
+#include "desktop/preview/AcoesDaVisualizacao.h"
+#include "desktop/preview/GrupoDePrevias.h"
+#include "desktop/preview/JanelaVisualizacao.h"
+
+namespace tarvo {
+
+AcoesDaRodada::AcoesDaRodada(const AcoesDaVisualizacao& acoes, JanelaVisualizacao& janela,
+                             GrupoDePrevias& grupo)
+    : acoes_(acoes), grupo_(grupo) {
+    const auto ligar = [&](Acao acao, auto fazer) {
+        Ligar(&acoes_[acao], &QAction::triggered, &janela, fazer);
+    };
+    ligar(Acao::ImprimirTodos, [&] { grupo.ImprimirTodos(&janela); });
+    ligar(Acao::SalvarTodos, [&] { grupo.SalvarTodos(&janela); });
+    ligar(Acao::SalvarCadaUm, [&] { grupo.SalvarCadaUm(&janela); });
+    // The windows are changed once the menu that asked for it is closed.
+    ligar(Acao::EmAbas, [&] {
+        QTimer::singleShot(
+            0, &janela, [&] { Proteger(&janela, [&] { grupo.DefinirEmAbas(!grupo.EmAbas()); }); });
+    });
+    const auto pedir = [&](Acao acao, Pedido pedido) {
+        ligar(acao, [&grupo, pedido] {
+            if (grupo.aoPedir) {
+                grupo.aoPedir(pedido);
+            }
+        });
+    };
+    pedir(Acao::Atualizar, Pedido::Atualizar);
+    pedir(Acao::DeclaracaoAnterior, Pedido::DeclaracaoAnterior);
+    pedir(Acao::ProximaDeclaracao, Pedido::ProximaDeclaracao);
+}
+
+void AcoesDaRodada::Atualizar() const {
+    for (const auto acao : {Acao::ImprimirTodos, Acao::SalvarTodos, Acao::SalvarCadaUm}) {
+        acoes_[acao].setEnabled(grupo_.Abertas() > 1);
+    }
+    for (const auto acao : {Acao::Atualizar, Acao::DeclaracaoAnterior, Acao::ProximaDeclaracao}) {
+        acoes_[acao].setVisible(grupo_.aoPedir != nullptr);
+    }
+    acoes_[Acao::EmAbas].setChecked(grupo_.EmAbas());
+}
+
+}  // namespace tarvo

@@ -1,0 +1,166 @@
+#include "desktop/preview/GrupoDePrevias.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <algorithm>
+
+#include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
+#include "desktop/preview/JanelaDeAbas.h"
+#include "desktop/preview/JanelaVisualizacao.h"
+#include "desktop/preview/PreferenciasDaVista.h"
+#include "output/pdf/RenderizadorPDF.h"
+#include "system/files/Arquivos.h"
+
+namespace tarvo {
+
+using namespace Qt::StringLiterals;
+
+GrupoDePrevias::GrupoDePrevias(ConfiguracoesIni* preferencias)
+    : preferencias_(preferencias),
+      emAbas_(preferencias != nullptr && PreferenciasDaVista::Ler(*preferencias).emAbas) {}
+
+GrupoDePrevias::~GrupoDePrevias() = default;
+
+// --- a run
+
+void GrupoDePrevias::Comecar(Permanece permanece) {
+    permanece_ = permanece;
+    nomeDeArquivo.clear();
+    impressao.Comecar();
+}
+
+void GrupoDePrevias::Concluir(QWidget* janela) {
+    permanece_ = Permanece::Nada;
+    for (auto* previa : std::exchange(adiadas_, {})) {
+        previa->Encerrar();
+    }
+    impressao.Concluir(janela);
+}
+
+bool GrupoDePrevias::Adiar(JanelaVisualizacao& previa) {
+    if (permanece_ != Permanece::Nada && previa.Aberta()) {
+        adiadas_.push_back(&previa);
+        return true;
+    }
+    return false;
+}
+
+// --- where they stand
+
+void GrupoDePrevias::Mostrar(JanelaVisualizacao& previa) {
+    std::erase(adiadas_, &previa);
+    if (std::find(abertas_.begin(), abertas_.end(), &previa) == abertas_.end()) {
+        abertas_.push_back(&previa);
+    }
+    if (!emAbas_) {
+        return previa.MostrarEmJanela();
+    }
+    if (abas_ == nullptr) {
+        abas_ = std::make_unique<JanelaDeAbas>(preferencias_);
+    }
+    abas_->Mostrar(previa);
+}
+
+void GrupoDePrevias::Retirar(JanelaVisualizacao& previa) {
+    std::erase(abertas_, &previa);
+    std::erase(adiadas_, &previa);
+    if (abas_ != nullptr) {
+        abas_->Retirar(previa);
+    }
+}
+
+void GrupoDePrevias::DefinirEmAbas(bool emAbas) {
+    if (emAbas == emAbas_) {
+        return;
+    }
+    emAbas_ = emAbas;
+    if (preferencias_ != nullptr) {
+        auto preferidas = PreferenciasDaVista::Ler(*preferencias_);
+        preferidas.emAbas = emAbas;
+        preferidas.Gravar(*preferencias_);
+    }
+    for (auto* previa : abertas_) {
+        if (!emAbas) {
+            abas_->Retirar(*previa);
+        }
+        Mostrar(*previa);
+        previa->AtualizarEstado();
+    }
+}
+
+// --- all at once
+
+void GrupoDePrevias::ImprimirTodos(QWidget* janela) {
+    std::vector<DocumentoImpresso> documentos;
+    for (const auto* previa : abertas_) {
+        documentos.push_back(previa->ParaImprimir());
+    }
+    RodadaDeImpressao todos;
+    todos.Comecar();
+    Proteger(janela, [&] {
+        for (const auto& documento : documentos) {
+            todos.Imprimir(janela, documento, Pergunta::UmaVez);
+        }
+    });
+    todos.Concluir(janela);
+}
+
+QString GrupoDePrevias::NomeDeArquivo() const {
+    return NomeSeguro(nomeDeArquivo.empty() ? u"Relatórios"_s : ParaQt(nomeDeArquivo));
+}
+
+void GrupoDePrevias::SalvarTodos(QWidget* janela) {
+    auto* dialogo = new QFileDialog(janela, u"Salvar todos em um PDF"_s);
+    dialogo->setAttribute(Qt::WA_DeleteOnClose);
+    dialogo->setAcceptMode(QFileDialog::AcceptSave);
+    dialogo->setNameFilter(u"Documentos PDF (*.pdf)"_s);
+    dialogo->setDefaultSuffix(u"pdf"_s);
+    dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialogo->selectFile(NomeDeArquivo() + u".pdf"_s);
+    Ligar(dialogo, &QFileDialog::fileSelected, janela, [this, janela](const QString& arquivo) {
+        std::vector<SecaoPDF> secoes;
+        for (const auto* previa : abertas_) {
+            secoes.push_back({previa->Registrado(), previa->windowTitle().toStdString()});
+        }
+        GravarPDF(secoes, arquivo.toStdString());
+        DizerDePassagem(janela, u"%1 relatórios salvos em %2"_s.arg(secoes.size()).arg(arquivo));
+    });
+    dialogo->open();
+}
+
+void GrupoDePrevias::SalvarCadaUm(QWidget* janela) {
+    auto* dialogo = new QFileDialog(janela, u"Pasta para um PDF de cada relatório"_s);
+    dialogo->setAttribute(Qt::WA_DeleteOnClose);
+    dialogo->setFileMode(QFileDialog::Directory);
+    dialogo->setOption(QFileDialog::ShowDirsOnly);
+    dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    Ligar(dialogo, &QFileDialog::fileSelected, janela, [this, janela](const QString& pasta) {
+        std::vector<std::pair<QString, std::shared_ptr<const std::string>>> arquivos;
+        QStringList existentes;
+        for (const auto* previa : abertas_) {
+            const auto documento = previa->ParaImprimir();
+            const auto nome =
+                NomeDeArquivo() + u' ' + NomeSeguro(ParaQt(documento.titulo)) + u".pdf"_s;
+            arquivos.emplace_back(QDir(pasta).filePath(nome), documento.pdf);
+            existentes << (QFile::exists(arquivos.back().first) ? QStringList(nome)
+                                                                : QStringList());
+        }
+        if (!existentes.isEmpty() &&
+            QMessageBox::question(janela, u"Salvar cada um"_s,
+                                  u"Já existem nesta pasta:\n%1\n\nSubstituir?"_s.arg(
+                                      existentes.join(u'\n'))) != QMessageBox::Yes) {
+            return;
+        }
+        for (const auto& [arquivo, pdf] : arquivos) {
+            GravarArquivo(arquivo.toStdString(), *pdf);
+        }
+        DizerDePassagem(janela, u"%1 relatórios salvos em %2"_s.arg(arquivos.size()).arg(pasta));
+    });
+    dialogo->open();
+}
+
+}  // namespace tarvo

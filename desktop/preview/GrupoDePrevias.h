@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/printing/RodadaDeImpressao.h"
+
+namespace tarvo {
+
+class ConfiguracoesIni;
+class JanelaDeAbas;
+class JanelaVisualizacao;
+struct Conteudo;
+
+// What a preview's user may ask of a host that can build reports anew.
+enum class Pedido { DeclaracaoAnterior, ProximaDeclaracao, Atualizar };
+
+// What a new run leaves of the previews of the one before: nothing; the windows of the reports that
+// it shows again; these with the page that they show.
+enum class Permanece { Nada, Janelas, Paginas };
+
+// The previews that are open, which are one thing to their user: each in a window of its own or all
+// in one window with a tab each, as the user likes it, printed and saved together.
+class GrupoDePrevias {
+  public:
+    // preferencias may be null; it outlives the object, and this outlives every preview.
+    explicit GrupoDePrevias(ConfiguracoesIni* preferencias);
+    ~GrupoDePrevias();
+    GrupoDePrevias(const GrupoDePrevias&) = delete;
+    GrupoDePrevias& operator=(const GrupoDePrevias&) = delete;
+
+    void Comecar(Permanece permanece);
+    // Says over janela what was printed where, and closes the previews that the run has not shown
+    // again.
+    void Concluir(QWidget* janela);
+    [[nodiscard]] Permanece OQuePermanece() const { return permanece_; }
+    // Between the two, one that is to be hidden waits for the end of the run; true when it does.
+    bool Adiar(JanelaVisualizacao& previa);
+
+    // Puts it on the screen, in a tab or a window, in front of the others.
+    void Mostrar(JanelaVisualizacao& previa);
+    // It shows nothing any more.
+    void Retirar(JanelaVisualizacao& previa);
+    [[nodiscard]] std::size_t Abertas() const { return abertas_.size(); }
+
+    [[nodiscard]] bool EmAbas() const { return emAbas_; }
+    // At once for the open ones and from now on.
+    void DefinirEmAbas(bool emAbas);
+
+    // All that are open, asking once for the printer or the place. Over janela it is said what was
+    // done; errors as those of printing and of files.
+    void ImprimirTodos(QWidget* janela);
+    void SalvarTodos(QWidget* janela);
+    void SalvarCadaUm(QWidget* janela);
+
+    // Beginning of the names of files, "DRQ-250114377019-2003-07".
+    std::string nomeDeArquivo;
+    // Empty where the host builds nothing.
+    std::function<void(Pedido)> aoPedir;
+    // Prints one after the other.
+    RodadaDeImpressao impressao;
+
+  private:
+    [[nodiscard]] QString NomeDeArquivo() const;
+
+    ConfiguracoesIni* preferencias_;
+    std::vector<JanelaVisualizacao*> abertas_;  // in the order in which they were shown
+    std::vector<JanelaVisualizacao*> adiadas_;
+    std::unique_ptr<JanelaDeAbas> abas_;
+    Permanece permanece_ = Permanece::Nada;
+    bool emAbas_ = false;
+};
+
+}  // namespace tarvo

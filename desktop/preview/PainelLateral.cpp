@@ -1,0 +1,147 @@
+#include "desktop/preview/PainelLateral.h"
+
+#include <QHeaderView>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTreeWidget>
+
+#include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
+#include "desktop/preview/DocumentoPronto.h"
+#include "desktop/preview/Miniaturas.h"
+
+namespace tarvo {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int PapelPagina = Qt::UserRole;     // of an entry's data
+constexpr int PapelLugar = Qt::UserRole + 1;  // QRectF, points
+
+}  // namespace
+
+PainelLateral::PainelLateral(QWidget* pai)
+    : QDockWidget(u"Painel lateral"_s, pai),
+      abas_(new QTabWidget(this)),
+      miniaturas_(new Miniaturas(abas_)),
+      sumario_(new QTreeWidget(abas_)),
+      avisos_(new QTableWidget(0, 2, abas_)) {
+    setObjectName(u"painelLateral"_s);
+    setFeatures(QDockWidget::DockWidgetClosable);
+    miniaturas_->aoEscolher = [this](int pagina) { aoEscolher(pagina, {}); };
+    CriarSumario();
+    CriarAvisos();
+    abas_->setObjectName(u"abasDoPainel"_s);
+    abas_->addTab(miniaturas_, u"Pági&nas"_s);
+    abas_->addTab(sumario_, u"S&umário"_s);
+    abas_->addTab(avisos_, u"A&visos"_s);
+    setWidget(abas_);
+}
+
+void PainelLateral::CriarSumario() {
+    sumario_->setObjectName(u"sumario"_s);
+    sumario_->setAccessibleName(u"Sumário"_s);
+    sumario_->setHeaderHidden(true);
+    sumario_->setRootIsDecorated(false);
+    sumario_->setWordWrap(true);
+    Ligar(sumario_, &QTreeWidget::itemSelectionChanged, this, [this] {
+        if (const auto* entrada = sumario_->currentItem()) {
+            aoEscolher(entrada->data(0, PapelPagina).toInt(),
+                       entrada->data(0, PapelLugar).toRectF());
+        }
+    });
+}
+
+void PainelLateral::CriarAvisos() {
+    avisos_->setObjectName(u"avisosDaPrevia"_s);
+    avisos_->setAccessibleName(u"Textos que não couberam inteiros"_s);
+    avisos_->setHorizontalHeaderLabels({u"Página"_s, u"Texto que não coube inteiro"_s});
+    avisos_->horizontalHeader()->setStretchLastSection(true);
+    avisos_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    avisos_->verticalHeader()->hide();
+    avisos_->setWordWrap(true);
+    avisos_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    avisos_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    avisos_->setTabKeyNavigation(false);
+    Ligar(avisos_, &QTableWidget::itemSelectionChanged, this, [this] {
+        if (const auto* entrada = avisos_->item(avisos_->currentRow(), 0)) {
+            aoEscolher(entrada->data(PapelPagina).toInt(), entrada->data(PapelLugar).toRectF());
+        }
+    });
+}
+
+void PainelLateral::Mostrar(PintorPaginas* pintor, const DocumentoPronto* documento) {
+    miniaturas_->Mostrar(pintor);
+    sumario_->clear();
+    avisos_->setRowCount(0);
+    if (documento != nullptr) {
+        MostrarSumario(*documento);
+        MostrarCortes(*documento);
+    }
+    abas_->setTabVisible(abas_->indexOf(sumario_), sumario_->topLevelItemCount() > 0);
+    abas_->setTabVisible(abas_->indexOf(avisos_), avisos_->rowCount() > 0);
+}
+
+// A heading may consist of several texts.
+void PainelLateral::MostrarSumario(const DocumentoPronto& documento) {
+    QTreeWidgetItem* titulo = nullptr;
+    QTreeWidgetItem* entrada = nullptr;
+    auto ultimo = Estrutura::Decoracao;
+    const auto& celulas = documento.celulas;
+    for (int pagina = 0; pagina < celulas.Paginas(); ++pagina) {
+        for (auto i = celulas.Primeira(pagina); i < celulas.Primeira(pagina + 1); ++i) {
+            const auto dono = celulas.Dono(i);
+            const auto tipo = documento.TipoDoElemento(dono);
+            if (tipo != TipoElemento::Titulo && tipo != TipoElemento::Secao) {
+                continue;
+            }
+            const auto texto = celulas.TextoDa(i, pagina);
+            if (dono == ultimo) {
+                entrada->setText(0, entrada->text(0) + u' ' + texto);
+                continue;
+            }
+            const bool dentro = tipo == TipoElemento::Secao && titulo != nullptr;
+            entrada = dentro ? new QTreeWidgetItem(titulo) : new QTreeWidgetItem(sumario_);
+            entrada->setText(0, texto);
+            entrada->setData(0, PapelPagina, pagina);
+            entrada->setData(0, PapelLugar, celulas.Lugar(i));
+            titulo = tipo == TipoElemento::Titulo ? entrada : titulo;
+            ultimo = dono;
+        }
+    }
+    sumario_->expandAll();
+}
+
+void PainelLateral::MostrarCortes(const DocumentoPronto& documento) {
+    avisos_->setRowCount(static_cast<int>(documento.cortados.size()));
+    for (int i = 0; i < avisos_->rowCount(); ++i) {
+        const auto& corte = documento.cortados[static_cast<std::size_t>(i)];
+        auto* pagina = new QTableWidgetItem(QString::number(corte.pagina));
+        pagina->setData(PapelPagina, static_cast<int>(corte.pagina) - 1);
+        pagina->setData(PapelLugar, documento.celulas.NaPagina(corte.caixa));
+        avisos_->setItem(i, 0, pagina);
+        avisos_->setItem(i, 1, new QTableWidgetItem(ParaQt(corte.texto)));
+        avisos_->item(i, 1)->setToolTip(ParaQt(corte.texto));
+    }
+}
+
+void PainelLateral::Marcar(int pagina) {
+    miniaturas_->Marcar(pagina);
+}
+
+void PainelLateral::Atualizar() {
+    miniaturas_->Atualizar();
+}
+
+void PainelLateral::MostrarAvisos() {
+    show();
+    abas_->setCurrentWidget(avisos_);
+    avisos_->setFocus();
+}
+
+void PainelLateral::Focar() {
+    abas_->currentWidget()->setFocus();
+}
+
+}  // namespace tarvo

@@ -1,0 +1,101 @@
+#include "host/windows/Rodadas.h"
+
+#include <charconv>
+
+#include "desktop/dialog/JanelaSelecaoQt.h"
+#include "host/windows/AmbienteComJanelas.h"
+#include "host/windows/AvisosDaDeclaracao.h"
+#include "host/windows/Explicacao.h"
+
+namespace tarvo::host {
+
+namespace {
+
+constexpr std::string_view Aplicacao = "Tarvo";  // in the store
+constexpr std::string_view Secao = "Selecao";
+constexpr std::string_view Chave = "Marcas";  // the mask of the ticked reports, decimal
+
+}  // namespace
+
+Rodadas::Rodadas(AmbienteComJanelas& ambiente, QWidget& janela, AvisosDaDeclaracao& avisos)
+    : ambiente_(ambiente),
+      janela_(janela),
+      avisos_(avisos),
+      selecao_(ambiente, janela),
+      relatorios_(ambiente.DosRelatorios(), selecao_),
+      velo_(ambiente.DosRelatorios()) {}
+
+std::int32_t Rodadas::Selecao::Marcas() const {
+    std::int32_t marcas = 0;
+    try {
+        const auto lidas = ambiente_.Preferencias().Ler(Aplicacao, Secao, Chave, "0");
+        std::from_chars(lidas.data(), lidas.data() + lidas.size(), marcas);
+    } catch (const Erro&) {
+        return 0;
+    }
+    return marcas;
+}
+
+void Rodadas::Selecao::ExibirModal(frmImpressaoRelatorios& dialogo) {
+    ambiente_.NomearRodada(dialogo.nomeDeArquivo);
+    if (repetir) {
+        return dialogo.cmdVisualizar();
+    }
+    JanelaSelecaoQt(&janela_).ExibirModal(dialogo);
+    if (dialogo.lngModoSaida == ModoSaida::Nenhum) {
+        return;
+    }
+    // What this declaration does not offer stays ticked for the others.
+    const auto antes = static_cast<std::uint32_t>(Marcas());
+    const auto marcas = (antes & ~dialogo.lstSelecao.Oferecidas()) | dialogo.lstSelecao.Marcadas();
+    try {
+        if (marcas != antes) {
+            ambiente_.Preferencias().Gravar(Aplicacao, Secao, Chave, std::to_string(marcas));
+        }
+    } catch (const Erro&) {
+        return;  // losing the ticks is no error
+    }
+}
+
+void Rodadas::Executar(BancoDados& banco, const Declaracao& declaracao) {
+    const AmbienteComJanelas::Rodada rodada(ambiente_, &janela_,
+                                            MesDaDeclaracao(banco, declaracao.NroDRQ));
+    selecao_.repetir = false;
+    Produzir(banco, declaracao);
+}
+
+void Rodadas::Repetir(BancoDados& banco, const Declaracao& declaracao) {
+    const bool mesma = ultima_ && ultima_->NroDRQ == declaracao.NroDRQ;
+    const AmbienteComJanelas::Rodada rodada(ambiente_, &janela_,
+                                            MesDaDeclaracao(banco, declaracao.NroDRQ),
+                                            mesma ? Permanece::Paginas : Permanece::Janelas);
+    selecao_.repetir = true;
+    Produzir(banco, declaracao);
+}
+
+void Rodadas::Produzir(BancoDados& banco, const Declaracao& declaracao) {
+    try {
+        relatorios_.Executar(banco, declaracao.IE, declaracao.NroDRQ, selecao_.Marcas());
+    } catch (...) {
+        throw Explicar(ErroCorrente(), relatorios_.QueFalhou());
+    }
+    if (!relatorios_.Produzidos().empty()) {
+        ultima_ = declaracao;
+        avisos_.Mostrar(
+            banco, RevisaoDoProduzido(declaracao.IE, declaracao.NroDRQ, relatorios_.Produzidos(),
+                                      &ambiente_.DaChamada()));
+    }
+}
+
+void Rodadas::MostrarVELO(BancoDados& banco) {
+    const auto fim = ambiente_.ConcluirAndamentoNoFim();
+    velo_.Ocultar();
+    try {
+        velo_.Construir(banco);
+        velo_.Exibir();
+    } catch (...) {
+        throw Explicar(ErroCorrente(), "VELO");
+    }
+}
+
+}  // namespace tarvo::host
