@@ -31,6 +31,7 @@ struct Expressao {
     std::string nome;
     std::string tabela;
     std::vector<Expressao> partes;
+    int parametro = 0;  // of the statement, which stands for a literal
 };
 
 struct TabelaCitada {

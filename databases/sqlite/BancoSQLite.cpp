@@ -5,6 +5,7 @@
 #include "data/CodigosDeErros.h"
 #include "databases/sqlite/Abertura.h"
 #include "databases/sqlite/Conexao.h"
+#include "databases/sqlite/ConsultasProntas.h"
 #include "databases/sqlite/Esquema.h"
 #include "databases/sqlite/Gramatica.h"
 #include "databases/sqlite/RecordsetSQLite.h"
@@ -50,7 +51,9 @@ class ConsultaDeExclusao final : public QueryDef {
 class Banco final : public BancoSQLite {
   public:
     Banco(std::shared_ptr<Conexao> conexao, TabelasDeTrabalho tabelasDeTrabalho)
-        : conexao_(std::move(conexao)), esquema_(std::make_shared<Esquema>(conexao_)) {
+        : conexao_(std::move(conexao)),
+          esquema_(std::make_shared<Esquema>(conexao_)),
+          consultas_(conexao_, esquema_) {
         if (tabelasDeTrabalho == TabelasDeTrabalho::Privadas) {
             for (const DefinicaoTabela& tabela : TabelasRefeitas()) {
                 conexao_->CriarTemporaria(std::string(tabela.nome), std::string(tabela.colunas));
@@ -60,14 +63,7 @@ class Banco final : public BancoSQLite {
 
     std::unique_ptr<Recordset> OpenRecordset(std::string_view consulta,
                                              TipoRecordset tipo) override {
-        const Consulta lida = Analisar(consulta);
-        const auto* selecao = std::get_if<Selecao>(&lida);
-        if (selecao == nullptr) {
-            throw Erro(NumeroErro::OperacaoInvalida,
-                       "Uma consulta que exclui registros não se abre, executa-se.");
-        }
-        return std::make_unique<RecordsetSQLite>(conexao_, Traduzir(*selecao, *esquema_, consulta),
-                                                 tipo);
+        return std::make_unique<RecordsetSQLite>(conexao_, consultas_.Abrir(consulta), tipo);
     }
 
     std::unique_ptr<QueryDef> CreateQueryDef(std::string_view nome,
@@ -130,6 +126,7 @@ class Banco final : public BancoSQLite {
   private:
     std::shared_ptr<Conexao> conexao_;
     std::shared_ptr<Esquema> esquema_;
+    ConsultasProntas consultas_;
 };
 
 }  // namespace

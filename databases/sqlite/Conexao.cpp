@@ -169,7 +169,7 @@ Instrucao::Instrucao(std::shared_ptr<Conexao> conexao, std::string_view sql)
     : conexao_(std::move(conexao)) {
     conexao_->Comecar();
     conexao_->Conferir(sqlite3_prepare_v3(conexao_->Db(), sql.data(), static_cast<int>(sql.size()),
-                                          0, &ponteiro_, nullptr));
+                                          SQLITE_PREPARE_PERSISTENT, &ponteiro_, nullptr));
 }
 
 Instrucao::~Instrucao() {
@@ -189,6 +189,11 @@ void Instrucao::Executar() {
     while (sqlite3_step(ponteiro_) == SQLITE_ROW) {
     }
     Reiniciar();
+}
+
+void Instrucao::Soltar() noexcept {
+    sqlite3_reset(ponteiro_);
+    sqlite3_clear_bindings(ponteiro_);
 }
 
 void Instrucao::Reiniciar() {

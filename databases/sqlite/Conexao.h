@@ -75,6 +75,8 @@ class Instrucao {
     // Runs to the end and makes ready for the next run, on errors too.
     void Executar();
     void Reiniciar();
+    // Ends it without another word, and keeps no value of its parameters.
+    void Soltar() noexcept;
 
   private:
     std::shared_ptr<Conexao> conexao_;

@@ -33,6 +33,7 @@ void Esquema::Atualizar() {
         LerNomes("temp");
         LerNomes("main");
         versao_ = versao;
+        ++leituras_;
     }
 }
 

@@ -41,6 +41,11 @@ class Esquema {
     // none. What was read before is used again until the database's tables change.
     std::shared_ptr<const Tabela> Procurar(std::string_view nome);
     void Esquecer() { versao_ = -1; }
+    // Changes whenever what Procurar tells may have.
+    std::int64_t Versao() {
+        Atualizar();
+        return leituras_;
+    }
 
   private:
     void Atualizar();
@@ -50,6 +55,7 @@ class Esquema {
     std::shared_ptr<Conexao> conexao_;
     std::unique_ptr<Instrucao> lerVersao_;
     std::int64_t versao_ = -1;
+    std::int64_t leituras_ = 0;
     std::map<std::string, std::shared_ptr<const Tabela>, std::less<>> tabelas_;
 };
 

@@ -5,6 +5,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "databases/sqlite/Alfabeto.h"
+#include "databases/sqlite/Letras.h"
 #include "databases/sqlite/Lexico.h"
 
 namespace tarvo::sqlite {
@@ -39,34 +40,22 @@ bool EhTexto(const ExpressaoSql& valor) {
                "Tipos incompatíveis na consulta: " + std::string(a) + " e " + std::string(b) + ".");
 }
 
-// How case matters in comparing with a text literal: Nenhuma when it has no letters.
-enum class Letras { Nenhuma, Ascii, Quaisquer };
-
-Letras LetrasDe(std::string_view texto) {
-    Letras letras = Letras::Nenhuma;
-    for (const char c : texto) {
-        if (static_cast<unsigned char>(c) >= 0x80) {
-            return Letras::Quaisquer;
-        }
-        if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) {
-            letras = Letras::Ascii;
-        }
-    }
-    return letras;
-}
-
 }  // namespace
 
 ExpressaoSql Expressoes::Traduzir(const Expressao& expressao) const {
+    const auto literal = [&](std::string sql) {
+        return expressao.parametro != 0 ? "?" + std::to_string(expressao.parametro)
+                                        : std::move(sql);
+    };
     switch (expressao.operacao) {
         case Operacao::Coluna: {
             const ColunaAchada achada = escopo_.Exigir(expressao);
             return {escopo_.Sql(achada), escopo_.ColunaEm(achada).tipo, achada};
         }
         case Operacao::Texto:
-            return {TextoSql(expressao.nome), TipoColuna::Texto, {}};
+            return {literal(TextoSql(expressao.nome)), TipoColuna::Texto, {}};
         case Operacao::Numero:
-            return {expressao.nome, TipoColuna::Longo, {}};
+            return {literal(expressao.nome), TipoColuna::Longo, {}};
         case Operacao::Verdadeiro:
             return {"-1", TipoColuna::Booleano, {}};
         case Operacao::Falso:
@@ -144,8 +133,9 @@ std::string Expressoes::Parcela(const Expressao& expressao, bool emMoeda) const 
     if (!emMoeda || valor.tipo == TipoColuna::Moeda) {
         return Comparavel(valor);
     }
-    return expressao.operacao == Operacao::Numero ? valor.sql + "0000"
-                                                  : "(" + Comparavel(valor) + " * 10000)";
+    return expressao.operacao == Operacao::Numero && expressao.parametro == 0
+               ? valor.sql + "0000"
+               : "(" + Comparavel(valor) + " * 10000)";
 }
 
 std::string Expressoes::Comparavel(const ExpressaoSql& valor) const {

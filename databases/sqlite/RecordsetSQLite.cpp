@@ -17,28 +17,37 @@ namespace {
 
 }  // namespace
 
-RecordsetSQLite::RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoSql consulta,
+RecordsetSQLite::RecordsetSQLite(std::shared_ptr<Conexao> conexao, ConsultaAberta consulta,
                                  TipoRecordset tipo)
     : conexao_(std::move(conexao)),
-      consulta_(std::move(consulta)),
+      pronta_(std::move(consulta.pronta)),
       tipo_(tipo),
-      leitura_(std::make_unique<Instrucao>(conexao_, consulta_.sql)) {
+      leitura_(std::move(consulta.leitura)) {
     if (tipo_ == TipoRecordset::Dynaset) {
         LerTodas();
-        leitura_.reset();
+        FecharLeitura();
         fim_ = registros_.empty();
     } else {
         fim_ = !leitura_->Passo();
     }
 }
 
-RecordsetSQLite::~RecordsetSQLite() = default;
+RecordsetSQLite::~RecordsetSQLite() {
+    Close();
+}
+
+void RecordsetSQLite::FecharLeitura() {
+    if (leitura_) {
+        leitura_->Soltar();
+        pronta_->leitura = std::move(leitura_);
+    }
+}
 
 void RecordsetSQLite::LerTodas() {
     while (leitura_->Passo()) {
         Registro registro;
-        registro.reserve(consulta_.colunas.size());
-        for (std::size_t c = 0; c < consulta_.colunas.size(); ++c) {
+        registro.reserve(Consulta().colunas.size());
+        for (std::size_t c = 0; c < Consulta().colunas.size(); ++c) {
             registro.emplace_back(
                 sqlite3_value_dup(sqlite3_column_value(leitura_->Ponteiro(), static_cast<int>(c))));
             if (!registro.back()) {
@@ -78,19 +87,20 @@ void RecordsetSQLite::MoveNext() {
 
 std::size_t RecordsetSQLite::Coluna(std::string_view nome) const {
     ExigirAberto();
+    auto& procurados = pronta_->procurados;
     const auto lembrado =
-        std::ranges::find(procurados_, nome, &std::pair<std::string, std::size_t>::first);
-    if (lembrado != procurados_.end()) {
+        std::ranges::find(procurados, nome, &std::pair<std::string, std::size_t>::first);
+    if (lembrado != procurados.end()) {
         return lembrado->second;
     }
     const std::size_t coluna = Procurar(nome);
-    procurados_.emplace_back(nome, coluna);
+    procurados.emplace_back(nome, coluna);
     return coluna;
 }
 
 std::size_t RecordsetSQLite::Procurar(std::string_view nome) const {
     const std::string procurado = SemCaixa(nome);
-    const auto& colunas = consulta_.colunas;
+    const auto& colunas = Consulta().colunas;
     std::size_t achada = colunas.size();
     for (std::size_t c = 0; c < colunas.size(); ++c) {
         const std::string& tabela = colunas[c].tabelaQualificadora;
@@ -112,7 +122,7 @@ std::size_t RecordsetSQLite::Procurar(std::string_view nome) const {
 
 std::size_t RecordsetSQLite::Coluna(int posicao) const {
     ExigirAberto();
-    if (posicao < 0 || static_cast<std::size_t>(posicao) >= consulta_.colunas.size()) {
+    if (posicao < 0 || static_cast<std::size_t>(posicao) >= Consulta().colunas.size()) {
         LancarItemNaoEncontrado(std::to_string(posicao));
     }
     return static_cast<std::size_t>(posicao);
@@ -123,7 +133,7 @@ Valor RecordsetSQLite::Ler(std::size_t coluna) const {
     if (fim_) {
         throw Erro(NumeroErro::RegistroAtualAusente, "Não há registro atual.");
     }
-    const ColunaSaida& saida = consulta_.colunas[coluna];
+    const ColunaSaida& saida = Consulta().colunas[coluna];
     const Celula celula = leitura_ ? LerCelula(leitura_->Ponteiro(), static_cast<int>(coluna))
                                    : LerCelula(registros_[atual_][coluna].get());
     return Converter(celula, saida.tipo, {saida.tabela, saida.coluna});
@@ -131,28 +141,32 @@ Valor RecordsetSQLite::Ler(std::size_t coluna) const {
 
 void RecordsetSQLite::AddNew() {
     ExigirAberto();
-    if (tipo_ != TipoRecordset::Dynaset || !consulta_.gravavel) {
+    if (tipo_ != TipoRecordset::Dynaset || !Consulta().gravavel) {
         throw Erro(NumeroErro::OperacaoInvalida,
                    "Só se acrescentam registros a uma tabela inteira aberta como dynaset.");
     }
-    conexao_->ExigirEscrita(consulta_.gravavel->esquema);
+    conexao_->ExigirEscrita(Consulta().gravavel->esquema);
     if (!insercao_) {
         PrepararInsercao();
     }
-    nova_.emplace(consulta_.colunas.size());
+    nova_.emplace(Consulta().colunas.size());
 }
 
 void RecordsetSQLite::PrepararInsercao() {
+    if (pronta_->insercao) {
+        insercao_ = std::move(pronta_->insercao);
+        return;
+    }
     std::string colunas;
     std::string valores;
-    for (const auto& coluna : consulta_.gravavel->colunas) {
+    for (const auto& coluna : Consulta().gravavel->colunas) {
         if (!coluna.gerada) {
             colunas += (colunas.empty() ? "" : ", ") + NomeSql(coluna.nome);
             valores += valores.empty() ? "?" : ", ?";
         }
     }
     insercao_ =
-        std::make_unique<Instrucao>(conexao_, "INSERT INTO " + consulta_.gravavel->Sql() + " (" +
+        std::make_unique<Instrucao>(conexao_, "INSERT INTO " + Consulta().gravavel->Sql() + " (" +
                                                   colunas + ") VALUES (" + valores + ")");
 }
 
@@ -161,8 +175,8 @@ void RecordsetSQLite::Escrever(std::size_t coluna, const Valor& valor) {
     if (!nova_) {
         throw Erro(NumeroErro::AtualizacaoSemAddNew, "Escrita num campo sem AddNew.");
     }
-    const ColunaSaida& saida = consulta_.colunas[coluna];
-    if (consulta_.gravavel->colunas[coluna].gerada) {
+    const ColunaSaida& saida = Consulta().colunas[coluna];
+    if (Consulta().gravavel->colunas[coluna].gerada) {
         throw Erro(NumeroErro::OperacaoInvalida,
                    "A coluna \"" + saida.coluna + "\" é calculada pelo banco; não se escreve.");
     }
@@ -176,7 +190,7 @@ void RecordsetSQLite::Update() {
     }
     int parametro = 0;
     for (std::size_t c = 0; c < nova_->size(); ++c) {
-        if (!consulta_.gravavel->colunas[c].gerada) {
+        if (!Consulta().gravavel->colunas[c].gerada) {
             conexao_->Conferir(Vincular(insercao_->Ponteiro(), ++parametro, (*nova_)[c]));
         }
     }
@@ -185,10 +199,14 @@ void RecordsetSQLite::Update() {
 }
 
 void RecordsetSQLite::Close() {
-    leitura_.reset();
-    insercao_.reset();
+    FecharLeitura();
+    if (insercao_) {
+        insercao_->Soltar();
+        pronta_->insercao = std::move(insercao_);
+    }
     registros_.clear();
     nova_.reset();
+    pronta_.reset();
     conexao_.reset();
 }
 

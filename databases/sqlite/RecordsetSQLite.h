@@ -10,7 +10,7 @@
 #include "data/BancoDados.h"
 #include "data/ObjetoDeC.h"
 #include "databases/sqlite/Conexao.h"
-#include "databases/sqlite/Tradutor.h"
+#include "databases/sqlite/ConsultasProntas.h"
 
 namespace tarvo::sqlite {
 
@@ -19,7 +19,7 @@ namespace tarvo::sqlite {
 // so that tables can be rewritten while it is open. Rows added are seen by later recordsets.
 class RecordsetSQLite final : public Recordset {
   public:
-    RecordsetSQLite(std::shared_ptr<Conexao> conexao, SelecaoSql consulta, TipoRecordset tipo);
+    RecordsetSQLite(std::shared_ptr<Conexao> conexao, ConsultaAberta consulta, TipoRecordset tipo);
     ~RecordsetSQLite() override;
     RecordsetSQLite(const RecordsetSQLite&) = delete;
     RecordsetSQLite& operator=(const RecordsetSQLite&) = delete;
@@ -42,10 +42,13 @@ class RecordsetSQLite final : public Recordset {
     void ExigirAberto() const;
     void LerTodas();
     void PrepararInsercao();
+    // Gives the statement back.
+    void FecharLeitura();
+    [[nodiscard]] const SelecaoSql& Consulta() const { return pronta_->selecao; }
     [[nodiscard]] std::size_t Procurar(std::string_view nome) const;
 
     std::shared_ptr<Conexao> conexao_;  // empty once closed
-    SelecaoSql consulta_;
+    std::shared_ptr<ConsultaPronta> pronta_;
     TipoRecordset tipo_;
     std::unique_ptr<Instrucao> leitura_;  // forward-only
     std::vector<Registro> registros_;     // dynaset
@@ -53,8 +56,6 @@ class RecordsetSQLite final : public Recordset {
     bool fim_ = false;
     std::unique_ptr<Instrucao> insercao_;
     std::optional<std::vector<Valor>> nova_;
-    // Names already looked up, as they were written.
-    mutable std::vector<std::pair<std::string, std::size_t>> procurados_;
 };
 
 }  // namespace tarvo::sqlite
