@@ -20,8 +20,9 @@ endfunction()
 
 set(precisa_SQLite relatoriostarvo-nucleo)
 set(precisa_PDF relatoriostarvo-nucleo)
+set(precisa_Planilha relatoriostarvo-nucleo)
 set(precisa_Desktop relatoriostarvo-pdf)
-foreach(componente Nucleo SQLite PDF Desktop C)
+foreach(componente Nucleo SQLite PDF Planilha Desktop C)
     if(TARGET tarvo_instalada_${componente})
         install(TARGETS tarvo_instalada_${componente} EXPORT RelatoriosTarvo${componente}
             LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

@@ -6,6 +6,8 @@
 #include "interface/Objetos.h"
 #include "interface/relatoriostarvo.h"
 #include "output/json/DocumentoJSON.h"
+#include "output/tables/PlanilhaXLSX.h"
+#include "output/tables/TabelasCSV.h"
 #include "system/files/Arquivos.h"
 
 // The calls about the documents that objects hold, as pages, files and bytes.
@@ -15,11 +17,34 @@ using namespace tarvo::c;
 
 namespace {
 
+// What is written to a stream.
+template <class Escrever>
+std::string NaMemoria(Escrever escrever) {
+    std::ostringstream saida;
+    saida.exceptions(std::ios::badbit);  // passes on what happens inside, such as lack of memory
+    escrever(saida);
+    return std::move(saida).str();
+}
+
 std::string ComoJSON(const Relatorio& relatorio) {
-    std::ostringstream json;
-    json.exceptions(std::ios::badbit);  // passes on what happens inside, such as lack of memory
-    EscreverJSON(relatorio.Identidade().classe, relatorio.Documento(), json);
-    return std::move(json).str();
+    return NaMemoria([&](std::ostream& saida) {
+        EscreverJSON(relatorio.Identidade().classe, relatorio.Documento(), saida);
+    });
+}
+
+std::string ComoCSV(const Relatorio& relatorio) {
+    return NaMemoria([&](std::ostream& saida) {
+        EscreverCSV(TabelasDoDocumento(relatorio.Documento()), saida);
+    });
+}
+
+std::string ComoXLSX(const std::vector<SecaoPDF>& documentos) {
+    std::vector<SecaoDaPlanilha> secoes;
+    for (const auto& [conteudo, marcador] : documentos) {
+        secoes.push_back({.nome = documentos.size() > 1 ? marcador : "",
+                          .tabelas = TabelasDoDocumento(*conteudo)});
+    }
+    return NaMemoria([&](std::ostream& saida) { EscreverXLSX(secoes, saida); });
 }
 
 // The objects whose documents go into one output, in use until it is written.
@@ -79,6 +104,12 @@ void Escrever(const Reunidos& reunidos, std::int32_t formato, const DestinoPDF& 
             return;
         case TARVO_JSON:
             destino(ComoJSON(reunidos.Unico("JSON")));
+            return;
+        case TARVO_CSV:
+            destino(ComoCSV(reunidos.Unico("CSV")));
+            return;
+        case TARVO_XLSX:
+            destino(ComoXLSX(reunidos.Secoes()));
             return;
         default:
             Recusar("formato desconhecido: " + std::to_string(formato));

@@ -137,6 +137,10 @@ enum tarvo_formato {
     TARVO_PDF = 1,
     /** The drawing operations as JSON. */
     TARVO_JSON = 2,
+    /** The tables as separated values (UTF-8), for spreadsheets and programs. */
+    TARVO_CSV = 3,
+    /** The tables as a workbook, a sheet each. */
+    TARVO_XLSX = 4,
     /** The PDF without tags: smaller and made in less time. */
     TARVO_PDF_SEM_ESTRUTURA = 5
 };
@@ -157,7 +161,8 @@ TARVO_API int32_t tarvo_exportar_memoria(tarvo_objeto objeto, int32_t formato,
                                          tarvo_memoria* memoria);
 /**
  * Writes the documents of several objects to one file, in their order; a PDF then has an outline of
- * their titles, and page numbers begin anew with each. JSON takes one object only.
+ * their titles, and page numbers begin anew with each, and a workbook's sheets bear their titles.
+ * JSON and CSV take one object only.
  *
  * Errors: those of tarvo_exportar_arquivo; 5 no objects, 20006 an object that is there twice.
  */

@@ -1,10 +1,14 @@
 #include "output/FormatoDeSaida.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 #include <sstream>
 
 #include "output/json/DocumentoJSON.h"
 #include "output/png/PaginasPNG.h"
+#include "output/tables/PlanilhaXLSX.h"
+#include "output/tables/TabelasCSV.h"
 #include "system/files/GravacaoSegura.h"
 
 namespace tarvo {
@@ -21,13 +25,39 @@ ResultadoDaSaida EscreverComoPDF(std::span<const DocumentoDeSaida> documentos,
     return {.arquivos = {}, .paginas = pdf.paginas, .cortados = std::move(pdf.cortados)};
 }
 
+std::size_t PaginasDe(std::span<const DocumentoDeSaida> documentos) {
+    return std::transform_reduce(documentos.begin(), documentos.end(), std::size_t{}, std::plus<>(),
+                                 [](const auto& d) { return d.conteudo->paginas.size(); });
+}
+
 ResultadoDaSaida EscreverComoJSON(std::span<const DocumentoDeSaida> documentos,
                                   const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
     const auto& documento = documentos.front();
     std::ostringstream json;
     EscreverJSON(documento.classe, *documento.conteudo, json);
     destino(json.view());
-    return {.arquivos = {}, .paginas = documento.conteudo->paginas.size(), .cortados = {}};
+    return {.arquivos = {}, .paginas = PaginasDe(documentos), .cortados = {}};
+}
+
+ResultadoDaSaida EscreverComoCSV(std::span<const DocumentoDeSaida> documentos,
+                                 const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
+    std::ostringstream csv;
+    EscreverCSV(TabelasDoDocumento(*documentos.front().conteudo), csv);
+    destino(csv.view());
+    return {.arquivos = {}, .paginas = PaginasDe(documentos), .cortados = {}};
+}
+
+ResultadoDaSaida EscreverComoXLSX(std::span<const DocumentoDeSaida> documentos,
+                                  const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
+    std::vector<SecaoDaPlanilha> secoes;
+    for (const auto& documento : documentos) {
+        secoes.push_back({.nome = documentos.size() > 1 ? documento.marcador : "",
+                          .tabelas = TabelasDoDocumento(*documento.conteudo)});
+    }
+    std::ostringstream xlsx;
+    EscreverXLSX(secoes, xlsx);
+    destino(xlsx.view());
+    return {.arquivos = {}, .paginas = PaginasDe(documentos), .cortados = {}};
 }
 
 constexpr FormatoDeSaida Formatos[] = {
@@ -37,6 +67,8 @@ constexpr FormatoDeSaida Formatos[] = {
      .comEstrutura = true,
      .escrever = EscreverComoPDF},
     {.nome = "png", .descricao = "um arquivo por página"},
+    {.nome = "csv", .descricao = "", .escrever = EscreverComoCSV},
+    {.nome = "xlsx", .descricao = "", .reune = true, .escrever = EscreverComoXLSX},
     {.nome = "json", .descricao = "", .escrever = EscreverComoJSON},
 };
 

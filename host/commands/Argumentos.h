@@ -38,7 +38,7 @@ struct Argumentos {
     std::optional<Data> ate;
     Parte parte;                                // 1 of 1: all of it
     int trabalhos = 1;                          // threads
-    bool unico = false;                         // one PDF per declaration, with an outline
+    bool unico = false;                         // one file per declaration with all its reports
     bool retomar = false;                       // go on where an earlier call stopped
     std::vector<std::filesystem::path> pastas;  // of batches
 };

@@ -75,7 +75,7 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
           RefAtual, Codificacao},
          {SemEstrutura,
           Json,
-          {"--unico", &L::unico, "um só PDF por declaração, com marcadores"},
+          {"--unico", &L::unico, "um só arquivo por declaração: pdf com marcadores, ou xlsx"},
           {"--retomar", &L::retomar,
            "continua um lote interrompido, sem refazer o que está pronto"}}},
         {Comando::LoteResumo,

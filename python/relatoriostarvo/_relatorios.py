@@ -13,7 +13,7 @@ from ._banco import Banco, Caminho
 # Told of each page; False cancels.
 Andamento = Callable[[int], Optional[bool]]
 
-FORMATOS = {"pdf": 1, "json": 2}
+FORMATOS = {"pdf": 1, "json": 2, "csv": 3, "xlsx": 4}
 
 
 class TextoCortado(NamedTuple):

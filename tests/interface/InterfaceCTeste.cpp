@@ -67,13 +67,18 @@ TEST_F(InterfaceC, ExportsTheSameBytesToFilesAndMemory) {
     setenv("SOURCE_DATE_EPOCH", "1060000000", 1);
     const auto objeto = Criar("RelatorioPagamentos");
     ASSERT_EQ(tarvo_construir(objeto, banco, IE, DRQ), 0);
-    for (const auto& [formato, nome] : {std::pair{TARVO_PDF, "p.pdf"}, {TARVO_JSON, "p.json"}}) {
+    for (const auto& [formato, nome] : {std::pair{TARVO_PDF, "p.pdf"},
+                                        {TARVO_JSON, "p.json"},
+                                        {TARVO_CSV, "p.csv"},
+                                        {TARVO_XLSX, "p.xlsx"}}) {
         ASSERT_EQ(tarvo_exportar_arquivo(objeto, formato, Saida(nome).c_str()), 0)
             << tarvo_erro_texto();
         EXPECT_EQ(Exportar(objeto, formato), ConteudoDe(Saida(nome)));
     }
     EXPECT_THAT(ConteudoDe(Saida("p.pdf")), StartsWith("%PDF-"));
     EXPECT_THAT(ConteudoDe(Saida("p.json")), StartsWith("{"));
+    EXPECT_THAT(ConteudoDe(Saida("p.csv")), StartsWith("\uFEFFCampo;Valor\r\n"));
+    EXPECT_THAT(ConteudoDe(Saida("p.xlsx")), StartsWith("PK"));
 }
 
 TEST_F(InterfaceC, AnObjectThatWasNeverBuiltIsAnEmptyDocument) {

@@ -183,7 +183,7 @@ TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
 TEST_F(MauUso, UnknownOptionsAndFormsAreRefused) {
     EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), 4, &memoria), 5);
     EXPECT_EQ(tarvo_exportar_memoria(pagamentos, 0, &memoria), 5);
-    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, 3, Saida("x").c_str()), 5);
+    EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, 99, Saida("x").c_str()), 5);
     EXPECT_FALSE(std::filesystem::exists(Saida("x")));
 }
 
@@ -232,7 +232,7 @@ TEST_F(MauUso, ObjectsOfOneOutputAreDifferentAndOnesThatHaveDocuments) {
     const tarvo_objeto semDocumento[] = {pagamentos, relatorios};
     EXPECT_EQ(tarvo_exportar_reunidos(semDocumento, 2, TARVO_PDF, Saida("x").c_str()), 438);
     EXPECT_EQ(tarvo_exportar_reunidos(duasVezes, 2, TARVO_JSON, Saida("x").c_str()), 5);
-    EXPECT_EQ(tarvo_exportar_reunidos(duasVezes, 2, 3, Saida("x").c_str()), 5);
+    EXPECT_EQ(tarvo_exportar_reunidos(duasVezes, 2, TARVO_CSV, Saida("x").c_str()), 5);
     EXPECT_FALSE(std::filesystem::exists(Saida("x")));
     EXPECT_EQ(tarvo_construir_cadastro(outro, banco, IE), 0) << "nothing stays in use";
 }

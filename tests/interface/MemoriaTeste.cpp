@@ -72,7 +72,7 @@ class Memoria : public ComExemplo {
         });
         chamar([&] { return tarvo_criar("RelatoriosTarvo.RelatorioApuracaoOpProp", &objeto); });
         chamar([&] { return tarvo_construir(objeto, banco, IE, DRQ); });
-        for (const std::int32_t formato : {TARVO_JSON, TARVO_PDF}) {
+        for (const std::int32_t formato : {TARVO_JSON, TARVO_PDF, TARVO_CSV, TARVO_XLSX}) {
             tarvo_memoria memoria = 0;
             const char* bytes = "";
             std::size_t tamanho = 0;

@@ -1,0 +1,200 @@
+#include "output/tables/PlanilhaXLSX.h"
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <ostream>
+#include <string_view>
+#include <vector>
+
+#include "data/CodigosDeErros.h"
+#include "data/Textos.h"
+#include "output/tables/NomesDeFolhas.h"
+#include "output/tables/PastaDeTrabalho.h"
+
+namespace tarvo {
+
+namespace {
+
+using Celula = TabelaDoDocumento::Celula;
+using Linha = TabelaDoDocumento::Linha;
+
+constexpr lxw_row_t MaisLinhas = 1'048'576;
+// In bytes, which are never fewer than the two-byte units that spreadsheets count.
+constexpr std::size_t MaiorTexto = 32'767;
+// Widths in characters. A wider text goes on in the next line of its cell.
+constexpr std::size_t MenorLargura = 8;
+constexpr std::size_t MaiorLargura = 60;
+constexpr std::size_t MaiorLarguraDeTitulo = 20;
+
+std::int64_t Centesimos(Moeda quantia) {
+    return quantia.DecimosMilesimos() / (Moeda::Escala / 100);
+}
+
+// The 15 digits that a spreadsheet's numbers hold.
+bool CabeEmNumero(Moeda quantia) {
+    return std::abs(Centesimos(quantia)) < 1'000'000'000'000'000;
+}
+
+// Spreadsheets agree from here on about which day has which number.
+bool CabeEmCalendario(Data dia) {
+    static const Data Primeiro = Data::DeCivil({.ano = 1900, .mes = 3, .dia = 1});
+    return dia >= Primeiro;
+}
+
+std::size_t LinhaMaisLonga(std::string_view texto) {
+    std::size_t maior = 0;
+    while (!texto.empty()) {
+        const auto fim = std::min(texto.find('\n'), texto.size());
+        maior = std::max(maior, Caracteres(texto.substr(0, fim)));
+        texto.remove_prefix(std::min(fim + 1, texto.size()));
+    }
+    return maior;
+}
+
+// A group's title runs over the empty cells beside it.
+EstiloDeCelula EstiloDoTexto(const Linha& linha, const Celula& celula) {
+    const bool longo =
+        celula.texto.find('\n') != std::string::npos || LinhaMaisLonga(celula.texto) > MaiorLargura;
+    return celula.natureza == Natureza::Quantia                    ? EstiloDeCelula::Quantia
+           : longo && linha.funcao != FuncaoDaLinha::TituloDeGrupo ? EstiloDeCelula::TextoQuebrado
+                                                                   : EstiloDeCelula::Texto;
+}
+
+bool EmNegrito(const Linha& linha) {
+    return linha.funcao != FuncaoDaLinha::Dados;
+}
+
+std::vector<double> Larguras(const TabelaDoDocumento& tabela) {
+    std::vector<std::size_t> caracteres;
+    for (const auto& titulo : tabela.titulos) {
+        caracteres.push_back(
+            std::clamp(LinhaMaisLonga(titulo), MenorLargura, MaiorLarguraDeTitulo));
+    }
+    for (const auto& linha : tabela.linhas) {
+        if (linha.funcao == FuncaoDaLinha::TituloDeGrupo) {
+            continue;
+        }
+        for (std::size_t i = 0; i < linha.celulas.size(); ++i) {
+            caracteres[i] =
+                std::clamp(LinhaMaisLonga(linha.celulas[i].texto), caracteres[i], MaiorLargura);
+        }
+    }
+    constexpr double Folga = 2;
+    std::vector<double> larguras;
+    for (const auto c : caracteres) {
+        larguras.push_back(static_cast<double>(c) + Folga);
+    }
+    return larguras;
+}
+
+// The sheets of one table.
+class Folhas {
+  public:
+    Folhas(PastaDeTrabalho& pasta, NomesDeFolhas& nomes, std::string_view nome,
+           const TabelaDoDocumento& tabela)
+        : pasta_(pasta), nomes_(nomes), nome_(nome), tabela_(tabela), larguras_(Larguras(tabela)) {}
+
+    void Escrever() {
+        Abrir();
+        for (const auto& linha : tabela_.linhas) {
+            EscreverLinha(linha);
+        }
+    }
+
+  private:
+    void Abrir() {
+        folha_ = &pasta_.NovaFolha(nomes_.Novo(nome_));
+        linha_ = 0;
+        for (std::size_t i = 0; i < larguras_.size(); ++i) {
+            const auto coluna = static_cast<lxw_col_t>(i);
+            ConferirPlanilha(worksheet_set_column(folha_, coluna, coluna, larguras_[i], nullptr));
+        }
+        if (tabela_.TemTitulos()) {
+            for (std::size_t i = 0; i < tabela_.titulos.size(); ++i) {
+                EscreverTexto(i, tabela_.titulos[i], EstiloDeCelula::TextoQuebrado, true);
+            }
+            worksheet_freeze_panes(folha_, 1, 0);
+            ++linha_;
+        }
+    }
+
+    void EscreverLinha(const Linha& linha) {
+        std::vector<std::string_view> restos;
+        for (const auto& celula : linha.celulas) {
+            restos.emplace_back(celula.texto);
+        }
+        bool primeira = true;
+        do {
+            if (linha_ == MaisLinhas) {
+                Abrir();
+            }
+            for (std::size_t i = 0; i < restos.size(); ++i) {
+                if (primeira && EscreverValor(i, linha.celulas[i], EmNegrito(linha))) {
+                    restos[i] = {};
+                }
+                const auto pedaco = InicioInteiro(restos[i], MaiorTexto);
+                restos[i].remove_prefix(pedaco.size());
+                EscreverTexto(i, pedaco, EstiloDoTexto(linha, linha.celulas[i]), EmNegrito(linha));
+            }
+            primeira = false;
+            ++linha_;
+        } while (!std::ranges::all_of(restos, [](auto resto) { return resto.empty(); }));
+    }
+
+    // False for what is no number and no date.
+    bool EscreverValor(std::size_t coluna, const Celula& celula, bool negrito) {
+        const auto escrever = [&](double valor, EstiloDeCelula estilo) {
+            ConferirPlanilha(worksheet_write_number(folha_, linha_, static_cast<lxw_col_t>(coluna),
+                                                    valor, pasta_.Formato(estilo, negrito)));
+            return true;
+        };
+        if (const auto quantia = celula.Quantia(); quantia && CabeEmNumero(*quantia)) {
+            return escrever(static_cast<double>(Centesimos(*quantia)) / 100,
+                            EstiloDeCelula::Quantia);
+        }
+        const auto dia = celula.Dia();
+        return dia && CabeEmCalendario(*dia) && escrever(dia->Serial(), EstiloDeCelula::Dia);
+    }
+
+    void EscreverTexto(std::size_t coluna, std::string_view texto, EstiloDeCelula estilo,
+                       bool negrito) {
+        if (!texto.empty()) {
+            ConferirPlanilha(worksheet_write_string(folha_, linha_, static_cast<lxw_col_t>(coluna),
+                                                    std::string(texto).c_str(),
+                                                    pasta_.Formato(estilo, negrito)));
+        }
+    }
+
+    PastaDeTrabalho& pasta_;
+    NomesDeFolhas& nomes_;
+    std::string_view nome_;
+    const TabelaDoDocumento& tabela_;
+    std::vector<double> larguras_;
+    lxw_worksheet* folha_ = nullptr;
+    lxw_row_t linha_ = 0;
+};
+
+}  // namespace
+
+void EscreverXLSX(std::span<const SecaoDaPlanilha> secoes, std::ostream& saida) {
+    PastaDeTrabalho pasta;
+    NomesDeFolhas nomes;
+    bool alguma = false;
+    for (const auto& secao : secoes) {
+        for (const auto& tabela : secao.tabelas) {
+            Folhas(pasta, nomes, secao.nome.empty() ? tabela.nome : secao.nome, tabela).Escrever();
+            alguma = true;
+        }
+    }
+    if (!alguma) {
+        pasta.NovaFolha(nomes.Novo(""));
+    }
+    saida << pasta.Fechar();
+    if (!saida.flush()) {
+        throw Erro(NumeroErro::ErroDispositivo, "A gravação da planilha falhou.");
+    }
+}
+
+}  // namespace tarvo
