@@ -53,7 +53,7 @@ std::string Codigo(std::uint32_t numero) {
 
 void Identificacao(DocumentoRelatorio& doc) {
     constexpr double T = 3.6;
-    Celula(doc, Contribuinte, 0, T, W, AlturaLinha, "Contribuinte");
+    Celula(doc, {.tipo = TipoElemento::Secao}, Contribuinte, 0, T, W, AlturaLinha, "Contribuinte");
     CelulaRotulada(doc, Campo, 0, T + 0.6, W, AlturaLinha, "Razão Social",
                    "Indústria de Laticínios São João do Açu Ltda.");
     constexpr const char* Campos[][2] = {{"Inscrição Estadual", "110042490114"},
@@ -84,11 +84,20 @@ PaginasDeExemplo::PaginasDeExemplo(std::size_t paginas) : paginas_(paginas) {
 }
 
 void PaginasDeExemplo::RegistrarLinha(DocumentoRelatorio& doc, double y, const Linha& linha) {
-    Celula(doc, Centralizada, 0, y, 0.9, AlturaLinha, linha.campo);
-    Celula(doc, TextoFixo, 0.9, y, 11.7, AlturaLinha, linha.rotulo);
-    Celula(doc, Direita, 0.9, y, 11.7, AlturaLinha, linha.subitem);
-    Celula(doc, Centralizada, 12.6, y, 1.1, AlturaLinha, linha.total);
-    Celula(doc, Direita, 13.7, y, 3.3, AlturaLinha, linha.valor);
+    const auto celula = [&](Elemento elemento, const EstiloTexto& estilo, double x, double largura,
+                            std::string_view texto) {
+        Celula(doc, elemento, estilo, x, y, largura, AlturaLinha, texto);
+    };
+    const Trecho trecho(doc, LinhaDe(FuncaoDaLinha::Dados));
+    celula(CelulaDe(Natureza::Codigo), Centralizada, 0, 0.9, linha.campo);
+    {
+        const Trecho caixa(doc, TituloDeLinha(Natureza::Texto, 2));
+        celula({.tipo = TipoElemento::Rotulo}, TextoFixo, 0.9, 11.7, linha.rotulo);
+        celula({.tipo = TipoElemento::ValorDeCampo, .natureza = Natureza::Quantia}, Direita, 0.9,
+               11.7, linha.subitem);
+    }
+    celula(CelulaDe(Natureza::Codigo), Centralizada, 12.6, 1.1, linha.total);
+    celula(CelulaDe(Natureza::Quantia), Direita, 13.7, 3.3, linha.valor);
 }
 
 void PaginasDeExemplo::Registrar(DocumentoRelatorio& doc) const {
@@ -99,13 +108,21 @@ void PaginasDeExemplo::Registrar(DocumentoRelatorio& doc) const {
     doc.DefinirTitulo("Relatório de Apuração do ICMS sobre Operações Próprias");
     doc.DefinirMargens(2.0, 2.0, 2.0, 2.0);
     auto linha = linhas_.begin();
+    auto tabela = Estrutura::Raiz;
     for (std::size_t pagina = 0; pagina < paginas_; ++pagina) {
         if (pagina > 0) {
             doc.NovaPagina();
         }
-        ImprimirTopo(doc, Cabecalho, 0, 0, nullptr);
-        EscreverEmCaixa(doc, Marca, 0, 0, W, 0.3, "DRQ Não Consistida");
-        Identificacao(doc);
+        {
+            const Trecho cabecalho(doc, pagina > 0 ? Estrutura::Decoracao : Estrutura::Raiz);
+            ImprimirTopo(doc, Cabecalho, 0, 0, nullptr);
+            EscreverEmCaixa(doc, Marca, 0, 0, W, 0.3, "DRQ Não Consistida");
+            Identificacao(doc);
+        }
+        if (pagina == 0) {
+            tabela = Trecho(doc, {.tipo = TipoElemento::Tabela}).Indice();
+        }
+        const Trecho linhas(doc, tabela);
         for (int n = 0; n < LinhasPorPagina; ++n) {
             RegistrarLinha(doc, 5.9 + n * AlturaLinha, *linha++);
         }

@@ -17,7 +17,7 @@ namespace tarvo {
 // Drawing refuses what no page can show with error 5: coordinates, sizes or radii that are not
 // finite, alignment codes outside 0 to 2, a line style other than 0 and 2, a missing picture.
 //
-// What is drawn says what it is through Trecho (Estrutura.h). Frames and bars are decoration by
+// What is drawn says what it is through Trecho (below). Frames and bars are decoration by
 // themselves; a text or picture that nobody has spoken for is a paragraph or figure of its own.
 class TARVO_PUBLICO DocumentoRelatorio {
   public:
@@ -92,6 +92,41 @@ class TARVO_PUBLICO DocumentoRelatorio {
     Conteudo conteudo_;
     std::uint32_t aberto_ = Estrutura::Raiz;  // element that is open
     std::unique_ptr<Visualizador> visualizador_;
+};
+
+// While it lives, what is drawn is the content of one element, or decoration. They nest: the inner
+// one's element is a child of the outer's; within decoration all is decoration.
+class Trecho {
+  public:
+    // Begins a new element below the one that is open.
+    Trecho(DocumentoRelatorio& documento, Elemento elemento)
+        : documento_(documento), indice_(documento.aberto_), anterior_(documento.aberto_) {
+        if (anterior_ != Estrutura::Decoracao) {
+            auto& elementos = documento.conteudo_.estrutura.elementos;
+            indice_ = static_cast<std::uint32_t>(elementos.size());
+            elementos.push_back(elemento);
+            elementos.back().pai = anterior_;
+            documento.aberto_ = indice_;
+        }
+    }
+    // Goes on with an element of that index begun before, or with Decoracao.
+    Trecho(DocumentoRelatorio& documento, std::uint32_t elemento)
+        : documento_(documento),
+          indice_(documento.aberto_ == Estrutura::Decoracao ? Estrutura::Decoracao : elemento),
+          anterior_(documento.aberto_) {
+        documento.aberto_ = indice_;
+    }
+    ~Trecho() { documento_.aberto_ = anterior_; }
+    Trecho(const Trecho&) = delete;
+    Trecho& operator=(const Trecho&) = delete;
+
+    // Index of the element, for going on with it later; Decoracao within decoration.
+    [[nodiscard]] std::uint32_t Indice() const { return indice_; }
+
+  private:
+    DocumentoRelatorio& documento_;
+    std::uint32_t indice_;
+    std::uint32_t anterior_;
 };
 
 }  // namespace tarvo

@@ -5,8 +5,6 @@
 #include <limits>
 #include <vector>
 
-#include "data/Publico.h"
-
 // What a document shows, beside how it is drawn: a tree of elements, and for each primitive the
 // element whose content it is. Readers that cannot see the page, spreadsheets and outlines follow
 // it. The primitives, their order and the JSON form do not depend on it.
@@ -98,29 +96,6 @@ struct Estrutura {
     // Decoracao.
     std::vector<std::vector<std::uint32_t>> donos = std::vector<std::vector<std::uint32_t>>(1);
     friend bool operator==(const Estrutura&, const Estrutura&) = default;
-};
-
-class DocumentoRelatorio;
-
-// While it lives, what is drawn is the content of one element, or decoration. They nest: the inner
-// one's element is a child of the outer's; within decoration all is decoration.
-class TARVO_PUBLICO Trecho {
-  public:
-    // Begins a new element below the one that is open.
-    Trecho(DocumentoRelatorio& documento, const Elemento& elemento);
-    // Goes on with an element of that index begun before, or with Decoracao.
-    Trecho(DocumentoRelatorio& documento, std::uint32_t elemento);
-    ~Trecho();
-    Trecho(const Trecho&) = delete;
-    Trecho& operator=(const Trecho&) = delete;
-
-    // Index of the element, for going on with it later; Decoracao within decoration.
-    [[nodiscard]] std::uint32_t Indice() const { return indice_; }
-
-  private:
-    DocumentoRelatorio& documento_;
-    std::uint32_t indice_;
-    std::uint32_t anterior_;
 };
 
 }  // namespace tarvo

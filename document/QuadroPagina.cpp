@@ -135,7 +135,7 @@ void Celula(DocumentoRelatorio& doc, const EstiloTexto& estilo, double x, double
     EscreverEmCaixa(doc, estilo, x, y, largura, altura, texto);
 }
 
-void Celula(DocumentoRelatorio& doc, const Elemento& elemento, const EstiloTexto& estilo, double x,
+void Celula(DocumentoRelatorio& doc, Elemento elemento, const EstiloTexto& estilo, double x,
             double y, double largura, double altura, std::string_view texto) {
     const Trecho trecho(doc, elemento);
     Celula(doc, estilo, x, y, largura, altura, texto);
@@ -143,7 +143,7 @@ void Celula(DocumentoRelatorio& doc, const Elemento& elemento, const EstiloTexto
 
 void CelulaRotulada(DocumentoRelatorio& doc, const EstiloCampo& estilo, double x, double y,
                     double largura, double altura, std::string_view rotulo, std::string_view valor,
-                    const Elemento& elemento) {
+                    Elemento elemento) {
     const Trecho caixa(doc, elemento);
     DesenharMoldura(doc, x, y, largura, altura);
     {

@@ -65,13 +65,13 @@ void EscreverEmCaixa(DocumentoRelatorio& doc, const EstiloTexto& estilo, double 
 void Celula(DocumentoRelatorio& doc, const EstiloTexto& estilo, double x, double y, double largura,
             double altura, std::string_view texto);
 // The same as an element of its own.
-void Celula(DocumentoRelatorio& doc, const Elemento& elemento, const EstiloTexto& estilo, double x,
+void Celula(DocumentoRelatorio& doc, Elemento elemento, const EstiloTexto& estilo, double x,
             double y, double largura, double altura, std::string_view texto);
 // Frame, label, value: a field of the document, or the element (a cell) that holds them. The value
 // is of the element's kind.
 void CelulaRotulada(DocumentoRelatorio& doc, const EstiloCampo& estilo, double x, double y,
                     double largura, double altura, std::string_view rotulo, std::string_view valor,
-                    const Elemento& elemento = {.tipo = TipoElemento::Campo});
+                    Elemento elemento = {.tipo = TipoElemento::Campo});
 // A filled teal bar 0.1 cm high.
 void Barra(DocumentoRelatorio& doc, double x, double y, double largura);
 

@@ -35,7 +35,7 @@ void TabelaEmDesenho::Titulo(const EstiloTexto& estilo, double x, double y, doub
 
 void TabelaEmDesenho::Caixa(const EstiloCampo& estilo, double x, double y, double largura,
                             double altura, std::string_view rotulo, std::string_view valor,
-                            const Elemento& celula) {
+                            Elemento celula) {
     DesenharMoldura(doc_, x, y, largura, altura);
     {
         const Trecho linha(doc_, LinhaDeTitulos(0));

@@ -22,7 +22,7 @@ class TabelaEmDesenho {
                 std::string_view texto, int colunas = 1);
     // A cell of the open row, whose label heads its column.
     void Caixa(const EstiloCampo& estilo, double x, double y, double largura, double altura,
-               std::string_view rotulo, std::string_view valor, const Elemento& celula);
+               std::string_view rotulo, std::string_view valor, Elemento celula);
 
   private:
     [[nodiscard]] std::uint32_t LinhaDeTitulos(int nivel) const;

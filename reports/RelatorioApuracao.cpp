@@ -129,8 +129,8 @@ std::string RelatorioApuracao::Campo(int numero, BancoDados* banco, std::int32_t
 
 void RelatorioApuracao::ImprimirLinha(Recordset& linha, Recordset& /*identificacao*/, double y) {
     const auto texto = [&](std::string_view coluna) { return TextoCampo(linha.Fields(coluna)); };
-    const auto celula = [&](const Elemento& elemento, const EstiloTexto& estilo, double x,
-                            double largura, std::string_view escrito) {
+    const auto celula = [&](Elemento elemento, const EstiloTexto& estilo, double x, double largura,
+                            std::string_view escrito) {
         Celula(Desenho(), elemento, estilo, x, y, largura, AlturaLinha, escrito);
     };
     const std::string rotulo = texto("Linha");

@@ -191,9 +191,8 @@ void RelatorioMIDAXBCodigo3::ImprimirPaginas(BancoDados& banco, Recordset& ident
 void RelatorioMIDAXBCodigo3::ImprimirBloco(TabelaEmDesenho& tabela, double y, Recordset& entrada) {
     tabela.ComecarTitulos();
     const Trecho linha(Desenho(), LinhaDe(FuncaoDaLinha::Dados));
-    const auto caixa = [&](const Elemento& celula, double x, double largura,
-                           std::int32_t horizontal, std::string_view rotulo,
-                           std::string_view valor) {
+    const auto caixa = [&](Elemento celula, double x, double largura, std::int32_t horizontal,
+                           std::string_view rotulo, std::string_view valor) {
         tabela.Caixa(ValorEmBloco(horizontal), x, y, largura, AlturaBloco, rotulo, valor, celula);
     };
     caixa(TituloDeLinha(Natureza::Codigo), 0, 1.8, Esquerda, "Código MIDAX",

@@ -151,7 +151,7 @@ class Guia {
         std::uint32_t valor;
     };
 
-    std::uint32_t Abrir(const Elemento& elemento) { return Trecho(doc_, elemento).Indice(); }
+    std::uint32_t Abrir(Elemento elemento) { return Trecho(doc_, elemento).Indice(); }
     void AbrirCampo(Natureza natureza) {
         const Trecho campo(doc_, {.tipo = TipoElemento::Campo});
         const auto rotulo = Abrir({.tipo = TipoElemento::Rotulo});
