@@ -102,6 +102,8 @@ function(tarvo_instalada componente)
             VERBATIM)
         list(APPEND cabecalhos ${saida})
     endforeach()
+    # Nothing that the library compiles needs them.
+    add_custom_target(${alvo}_cabecalhos ALL DEPENDS ${cabecalhos})
     target_sources(${alvo} PUBLIC
         FILE_SET HEADERS BASE_DIRS ${PROJECT_BINARY_DIR}/include FILES ${cabecalhos})
     target_include_directories(${alvo} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
