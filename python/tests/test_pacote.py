@@ -73,13 +73,15 @@ class Exportacao(unittest.TestCase):
             tarvo.exportar([cadastro, apuracao], self.pasta / "juntos.pdf")
             for nome in ("apuracao.pdf", "juntos.pdf"):
                 self.assertTrue((self.pasta / nome).read_bytes().startswith(b"%PDF-"))
+            apuracao.exportar(self.pasta / "apuracao.xlsx")
+            self.assertTrue((self.pasta / "apuracao.xlsx").read_bytes().startswith(b"PK"))
             self.assertEqual(apuracao.textos_cortados, [])
             with self.assertRaises(ValueError):
                 apuracao.exportar(self.pasta / "apuracao.doc")
             with self.assertRaises(tarvo.Erro) as erro:
                 apuracao.exportar(self.pasta / "nenhuma" / "x.pdf")
             self.assertEqual(erro.exception.numero, 76)
-            self.assertEqual(sorted(os.listdir(self.pasta)), ["apuracao.pdf", "juntos.pdf"])
+            self.assertEqual(sorted(os.listdir(self.pasta)), ["apuracao.pdf", "apuracao.xlsx", "juntos.pdf"])
 
     def test_tells_what_was_cut(self):
         with tarvo.em_memoria() as banco, tarvo.RelatorioCadastro() as relatorio:
