@@ -15,6 +15,11 @@ Compressor::Compressor() : compressor_(libdeflate_alloc_compressor(Nivel)) {
     }
 }
 
+Compressor& Compressor::DoFio() {
+    thread_local Compressor compressor;
+    return compressor;
+}
+
 std::string_view Compressor::Comprimir(std::string_view dados) {
     const auto limite = libdeflate_zlib_compress_bound(compressor_.get(), dados.size());
     if (saida_.size() < limite) {

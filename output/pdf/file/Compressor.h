@@ -9,10 +9,12 @@
 
 namespace tarvo::pdf {
 
-// One compressor for all streams of a file: making one costs more than compressing a page.
+// Making one costs more than compressing a page.
 class Compressor {
   public:
     Compressor();
+    // That of the thread, for all its files.
+    static Compressor& DoFio();
     // zlib stream; valid until the next call.
     std::string_view Comprimir(std::string_view dados);
 

@@ -51,7 +51,7 @@ class EscritorPDF {
     [[nodiscard]] std::string Identificador() const;
 
     const Destino& destino_;
-    Compressor compressor_;
+    Compressor& compressor_ = Compressor::DoFio();
     std::string saida_;
     std::uint64_t escritos_ = 0;                   // bytes handed over, those in saida_ included
     std::array<std::uint64_t, 2> digestao_{1, 2};  // of all bytes so far, for the file's identifier

@@ -1,85 +1,12 @@
 #include "output/pdf/file/FontesPDF.h"
 
-#include <hb-subset.h>
+#include <optional>
 
-#include <algorithm>
-#include <new>
-
-#include "data/CodigosDeErros.h"
-#include "data/ObjetoDeC.h"
 #include "output/pdf/file/Sintaxe.h"
-#include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
 
 namespace {
-
-struct CodigoUnicode {
-    unsigned codigo = 0;
-    char32_t unicode = 0;
-};
-
-// Codes have the given number of hexadecimal digits.
-std::string MapaUnicode(const std::vector<CodigoUnicode>& pares, int digitos) {
-    std::string mapa =
-        "/CIDInit/ProcSet findresource begin\n12 dict begin\nbegincmap\n"
-        "/CIDSystemInfo<</Registry(Adobe)/Ordering(UCS)/Supplement 0>>def\n"
-        "/CMapName/Adobe-Identity-UCS def\n/CMapType 2 def\n1 begincodespacerange\n";
-    mapa += digitos == 2 ? "<00><FF>" : "<0000><FFFF>";
-    mapa += "\nendcodespacerange\n";
-    constexpr std::size_t Bloco = 100;  // the most that one block may hold
-    for (std::size_t i = 0; i < pares.size(); i += Bloco) {
-        const std::size_t fim = std::min(pares.size(), i + Bloco);
-        mapa += std::to_string(fim - i) + " beginbfchar\n";
-        for (std::size_t n = i; n < fim; ++n) {
-            mapa += '<';
-            AnexarHex(mapa, pares[n].codigo, digitos);
-            mapa += "><";
-            AnexarUTF16Hex(mapa, pares[n].unicode);
-            mapa += ">\n";
-        }
-        mapa += "endbfchar\n";
-    }
-    return mapa + "endcmap\nCMapName currentdict/CMap defineresource pop\nend\nend\n";
-}
-
-// The face reduced to the glyphs in use. Their numbers stay, since text written by glyph number
-// has already gone out.
-std::string Subconjunto(const FonteDoArquivo& f) {
-    const ObjetoDeC<hb_subset_input_destroy> pedido(hb_subset_input_create_or_fail());
-    if (pedido == nullptr) {
-        throw std::bad_alloc();
-    }
-    hb_subset_input_set_flags(pedido.get(),
-                              HB_SUBSET_FLAGS_NO_HINTING | HB_SUBSET_FLAGS_RETAIN_GIDS);
-    hb_set_t* const caracteres = hb_subset_input_unicode_set(pedido.get());
-    for (unsigned codigo = 0; codigo < 256; ++codigo) {
-        if (f.codigos.test(codigo)) {
-            hb_set_add(caracteres, UnicodeDeWinAnsi(static_cast<std::uint8_t>(codigo)));
-        }
-    }
-    hb_set_t* const glifos = hb_subset_input_glyph_set(pedido.get());
-    for (const auto& [glifo, unicode] : f.glifos) {
-        hb_set_add(glifos, glifo);
-    }
-    // A PDF has no use for layout tables; left in, they would also pull in glyphs.
-    hb_set_t* const fora = hb_subset_input_set(pedido.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
-    for (const auto tabela :
-         {HB_TAG('G', 'S', 'U', 'B'), HB_TAG('G', 'P', 'O', 'S'), HB_TAG('G', 'D', 'E', 'F'),
-          HB_TAG('k', 'e', 'r', 'n'), HB_TAG('n', 'a', 'm', 'e'), HB_TAG('D', 'S', 'I', 'G')}) {
-        hb_set_add(fora, tabela);
-    }
-    const Face& face = f.fonte.FaceUsada();
-    const ObjetoDeC<hb_face_destroy> reduzida(hb_subset_or_fail(face.Hb(), pedido.get()));
-    if (reduzida == nullptr) {
-        throw Erro(NumeroErro::FonteAusente,
-                   "A fonte " + face.NomePostScript() + " não pôde ser embutida.");
-    }
-    const ObjetoDeC<hb_blob_destroy> blob(hb_face_reference_blob(reduzida.get()));
-    unsigned tamanho = 0;
-    const char* const dados = hb_blob_get_data(blob.get(), &tamanho);
-    return {dados, tamanho};
-}
 
 // Six capitals and a plus mark a subset; the number of the face tells two subsets apart.
 std::string NomeDoSubconjunto(const FonteDoArquivo& f) {
@@ -146,67 +73,71 @@ std::string FontesPDF::Embutir() {
 }
 
 void FontesPDF::EmbutirFace(const FonteDoArquivo& f, std::string& recursos) {
-    if (f.codigos.none() && f.glifos.empty()) {
+    if (f.uso.Vazio()) {
         return;
     }
     const std::string nome = NomeDoSubconjunto(f);
-    const std::string bytes = Subconjunto(f);
+    const auto reduzida = Reduzir(f.fonte.FacePropria(), f.uso);
     const int arquivo = escritor_.Reservar();
     const int descritor = escritor_.Reservar();
-    escritor_.Fluxo(arquivo, "/Length1 " + std::to_string(bytes.size()), bytes);
+    escritor_.FluxoComprimido(arquivo, "/Length1 " + std::to_string(reduzida->tamanho),
+                              reduzida->programa);
     escritor_.Objeto(descritor, Descritor(f.fonte, nome, arquivo));
-    if (f.codigos.any()) {
+    if (f.uso.codigos.any()) {
         recursos += "/F" + std::to_string(f.numero) + " " + Referencia(f.objetoCodigos);
-        EmbutirCodigos(f, nome, descritor);
+        EmbutirCodigos(f, *reduzida, nome, descritor);
     }
-    if (!f.glifos.empty()) {
+    if (!f.uso.glifos.empty()) {
         recursos += "/G" + std::to_string(f.numero) + " " + Referencia(f.objetoGlifos);
-        EmbutirGlifos(f, nome, descritor);
+        EmbutirGlifos(f, *reduzida, nome, descritor);
     }
 }
 
-void FontesPDF::EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome, int descritor) {
-    std::vector<CodigoUnicode> pares;
+void FontesPDF::EmbutirCodigos(const FonteDoArquivo& f, const FonteReduzida& reduzida,
+                               const std::string& nome, int descritor) {
+    std::optional<unsigned> primeiro;
+    unsigned ultimo = 0;
     std::string larguras;
-    for (unsigned codigo = 0; codigo < f.codigos.size(); ++codigo) {
-        if (f.codigos.test(codigo)) {
-            const auto byte = static_cast<std::uint8_t>(codigo);
+    for (unsigned codigo = 0; codigo < f.uso.codigos.size(); ++codigo) {
+        if (f.uso.codigos.test(codigo)) {
             // Widths are given without gaps from the first code to the last.
-            for (auto n = pares.empty() ? codigo : pares.back().codigo + 1; n < codigo; ++n) {
+            for (auto n = primeiro ? ultimo + 1 : codigo; n < codigo; ++n) {
                 larguras += "0 ";
             }
-            pares.push_back({codigo, UnicodeDeWinAnsi(byte)});
-            larguras += std::to_string(f.fonte.FaceUsada().Avanco(byte)) + " ";
+            primeiro = primeiro.value_or(codigo);
+            ultimo = codigo;
+            larguras +=
+                std::to_string(f.fonte.FaceUsada().Avanco(static_cast<std::uint8_t>(codigo))) + " ";
         }
     }
     const int mapa = escritor_.Reservar();
-    escritor_.Fluxo(mapa, "", MapaUnicode(pares, 2));
+    escritor_.FluxoComprimido(mapa, "", reduzida.mapaCodigos);
     escritor_.Objeto(f.objetoCodigos, "<</Type/Font/Subtype/TrueType/BaseFont/" + nome +
                                           "/Encoding/WinAnsiEncoding/FirstChar " +
-                                          std::to_string(pares.front().codigo) + "/LastChar " +
-                                          std::to_string(pares.back().codigo) + "/Widths[" +
-                                          larguras + "]/FontDescriptor " + Referencia(descritor) +
+                                          std::to_string(primeiro.value_or(0)) + "/LastChar " +
+                                          std::to_string(ultimo) + "/Widths[" + larguras +
+                                          "]/FontDescriptor " + Referencia(descritor) +
                                           "/ToUnicode " + Referencia(mapa) + ">>");
 }
 
-void FontesPDF::EmbutirGlifos(const FonteDoArquivo& f, const std::string& nome, int descritor) {
-    std::vector<CodigoUnicode> pares;
+void FontesPDF::EmbutirGlifos(const FonteDoArquivo& f, const FonteReduzida& reduzida,
+                              const std::string& nome, int descritor) {
     std::string larguras;
-    for (const auto& [glifo, unicode] : f.glifos) {
+    for (const auto& [glifo, unicode] : f.uso.glifos) {
         larguras += std::to_string(glifo) + "[" +
                     std::to_string(f.fonte.FaceUsada().AvancoGlifo(glifo)) + "]";
-        if (unicode != 0) {
-            pares.push_back({glifo, unicode});
-        }
     }
     const int mapa = escritor_.Reservar();
+    const int numeros = escritor_.Reservar();
     const int descendente = escritor_.Reservar();
-    escritor_.Fluxo(mapa, "", MapaUnicode(pares, 4));
+    escritor_.FluxoComprimido(mapa, "", reduzida.mapaGlifos);
+    escritor_.FluxoComprimido(numeros, "", reduzida.glifos);
     escritor_.Objeto(descendente,
                      "<</Type/Font/Subtype/CIDFontType2/BaseFont/" + nome +
                          "/CIDSystemInfo<</Registry(Adobe)/Ordering(Identity)/Supplement 0>>"
-                         "/CIDToGIDMap/Identity/DW 0/W[" +
-                         larguras + "]/FontDescriptor " + Referencia(descritor) + ">>");
+                         "/CIDToGIDMap " +
+                         Referencia(numeros) + "/DW 0/W[" + larguras + "]/FontDescriptor " +
+                         Referencia(descritor) + ">>");
     escritor_.Objeto(f.objetoGlifos, "<</Type/Font/Subtype/Type0/BaseFont/" + nome +
                                          "/Encoding/Identity-H/DescendantFonts[" +
                                          Referencia(descendente) + "]/ToUnicode " +

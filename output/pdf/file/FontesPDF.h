@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bitset>
 #include <map>
 #include <memory>
 #include <string>
@@ -8,6 +7,7 @@
 #include <vector>
 
 #include "output/pdf/file/EscritorPDF.h"
+#include "output/pdf/file/FonteReduzida.h"
 #include "output/pdf/text/Fonte.h"
 
 namespace tarvo::pdf {
@@ -21,9 +21,7 @@ struct FonteDoArquivo {
     int numero = 0;
     int objetoCodigos = 0;
     int objetoGlifos = 0;
-    std::bitset<256> codigos;
-    std::map<hb_codepoint_t, char32_t>
-        glifos;  // with the character that each stands for, 0 for none
+    UsoDaFonte uso;
 };
 
 // The faces of one file: loaded on first use, embedded at the end as subsets of what was used.
@@ -40,8 +38,10 @@ class FontesPDF {
   private:
     FonteDoArquivo& Acrescentar(Fonte fonte);
     void EmbutirFace(const FonteDoArquivo& f, std::string& recursos);
-    void EmbutirCodigos(const FonteDoArquivo& f, const std::string& nome, int descritor);
-    void EmbutirGlifos(const FonteDoArquivo& f, const std::string& nome, int descritor);
+    void EmbutirCodigos(const FonteDoArquivo& f, const FonteReduzida& reduzida,
+                        const std::string& nome, int descritor);
+    void EmbutirGlifos(const FonteDoArquivo& f, const FonteReduzida& reduzida,
+                       const std::string& nome, int descritor);
 
     EscritorPDF& escritor_;
     std::vector<std::unique_ptr<FonteDoArquivo>> fontes_;

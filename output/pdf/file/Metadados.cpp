@@ -84,7 +84,8 @@ Metadados EscreverMetadados(EscritorPDF& escritor, std::string_view titulo,
     // Left uncompressed, so that programs that know nothing of PDF find it.
     escritor.FluxoAberto(m.xmp, "/Type/Metadata/Subtype/XML", PacoteXMP(titulo, momento));
     const int perfil = escritor.Reservar();
-    escritor.Fluxo(perfil, "/N 3", PerfilSRGB());
+    static const std::string srgb(Compressor::DoFio().Comprimir(PerfilSRGB()));
+    escritor.FluxoComprimido(perfil, "/N 3", srgb);
     escritor.Objeto(m.intencao,
                     "<</Type/OutputIntent/S/GTS_PDFA1/OutputConditionIdentifier(sRGB)"
                     "/Info(sRGB)/DestOutputProfile " +

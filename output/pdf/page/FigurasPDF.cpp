@@ -66,7 +66,7 @@ void PrepararDesenho(std::string_view desenho, Figura& figura) {
     const auto fim = std::min(desenho.find('\n'), desenho.size());
     figura.dicionario = "/Type/XObject/Subtype/Form";
     figura.dicionario += desenho.substr(0, fim);
-    figura.dados = Compressor().Comprimir(desenho.substr(fim));
+    figura.dados = Compressor::DoFio().Comprimir(desenho.substr(fim));
 }
 
 void PrepararPontos(const Imagem& imagem, Figura& figura) {
@@ -80,7 +80,7 @@ void PrepararPontos(const Imagem& imagem, Figura& figura) {
         d += "/Mask[" + indice + " " + indice + "]";
     }
     figura.dicionario = std::move(d);
-    figura.dados = Compressor().Comprimir(Empacotar(raster, bits));
+    figura.dados = Compressor::DoFio().Comprimir(Empacotar(raster, bits));
 }
 
 std::shared_ptr<const Figura> Preparar(const Imagem& imagem) {

@@ -127,7 +127,7 @@ void OperadoresDePagina::AnexarCodigos(FonteDoArquivo& fonte, std::string_view c
     std::uint8_t anterior = 0;
     for (const char c : codigos) {
         const auto codigo = static_cast<std::uint8_t>(c);
-        fonte.codigos.set(codigo);
+        fonte.uso.codigos.set(codigo);
         const int kern = face.Kern(anterior, codigo);
         if (kern != 0) {
             comKern = true;
@@ -177,7 +177,7 @@ void OperadoresDePagina::AnexarGlifos(FonteDoArquivo& fonte, Centesimos corpo,
         AnexarHex(operadores_, g.glifo, 4);
         operadores_ += '>';
         ajuste = g.avanco - g.dx - face.AvancoGlifo(g.glifo);
-        auto& unicode = fonte.glifos[g.glifo];
+        auto& unicode = fonte.uso.glifos[g.glifo];
         unicode = unicode != 0 ? unicode : g.unicode;
     }
     ajustar();

@@ -134,6 +134,16 @@ TEST(Desenho, FramesSharedByPagesLookLikeFramesDrawnAlone) {
     }
 }
 
+// Its number in the file's font depends on them.
+TEST(Desenho, AGlyphLooksTheSameWhateverElseItsFontHolds) {
+    const auto pagina = [](DocumentoRelatorio& doc, int n) {
+        const char* const textos[] = {"bX\u0302\u0301 \u0416\u03A9", "A Ca \u0416 \u0410X\u0323B"};
+        Escrever(doc, {{0, 0, 10, 1}, textos[n], {.fonte = "DejaVu Sans", .tamanho = 20}});
+    };
+    EXPECT_TRUE(ArquivoPDF(Paginas(2, pagina)).Pixels(1) ==
+                ArquivoPDF(Paginas(1, pagina)).Pixels(1));
+}
+
 TEST(Desenho, EveryPageHasItsOwnColoursWidthsAndWholeBorders) {
     const ArquivoPDF arquivo(Paginas(3, [](DocumentoRelatorio& doc, int) {
         doc.DesenharRetanguloArredondado(1, 1, 4, 2, false, 0.5, 0, 0, 20);
