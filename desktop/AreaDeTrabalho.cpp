@@ -8,6 +8,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"
+#include "desktop/EstiloVisivel.h"
 #include "desktop/Ligacao.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "desktop/preview/VisualizadorQt.h"
@@ -33,6 +34,7 @@ void CriarAplicacao() {
     std::setlocale(LC_NUMERIC, numeros.c_str());
     QApplication::setQuitOnLastWindowClosed(false);
     InstalarTraducao();
+    InstalarEstiloVisivel();
 }
 
 class AreaDeTrabalhoQt final : public AreaDeTrabalho {
@@ -59,6 +61,10 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
     [[nodiscard]] bool TemTela() const override { return temTela_; }
     FabricaVisualizadores& Visualizadores() override { return visualizadores_; }
     JanelaSelecao& Selecao() override { return selecao_; }
+
+    void AoPedir(std::function<void(Pedido)> acao) override {
+        visualizadores_.AoPedir(std::move(acao));
+    }
 
     std::size_t AguardarJanelas(std::chrono::milliseconds tempo) override {
         Atender(QEventLoop::AllEvents);

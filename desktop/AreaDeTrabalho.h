@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 
 #include "data/Publico.h"
@@ -11,6 +12,9 @@
 // The desktop: previews, printing and the selection dialog, for hosts with and without a user
 // interface of their own.
 namespace tarvo {
+
+// What a preview's user may ask of a host that can build reports anew.
+enum class Pedido { DeclaracaoAnterior, ProximaDeclaracao, Atualizar };
 
 // Everything that has to do with windows and printing happens in one thread: the one that opened
 // the area first, or the one of the host's own Qt application.
@@ -26,6 +30,9 @@ class TARVO_PUBLICO AreaDeTrabalho {
     virtual FabricaVisualizadores& Visualizadores() = 0;
     // For Relatorios.
     virtual JanelaSelecao& Selecao() = 0;
+    // From now on the previews offer the declaration before and behind, and to be built anew, and
+    // acao does it; null takes the offer away.
+    virtual void AoPedir(std::function<void(Pedido)> acao) = 0;
     // Serves the windows until none is open or the time is over; returns how many are open. A
     // negative time is no limit; zero serves what is waiting and returns.
     virtual std::size_t AguardarJanelas(std::chrono::milliseconds tempo) = 0;

@@ -29,6 +29,7 @@ enum class Acao {
     LarguraDaPagina,
     Continuo,
     LadoALado,
+    CursorDeLeitura,
     Painel,
     EmAbas,
     TelaCheia,

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/AreaDeTrabalho.h"
 #include "desktop/printing/RodadaDeImpressao.h"
 
 namespace tarvo {
@@ -13,9 +14,6 @@ class ConfiguracoesIni;
 class JanelaDeAbas;
 class JanelaVisualizacao;
 struct Conteudo;
-
-// What a preview's user may ask of a host that can build reports anew.
-enum class Pedido { DeclaracaoAnterior, ProximaDeclaracao, Atualizar };
 
 // What a new run leaves of the previews of the one before: nothing; the windows of the reports that
 // it shows again; these with the page that they show.

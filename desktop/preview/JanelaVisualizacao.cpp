@@ -139,6 +139,7 @@ void JanelaVisualizacao::LigarAcoes() {
 void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     const bool fica = grupo_.OQuePermanece() == Permanece::Paginas && Aberta();
     const auto lugar = vista_->Lugar();
+    const bool lendo = vista_->Cursor().has_value();
     Esvaziar();
     documento_ = std::move(documento);
     pintor_ = std::make_unique<PintorPaginas>(documento_.pdf);
@@ -154,10 +155,11 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
                                          : u"%1 textos cortados"_s.arg(cortes));
     painel_->Mostrar(pintor_.get(), &documento_);
     barraDeBusca_->Mostrar(&pintor_->Documento());
-    vista_->Mostrar(pintor_.get(), barraDeBusca_->Busca(), &documento_.celulas);
+    vista_->Mostrar(pintor_.get(), barraDeBusca_->Busca(), &documento_);
     if (fica) {
         vista_->Ir(lugar);
     }
+    vista_->DefinirCursor(lendo);
     vista_->setFocus();
     grupo_.Mostrar(*this);
 }

@@ -36,6 +36,8 @@ PainelLateral::PainelLateral(QWidget* pai)
     abas_->addTab(miniaturas_, u"Pági&nas"_s);
     abas_->addTab(sumario_, u"S&umário"_s);
     abas_->addTab(avisos_, u"A&visos"_s);
+    // As wide as the pictures; the user may widen it.
+    sumario_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustIgnored);
     setWidget(abas_);
 }
 

@@ -46,6 +46,13 @@ bool SelecaoDeCelulas::SelecionarCelula(int pagina, const QPointF& ponto) {
     return true;
 }
 
+void SelecaoDeCelulas::SelecionarArea(int pagina, const QRectF& area) {
+    const QRectF dentro = area.adjusted(1, 1, -1, -1);  // neighbours share the edge
+    inicio_ = {pagina, dentro.topLeft()};
+    fim_ = {pagina, dentro.bottomRight()};
+    vazia_ = false;
+}
+
 void SelecaoDeCelulas::SelecionarPaginas(int primeira, int ultima, const QSizeF& papel) {
     inicio_ = {primeira, {}};
     fim_ = {ultima, {papel.width(), papel.height()}};

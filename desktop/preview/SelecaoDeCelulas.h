@@ -23,6 +23,8 @@ class SelecaoDeCelulas {
     bool Estender(int pagina, const QPointF& ponto);
     // Selects the cell at that place; false when none is there.
     bool SelecionarCelula(int pagina, const QPointF& ponto);
+    // What lies within that part of a page.
+    void SelecionarArea(int pagina, const QRectF& area);
     // All of these pages, which are as large as papel.
     void SelecionarPaginas(int primeira, int ultima, const QSizeF& papel);
 

@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/preview/AcessoPaginas.h"
+#include "desktop/preview/DocumentoPronto.h"
+#include "desktop/preview/LeituraDoDocumento.h"
 #include "desktop/preview/PinturaDaVista.h"
 
 namespace tarvo {
@@ -20,6 +23,7 @@ constexpr QSizeF A4(595, 842);    // points
 }  // namespace
 
 VistaPaginas::VistaPaginas(QWidget* pai) : QAbstractScrollArea(pai) {
+    AcessoPaginas::Instalar();  // before anybody asks for the view's interface
     setObjectName(QStringLiteral("paginas"));
     setAccessibleName(QStringLiteral("Páginas do relatório"));
     setFocusPolicy(Qt::StrongFocus);
@@ -31,14 +35,16 @@ VistaPaginas::VistaPaginas(QWidget* pai) : QAbstractScrollArea(pai) {
 }
 
 void VistaPaginas::Mostrar(PintorPaginas* pintor, BuscaTexto* busca,
-                           const CelulasDeTexto* celulas) {
+                           const DocumentoPronto* documento) {
     pintor_ = pintor;
     busca_ = busca;
-    selecao_.Mostrar(celulas);
+    documento_ = documento;
+    leitura_.reset();
+    selecao_.Mostrar(documento != nullptr ? &documento->celulas : nullptr);
+    cursor_.reset();
     disposicao_.paginas = pintor != nullptr ? std::max(1, pintor->Paginas()) : 1;
     disposicao_.atual = 0;
-    Dispor(DisposicaoPaginas::NoComecoDe(0));
-    IrPara(0);
+    Redispor();
 }
 
 LugarNaVista VistaPaginas::Lugar() const {
@@ -105,12 +111,13 @@ void VistaPaginas::DefinirContinuo(bool continuo) {
 }
 
 void VistaPaginas::DefinirLadoALado(bool ladoALado) {
-    disposicao_.colunas = ladoALado ? 2 : 1;
+    ladoALado_ = ladoALado;
     Redispor();
 }
 
 void VistaPaginas::Redispor() {
     const int pagina = Pagina();
+    disposicao_.colunas = ladoALado_ ? std::min(2, Paginas()) : 1;
     Dispor(DisposicaoPaginas::NoComecoDe(pagina));
     IrPara(pagina);
 }
@@ -222,9 +229,62 @@ void VistaPaginas::wheelEvent(QWheelEvent* evento) {
 void VistaPaginas::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Space) {
         RolarTela((evento->modifiers() & Qt::ShiftModifier) != 0 ? -1 : 1);
-    } else {
+    } else if (!AndarComCursor(evento->key())) {
         QAbstractScrollArea::keyPressEvent(evento);
     }
+}
+
+// --- reading
+
+const std::shared_ptr<LeituraDoDocumento>& VistaPaginas::Leitura() const {
+    if (leitura_ == nullptr && documento_ != nullptr) {
+        leitura_ = std::make_shared<LeituraDoDocumento>(*documento_);
+    }
+    return leitura_;
+}
+
+QRect VistaPaginas::NaTela(int pagina, const std::optional<QRectF>& area) const {
+    const QRect lugar = area ? disposicao_.NoConteudo(pagina, *area).translated(-disposicao_.topo)
+                             : disposicao_.NaJanela(pagina);
+    return {viewport()->mapToGlobal(lugar.topLeft()), lugar.size()};
+}
+
+int VistaPaginas::PaginaNaTela(const QPoint& ponto) const {
+    return disposicao_.PaginaNaJanela(viewport()->mapFromGlobal(ponto));
+}
+
+void VistaPaginas::DefinirCursor(bool ligado) {
+    cursor_.reset();
+    if (ligado && documento_ != nullptr) {
+        LevarCursorA(PrimeiroTexto(*Leitura(), Pagina()));
+    }
+    Mudou();
+}
+
+void VistaPaginas::LevarCursorA(const LugarDeLeitura& lugar) {
+    cursor_ = lugar;
+    const auto& no = Leitura()->Pagina(lugar.pagina).at(static_cast<std::size_t>(lugar.no));
+    if (!no.texto.isEmpty()) {
+        selecao_.SelecionarArea(lugar.pagina, no.lugar);
+        Revelar(lugar.pagina, no.lugar);
+        AcessoPaginas::DizerCursor(*this);
+    }
+}
+
+bool VistaPaginas::AndarComCursor(int tecla) {
+    const std::pair<int, Passo> passos[] = {{Qt::Key_Right, Passo::Seguinte},
+                                            {Qt::Key_Left, Passo::Anterior},
+                                            {Qt::Key_Down, Passo::Abaixo},
+                                            {Qt::Key_Up, Passo::Acima}};
+    const auto* passo = std::find_if(std::begin(passos), std::end(passos),
+                                     [tecla](const auto& um) { return um.first == tecla; });
+    if (!cursor_ || passo == std::end(passos)) {
+        return false;
+    }
+    // The user may have gone to another page meanwhile.
+    LevarCursorA(cursor_->pagina == Pagina() ? Andar(*Leitura(), *cursor_, passo->second)
+                                             : PrimeiroTexto(*Leitura(), Pagina()));
+    return true;
 }
 
 // --- selection

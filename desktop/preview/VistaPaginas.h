@@ -3,15 +3,20 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <functional>
+#include <memory>
+#include <optional>
 
 #include "desktop/preview/Ampliacao.h"
+#include "desktop/preview/CursorDeLeitura.h"
 #include "desktop/preview/DisposicaoPaginas.h"
 #include "desktop/preview/SelecaoDeCelulas.h"
 
 namespace tarvo {
 
 class BuscaTexto;
+class LeituraDoDocumento;
 class PintorPaginas;
+struct DocumentoPronto;
 
 // What a view shows, in its own pixels.
 struct LugarNaVista {
@@ -27,7 +32,7 @@ class VistaPaginas final : public QAbstractScrollArea {
 
     // What is shown from now on, at its first page; all null for nothing. They outlive their
     // being shown.
-    void Mostrar(PintorPaginas* pintor, BuscaTexto* busca, const CelulasDeTexto* celulas);
+    void Mostrar(PintorPaginas* pintor, BuscaTexto* busca, const DocumentoPronto* documento);
 
     [[nodiscard]] int Pagina() const { return disposicao_.atual; }
     [[nodiscard]] int Paginas() const { return disposicao_.paginas; }
@@ -54,12 +59,22 @@ class VistaPaginas final : public QAbstractScrollArea {
     void Ampliar(double ampliacao);
     [[nodiscard]] bool Continuo() const { return disposicao_.continuo; }
     void DefinirContinuo(bool continuo);
-    [[nodiscard]] bool LadoALado() const { return disposicao_.colunas == 2; }
+    [[nodiscard]] bool LadoALado() const { return ladoALado_; }
     void DefinirLadoALado(bool ladoALado);
 
     [[nodiscard]] const SelecaoDeCelulas& Selecao() const { return selecao_; }
     void SelecionarPagina();
     void SelecionarTudo();
+
+    // What is shown, for those who do not see it; null for nothing.
+    [[nodiscard]] const std::shared_ptr<LeituraDoDocumento>& Leitura() const;
+    // The text that the arrow keys read, which is selected and in sight; while there is none they
+    // scroll.
+    [[nodiscard]] const std::optional<LugarDeLeitura>& Cursor() const { return cursor_; }
+    void DefinirCursor(bool ligado);
+    // A part of a page (points), or the whole page, on the screen.
+    [[nodiscard]] QRect NaTela(int pagina, const std::optional<QRectF>& area) const;
+    [[nodiscard]] int PaginaNaTela(const QPoint& ponto) const;
 
     // Told when page, magnification or selection have changed.
     std::function<void()> aoMudar;
@@ -79,6 +94,8 @@ class VistaPaginas final : public QAbstractScrollArea {
   private:
     void Dispor(const DisposicaoPaginas::Ancora& ancora);
     void Redispor();
+    void LevarCursorA(const LugarDeLeitura& lugar);
+    bool AndarComCursor(int tecla);
     void EstenderSelecao(const QPoint& ponto);
     void AmpliarEm(double ampliacao, const QPoint& ponto);
     void Rolar(const QPoint& topo);
@@ -87,12 +104,16 @@ class VistaPaginas final : public QAbstractScrollArea {
     void Mudou();
 
     PintorPaginas* pintor_ = nullptr;
+    const DocumentoPronto* documento_ = nullptr;
+    mutable std::shared_ptr<LeituraDoDocumento> leitura_;  // once somebody has asked
+    std::optional<LugarDeLeitura> cursor_;
     BuscaTexto* busca_ = nullptr;
     DisposicaoPaginas disposicao_;
     SelecaoDeCelulas selecao_;
     Ajuste ajuste_ = Ajuste::LarguraDaPagina;
     double ampliacao_ = 1.0;
-    bool dispondo_ = false;  // scroll bars move because of us, not of the user
+    bool ladoALado_ = false;  // as long as there are two pages
+    bool dispondo_ = false;   // scroll bars move because of us, not of the user
     int rodaAcumulada_ = 0;
     QBasicTimer rolagem_;  // while a selection is drawn beyond the edge
 };

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/EstiloVisivel.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "dispatch/Relatorios.h"
 #include "host/commands/AberturaDoBanco.h"
@@ -112,6 +113,7 @@ int ExecutarComJanelas(int argc, char** argv, std::ostream& erros) {
         QApplication::setApplicationName(QStringLiteral("relatorios-tarvo"));
         QApplication::setQuitOnLastWindowClosed(false);
         InstalarTraducao();
+        InstalarEstiloVisivel();
         switch (a.comando) {
             case Comando::Selecionar:
                 return Selecionar(a, erros);

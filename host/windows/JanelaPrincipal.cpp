@@ -34,7 +34,7 @@ using namespace Qt::StringLiterals;
 
 JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     : ambiente_(ambiente),
-      lugar_(&ambiente.Preferencias(), "JanelaPrincipal", {980, 560}),
+      lugar_(&ambiente.Preferencias(), "JanelaPrincipal", {1080, 560}),
       situacao_(new QLabel(this)),
       dados_(new QLabel(this)),
       avisos_(new AvisosDaDeclaracao(this)) {
@@ -82,7 +82,7 @@ void JanelaPrincipal::CriarMenus() {
     relatorios_ = acrescentar(
         declaracao, u"&Relatórios…"_s, [this] { AbrirDeclaracao(); }, Qt::CTRL | Qt::Key_R);
     velo_ = acrescentar(
-        declaracao, u"&Guia de recolhimento (VELO)"_s, [this] { MostrarVELO(); },
+        declaracao, u"&Guia de arrecadação (VELO)"_s, [this] { MostrarVELO(); },
         Qt::CTRL | Qt::Key_G);
     acrescentar(declaracao, u"Mês de referência &atual…"_s, [this] { DefinirRefAtual(); });
     acrescentar(

@@ -386,7 +386,7 @@ TEST_F(Visualizacao, EveryActionTellsItsShortcutWhereItIsOffered) {
             }
         }
     }
-    EXPECT_EQ(acoes, 33);
+    EXPECT_EQ(acoes, 34);
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ class AreaFalsa final : public AreaDeTrabalho, public FabricaVisualizadores, pub
     [[nodiscard]] bool TemTela() const override { return ODesktopFalso().temTela; }
     FabricaVisualizadores& Visualizadores() override { return *this; }
     JanelaSelecao& Selecao() override { return *this; }
+    void AoPedir(std::function<void(Pedido)> /*acao*/) override {}
     std::size_t AguardarJanelas(std::chrono::milliseconds /*tempo*/) override {
         return ODesktopFalso().abertas.size();
     }
