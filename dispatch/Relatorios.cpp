@@ -1,5 +1,7 @@
 #include "dispatch/Relatorios.h"
 
+#include <algorithm>
+
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Formatos.h"
@@ -53,7 +55,8 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
         entrada.relatorio->Ocultar();
     }
     emProducao_ = {};
-    produzidos_.clear();
+    produzidos_ = 0;
+    avisos_.clear();
     frmImpressaoRelatorios dialogo;
     const Data referencia = Referencia(banco, NumeroDRQ);
     Oferecer(dialogo, OpcoesSelecionadas, referencia.Ano());
@@ -87,7 +90,12 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
             }
             throw;
         }
-        produzidos_.push_back(lista.Relatorio(i));
+        ++produzidos_;
+        for (const std::string& aviso : relatorio.Documento().avisos) {
+            if (std::ranges::find(avisos_, aviso) == avisos_.end()) {
+                avisos_.push_back(aviso);
+            }
+        }
     }
     emProducao_ = {};
 }

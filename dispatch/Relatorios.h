@@ -50,9 +50,12 @@ class TARVO_PUBLICO Relatorios {
     // was none.
     [[nodiscard]] std::string_view QueFalhou() const { return emProducao_; }
 
-    // Places in the list of the reports that the last Executar has produced, in the order of the
-    // list.
-    [[nodiscard]] const std::vector<std::size_t>& Produzidos() const { return produzidos_; }
+    // How many reports the last Executar has shown or printed.
+    [[nodiscard]] std::size_t Produzidos() const { return produzidos_; }
+
+    // What the pages that the last Executar has produced do not show as expected, in the order of
+    // the list and each sentence once; nothing without a RevisorDePaginas.
+    [[nodiscard]] const std::vector<std::string>& Avisos() const { return avisos_; }
 
     // The declaration's first reference date; a Null date is in 1899. Error 3021 when there is no
     // such declaration.
@@ -66,7 +69,8 @@ class TARVO_PUBLICO Relatorios {
     JanelaSelecao& janela_;
     std::vector<EntradaSelecao> entradas_;
     std::string_view emProducao_;
-    std::vector<std::size_t> produzidos_;
+    std::size_t produzidos_ = 0;
+    std::vector<std::string> avisos_;
 };
 
 }  // namespace tarvo

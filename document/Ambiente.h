@@ -2,9 +2,12 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/Acompanhante.h"
 #include "data/Publico.h"
@@ -14,6 +17,7 @@
 // error 445.
 namespace tarvo {
 
+class BancoDados;
 struct Conteudo;
 
 // The preview window and the way to the printer of one document, which outlives it. Destroying it
@@ -55,11 +59,24 @@ class TARVO_PUBLICO Andamento : public Acompanhante {
     bool Continuar(std::chrono::milliseconds /*aguardando*/) override { return true; }
 };
 
+// Knows what the pages of a report do not show as their reader expects.
+class TARVO_PUBLICO RevisorDePaginas {
+  public:
+    virtual ~RevisorDePaginas() = default;
+    // A sentence each, of the report of that class ("RelatorioPagamentos") just built. The slip has
+    // neither taxpayer nor declaration.
+    virtual std::vector<std::string> Rever(BancoDados& banco, std::string_view classe,
+                                           const std::string& IE,
+                                           std::optional<std::int32_t> NumeroDRQ) = 0;
+};
+
 // All of them; the objects outlive every report object made with them.
 struct Ambiente {
     FabricaVisualizadores* visualizadores = nullptr;
     const Configuracoes* configuracoes = nullptr;
     Andamento* andamento = nullptr;
+    // Asked after each build, so that previews can say it; null: nobody is.
+    RevisorDePaginas* revisor = nullptr;
 };
 
 }  // namespace tarvo

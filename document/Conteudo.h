@@ -98,6 +98,8 @@ struct Conteudo {
     std::vector<Pagina> paginas = std::vector<Pagina>(1);
     std::vector<std::string> fontes;  // font names, in the order of their first use
     Estrutura estrutura;
+    // What the pages do not show as their reader expects, a sentence each; for previews.
+    std::vector<std::string> avisos;
 
     [[nodiscard]] double LarguraPapel() const { return orientacao == 1 ? AlturaA4 : LarguraA4; }
     [[nodiscard]] double AlturaPapel() const { return orientacao == 1 ? LarguraA4 : AlturaA4; }

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "data/Publico.h"
 #include "document/Ambiente.h"
@@ -31,6 +33,8 @@ class TARVO_PUBLICO DocumentoRelatorio {
     void DefinirTitulo(std::string_view titulo);
     void DefinirTituloResumido(std::string_view titulo);
     void DefinirIcone(const Imagem& figura);
+    // What a preview says beside the pages (see Conteudo::avisos).
+    void DefinirAvisos(std::vector<std::string> avisos) { conteudo_.avisos = std::move(avisos); }
     // Keeps the place of an operation of the interface that nothing calls.
     void Reservada() {}
     // 0 portrait, 1 landscape. Errors 20001 once something is drawn, 20002 for any other code,

@@ -20,10 +20,19 @@ void Relatorio::IniciarDocumento() {
     documento_.DefinirMargens(m.esquerda, m.direita, m.superior, m.inferior);
 }
 
+void Relatorio::Rever(BancoDados& banco, const std::string& IE,
+                      std::optional<std::int32_t> NumeroDRQ) {
+    if (ambiente_.revisor != nullptr) {
+        documento_.DefinirAvisos(
+            ambiente_.revisor->Rever(banco, identidade_.classe, IE, NumeroDRQ));
+    }
+}
+
 void RelatorioDeclaracao::Construir(BancoDados& banco, const std::string& IE,
                                     std::int32_t NumeroDRQ) {
     const Acompanhamento acompanhamento(banco, AmbienteDoRelatorio().andamento);
     Desenhar(banco, IE, NumeroDRQ);
+    Rever(banco, IE, NumeroDRQ);
 }
 
 void RelatorioDeclaracao::Imprimir() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,6 +47,9 @@ class TARVO_PUBLICO Relatorio {
 
     // Iniciar, titles, icon, orientation and margins, all from the identity.
     void IniciarDocumento();
+
+    // After a build: what the environment's RevisorDePaginas finds is shown with the document.
+    void Rever(BancoDados& banco, const std::string& IE, std::optional<std::int32_t> NumeroDRQ);
 
     [[nodiscard]] const Ambiente& AmbienteDoRelatorio() const { return ambiente_; }
     [[nodiscard]] DocumentoRelatorio& Desenho() { return documento_; }

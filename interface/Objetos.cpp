@@ -11,7 +11,8 @@ Objeto::Objeto(std::string_view nome)
       objeto_(CriarObjeto(nome,
                           {.visualizadores = &VisualizadoresSobDemanda(),
                            .configuracoes = &configuracoes_,
-                           .andamento = &andamento_},
+                           .andamento = &andamento_,
+                           .revisor = &revisor_},
                           &SelecaoSobDemanda())) {}
 
 Relatorios& Objeto::EntradaDasClasses() {

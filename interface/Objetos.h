@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/BancoDados.h"
+#include "dispatch/RevisorDosRelatorios.h"
 #include "interface/ClassesPublicas.h"
 #include "interface/Registro.h"
 #include "interface/relatoriostarvo.h"
@@ -106,6 +107,7 @@ class Objeto final : public Recurso {
     ConfiguracoesIni doUsuario_;
     ConfiguracoesDaChamada configuracoes_{doUsuario_};
     AndamentoDoPrograma andamento_;
+    RevisorDosRelatorios revisor_{configuracoes_};
     bool comJanelas_ = false;
     ObjetoPublico objeto_;
 };

@@ -319,6 +319,7 @@ void RelatorioVELO::Construir(BancoDados& banco) {
         Guia(Desenho(), *dados, 0, YViaContribuinte, true).Imprimir("VIA CONTRIBUINTE");
         Guia(Desenho(), *dados, 0, YViaBanco, false).Imprimir("VIA BANCO");
     }
+    Rever(banco, {}, {});
 }
 
 }  // namespace tarvo

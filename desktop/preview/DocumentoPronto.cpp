@@ -16,6 +16,7 @@ DocumentoPronto Preparar(const Conteudo& conteudo, const std::function<bool()>& 
     });
     return {.pdf = std::move(bytes),
             .cortados = std::move(resultado.cortados),
+            .avisos = conteudo.avisos,
             .celulas = CelulasDeTexto(conteudo),
             .elementos = conteudo.estrutura.elementos,
             .registrado = &conteudo,

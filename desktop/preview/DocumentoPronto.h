@@ -15,6 +15,7 @@ namespace tarvo {
 struct DocumentoPronto {
     std::shared_ptr<const std::string> pdf;
     std::vector<TextoCortado> cortados;
+    std::vector<std::string> avisos;
     CelulasDeTexto celulas;
     std::vector<Elemento> elementos;       // what the cells belong to
     const Conteudo* registrado = nullptr;  // what it was made from, as it is by now

@@ -75,12 +75,12 @@ JanelaVisualizacao::~JanelaVisualizacao() {
 void JanelaVisualizacao::CriarBarraDeEstado() {
     situacaoPagina_ = new QLabel(this);
     situacaoPagina_->setObjectName(u"situacaoPagina"_s);
-    situacaoCortes_ = new QToolButton(this);
-    situacaoCortes_->setObjectName(u"situacaoCortes"_s);
-    situacaoCortes_->setAutoRaise(true);
-    situacaoCortes_->setToolTip(u"Mostrar os textos que não couberam inteiros"_s);
-    Ligar(situacaoCortes_, &QToolButton::clicked, this, [this] { painel_->MostrarAvisos(); });
-    statusBar()->addPermanentWidget(situacaoCortes_);
+    situacaoAvisos_ = new QToolButton(this);
+    situacaoAvisos_->setObjectName(u"situacaoAvisos"_s);
+    situacaoAvisos_->setAutoRaise(true);
+    situacaoAvisos_->setToolTip(u"O que as páginas não mostram como se espera"_s);
+    Ligar(situacaoAvisos_, &QToolButton::clicked, this, [this] { painel_->MostrarAvisos(); });
+    statusBar()->addPermanentWidget(situacaoAvisos_);
     statusBar()->addPermanentWidget(situacaoPagina_);
 }
 
@@ -149,10 +149,7 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     };
     setWindowTitle(documento_.titulo);
     setWindowIcon(IconeDe(documento_.icone));
-    const auto cortes = documento_.cortados.size();
-    situacaoCortes_->setVisible(cortes > 0);
-    situacaoCortes_->setText(cortes == 1 ? u"1 texto cortado"_s
-                                         : u"%1 textos cortados"_s.arg(cortes));
+    DizerAvisos();
     painel_->Mostrar(pintor_.get(), &documento_);
     barraDeBusca_->Mostrar(&pintor_->Documento());
     vista_->Mostrar(pintor_.get(), barraDeBusca_->Busca(), &documento_);
@@ -162,6 +159,20 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     vista_->DefinirCursor(lendo);
     vista_->setFocus();
     grupo_.Mostrar(*this);
+}
+
+void JanelaVisualizacao::DizerAvisos() {
+    const auto avisos = documento_.avisos.size();
+    const auto cortes = documento_.cortados.size();
+    QStringList partes;
+    if (avisos > 0) {
+        partes << (avisos == 1 ? u"1 aviso"_s : u"%1 avisos"_s.arg(avisos));
+    }
+    if (cortes > 0) {
+        partes << (cortes == 1 ? u"1 texto cortado"_s : u"%1 textos cortados"_s.arg(cortes));
+    }
+    situacaoAvisos_->setText(partes.join(u", "_s));
+    situacaoAvisos_->setVisible(!partes.isEmpty());
 }
 
 void JanelaVisualizacao::MostrarEmJanela() {

@@ -39,6 +39,7 @@ class JanelaVisualizacao final : public QMainWindow {
     // As a window of its own, where it belongs.
     void MostrarEmJanela();
     // Brings what is told of the document and what can be done up to date.
+    void DizerAvisos();
     void AtualizarEstado();
 
     [[nodiscard]] bool Imprimindo() const { return impressao_->EmCurso(); }
@@ -74,7 +75,7 @@ class JanelaVisualizacao final : public QMainWindow {
     PainelLateral* painel_ = nullptr;
     ImpressaoQt* impressao_ = nullptr;
     QLabel* situacaoPagina_ = nullptr;
-    QToolButton* situacaoCortes_ = nullptr;
+    QToolButton* situacaoAvisos_ = nullptr;
 };
 
 }  // namespace tarvo

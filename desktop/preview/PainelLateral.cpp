@@ -57,8 +57,8 @@ void PainelLateral::CriarSumario() {
 
 void PainelLateral::CriarAvisos() {
     avisos_->setObjectName(u"avisosDaPrevia"_s);
-    avisos_->setAccessibleName(u"Textos que não couberam inteiros"_s);
-    avisos_->setHorizontalHeaderLabels({u"Página"_s, u"Texto que não coube inteiro"_s});
+    avisos_->setAccessibleName(u"O que as páginas não mostram como se espera"_s);
+    avisos_->setHorizontalHeaderLabels({u"Página"_s, u"Aviso, ou texto que não coube inteiro"_s});
     avisos_->horizontalHeader()->setStretchLastSection(true);
     avisos_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     avisos_->verticalHeader()->hide();
@@ -79,7 +79,7 @@ void PainelLateral::Mostrar(PintorPaginas* pintor, const DocumentoPronto* docume
     avisos_->setRowCount(0);
     if (documento != nullptr) {
         MostrarSumario(*documento);
-        MostrarCortes(*documento);
+        ListarAvisos(*documento);
     }
     abas_->setTabVisible(abas_->indexOf(sumario_), sumario_->topLevelItemCount() > 0);
     abas_->setTabVisible(abas_->indexOf(avisos_), avisos_->rowCount() > 0);
@@ -115,16 +115,23 @@ void PainelLateral::MostrarSumario(const DocumentoPronto& documento) {
     sumario_->expandAll();
 }
 
-void PainelLateral::MostrarCortes(const DocumentoPronto& documento) {
-    avisos_->setRowCount(static_cast<int>(documento.cortados.size()));
-    for (int i = 0; i < avisos_->rowCount(); ++i) {
-        const auto& corte = documento.cortados[static_cast<std::size_t>(i)];
+// What is of no page, then the texts that were cut.
+void PainelLateral::ListarAvisos(const DocumentoPronto& documento) {
+    const auto acrescentar = [this](QTableWidgetItem* pagina, const std::string& texto) {
+        const int linha = avisos_->rowCount();
+        avisos_->insertRow(linha);
+        avisos_->setItem(linha, 0, pagina);
+        avisos_->setItem(linha, 1, new QTableWidgetItem(ParaQt(texto)));
+        avisos_->item(linha, 1)->setToolTip(ParaQt(texto));
+    };
+    for (const std::string& aviso : documento.avisos) {
+        acrescentar(nullptr, aviso);
+    }
+    for (const TextoCortado& corte : documento.cortados) {
         auto* pagina = new QTableWidgetItem(QString::number(corte.pagina));
         pagina->setData(PapelPagina, static_cast<int>(corte.pagina) - 1);
         pagina->setData(PapelLugar, documento.celulas.NaPagina(corte.caixa));
-        avisos_->setItem(i, 0, pagina);
-        avisos_->setItem(i, 1, new QTableWidgetItem(ParaQt(corte.texto)));
-        avisos_->item(i, 1)->setToolTip(ParaQt(corte.texto));
+        acrescentar(pagina, corte.texto);
     }
 }
 

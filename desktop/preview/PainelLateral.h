@@ -37,7 +37,7 @@ class PainelLateral final : public QDockWidget {
     void CriarSumario();
     void CriarAvisos();
     void MostrarSumario(const DocumentoPronto& documento);
-    void MostrarCortes(const DocumentoPronto& documento);
+    void ListarAvisos(const DocumentoPronto& documento);
 
     QTabWidget* abas_;
     Miniaturas* miniaturas_;

@@ -9,6 +9,7 @@
 #include "desktop/AndamentoQt.h"
 #include "desktop/Ligacao.h"
 #include "desktop/preview/VisualizadorQt.h"
+#include "dispatch/RevisorDosRelatorios.h"
 #include "host/windows/MesDeReferencia.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -25,11 +26,14 @@ class AmbienteComJanelas {
     [[nodiscard]] Ambiente DosRelatorios() {
         return {.visualizadores = &visualizadores_,
                 .configuracoes = &configuracoes_,
-                .andamento = &andamento_};
+                .andamento = &andamento_,
+                .revisor = &revisor_};
     }
     [[nodiscard]] ConfiguracoesIni& Preferencias() { return preferencias_; }
-    // As the reports have read them, without a question for what is not set.
-    [[nodiscard]] const Configuracoes& DaChamada() const { return daChamada_; }
+    // The reference month in place of the call's and the user's.
+    void DefinirReferencia(std::string mes) {
+        daChamada_ = ConfiguracoesDaChamada(preferencias_, std::move(mes));
+    }
 
     // What the previews ask of the host, as FabricaVisualizadoresQt has it.
     void AoPedir(std::function<void(Pedido)> acao) { visualizadores_.AoPedir(std::move(acao)); }
@@ -76,6 +80,8 @@ class AmbienteComJanelas {
     ConfiguracoesIni preferencias_;
     ConfiguracoesDaChamada daChamada_;
     ConfiguracoesComPergunta configuracoes_{daChamada_, preferencias_};
+    // As the reports have read the settings, without a question for what is not set.
+    RevisorDosRelatorios revisor_{daChamada_};
     AndamentoQt andamento_;
     FabricaVisualizadoresQt visualizadores_{&preferencias_, &andamento_};
 };

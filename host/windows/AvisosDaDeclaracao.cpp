@@ -7,21 +7,10 @@
 
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
-#include "dispatch/Catalogo.h"
 
 namespace tarvo::host {
 
 using namespace Qt::StringLiterals;
-
-PedidoDeRevisao RevisaoDoProduzido(const std::string& IE, std::int32_t NroDRQ,
-                                   std::span<const std::size_t> produzidos,
-                                   const Configuracoes* configuracoes) {
-    PedidoDeRevisao pedido{.IE = IE, .NroDRQ = NroDRQ, .configuracoes = configuracoes};
-    for (const std::size_t produzido : produzidos) {
-        pedido.relatorios.emplace_back(Catalogo()[produzido].codigo);
-    }
-    return pedido;
-}
 
 AvisosDaDeclaracao::AvisosDaDeclaracao(QWidget* janela) : QPushButton(janela) {
     setObjectName(u"avisos"_s);
@@ -30,12 +19,12 @@ AvisosDaDeclaracao::AvisosDaDeclaracao(QWidget* janela) : QPushButton(janela) {
     Ligar(this, &QPushButton::clicked, this, [this] { Listar(); });
 }
 
-void AvisosDaDeclaracao::Mostrar(BancoDados& banco, const PedidoDeRevisao& pedido) {
+void AvisosDaDeclaracao::Mostrar(std::int32_t NroDRQ, const std::vector<std::string>& avisos) {
     Esquecer();
-    for (const Achado& achado : Revisar(banco, pedido)) {
-        avisos_ << ParaQt(TextoDoAchado(achado));
+    for (const std::string& aviso : avisos) {
+        avisos_ << ParaQt(aviso);
     }
-    declaracao_ = u"DRQ %1"_s.arg(pedido.NroDRQ.value_or(0));
+    declaracao_ = u"DRQ %1"_s.arg(NroDRQ);
     const auto quantos = avisos_.size() == 1 ? u"1 a&viso"_s : u"%1 a&visos"_s.arg(avisos_.size());
     setText(declaracao_ + u": "_s + quantos);
     setToolTip(u"O que as páginas não mostram como se espera"_s);

@@ -10,10 +10,8 @@
 #include "dispatch/Relatorios.h"
 #include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Argumentos.h"
-#include "host/commands/Avisos.h"
 #include "host/commands/Mensagens.h"
 #include "host/windows/AmbienteComJanelas.h"
-#include "host/windows/AvisosDaDeclaracao.h"
 #include "host/windows/JanelaPrincipal.h"
 #include "host/windows/Tela.h"
 #include "slip/RelatorioVELO.h"
@@ -55,24 +53,25 @@ std::unique_ptr<BancoDados> Abrir(const Argumentos& a, std::ostream& erros) {
     return LocalizarBanco(a, console, {}).Abrir();
 }
 
+void Avisar(const std::vector<std::string>& avisos, const Argumentos& a, std::ostream& erros) {
+    Console console = ConsoleDe(a, erros);
+    for (const std::string& aviso : avisos) {
+        console.Avisar(aviso);
+    }
+}
+
 int Selecionar(const Argumentos& a, std::ostream& erros) {
     const auto banco = Abrir(a, erros);
-    AmbienteComJanelas ambiente(a.refAtual);
+    const auto numero = a.NumeroDRQ.value_or(0);
+    const std::string mes = MesDaDeclaracao(*banco, numero);
+    AmbienteComJanelas ambiente(a.refDaDeclaracao ? mes : a.refAtual);
     JanelaSelecaoQt janela;
     banco->Acompanhar(ambiente.DosRelatorios().andamento);
     Relatorios relatorios(ambiente.DosRelatorios(), janela);
     return ComAsJanelas(erros, [&] {
-        const auto numero = a.NumeroDRQ.value_or(0);
-        const AmbienteComJanelas::Rodada rodada(ambiente, nullptr, MesDaDeclaracao(*banco, numero));
-        const std::string IE = a.IE.value_or("");
-        relatorios.Executar(*banco, IE, numero, a.opcoes);
-        if (!relatorios.Produzidos().empty()) {
-            Console console = ConsoleDe(a, erros);
-            RevisarComAvisos(
-                *banco,
-                RevisaoDoProduzido(IE, numero, relatorios.Produzidos(), &ambiente.DaChamada()),
-                console);
-        }
+        const AmbienteComJanelas::Rodada rodada(ambiente, nullptr, mes);
+        relatorios.Executar(*banco, a.IE.value_or(""), numero, a.opcoes);
+        Avisar(relatorios.Avisos(), a, erros);
     });
 }
 
@@ -84,8 +83,7 @@ int MostrarVelo(const Argumentos& a, std::ostream& erros) {
         const auto fim = ambiente.ConcluirAndamentoNoFim();
         velo.Construir(*banco);
         velo.Exibir();
-        Console console = ConsoleDe(a, erros);
-        RevisarComAvisos(*banco, {.relatorios = {"VELO"}}, console);
+        Avisar(velo.Documento().avisos, a, erros);
     });
 }
 

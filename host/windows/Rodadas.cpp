@@ -79,11 +79,9 @@ void Rodadas::Produzir(BancoDados& banco, const Declaracao& declaracao) {
     } catch (...) {
         throw Explicar(ErroCorrente(), relatorios_.QueFalhou());
     }
-    if (!relatorios_.Produzidos().empty()) {
+    if (relatorios_.Produzidos() > 0) {
         ultima_ = declaracao;
-        avisos_.Mostrar(
-            banco, RevisaoDoProduzido(declaracao.IE, declaracao.NroDRQ, relatorios_.Produzidos(),
-                                      &ambiente_.DaChamada()));
+        avisos_.Mostrar(declaracao.NroDRQ, relatorios_.Avisos());
     }
 }
 

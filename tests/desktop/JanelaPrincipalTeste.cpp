@@ -14,7 +14,9 @@
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTimer>
+#include <QToolButton>
 #include <QUrl>
 #include <fstream>
 
@@ -130,7 +132,7 @@ TEST_F(JanelaPrincipalTeste, EnterOpensTheDialogOfTheDeclarationAndPreviewsItsRe
     EXPECT_TRUE(Abertas().empty());
 }
 
-TEST_F(JanelaPrincipalTeste, WhatThePagesDoNotShowIsCountedAndListed) {
+TEST_F(JanelaPrincipalTeste, WhatThePagesDoNotShowIsCountedAndListedHereAndInItsPreview) {
     banco.Executar(
         "insert into tblPagamento (NroDRQ, Data, Valor) select NroDRQ, '2001-12-09', 100 from "
         "tblDRQ");
@@ -159,6 +161,14 @@ TEST_F(JanelaPrincipalTeste, WhatThePagesDoNotShowIsCountedAndListed) {
     EXPECT_TRUE(avisos.isVisibleTo(janela.get()));
     EXPECT_TRUE(avisos.text().startsWith(u"DRQ 10: "_s)) << avisos.text().toStdString();
     EXPECT_EQ(doPagamento(), 1);
+    auto& daPrevia = Parte<QToolButton>("situacaoAvisos");
+    EXPECT_TRUE(daPrevia.text().contains(u" aviso"_s)) << daPrevia.text().toStdString();
+    daPrevia.click();
+    auto& listados = Parte<QTableWidget>("avisosDaPrevia");
+    EXPECT_TRUE(listados.isVisible());
+    EXPECT_EQ(
+        listados.findItems(u"relatório 17, tblPagamento, 1 linha: "_s, Qt::MatchStartsWith).size(),
+        1);
     // Of what was not produced nothing is said.
     produzir(0);
     EXPECT_EQ(doPagamento(), 0);

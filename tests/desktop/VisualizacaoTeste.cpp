@@ -80,7 +80,7 @@ TEST_F(Visualizacao, ShowsTitleIconPageAndWhatWasCut) {
     EXPECT_EQ(Unica().windowTitle(), u"Relatório de Apuração"_s);
     EXPECT_FALSE(Unica().windowIcon().isNull());
     EXPECT_EQ(Situacao(), "Página 1 de 3");
-    auto& cortes = Parte<QToolButton>("situacaoCortes");
+    auto& cortes = Parte<QToolButton>("situacaoAvisos");
     EXPECT_EQ(cortes.text(), u"1 texto cortado"_s);
     QTest::mouseClick(&cortes, Qt::LeftButton);
     auto* lista = Unica().findChild<QTableWidget*>();
@@ -183,7 +183,7 @@ TEST_F(Visualizacao, TheTabKeyReachesEveryControlAndComesBack) {
                            ? botao->defaultAction()->iconText()
                            : QApplication::focusWidget()->objectName());
     } while (alcancados.last() != u"paginas"_s && alcancados.size() < 40);
-    for (const char* controle : {"paginas", "miniaturas", "campoBusca", "situacaoCortes"}) {
+    for (const char* controle : {"paginas", "miniaturas", "campoBusca", "situacaoAvisos"}) {
         EXPECT_TRUE(alcancados.contains(QLatin1String(controle)))
             << controle << " in " << alcancados.join(u' ').toStdString();
     }

@@ -120,7 +120,7 @@ TEST(Comandos, AMissingDatabaseIsToldBeforeAMissingScreen) {
     for (const std::vector<std::string>& argumentos :
          {std::vector<std::string>{"nada.tarvo"},
           {"--", "-nada"},
-          {"velo", "nada.tarvo"},
+          {"velo", "nada.tarvo", "--ref-atual", "07/2003"},
           {"selecionar", "--ie=1", "--drq=1", "--", "-nada"}}) {
         EXPECT_THAT(Rodar(argumentos), Termina(1, StartsWith("erro 3024: ")));
     }
