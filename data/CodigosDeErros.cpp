@@ -34,6 +34,10 @@ const std::string_view MargensInvalidas =
 Erro::Erro(NumeroErro numero, std::string descricao)
     : numero_(numero), descricao_(ComoUtf8(std::move(descricao))) {}
 
+void LancarCancelado() {
+    throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+}
+
 void LancarUsoInvalidoDeNull(std::string_view onde) {
     throw Erro(NumeroErro::UsoInvalidoDeNull, "Uso inválido de Null: " + std::string(onde) + ".");
 }

@@ -86,6 +86,8 @@ extern const std::string_view PaginaInsuficiente;
 extern const std::string_view MargensInvalidas;
 }  // namespace TARVO_PUBLICO
 
+// Error 18.
+[[noreturn]] TARVO_PUBLICO void LancarCancelado();
 // Error 94, 13 and 6 with the operation that met them.
 [[noreturn]] TARVO_PUBLICO void LancarUsoInvalidoDeNull(std::string_view onde);
 [[noreturn]] TARVO_PUBLICO void LancarTipoIncompativel(std::string_view valor,

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "data/Acompanhante.h"
+
 // How a declaration database is opened, whatever kind it is.
 namespace tarvo {
 
@@ -20,6 +22,8 @@ struct OpcoesAbertura {
     // The code page of the texts in the oldest files of the desktop engine: a number, or a name as
     // iconv knows it. All other databases hold Unicode.
     std::string codificacao = "1252";
+    // Asked while a database is read into a copy; outlives that. False ends it with error 18.
+    Acompanhante* acompanhante = nullptr;
 };
 
 }  // namespace tarvo

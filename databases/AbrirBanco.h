@@ -17,8 +17,8 @@ namespace tarvo {
 //
 // Errors: those of BancoSQLite::Abrir (3024, 70, 3343, 3260); of a file of the desktop engine also
 // 3031 encrypted or with a password, 3219 a linked table, 3260 changed while it was read, 5 no such
-// code page, 61 no space for the copy; 445 for a kind of database that this installation does not
-// read (a server's address, for now, among them).
+// code page, 61 no space for the copy, 18 cancelled; 445 for a kind of database that this
+// installation does not read (a server's address, for now, among them).
 TARVO_PUBLICO std::unique_ptr<BancoDados> AbrirBanco(const std::string& endereco,
                                                      const OpcoesAbertura& opcoes = {});
 

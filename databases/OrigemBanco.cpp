@@ -46,7 +46,7 @@ OrigemBanco::OrigemBanco(std::string endereco, OpcoesAbertura opcoes)
     if (mdb::EhArquivoMdb(endereco)) {
         partes_->marca = MarcaDe(endereco);
         partes_->lidaEm = std::chrono::system_clock::now();
-        auto leitura = mdb::LerArquivoMdb(endereco, opcoes.codificacao);
+        auto leitura = mdb::LerArquivoMdb(endereco, opcoes.codificacao, opcoes.acompanhante);
         partes_->copia = std::move(leitura.copia);
         partes_->avisos = std::move(leitura.avisos);
     }

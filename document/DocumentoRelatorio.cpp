@@ -80,7 +80,7 @@ void DocumentoRelatorio::DefinirMargens(double esquerda, double direita, double 
 void DocumentoRelatorio::NovaPagina() {
     if (ambiente_.andamento != nullptr &&
         !ambiente_.andamento->PaginaConcluida(conteudo_.paginas.size())) {
-        throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+        LancarCancelado();
     }
     // Pages of a report are alike: the last one's size spares the new one its growing.
     auto& completa = conteudo_.paginas.back();

@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::string_view Tabela = "tblOcorrências";
 constexpr std::string_view ColunasLidas[] = {"CódSubItem", "Código", "Valor", "OpPróprias"};
+constexpr std::string_view ColunasDoNumero[] = {"Código", "NroDRQ"};
 constexpr std::string_view ColunasDoQuadro[] = {"CódSubItem", "OpPróprias"};
 
 // What a detail report takes.
@@ -65,6 +66,7 @@ struct Subitem {
     const Familia* familia = nullptr;  // whose report prints it
     std::size_t impressoes = 0;        // in that report
     Moeda detalhado;                   // what its supporting rows add up to there
+    bool temDetalhes = false;          // there
 
     [[nodiscard]] bool DetalhadoEm(std::string_view tabela) const {
         return familia != nullptr && familia->tabela == tabela;
@@ -130,6 +132,7 @@ void RevisarLinha(const Contexto& c, const TabelaDeDetalhes& tabela, const Leitu
         if (subitem.DetalhadoEm(tabela.nome)) {
             impressoes += subitem.impressoes;
             subitem.detalhado += valor;
+            subitem.temDetalhes = true;
         }
     }
     if (dono == nullptr) {
@@ -154,6 +157,30 @@ void RevisarLinha(const Contexto& c, const TabelaDeDetalhes& tabela, const Leitu
     if (tabela.temPeriodo && (linha.Nulo("DataInicio") || linha.Nulo("DataFim"))) {
         achar("sem início ou fim do período – sai com 12/1899");
     }
+}
+
+// Supporting rows know their entry by its number alone: where another declaration has it too,
+// whose they are cannot be told.
+void RevisarNumeros(const Contexto& c, const std::vector<Subitem>& subitens) {
+    std::set<std::string> numeros;
+    for (const Subitem& subitem : subitens) {
+        if (subitem.temDetalhes && subitem.impressoes > 0) {
+            numeros.insert(std::to_string(subitem.numero));
+        }
+    }
+    LerLinhasCom(c.banco, Tabela, ColunasDoNumero, numeros, [&](const Leitura& linha) {
+        const std::int32_t numero = linha.Longo("Código");
+        const std::int32_t outra = linha.Longo("NroDRQ");
+        const auto daqui = std::ranges::find_if(subitens, [&](const Subitem& subitem) {
+            return subitem.numero == numero && subitem.temDetalhes && subitem.impressoes > 0;
+        });
+        if (outra != c.NroDRQ && daqui != subitens.end()) {
+            c.achados.Linha(daqui->familia->relatorio, Tabela,
+                            "subitem com o mesmo Código de um de outra declaração – os detalhes "
+                            "de ambos saem nas duas",
+                            daqui->codigo + ", DRQ " + std::to_string(outra));
+        }
+    });
 }
 
 void RevisarDetalhados(const Contexto& c, const std::vector<Subitem>& subitens) {
@@ -219,6 +246,7 @@ void RevisarNosDetalhamentos(const Contexto& c, std::vector<Subitem>& subitens) 
         LerLinhasCom(c.banco, tabela.nome, tabela.colunas, numeros,
                      [&](const Leitura& linha) { RevisarLinha(c, tabela, linha, subitens); });
     }
+    RevisarNumeros(c, subitens);
     RevisarDetalhados(c, subitens);
     const bool doRelatorio15 = std::ranges::any_of(subitens, [](const Subitem& subitem) {
         return subitem.familia != nullptr && subitem.familia->relatorio == "15";

@@ -65,8 +65,9 @@ std::vector<std::string> Argumentos(const std::string& codificacao,
 // One reading of one file.
 class Leitor {
   public:
-    Leitor(const fs::path& arquivo, int descritor, const std::string& codificacao)
-        : arquivo_(arquivo), codificacao_(codificacao), descritor_(descritor) {
+    Leitor(const fs::path& arquivo, int descritor, const std::string& codificacao,
+           Acompanhante* quem)
+        : arquivo_(arquivo), codificacao_(codificacao), descritor_(descritor), quem_(quem) {
         estado_ = Estado();
     }
 
@@ -99,7 +100,7 @@ class Leitor {
         // A value takes at most so many times the bytes that it has in the file.
         constexpr std::uint64_t Crescimento = 32;
         constexpr std::uint64_t Folga = 1UL << 20U;
-        ProcessoLeitor processo(descritor_, Argumentos(codificacao_, pedidos_));
+        ProcessoLeitor processo(descritor_, Argumentos(codificacao_, pedidos_), quem_);
         Quadros quadros(processo,
                         static_cast<std::uint64_t>(estado_.st_size) * Crescimento + Folga);
         try {
@@ -257,6 +258,7 @@ class Leitor {
     const fs::path& arquivo_;
     const std::string& codificacao_;
     int descritor_;
+    Acompanhante* quem_;
     struct stat estado_ {};
     const std::vector<Pedido> pedidos_ = Pedidos();
     std::vector<std::string> avisos_;
@@ -291,12 +293,12 @@ bool EhArquivoMdb(const fs::path& arquivo) {
            Marcas.end();
 }
 
-Leitura LerArquivoMdb(const fs::path& arquivo, const std::string& codificacao) {
+Leitura LerArquivoMdb(const fs::path& arquivo, const std::string& codificacao, Acompanhante* quem) {
     const Descritor aberto(open(arquivo.c_str(), O_RDONLY | O_CLOEXEC));
     if (aberto.Valor() < 0) {
         LancarErroDeArquivo(arquivo, errno);
     }
-    Leitura leitura = Leitor(arquivo, aberto.Valor(), codificacao).Ler();
+    Leitura leitura = Leitor(arquivo, aberto.Valor(), codificacao, quem).Ler();
     AvisarSeAberto(arquivo, leitura.avisos);
     return leitura;
 }

@@ -24,7 +24,9 @@ struct Leitura {
 //
 // Errors: 3024 no such file, 70 no permission, 3343 damaged, or of a version that is not known,
 // 3031 encrypted or with a password, 3219 a linked table, 3260 the file changed meanwhile, 5 no
-// such code page, 7 no memory, 61 no space for the copy, 445 the reader is not installed.
-Leitura LerArquivoMdb(const std::filesystem::path& arquivo, const std::string& codificacao);
+// such code page, 7 no memory, 61 no space for the copy, 445 the reader is not installed; 18 when
+// quem, who may be null, does not want to go on.
+Leitura LerArquivoMdb(const std::filesystem::path& arquivo, const std::string& codificacao,
+                      Acompanhante* quem = nullptr);
 
 }  // namespace tarvo::mdb

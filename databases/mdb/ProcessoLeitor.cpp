@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <link.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -55,6 +56,8 @@ fs::path ProcurarPrograma() {
     throw Erro(NumeroErro::ErroDispositivo,
                std::string("O leitor de arquivos .mdb não pôde ser ") + que + ".");
 }
+
+constexpr int EntrePerguntas = 50;  // ms
 
 struct Acoes {
     posix_spawn_file_actions_t valor;
@@ -121,8 +124,11 @@ ProcessoLeitor::Cano ProcessoLeitor::AbrirCano() {
     return {pontas[0], pontas[1]};
 }
 
-ProcessoLeitor::ProcessoLeitor(int arquivo, const std::vector<std::string>& argumentos)
-    : ProcessoLeitor(arquivo, argumentos, AbrirCano()) {}
+ProcessoLeitor::ProcessoLeitor(int arquivo, const std::vector<std::string>& argumentos,
+                               Acompanhante* quem)
+    : ProcessoLeitor(arquivo, argumentos, AbrirCano()) {
+    vigilancia_.Acompanhar(quem);
+}
 
 ProcessoLeitor::ProcessoLeitor(int arquivo, const std::vector<std::string>& argumentos, Cano cano)
     : cano_(cano.leitura), processo_(-1) {
@@ -143,6 +149,14 @@ ProcessoLeitor::~ProcessoLeitor() {
 
 std::size_t ProcessoLeitor::Ler(std::span<char> destino) {
     for (;;) {
+        pollfd pronto{cano_.Valor(), POLLIN, 0};
+        const int prontos = ::poll(&pronto, 1, EntrePerguntas);
+        if (!vigilancia_.Continuar(std::chrono::milliseconds(0))) {
+            vigilancia_.LancarSeParou();
+        }
+        if (prontos == 0) {
+            continue;
+        }
         const ssize_t lidos = ::read(cano_.Valor(), destino.data(), destino.size());
         if (lidos >= 0) {
             return static_cast<std::size_t>(lidos);

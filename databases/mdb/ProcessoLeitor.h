@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "databases/sqlite/Vigilancia.h"
 #include "system/files/Descritor.h"
 
 namespace tarvo::mdb {
@@ -15,15 +16,17 @@ namespace tarvo::mdb {
 // program or library that this code is part of, or in the libexec folder of the same installation.
 class ProcessoLeitor {
   public:
-    // arquivo: an open descriptor, which stays the caller's. Errors: 445 when the program is not
-    // installed, 57 when it cannot be started.
-    ProcessoLeitor(int arquivo, const std::vector<std::string>& argumentos);
+    // arquivo: an open descriptor, which stays the caller's. quem may be null. Errors: 445 when the
+    // program is not installed, 57 when it cannot be started.
+    ProcessoLeitor(int arquivo, const std::vector<std::string>& argumentos,
+                   Acompanhante* quem = nullptr);
     // Ends the process where it still runs.
     ~ProcessoLeitor();
     ProcessoLeitor(const ProcessoLeitor&) = delete;
     ProcessoLeitor& operator=(const ProcessoLeitor&) = delete;
 
-    // What the process writes next; 0 at the end. Error 57.
+    // What the process writes next; 0 at the end. Errors 57, and 18 when quem does not want to
+    // wait.
     std::size_t Ler(std::span<char> destino);
     // Waits for the end; True when the process ended as it should.
     bool Esperar();
@@ -37,6 +40,7 @@ class ProcessoLeitor {
     ProcessoLeitor(int arquivo, const std::vector<std::string>& argumentos, Cano cano);
 
     Descritor cano_;
+    sqlite::Vigilancia vigilancia_;
     pid_t processo_;
 };
 

@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <set>
+
 #include "data/CodigosDeErros.h"
 #include "databases/sqlite/Abertura.h"
 #include "databases/sqlite/Conexao.h"
@@ -23,6 +26,25 @@ using namespace sqlite;
 bool EhDoArmazenamento(NumeroErro numero) {
     return numero == NumeroErro::DiscoCheio || numero == NumeroErro::ErroDispositivo ||
            numero == NumeroErro::BancoIrreconhecivel || numero == NumeroErro::BancoOcupado;
+}
+
+// What SQLite's integrity check says, for a user.
+std::string_view TipoDoDano(std::string_view dano) {
+    struct Tipo {
+        std::string_view trecho;
+        std::string_view descricao;
+    };
+    constexpr Tipo Tipos[] = {
+        {"missing from index", "um índice não tem todas as linhas da sua tabela"},
+        {"entries in index", "um índice não tem tantas linhas quanto a sua tabela"},
+        {"non-unique entry in index", "um índice tem chaves repetidas"},
+        {"values differ from index", "um índice tem outros valores do que a sua tabela"},
+        {"out of order", "linhas fora da ordem da sua tabela"},
+        {"value in ", "um valor que a sua coluna não pode ter"},
+    };
+    const auto* const tipo = std::ranges::find_if(
+        Tipos, [&](const Tipo& t) { return dano.find(t.trecho) != std::string_view::npos; });
+    return tipo != std::end(Tipos) ? tipo->descricao : "uma parte do arquivo não pode ser lida";
 }
 
 class ConsultaDeExclusao final : public QueryDef {
@@ -92,15 +114,18 @@ class Banco final : public BancoSQLite {
         transacao.Confirmar();
     }
 
-    // In SQLite's own words: a user needs to know that there are some, not which.
+    // One of a kind, each with the engine's words behind it: a user needs to know what there is,
+    // not how often.
     std::vector<std::string> Danos() override {
         std::vector<std::string> danos;
+        std::set<std::string_view> ditos;
         try {
             Instrucao conferencia(conexao_, "PRAGMA main.integrity_check(20)");
             while (conferencia.Passo()) {
                 const Celula celula = LerCelula(conferencia.Ponteiro(), 0);
-                if (celula.texto != "ok") {
-                    danos.emplace_back(celula.texto);
+                const std::string_view dano = TipoDoDano(celula.texto);
+                if (celula.texto != "ok" && ditos.insert(dano).second) {
+                    danos.push_back(std::string(dano) + " (" + std::string(celula.texto) + ")");
                 }
             }
         } catch (const Erro& erro) {

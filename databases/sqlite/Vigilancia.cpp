@@ -48,7 +48,7 @@ bool Vigilancia::Continuar(std::chrono::milliseconds aguardando) noexcept {
     }
     try {
         if (!quem_->Continuar(aguardando)) {
-            throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+            LancarCancelado();
         }
     } catch (...) {
         parada_ = std::current_exception();

@@ -11,7 +11,7 @@ DocumentoPronto Preparar(const Conteudo& conteudo, const std::function<bool()>& 
     auto resultado = RenderizarPDF({&secao, 1}, [&](std::string_view partes) {
         *bytes += partes;
         if (continuar && !continuar()) {
-            throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+            LancarCancelado();
         }
     });
     return {.pdf = std::move(bytes),

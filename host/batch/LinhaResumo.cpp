@@ -7,6 +7,7 @@
 #include <span>
 
 #include "data/CodigosDeErros.h"
+#include "system/files/Arquivos.h"
 
 namespace tarvo::host {
 
@@ -147,7 +148,11 @@ int LeitorDeRegistros::Ler() {
     if (usados_ < devolvidos_.size()) {
         return static_cast<unsigned char>(devolvidos_[usados_++]);
     }
-    return entrada_.rdbuf()->sbumpc();
+    try {
+        return entrada_.rdbuf()->sbumpc();
+    } catch (const std::ios_base::failure& falha) {
+        LancarErroDeArquivo("resumo.csv", falha.code().value());
+    }
 }
 
 bool LeitorDeRegistros::Proximo(std::string& registro) {

@@ -165,9 +165,10 @@ int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararFontes();
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&console);
-    const auto fonte = LocalizarBanco(
-        a, console,
-        {.modo = ModoAbertura::SomenteLeitura, .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    const auto fonte = LocalizarBanco(a, console,
+                                      {.modo = ModoAbertura::SomenteLeitura,
+                                       .tabelasDeTrabalho = TabelasDeTrabalho::Privadas,
+                                       .acompanhante = &andamento});
     const auto banco = fonte.Abrir();
     const Acompanhamento acompanhamento(*banco, &andamento);
     // The whole database is looked through, which the first part does for all.

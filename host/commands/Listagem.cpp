@@ -50,7 +50,10 @@ void EscreverJSON(std::ostream& dados, const Contribuinte* contribuinte,
 int ListarDeclaracoes(const Argumentos& a, Console& console) {
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&console);
-    const auto banco = LocalizarBanco(a, console, {.modo = ModoAbertura::SomenteLeitura}).Abrir();
+    const auto banco =
+        LocalizarBanco(a, console,
+                       {.modo = ModoAbertura::SomenteLeitura, .acompanhante = &andamento})
+            .Abrir();
     const Acompanhamento acompanhamento(*banco, &andamento);
     const auto contribuintes = LerContribuintes(*banco);
     DeclaracoesDeCada declaracoes;

@@ -52,7 +52,8 @@ class BancoDaChamada {
     }
 
   private:
-    void Abrir(const OpcoesAbertura& opcoes) {
+    void Abrir(OpcoesAbertura opcoes) {
+        opcoes.acompanhante = &andamento_;
         banco_ = LocalizarBanco(argumentos_, console_, opcoes).Abrir();
         banco_->Acompanhar(&andamento_);
     }

@@ -94,7 +94,10 @@ class Verificacao {
 int VerificarBanco(const Argumentos& a, Console& console) {
     const CapturaDeInterrupcao captura;
     CancelaSeInterrompido andamento(&console);
-    const auto banco = LocalizarBanco(a, console, {.modo = ModoAbertura::SomenteLeitura}).Abrir();
+    const auto banco =
+        LocalizarBanco(a, console,
+                       {.modo = ModoAbertura::SomenteLeitura, .acompanhante = &andamento})
+            .Abrir();
     const Acompanhamento acompanhamento(*banco, &andamento);
     return Verificacao(a, *banco, console).Verificar();
 }

@@ -48,9 +48,14 @@ Console ConsoleDe(const Argumentos& a, std::ostream& erros) {
     return {erros, erros, {.silencioso = a.silencioso}};
 }
 
-std::unique_ptr<BancoDados> Abrir(const Argumentos& a, std::ostream& erros) {
+std::unique_ptr<BancoDados> Abrir(const Argumentos& a, AmbienteComJanelas& ambiente,
+                                  std::ostream& erros) {
+    const auto fim = ambiente.ConcluirAndamentoNoFim();
+    Andamento* const andamento = ambiente.DosRelatorios().andamento;
     Console console = ConsoleDe(a, erros);
-    return LocalizarBanco(a, console, {}).Abrir();
+    auto banco = LocalizarBanco(a, console, {.acompanhante = andamento}).Abrir();
+    banco->Acompanhar(andamento);
+    return banco;
 }
 
 void Avisar(const std::vector<std::string>& avisos, const Argumentos& a, std::ostream& erros) {
@@ -61,12 +66,14 @@ void Avisar(const std::vector<std::string>& avisos, const Argumentos& a, std::os
 }
 
 int Selecionar(const Argumentos& a, std::ostream& erros) {
-    const auto banco = Abrir(a, erros);
+    AmbienteComJanelas ambiente(a.refAtual);
+    const auto banco = Abrir(a, ambiente, erros);
     const auto numero = a.NumeroDRQ.value_or(0);
     const std::string mes = MesDaDeclaracao(*banco, numero);
-    AmbienteComJanelas ambiente(a.refDaDeclaracao ? mes : a.refAtual);
+    if (a.refDaDeclaracao) {
+        ambiente.DefinirReferencia(mes);
+    }
     JanelaSelecaoQt janela;
-    banco->Acompanhar(ambiente.DosRelatorios().andamento);
     Relatorios relatorios(ambiente.DosRelatorios(), janela);
     return ComAsJanelas(erros, [&] {
         const AmbienteComJanelas::Rodada rodada(ambiente, nullptr, mes);
@@ -76,8 +83,8 @@ int Selecionar(const Argumentos& a, std::ostream& erros) {
 }
 
 int MostrarVelo(const Argumentos& a, std::ostream& erros) {
-    const auto banco = Abrir(a, erros);
     AmbienteComJanelas ambiente(a.refAtual);
+    const auto banco = Abrir(a, ambiente, erros);
     RelatorioVELO velo(ambiente.DosRelatorios());
     return ComAsJanelas(erros, [&] {
         const auto fim = ambiente.ConcluirAndamentoNoFim();

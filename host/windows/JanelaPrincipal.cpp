@@ -144,9 +144,10 @@ void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
 // What is open stays as it was when this one cannot be read.
 void JanelaPrincipal::Ler(const std::filesystem::path& arquivo) {
     const auto fim = ambiente_.ConcluirAndamentoNoFim();
-    OrigemBanco origem(arquivo);
+    Andamento* const andamento = ambiente_.DosRelatorios().andamento;
+    OrigemBanco origem(arquivo, {.acompanhante = andamento});
     auto banco = origem.Abrir();
-    banco->Acompanhar(ambiente_.DosRelatorios().andamento);
+    banco->Acompanhar(andamento);
     lista_->Ler(*banco);
     banco_ = std::move(banco);
     origem_ = std::move(origem);

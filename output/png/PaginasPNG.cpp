@@ -16,7 +16,7 @@
 #include "data/Textos.h"
 #include "output/png/CodificadorPNG.h"
 #include "system/files/Arquivos.h"
-#include "system/files/PastaDeEspera.h"
+#include "system/files/GravacaoSegura.h"
 
 namespace tarvo {
 
@@ -116,14 +116,16 @@ std::vector<ArquivoGravado> GravarPNG(std::string_view pdf, const fs::path& past
         arquivos[i].caminho = pasta / NomeDaPaginaPNG(nome, i + 1);
         ConferirSubstituicao(arquivos[i].caminho);
     }
-    const auto espera = PastaDeEspera::Nova(pastaDeEspera.empty() ? pasta : pastaDeEspera);
+    // No page gets its name before the last is written.
+    std::vector<std::unique_ptr<GravacaoSegura>> gravacoes;
     for (int pagina = 0; auto& arquivo : arquivos) {
         const std::string png = Fotografar(*documento, pagina++, dpi);
-        GravarArquivo(espera->Caminho() / arquivo.caminho.filename(), png);
+        gravacoes.push_back(std::make_unique<GravacaoSegura>(arquivo.caminho, pastaDeEspera));
+        gravacoes.back()->Escrever(png);
         arquivo.bytes = png.size();
     }
-    for (const auto& arquivo : arquivos) {
-        Renomear(espera->Caminho() / arquivo.caminho.filename(), arquivo.caminho);
+    for (const auto& gravacao : gravacoes) {
+        gravacao->Confirmar();
     }
     RemoverPaginasAlem(pasta, nome, arquivos.size());
     return arquivos;

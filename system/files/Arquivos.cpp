@@ -4,12 +4,22 @@
 
 #include <array>
 #include <cerrno>
+#include <deque>
 #include <system_error>
 
 #include "system/files/Descritor.h"
 #include "system/files/GravacaoSegura.h"
 
 namespace tarvo {
+
+void ExigirDescritores(const std::filesystem::path& para, std::size_t quantos) {
+    std::deque<Descritor> abertos;
+    while (abertos.size() < quantos) {
+        if (abertos.emplace_back(::open("/", O_PATH | O_CLOEXEC)).Valor() < 0) {
+            LancarErroDeArquivo(para, errno);
+        }
+    }
+}
 
 std::string LerArquivo(const std::filesystem::path& arquivo) {
     const Descritor entrada(::open(arquivo.c_str(), O_RDONLY | O_CLOEXEC));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -17,6 +18,10 @@ struct ArquivoGravado {
 // something else bears the name, 70 no permission, 67 too many open files, 61 no space, 7 no
 // memory, 57 anything else.
 [[noreturn]] void LancarErroDeArquivo(const std::filesystem::path& arquivo, int codigo);
+
+// Before a library that does not tell why it cannot read: error 67 unless so many more files may be
+// open at once.
+void ExigirDescritores(const std::filesystem::path& para, std::size_t quantos);
 
 // Empty when there is no such file.
 std::string LerArquivo(const std::filesystem::path& arquivo);

@@ -149,6 +149,15 @@ TEST_F(Exportacao, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(apoio::BytesDe(Saida(arquivo)), antes);
 }
 
+TEST_F(Exportacao, TooFewOpenFilesAreToldAsThatAndNotAsAMissingFont) {
+    for (const long quantos : {6, 7, 10}) {
+        EXPECT_THAT(Exportar("01", "pdf", {.condicoes = {.arquivosAbertos = quantos}}),
+                    Termina(1, StartsWith("erro 67: relatório 01: ")))
+            << quantos;
+    }
+    EXPECT_THAT(Arquivos(Saida()), SizeIs(0));
+}
+
 TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
     fs::create_directory(Saida());
     fs::permissions(Saida(), fs::perms::all);

@@ -3,7 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <sstream>
+
+#include "tests/support/Apoio.h"
 
 namespace tarvo::host {
 namespace {
@@ -72,6 +75,13 @@ TEST(LeitorDeRegistros, QuotedLineBreaksBelongToTheirRecordAndAnOpenQuoteEndsWit
     EXPECT_THAT(Registros("a;b\"c\n\"d\ne\nf"), ElementsAre("a;b\"c\n", "\"d\n", "e\n", "f"));
     const std::string longa(200'000, 'x');
     EXPECT_THAT(Registros("\"a\n" + longa + "\nb\n"), ElementsAre("\"a\n", longa + "\n", "b\n"));
+}
+
+TEST(LeitorDeRegistros, AFileThatCannotBeReadIsNotTakenForItsEnd) {
+    std::ifstream ilegivel("/proc/self/mem");
+    LeitorDeRegistros leitor(ilegivel);
+    std::string registro;
+    EXPECT_EQ(apoio::NumeroDe([&] { leitor.Proximo(registro); }), NumeroErro::ErroDispositivo);
 }
 
 }  // namespace

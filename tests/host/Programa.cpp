@@ -38,6 +38,7 @@ void Limitar(__rlimit_resource recurso, long bytes) {
     }
     Limitar(RLIMIT_FSIZE, condicoes.limiteDeArquivo);
     Limitar(RLIMIT_AS, condicoes.memoria);
+    Limitar(RLIMIT_NOFILE, condicoes.arquivosAbertos);
     std::vector<char*> lista{const_cast<char*>(TARVO_PROGRAMA)};
     for (const auto& argumento : argumentos) {
         lista.push_back(const_cast<char*>(argumento.c_str()));

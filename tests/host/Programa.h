@@ -24,6 +24,7 @@ struct Condicoes {
     bool comoNinguem = false;  // unprivileged, where the test runs as root: permissions hold
     long limiteDeArquivo = 0;  // bytes, as on a full disk; 0: none
     long memoria = 0;          // bytes of addresses; 0: all
+    long arquivosAbertos = 0;  // at once; 0: as many as there may be
     std::string saida = {};    // file or device for standard output; empty: kept for Execucao
 };
 

@@ -126,6 +126,21 @@ TEST(Revisao, NamesTheOtherErasTableAndAReportThatIsNotOffered) {
         IsEmpty());
 }
 
+TEST(Revisao, NamesAnEntryWhoseDetailsAnotherDeclarationsEntryOfThatNumberShares) {
+    BancoDeTeste banco(UmaDeclaracao);
+    banco.Executar(
+        std::string(TabelasSemChaves) +
+        "insert into tblContribuinte (IE) values ('1');"
+        "insert into \"tblQuadroOcorrências\" values ('002.18', -1, 'o', 'f');"
+        "insert into \"tblOcorrências\" values (1, '002.18', 5, 3, -1), (2, '002.19', 5, 1, -1),"
+        "(1, '002.18', 6, 0, -1), (2, '002.18', 6, 0, -1);"
+        "insert into tblIEsRemetente values (5, 'a', 2), (5, 'b', 1)");
+    EXPECT_THAT(Achar(banco, {.IE = "1", .NroDRQ = 1, .relatorios = {"12"}}),
+                ElementsAre("relatório 12, tblOcorrências, 1 linha: subitem com o mesmo Código de "
+                            "um de outra declaração – os detalhes de ambos saem nas duas (002.18, "
+                            "DRQ 2)"));
+}
+
 TEST(Revisao, NamesSlipsAfterTheFirstAndPaymentsThatSplitABlock) {
     BancoDeTeste banco(UmaDeclaracao);
     EXPECT_THAT(Achar(banco, {.relatorios = {"VELO"}}), IsEmpty());

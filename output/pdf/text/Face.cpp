@@ -14,6 +14,7 @@
 #include "output/pdf/text/Lingua.h"
 #include "output/pdf/text/TabelaOS2.h"
 #include "output/pdf/text/TextoUnicode.h"
+#include "system/files/Arquivos.h"
 
 namespace tarvo::pdf {
 
@@ -84,6 +85,7 @@ void Face::ObterHabituais() {
 }
 
 Face::Face(const ArquivoFonte& arquivo) {
+    ExigirDescritores(arquivo.caminho, 1);
     const ObjetoDeC<hb_blob_destroy> blob(
         hb_blob_create_from_file_or_fail(arquivo.caminho.c_str()));
     if (blob == nullptr) {

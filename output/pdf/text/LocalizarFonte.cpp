@@ -12,6 +12,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/ObjetoDeC.h"
 #include "output/pdf/text/TabelaOS2.h"
+#include "system/files/Arquivos.h"
 
 namespace tarvo::pdf {
 
@@ -38,7 +39,11 @@ T* Exigir(T* objeto) {
 
 // The machine's fonts, read once in a process; fontconfig's matching is thread-safe.
 FcConfig* Configuracao() {
-    static const ObjetoDeC<FcConfigDestroy> configuracao(FcInitLoadConfigAndFonts());
+    constexpr std::size_t ArquivosAoMesmoTempo = 8;
+    static const ObjetoDeC<FcConfigDestroy> configuracao([] {
+        ExigirDescritores("fontes", ArquivosAoMesmoTempo);
+        return FcInitLoadConfigAndFonts();
+    }());
     return Exigir(configuracao.get());
 }
 

@@ -219,11 +219,12 @@ TEST_F(ArquivoMdb, NeverGivesAPartOfADamagedOrTruncatedFile) {
     }
 }
 
-TEST_F(ArquivoMdb, EndsWithAnErrorWhenTheReaderIsKilledOrTheFileChanges) {
+TEST_F(ArquivoMdb, EndsWithAnErrorWhenTheReaderIsKilledOrGivenUpOrTheFileChanges) {
     EscritorMdb escritor = Pagamentos(40000);
     const std::string arquivo = Gravar(escritor);
     std::atomic<bool> pronto = false;
-    // Kills whatever child there is, again and again.
+    std::atomic<int> sinal = SIGKILL;
+    // Sends it to whatever child there is, again and again.
     const std::string filhos = "/proc/self/task/" + std::to_string(gettid()) + "/children";
     std::jthread matador([&] {
         std::mt19937 acaso(3);
@@ -231,23 +232,31 @@ TEST_F(ArquivoMdb, EndsWithAnErrorWhenTheReaderIsKilledOrTheFileChanges) {
             usleep(static_cast<useconds_t>(acaso() % 20000));
             pid_t filho = 0;
             if (std::ifstream(filhos) >> filho) {
-                kill(filho, SIGKILL);
+                kill(filho, sinal);
             }
         }
     });
-    int mortos = 0;
-    for (int volta = 0; volta < 20; ++volta) {
-        try {
-            EXPECT_EQ(Linhas(*AbrirBanco(arquivo), "select NroDRQ from tblPagamento", 1).size(),
-                      40000);
-        } catch (const Erro& erro) {
-            EXPECT_EQ(erro.Numero(), NumeroErro::BancoIrreconhecivel);
-            ++mortos;
+    struct : Acompanhante {
+        bool Continuar(std::chrono::milliseconds) override { return false; }
+    } desistente;
+    for (const auto& [enviado, quem, numero] :
+         {std::tuple(SIGKILL, static_cast<Acompanhante*>(nullptr), NumeroErro::BancoIrreconhecivel),
+          std::tuple(SIGSTOP, static_cast<Acompanhante*>(&desistente), NumeroErro::Cancelado)}) {
+        sinal = enviado;
+        int erros = 0;
+        for (int volta = 0; volta < 20; ++volta) {
+            try {
+                const auto banco = AbrirBanco(arquivo, {.acompanhante = quem});
+                EXPECT_EQ(Linhas(*banco, "select NroDRQ from tblPagamento", 1).size(), 40000);
+            } catch (const Erro& erro) {
+                EXPECT_EQ(erro.Numero(), numero);
+                ++erros;
+            }
         }
+        EXPECT_GT(erros, 0);
     }
     pronto = true;
     matador.join();
-    EXPECT_GT(mortos, 0);
 
     std::jthread tocador([&] {
         for (int i = 0; i < 50; ++i) {

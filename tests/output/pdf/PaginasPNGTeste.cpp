@@ -1,7 +1,9 @@
 #include "output/png/PaginasPNG.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <fstream>
 
 #include "tests/output/pdf/ApoioPDF.h"
@@ -63,6 +65,19 @@ TEST(PaginasPNG, WhatIsNoPDFOrNoResolutionIsRefusedAndLeavesNothing) {
     EXPECT_EQ(numero(PDF(1), 0), NumeroErro::ChamadaInvalida);
     EXPECT_EQ(numero(PDF(1), 100000), NumeroErro::ChamadaInvalida);
     EXPECT_EQ(numero(PDF(1), 150, "nada"), NumeroErro::CaminhoNaoEncontrado);
+    EXPECT_TRUE(fs::is_empty(pasta.Caminho()));
+}
+
+TEST(PaginasPNG, AKillAmidThePagesLeavesNothing) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    const apoio::PastaTemporaria pasta;
+    const auto gravar = [&] {
+        const rlimit limite{100, 100};  // less than a page: the signal comes while it is written
+        ::setrlimit(RLIMIT_FSIZE, &limite);
+        std::signal(SIGXFSZ, SIG_DFL);
+        GravarPNG(PDF(2), pasta.Caminho(), "x", 30);
+    };
+    EXPECT_EXIT(gravar(), testing::KilledBySignal(SIGXFSZ), "");
     EXPECT_TRUE(fs::is_empty(pasta.Caminho()));
 }
 
