@@ -184,10 +184,13 @@ void DocumentoRelatorio::Acrescentar(P&& primitiva, std::uint32_t dono) {
     conteudo_.estrutura.donos.back().push_back(dono);
 }
 
-std::uint32_t DocumentoRelatorio::DonoDoQueSeLe(TipoElemento padrao) {
+std::uint32_t DocumentoRelatorio::DonoDoQueSeLe(TipoElemento padrao, bool vazio) {
     auto& elementos = conteudo_.estrutura.elementos;
     if (aberto_ == Estrutura::Decoracao || TemConteudo(elementos[aberto_].tipo)) {
         return aberto_;
+    }
+    if (vazio) {
+        return Estrutura::Decoracao;
     }
     elementos.push_back({.tipo = padrao, .pai = Estrutura::Raiz});
     return static_cast<std::uint32_t>(elementos.size() - 1);
@@ -215,7 +218,7 @@ void DocumentoRelatorio::AcrescentarTexto(const Caixa& caixa, std::string_view t
                       .italico = italico,
                       .sublinhado = sublinhado,
                       .multilinha = multilinha},
-                DonoDoQueSeLe(TipoElemento::Paragrafo));
+                DonoDoQueSeLe(TipoElemento::Paragrafo, texto.empty()));
 }
 
 std::uint16_t DocumentoRelatorio::IndiceDaFonte(std::string_view fonte) {

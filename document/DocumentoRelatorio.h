@@ -20,7 +20,8 @@ namespace tarvo {
 // finite, alignment codes outside 0 to 2, a line style other than 0 and 2, a missing picture.
 //
 // What is drawn says what it is through Trecho (below). Frames and bars are decoration by
-// themselves; a text or picture that nobody has spoken for is a paragraph or figure of its own.
+// themselves; a text or picture that nobody has spoken for is a paragraph or figure of its own, the
+// empty text nothing.
 class TARVO_PUBLICO DocumentoRelatorio {
   public:
     explicit DocumentoRelatorio(const Ambiente& ambiente = {});
@@ -85,7 +86,7 @@ class TARVO_PUBLICO DocumentoRelatorio {
     void RecusarSeDesenhado() const;
     template <class P>
     void Acrescentar(P&& primitiva, std::uint32_t dono = Estrutura::Decoracao);
-    std::uint32_t DonoDoQueSeLe(TipoElemento padrao);
+    std::uint32_t DonoDoQueSeLe(TipoElemento padrao, bool vazio = false);
     void AcrescentarTexto(const Caixa& caixa, std::string_view texto, std::int32_t horizontal,
                           std::int32_t vertical, std::string_view fonte, double tamanho,
                           bool negrito, bool italico, bool sublinhado, std::int32_t cor,

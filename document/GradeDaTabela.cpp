@@ -72,8 +72,10 @@ void Titular(std::vector<std::string>& titulos, const Lugares& lugares) {
     }
 }
 
+// A title of a group is one text; elsewhere a value stands in the last column of its cell.
 Linha LinhaDaGrade(FuncaoDaLinha funcao, const Lugares& lugares) {
     Linha linha{.funcao = funcao, .celulas = {}};
+    const bool titulo = funcao == FuncaoDaLinha::TituloDeGrupo;
     for (const auto& [celula, antes, depois, deCima] : lugares) {
         auto& nova = linha.celulas.emplace_back();
         if (celula == nullptr || deCima) {
@@ -84,7 +86,7 @@ Linha LinhaDaGrade(FuncaoDaLinha funcao, const Lugares& lugares) {
             const bool comValor = !celula->valor.empty();
             nova = {celula->texto, comValor ? Natureza::Texto : natureza};
         }
-        if (depois == 0 && !celula->valor.empty()) {
+        if ((titulo ? antes : depois) == 0 && !celula->valor.empty()) {
             const std::string rotulo = antes == 0 && !nova.texto.empty() ? nova.texto + ": " : "";
             nova = {rotulo + celula->valor, rotulo.empty() ? natureza : Natureza::Texto};
         }

@@ -20,7 +20,8 @@ struct LinhaDaPagina {
 };
 
 // The headings and rows of a table. A heading is that of each column that it covers; any other cell
-// stands where it begins, the value of a labelled box in the last column that it covers.
+// stands where it begins, the value of a labelled box in the last column that it covers, but beside
+// its label in the title of a group.
 TabelaDoDocumento DisporEmGrade(const std::vector<LinhaDaPagina>& linhas);
 
 }  // namespace tarvo

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <map>
 #include <set>
 #include <tuple>
 
@@ -43,35 +42,30 @@ bool PodeConter(TipoElemento pai, TipoElemento filho) {
 // Where a text or picture stands, or the cell that it is drawn in: page, y, x.
 using Lugar = std::tuple<std::size_t, double, double>;
 
-const Caixa* CaixaDoQueSeLe(const Primitiva& primitiva) {
-    if (const auto* figura = std::get_if<Figura>(&primitiva)) {
-        return &figura->caixa;
-    }
-    const auto* texto = std::get_if<Texto>(&primitiva);
-    return texto != nullptr ? &texto->caixa : nullptr;
+Lugar LugarDe(std::size_t p, const Caixa& caixa, const Caixa& moldura) {
+    const bool dentro =
+        caixa.y >= moldura.y && caixa.x >= moldura.x && caixa.y < moldura.y + moldura.altura;
+    return dentro ? Lugar(p, moldura.y, moldura.x) : Lugar(p, caixa.y, caixa.x);
 }
 
 class Conferencia {
   public:
     explicit Conferencia(const Conteudo& conteudo)
-        : conteudo_(conteudo),
-          elementos_(conteudo.estrutura.elementos),
+        : elementos_(conteudo.estrutura.elementos),
           filhos_(elementos_.size()),
-          lugares_(elementos_.size()) {
+          lugares_(elementos_.size(), Lugar(conteudo.paginas.size(), 0, 0)) {
         for (std::uint32_t i = 1; i < elementos_.size(); ++i) {
             const auto pai = elementos_[i].pai;
             EXPECT_TRUE(pai < i && PodeConter(elementos_[pai].tipo, elementos_[i].tipo)) << i;
             filhos_[pai].push_back(i);
         }
-        Donos();
+        Conferir(conteudo);
         for (std::uint32_t i = 0; i < elementos_.size(); ++i) {
             if (elementos_[i].tipo == TipoElemento::Tabela) {
-                Grade(i);
+                ConferirGrade(i);
             }
         }
-        if (!conteudo.paginas[0].empty()) {
-            EXPECT_EQ(Contar(TipoElemento::Titulo), 1);
-        }
+        EXPECT_EQ(Contar(TipoElemento::Titulo), conteudo.paginas[0].empty() ? 0 : 1);
     }
 
     [[nodiscard]] std::ptrdiff_t Contar(TipoElemento tipo) const {
@@ -80,138 +74,99 @@ class Conferencia {
 
     // Siblings follow each other as on the pages: along a line, down a page, and down the columns
     // of a page where a list is printed in several.
-    void EmOrdemDaPagina(bool emColunas) const {
+    void ConferirOrdem(bool emColunas) const {
         for (const auto& irmaos : filhos_) {
-            const Lugar* anterior = nullptr;
-            for (const auto irmao : irmaos) {
-                const Lugar* lugar = PrimeiroLugar(irmao);
-                if (lugar == nullptr) {
-                    continue;
-                }
-                EXPECT_TRUE(anterior == nullptr || *anterior <= *lugar ||
-                            (emColunas && std::get<2>(*anterior) < std::get<2>(*lugar)))
-                    << "element " << irmao;
-                anterior = lugar;
+            for (std::size_t i = 1; i < irmaos.size(); ++i) {
+                const Lugar& anterior = lugares_[irmaos[i - 1]];
+                const Lugar& lugar = lugares_[irmaos[i]];
+                EXPECT_TRUE(anterior <= lugar ||
+                            (emColunas && std::get<2>(anterior) < std::get<2>(lugar)))
+                    << "element " << irmaos[i];
             }
         }
     }
 
   private:
-    // Every text and picture belongs to an element that has content or, as decoration, repeats what
-    // is told elsewhere or stands outside the page's contents; nothing else belongs to an element.
-    void Donos() {
-        ASSERT_EQ(conteudo_.estrutura.donos.size(), conteudo_.paginas.size());
-        for (std::size_t p = 0; p < conteudo_.paginas.size(); ++p) {
-            const Pagina& pagina = conteudo_.paginas[p];
-            const auto& donos = conteudo_.estrutura.donos[p];
-            ASSERT_EQ(donos.size(), pagina.size());
+    // Every text and picture belongs to an element that has content, or is decoration that repeats
+    // what is told elsewhere or stands outside the page's contents.
+    void Conferir(const Conteudo& conteudo) {
+        for (std::size_t p = 0; p < conteudo.paginas.size(); ++p) {
+            ASSERT_EQ(conteudo.estrutura.donos.at(p).size(), conteudo.paginas[p].size());
             Caixa moldura;
-            for (std::size_t i = 0; i < pagina.size(); ++i) {
-                const Caixa* caixa = CaixaDoQueSeLe(pagina[i]);
-                if (const auto* r = std::get_if<RetanguloArredondado>(&pagina[i])) {
-                    moldura = r->caixa;
+            for (std::size_t i = 0; i < conteudo.paginas[p].size(); ++i) {
+                SCOPED_TRACE(testing::Message() << "page " << p << ", primitive " << i);
+                const Primitiva& primitiva = conteudo.paginas[p][i];
+                const auto dono = conteudo.estrutura.donos[p][i];
+                if (const auto* quadro = std::get_if<RetanguloArredondado>(&primitiva)) {
+                    moldura = quadro->caixa;
                 }
-                if (donos[i] == Estrutura::Decoracao) {
-                    EXPECT_TRUE(caixa == nullptr || EhDecoracao(p, pagina[i]))
-                        << "page " << p << ", primitive " << i;
-                    continue;
-                }
-                ASSERT_LT(donos[i], elementos_.size());
-                EXPECT_TRUE(caixa != nullptr && TemConteudo(elementos_[donos[i]].tipo)) << i;
-                if (auto& lugar = lugares_[donos[i]]; caixa != nullptr && !lugar) {
-                    const bool dentro = caixa->y >= moldura.y && caixa->x >= moldura.x &&
-                                        caixa->y < moldura.y + moldura.altura;
-                    lugar = dentro ? Lugar(p, moldura.y, moldura.x) : Lugar(p, caixa->y, caixa->x);
+                if (const auto* figura = std::get_if<Figura>(&primitiva)) {
+                    ConferirDono(dono, LugarDe(p, figura->caixa, {}), primitiva,
+                                 figura->imagem->nome);
+                } else if (const auto* texto = std::get_if<Texto>(&primitiva)) {
+                    ConferirDono(dono, LugarDe(p, texto->caixa, moldura), primitiva, texto->texto);
+                } else {
+                    EXPECT_EQ(dono, Estrutura::Decoracao);
                 }
             }
         }
     }
 
-    [[nodiscard]] bool EhDecoracao(std::size_t p, const Primitiva& primitiva) {
-        static const std::set<std::string> DoQuadro{"DRQ", "%%D", "%%H", "Página %%p de %%P"};
-        const auto* texto = std::get_if<Texto>(&primitiva);
-        if (texto != nullptr &&
-            (DoQuadro.contains(texto->texto) || TitulosDeColuna().contains(texto->texto))) {
-            return true;
+    void ConferirDono(std::uint32_t dono, const Lugar& lugar, const Primitiva& primitiva,
+                      std::string_view dito) {
+        if (dono == Estrutura::Decoracao) {
+            EXPECT_TRUE(repetiveis_.contains(dito) ||
+                        (std::get<0>(lugar) > 0 &&
+                         std::ranges::find(doCabecalho_, primitiva) != doCabecalho_.end()))
+                << dito;
+            return;
         }
-        const auto* figura = std::get_if<Figura>(&primitiva);
-        if (figura != nullptr && figura->imagem == &frmFiguras::imgTesoura) {
-            return true;
+        ASSERT_LT(dono, elementos_.size());
+        const Elemento& e = elementos_[dono];
+        EXPECT_TRUE(TemConteudo(e.tipo));
+        if (e.tipo == TipoElemento::CelulaDeTitulo && e.escopo == Escopo::Coluna) {
+            repetiveis_.insert(dito);
+        } else if (!EhCelula(e.tipo) && !EhCelula(elementos_[e.pai].tipo)) {
+            doCabecalho_.push_back(primitiva);
         }
-        const auto& primeira = conteudo_.paginas[0];
-        const auto igual = std::ranges::find(primeira, primitiva);
-        return p > 0 && igual != primeira.end() && DoCabecalho(igual - primeira.begin());
-    }
-
-    [[nodiscard]] bool DoCabecalho(std::ptrdiff_t i) const {
-        const auto dono = conteudo_.estrutura.donos[0][static_cast<std::size_t>(i)];
-        return dono != Estrutura::Decoracao && !EhCelula(elementos_[dono].tipo) &&
-               !EhCelula(elementos_[elementos_[dono].pai].tipo);
-    }
-
-    const std::set<std::string>& TitulosDeColuna() {
-        if (titulosDeColuna_.empty()) {
-            for (std::size_t p = 0; p < conteudo_.paginas.size(); ++p) {
-                for (std::size_t i = 0; i < conteudo_.paginas[p].size(); ++i) {
-                    const auto dono = conteudo_.estrutura.donos[p][i];
-                    if (dono != Estrutura::Decoracao &&
-                        elementos_[dono].tipo == TipoElemento::CelulaDeTitulo &&
-                        elementos_[dono].escopo == Escopo::Coluna) {
-                        titulosDeColuna_.insert(std::get<Texto>(conteudo_.paginas[p][i]).texto);
-                    }
-                }
-            }
+        for (auto i = dono; i != Estrutura::Raiz; i = elementos_[i].pai) {
+            lugares_[i] = std::min(lugares_[i], lugar);
         }
-        return titulosDeColuna_;
     }
 
     // Every row covers the same number of columns, headings of columns stand in the heading rows
     // alone, and no cell reaches out of them.
-    void Grade(std::uint32_t tabela) const {
+    void ConferirGrade(std::uint32_t tabela) const {
         std::vector<int> deCima;  // for each column how many more rows are covered
         for (const auto linha : filhos_[tabela]) {
+            SCOPED_TRACE(testing::Message() << "row " << linha);
             const bool titulos = elementos_[linha].funcao == FuncaoDaLinha::Titulos;
+            EXPECT_TRUE(titulos || std::ranges::count(deCima, 0) == std::ssize(deCima));
             std::vector<int> cobertas;
-            const auto pular = [&] {
+            const auto descer = [&] {
                 while (cobertas.size() < deCima.size() && deCima[cobertas.size()] > 0) {
                     cobertas.push_back(deCima[cobertas.size()] - 1);
                 }
             };
             for (const auto celula : filhos_[linha]) {
                 const Elemento& e = elementos_[celula];
-                const bool coluna =
-                    e.tipo == TipoElemento::CelulaDeTitulo && e.escopo == Escopo::Coluna;
-                EXPECT_EQ(coluna, titulos) << "cell " << celula;
-                pular();
+                EXPECT_EQ(e.tipo == TipoElemento::CelulaDeTitulo && e.escopo == Escopo::Coluna,
+                          titulos);
+                descer();
                 cobertas.insert(cobertas.end(), e.colunas, e.linhas - 1);
             }
-            pular();
-            EXPECT_TRUE(deCima.empty() || deCima.size() == cobertas.size()) << "row " << linha;
+            descer();
+            EXPECT_TRUE(deCima.empty() || deCima.size() == cobertas.size());
             deCima = cobertas;
-            const auto seguinte = std::ranges::upper_bound(filhos_[tabela], linha);
-            if (titulos && seguinte != filhos_[tabela].end() &&
-                elementos_[*seguinte].funcao != FuncaoDaLinha::Titulos) {
-                EXPECT_THAT(deCima, testing::Each(0)) << "row " << linha;
-            }
         }
     }
 
-    [[nodiscard]] const Lugar* PrimeiroLugar(std::uint32_t elemento) const {
-        const Lugar* primeiro = lugares_[elemento] ? &*lugares_[elemento] : nullptr;
-        for (const auto filho : filhos_[elemento]) {
-            const Lugar* lugar = PrimeiroLugar(filho);
-            if (lugar != nullptr && (primeiro == nullptr || *lugar < *primeiro)) {
-                primeiro = lugar;
-            }
-        }
-        return primeiro;
-    }
-
-    const Conteudo& conteudo_;
     const std::vector<Elemento>& elementos_;
     std::vector<std::vector<std::uint32_t>> filhos_;
-    std::vector<std::optional<Lugar>> lugares_;  // where the first thing of each element stands
-    std::set<std::string> titulosDeColuna_;
+    std::vector<Lugar> lugares_;          // where the first thing of each element stands
+    std::vector<Primitiva> doCabecalho_;  // what is told outside of tables
+    std::set<std::string_view> repetiveis_{"DRQ",        "%%D", "%%H", "Página %%p de %%P",
+                                           "imgTesoura", ""};
 };
 
 void ConferirRelatorios(BancoDados& banco, const std::string& IE, std::int32_t NumeroDRQ,
@@ -226,7 +181,7 @@ void ConferirRelatorios(BancoDados& banco, const std::string& IE, std::int32_t N
         SCOPED_TRACE(std::string(entrada.codigo) + " of " + std::to_string(NumeroDRQ));
         const Conferencia conferencia(relatorio->Documento());
         EXPECT_EQ(conferencia.Contar(TipoElemento::Tabela), entrada.codigo == "01" ? 0 : 1);
-        conferencia.EmOrdemDaPagina(entrada.codigo == "16");
+        conferencia.ConferirOrdem(entrada.codigo == "16");
     }
 }
 

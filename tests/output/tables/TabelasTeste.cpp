@@ -65,7 +65,10 @@ TEST_F(Tabelas, EverythingThatIsReadStandsOnceInTheReadersOrder) {
                                        {TituloDeColuna(1, 2), "UF"}});
         Linha(FuncaoDaLinha::Titulos,
               {{TituloDeColuna(), "Contribuinte"}, {TituloDeColuna(), "Não"}});
-        Linha(FuncaoDaLinha::TituloDeGrupo, {{CelulaDe(Natureza::Texto, 4), "No Estado"}});
+        {
+            const Trecho linha(doc, LinhaDe(FuncaoDaLinha::TituloDeGrupo));
+            Caixa(TituloDeLinha(Natureza::Codigo, 4), "CFOP", "6.109");
+        }
         Linha(FuncaoDaLinha::Dados,
               {{Dia, "31/07/2003"}, {Valor, "1.234,56"}, {Valor, "-1,00"}, {ComTexto, "PA"}});
         doc.NovaPagina();
@@ -92,7 +95,7 @@ TEST_F(Tabelas, EverythingThatIsReadStandsOnceInTheReadersOrder) {
               "\r\n"
               "Data;Base de cálculo – Contribuinte;Base de cálculo – Não;UF\r\n"
               "Entradas;;;\r\n"
-              "No Estado;;;\r\n"
+              "CFOP: 6.109;;;\r\n"
               "31/07/2003;1234,56;-1,00;PA\r\n"
               ";922337203685477,58;x;\r\n"
               "Subtotal;1235,56;fim 2;\r\n"
@@ -106,7 +109,7 @@ TEST_F(Tabelas, EverythingThatIsReadStandsOnceInTheReadersOrder) {
                                      LinhaLida{"s Data", "s Base de cálculo – Contribuinte",
                                                "s Base de cálculo – Não", "s UF"},
                                      LinhaLida{"s Entradas", "", "", ""},
-                                     LinhaLida{"s No Estado", "", "", ""},
+                                     LinhaLida{"s CFOP: 6.109", "", "", ""},
                                      LinhaLida{"d 31/07/2003", "n 1234,56", "n -1,00", "s PA"},
                                      // More digits than a spreadsheet's numbers hold.
                                      LinhaLida{"", "s 922.337.203.685.477,58", "s x", ""},
