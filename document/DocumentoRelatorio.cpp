@@ -5,13 +5,15 @@
 #include <utility>
 
 #include "data/CodigosDeErros.h"
+#include "document/BlocosDeGIF.h"
+#include "document/Imagens.h"
 
 namespace tarvo {
 
 namespace {
 
-[[noreturn]] void LancarChamadaInvalida(const char* motivo) {
-    throw Erro(NumeroErro::ChamadaInvalida, std::string("Chamada inválida: ") + motivo + ".");
+[[noreturn]] void LancarChamadaInvalida(const std::string& motivo) {
+    throw Erro(NumeroErro::ChamadaInvalida, "Chamada inválida: " + motivo + ".");
 }
 
 [[noreturn]] void LancarConfiguracao(NumeroErro numero, std::string_view texto) {
@@ -24,6 +26,13 @@ Caixa CaixaFinita(double x, double y, double largura, double altura) {
         LancarChamadaInvalida("coordenada que não é um número");
     }
     return {x, y, largura, altura};
+}
+
+std::int32_t Positiva(std::int32_t espessura) {
+    if (espessura <= 0) {
+        LancarChamadaInvalida("espessura que não é positiva");
+    }
+    return espessura;
 }
 
 bool SobraArea(const Conteudo& c, const Margens& m) {
@@ -98,15 +107,15 @@ void DocumentoRelatorio::DesenharLinha(double x, double y, double largura, doubl
     if (estilo != 0 && estilo != 2) {
         LancarChamadaInvalida("estilo de linha desconhecido");
     }
-    Acrescentar(
-        Linha{CaixaFinita(x, y, largura, altura), reservado1, reservado2, espessura, estilo});
+    Acrescentar(Linha{CaixaFinita(x, y, largura, altura), reservado1, reservado2,
+                      Positiva(espessura), estilo});
 }
 
 void DocumentoRelatorio::DesenharRetangulo(double x, double y, double largura, double altura,
                                            bool preenchido, std::int32_t corBorda,
                                            std::int32_t corPreenchimento, std::int32_t espessura) {
     Acrescentar(Retangulo{CaixaFinita(x, y, largura, altura), preenchido, corBorda,
-                          corPreenchimento, espessura});
+                          corPreenchimento, Positiva(espessura)});
 }
 
 void DocumentoRelatorio::DesenharRetanguloArredondado(double x, double y, double largura,
@@ -118,7 +127,7 @@ void DocumentoRelatorio::DesenharRetanguloArredondado(double x, double y, double
         LancarChamadaInvalida("raio que não é um comprimento");
     }
     Acrescentar(RetanguloArredondado{CaixaFinita(x, y, largura, altura), preenchido, raio, corBorda,
-                                     corPreenchimento, espessura});
+                                     corPreenchimento, Positiva(espessura)});
 }
 
 void DocumentoRelatorio::EscreverTexto(double x, double y, double largura, double altura,
@@ -140,6 +149,11 @@ void DocumentoRelatorio::EscreverTextoMultilinha(
 
 void DocumentoRelatorio::DesenharFigura(double x, double y, double largura, double altura,
                                         const Imagem& figura, bool proporcional) {
+    if (figura.formato != FormatoImagem::GIF || figura.largura <= 0 || figura.altura <= 0 ||
+        !EhGIFInteiro(figura.bytes)) {
+        LancarChamadaInvalida("a figura \"" + std::string(figura.nome) +
+                              "\" não é uma imagem GIF legível");
+    }
     const Figura desenhada{CaixaFinita(x, y, largura, altura), &figura, proporcional};
     Acrescentar(desenhada, DonoDoQueSeLe(TipoElemento::Figura));
 }

@@ -17,7 +17,9 @@ namespace tarvo {
 // for units), shows them in a preview and prints them. There is always a current page, the last.
 //
 // Drawing refuses what no page can show with error 5: coordinates, sizes or radii that are not
-// finite, alignment codes outside 0 to 2, a line style other than 0 and 2, a missing picture.
+// finite, alignment codes outside 0 to 2, a line style other than 0 and 2, a thickness of 0 or
+// less, a picture that is no whole GIF (one whose pixels turn out damaged is error 5 of the
+// rendering).
 //
 // What is drawn says what it is through Trecho (below). Frames and bars are decoration by
 // themselves; a text or picture that nobody has spoken for is a paragraph or figure of its own, the

@@ -105,11 +105,31 @@ TEST(DocumentoRelatorio, DrawingRefusesWhatNoPageCanShow) {
              [&] { doc.DesenharRetangulo(INFINITY, 0, 1, 1, false, 0, 0, 1); },
              [&] { doc.DesenharLinha(0, 0, 1, 0, 0, 0, 1, 1); },
              [&] { doc.DesenharRetanguloArredondado(0, 0, 1, 1, false, -0.1, 0, 0, 1); },
+             [&] { doc.DesenharRetanguloArredondado(0, 0, 1, 1, false, 0.1, 0, 0, -1); },
+             [&] { doc.DesenharRetangulo(0, 0, 1, 1, true, 0, 0, 0); },
+             [&] { doc.DesenharLinha(0, 0, 1, 0, 0, 0, 0, 0); },
              [&] { doc.EscreverTexto(0, 0, 1, 1, "x", 3, 0, "Arial", 8, false, false, false, 0); },
              [&] { doc.EscreverTexto(0, 0, 1, 1, "x", 0, -1, "Arial", 8, false, false, false, 0); },
              [&] { doc.EscreverTexto(0, 0, 1, 1, "x", 0, 0, "Arial", 0, false, false, false, 0); },
          }) {
         EXPECT_EQ(NumeroDe(acao), NumeroErro::ChamadaInvalida);
+    }
+    EXPECT_TRUE(doc.Registrado().paginas.front().empty());
+}
+
+TEST(DocumentoRelatorio, APictureThatIsNoWholeGIFIsRefusedByItsName) {
+    DocumentoRelatorio doc;
+    const auto desenhar = [&](const Imagem& imagem) {
+        return apoio::ErroDe([&] { doc.DesenharFigura(0, 0, 1, 1, imagem, false); });
+    };
+    const Erro erro = desenhar(frmFiguras::imgIconeR);
+    EXPECT_EQ(erro.Numero(), NumeroErro::ChamadaInvalida);
+    EXPECT_THAT(erro.Descricao(), testing::HasSubstr("imgIconeR"));
+    const Imagem& tesoura = frmFiguras::imgTesoura;
+    Imagem imagem = tesoura;
+    for (std::size_t n = 0; n < tesoura.bytes.size(); ++n) {
+        imagem.bytes = tesoura.bytes.first(n);
+        EXPECT_EQ(desenhar(imagem).Numero(), NumeroErro::ChamadaInvalida) << n;
     }
     EXPECT_TRUE(doc.Registrado().paginas.front().empty());
 }
