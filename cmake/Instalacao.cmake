@@ -21,7 +21,7 @@ endfunction()
 set(precisa_SQLite relatoriostarvo-nucleo)
 set(precisa_PDF relatoriostarvo-nucleo)
 set(precisa_Planilha relatoriostarvo-nucleo)
-set(precisa_Desktop relatoriostarvo-pdf)
+set(precisa_Desktop "relatoriostarvo-pdf relatoriostarvo-planilha")
 foreach(componente Nucleo SQLite PDF Planilha Desktop C)
     if(TARGET tarvo_instalada_${componente})
         install(TARGETS tarvo_instalada_${componente} EXPORT RelatoriosTarvo${componente}

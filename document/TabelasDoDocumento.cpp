@@ -1,6 +1,7 @@
 #include "document/TabelasDoDocumento.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <utility>
 
@@ -144,7 +145,7 @@ class Percurso {
     // --- tables
 
     void VisitarTabela(std::uint32_t e) {
-        auto titulos = TomarTitulosDeCima();
+        const auto titulos = TomarTitulosDeCima();
         FecharCampos();
         if (!titulos.empty()) {
             nome_ = titulos.back().linha.celulas[0].texto;
@@ -163,7 +164,10 @@ class Percurso {
         }
         auto tabela = DisporEmGrade(linhas);
         tabela.nome = nome_;
-        tabela.elementos = {e};
+        for (const auto& titulo : titulos) {
+            tabela.elementos.push_back(titulo.elemento);
+        }
+        tabela.elementos.push_back(e);
         tabelas_.push_back(std::move(tabela));
     }
 
@@ -211,6 +215,18 @@ std::optional<Data> TabelaDoDocumento::Celula::Dia() const {
     }
     const auto dia = OuNada([this] { return tarvo::Data::DeTexto(texto); });
     return dia && FormatarData(*dia) == texto ? dia : std::nullopt;
+}
+
+std::optional<double> TabelaDoDocumento::Celula::Numero() const {
+    constexpr std::int64_t Maior = 1'000'000'000'000'000;  // hundredths
+    static const auto Primeiro = tarvo::Data::DeCivil({.ano = 1900, .mes = 3, .dia = 1});
+    if (const auto quantia = Quantia()) {
+        const std::int64_t centesimos = quantia->DecimosMilesimos() / (Moeda::Escala / 100);
+        return std::abs(centesimos) < Maior ? std::optional(static_cast<double>(centesimos) / 100)
+                                            : std::nullopt;
+    }
+    const auto dia = Dia();
+    return dia >= Primeiro ? std::optional(dia->Serial()) : std::nullopt;
 }
 
 bool TabelaDoDocumento::TemTitulos() const {

@@ -23,6 +23,9 @@ struct TARVO_PUBLICO TabelaDoDocumento {
         // print them ("1.234,56", "31/07/2003"); empty for any other text.
         [[nodiscard]] std::optional<Moeda> Quantia() const;
         [[nodiscard]] std::optional<Data> Dia() const;
+        // The number as which spreadsheets hold it: an amount of no more than the 15 digits that
+        // they keep, a day from 1/3/1900 on, from where all of them count alike.
+        [[nodiscard]] std::optional<double> Numero() const;
     };
     struct Linha {
         FuncaoDaLinha funcao = FuncaoDaLinha::Dados;  // never Titulos
@@ -34,7 +37,8 @@ struct TARVO_PUBLICO TabelaDoDocumento {
     // all empty where the page has no headings.
     std::vector<std::string> titulos;
     std::vector<Linha> linhas;
-    // What of Conteudo::estrutura the table shows: its element, or those of its labels and values.
+    // What of Conteudo::estrutura the table shows, each with all below it: its element and those
+    // of the headings above it, or those of its labels and values.
     std::vector<std::uint32_t> elementos;
 
     [[nodiscard]] bool TemTitulos() const;

@@ -110,7 +110,7 @@ QString CelulasDeTexto::TextoDa(std::size_t celula, int pagina) const {
                             .paginas = std::to_string(paginas_.size() - 1)};
     std::string espaco;
     // A cell with line breaks stays one cell.
-    return ParaQt(Substituir(textos_.c_str() + celulas_[celula].inicio, por, espaco)).simplified();
+    return ParaQt(Substituir(TextoGravado(celula), por, espaco)).simplified();
 }
 
 }  // namespace tarvo

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "document/Conteudo.h"
@@ -22,6 +23,9 @@ class CelulasDeTexto {
     [[nodiscard]] std::vector<QRectF> Caixas(int pagina, const QRectF& area) const;
     [[nodiscard]] QString Copiar(int pagina, const QRectF& area) const;
 
+    // Those that touch area, in the order in which they were drawn.
+    [[nodiscard]] std::vector<std::size_t> Tocadas(int pagina, const QRectF& area) const;
+
     // The cells themselves, page by page, in the order in which they were drawn.
     [[nodiscard]] int Paginas() const { return std::max(0, static_cast<int>(paginas_.size()) - 1); }
     [[nodiscard]] std::size_t Primeira(int pagina) const {
@@ -29,6 +33,10 @@ class CelulasDeTexto {
     }
     [[nodiscard]] int PaginaDa(std::size_t celula) const;
     [[nodiscard]] QString TextoDa(std::size_t celula, int pagina) const;
+    // As it was recorded, with its placeholders and line breaks.
+    [[nodiscard]] std::string_view TextoGravado(std::size_t celula) const {
+        return textos_.c_str() + celulas_[celula].inicio;
+    }
     [[nodiscard]] QRectF Lugar(std::size_t celula) const;
     // Index of the element of the document's structure whose content it is, or
     // Estrutura::Decoracao.
@@ -42,7 +50,6 @@ class CelulasDeTexto {
         std::uint32_t dono;
         std::size_t inicio;  // in textos_
     };
-    [[nodiscard]] std::vector<std::size_t> Tocadas(int pagina, const QRectF& area) const;
 
     Margens margens_;
     std::string textos_;                // one after the other, each ended by a NUL

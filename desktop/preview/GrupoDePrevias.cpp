@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/DialogoDeSalvar.h"
 #include "desktop/Ligacao.h"
 #include "desktop/preview/JanelaDeAbas.h"
 #include "desktop/preview/JanelaVisualizacao.h"
@@ -114,22 +115,17 @@ QString GrupoDePrevias::NomeDeArquivo() const {
 }
 
 void GrupoDePrevias::SalvarTodos(QWidget* janela) {
-    auto* dialogo = new QFileDialog(janela, u"Salvar todos em um PDF"_s);
-    dialogo->setAttribute(Qt::WA_DeleteOnClose);
-    dialogo->setAcceptMode(QFileDialog::AcceptSave);
-    dialogo->setNameFilter(u"Documentos PDF (*.pdf)"_s);
-    dialogo->setDefaultSuffix(u"pdf"_s);
-    dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialogo->selectFile(NomeDeArquivo() + u".pdf"_s);
-    Ligar(dialogo, &QFileDialog::fileSelected, janela, [this, janela](const QString& arquivo) {
-        std::vector<SecaoPDF> secoes;
-        for (const auto* previa : abertas_) {
-            secoes.push_back({previa->Registrado(), previa->windowTitle().toStdString()});
-        }
-        GravarPDF(secoes, arquivo.toStdString());
-        DizerDePassagem(janela, u"%1 relatórios salvos em %2"_s.arg(secoes.size()).arg(arquivo));
-    });
-    dialogo->open();
+    PerguntarOndeSalvar(
+        janela, u"Salvar todos em um PDF"_s, NomeDeArquivo(), {u"Documentos PDF (*.pdf)"_s},
+        [this, janela](const QString& arquivo) {
+            std::vector<SecaoPDF> secoes;
+            for (const auto* previa : abertas_) {
+                secoes.push_back({previa->Registrado(), previa->windowTitle().toStdString()});
+            }
+            GravarPDF(secoes, arquivo.toStdString());
+            DizerDePassagem(janela,
+                            u"%1 relatórios salvos em %2"_s.arg(secoes.size()).arg(arquivo));
+        });
 }
 
 void GrupoDePrevias::SalvarCadaUm(QWidget* janela) {

@@ -3,14 +3,13 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QLabel>
-#include <QStandardPaths>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/DialogoDeSalvar.h"
 #include "desktop/Ligacao.h"
 #include "desktop/preview/BarraDeBusca.h"
 #include "desktop/preview/BarraDeFerramentas.h"
@@ -34,6 +33,7 @@ JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias, GrupoDePr
       vista_(new VistaPaginas(this)),
       acoesDaVista_(acoes_, *vista_),
       acoesDaRodada_(acoes_, *this, grupo),
+      acoesDasTabelas_(acoes_, *this, *vista_, documento_),
       barraDeFerramentas_(new BarraDeFerramentas(this, acoes_, *vista_)),
       barraDeBusca_(
           new BarraDeBusca(this, acoes_[Acao::LocalizarProximo], acoes_[Acao::LocalizarAnterior])) {
@@ -231,19 +231,12 @@ void JanelaVisualizacao::Imprimir() {
 }
 
 void JanelaVisualizacao::Salvar() {
-    auto* dialogo = new QFileDialog(this, u"Salvar como PDF"_s);
-    dialogo->setAttribute(Qt::WA_DeleteOnClose);
-    dialogo->setAcceptMode(QFileDialog::AcceptSave);
-    dialogo->setNameFilter(u"Documentos PDF (*.pdf)"_s);
-    dialogo->setDefaultSuffix(u"pdf"_s);
-    dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialogo->selectFile(NomeSeguro(ParaQt(documento_.tituloResumido)) + u".pdf"_s);
-    Ligar(dialogo, &QFileDialog::fileSelected, this,
-          [this, pdf = documento_.pdf](const QString& arquivo) {
-              GravarArquivo(arquivo.toStdString(), *pdf);
-              DizerDePassagem(this, u"Salvo em %1"_s.arg(arquivo));
-          });
-    dialogo->open();
+    PerguntarOndeSalvar(this, u"Salvar como PDF"_s, ParaQt(documento_.tituloResumido),
+                        {u"Documentos PDF (*.pdf)"_s},
+                        [this, pdf = documento_.pdf](const QString& arquivo) {
+                            GravarArquivo(arquivo.toStdString(), *pdf);
+                            DizerDePassagem(this, u"Salvo em %1"_s.arg(arquivo));
+                        });
 }
 
 // --- the user's preferences

@@ -7,6 +7,7 @@
 #include "desktop/preview/AcoesDaRodada.h"
 #include "desktop/preview/AcoesDaVista.h"
 #include "desktop/preview/AcoesDaVisualizacao.h"
+#include "desktop/preview/AcoesDasTabelas.h"
 #include "desktop/preview/DocumentoPronto.h"
 #include "desktop/printing/ImpressaoQt.h"
 
@@ -70,6 +71,7 @@ class JanelaVisualizacao final : public QMainWindow {
     VistaPaginas* vista_;
     AcoesDaVista acoesDaVista_;
     AcoesDaRodada acoesDaRodada_;
+    AcoesDasTabelas acoesDasTabelas_;
     BarraDeFerramentas* barraDeFerramentas_;
     BarraDeBusca* barraDeBusca_;
     PainelLateral* painel_ = nullptr;

@@ -13,6 +13,7 @@ namespace {
 
 // A rectangle without extent touches no cell.
 constexpr QSizeF Ponta(0.01, 0.01);
+constexpr double LarguraDaPagina = 1e4;  // points, beyond any paper
 
 }  // namespace
 
@@ -87,6 +88,23 @@ QString SelecaoDeCelulas::Texto() const {
         }
     }
     return paginas.join(u'\n');
+}
+
+std::vector<std::size_t> SelecaoDeCelulas::Celulas(int pagina) const {
+    std::vector<std::size_t> celulas;
+    if (celulas_ == nullptr) {
+        return celulas;
+    }
+    if (vazia_) {
+        const QRectF linha(0, inicio_.ponto.y(), LarguraDaPagina, Ponta.height());
+        return pagina == inicio_.pagina ? celulas_->Tocadas(pagina, linha) : celulas;
+    }
+    const auto [primeira, ultima] = std::minmax(inicio_.pagina, fim_.pagina);
+    for (int p = primeira; p <= ultima; ++p) {
+        const auto tocadas = celulas_->Tocadas(p, Area(p));
+        celulas.insert(celulas.end(), tocadas.begin(), tocadas.end());
+    }
+    return celulas;
 }
 
 std::vector<QRectF> SelecaoDeCelulas::Caixas(int pagina) const {

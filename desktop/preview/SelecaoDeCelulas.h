@@ -30,6 +30,8 @@ class SelecaoDeCelulas {
 
     [[nodiscard]] bool Vazia() const { return vazia_; }
     [[nodiscard]] QString Texto() const;
+    // The selected cells; when none is, those of that page beside the place of the last click.
+    [[nodiscard]] std::vector<std::size_t> Celulas(int pagina) const;
     [[nodiscard]] std::vector<QRectF> Caixas(int pagina) const;
 
   private:

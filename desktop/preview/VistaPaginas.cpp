@@ -290,12 +290,21 @@ bool VistaPaginas::AndarComCursor(int tecla) {
 // --- selection
 
 void VistaPaginas::mousePressEvent(QMouseEvent* evento) {
-    if (evento->button() == Qt::LeftButton && pintor_ != nullptr) {
-        const QPoint ponto = evento->position().toPoint();
-        disposicao_.atual = disposicao_.PaginaNaJanela(ponto);
-        selecao_.Comecar(Pagina(), disposicao_.NaPagina(Pagina(), ponto));
-        Mudou();
+    const bool menu = evento->button() == Qt::RightButton;
+    if ((evento->button() != Qt::LeftButton && !menu) || pintor_ == nullptr) {
+        return;
     }
+    const QPoint ponto = evento->position().toPoint();
+    const int pagina = disposicao_.PaginaNaJanela(ponto);
+    const QPointF lugar = disposicao_.NaPagina(pagina, ponto);
+    // What is selected stays so for the menu that is asked for on it.
+    const auto caixas = selecao_.Caixas(pagina);
+    if (menu && std::ranges::any_of(caixas, [&](const auto& c) { return c.contains(lugar); })) {
+        return;
+    }
+    disposicao_.atual = pagina;
+    selecao_.Comecar(pagina, lugar);
+    Mudou();
 }
 
 void VistaPaginas::mouseMoveEvent(QMouseEvent* evento) {

@@ -3,7 +3,6 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <ostream>
 #include <string_view>
 #include <vector>
@@ -27,21 +26,6 @@ constexpr std::size_t MaiorTexto = 32'767;
 constexpr std::size_t MenorLargura = 8;
 constexpr std::size_t MaiorLargura = 60;
 constexpr std::size_t MaiorLarguraDeTitulo = 20;
-
-std::int64_t Centesimos(Moeda quantia) {
-    return quantia.DecimosMilesimos() / (Moeda::Escala / 100);
-}
-
-// The 15 digits that a spreadsheet's numbers hold.
-bool CabeEmNumero(Moeda quantia) {
-    return std::abs(Centesimos(quantia)) < 1'000'000'000'000'000;
-}
-
-// Spreadsheets agree from here on about which day has which number.
-bool CabeEmCalendario(Data dia) {
-    static const Data Primeiro = Data::DeCivil({.ano = 1900, .mes = 3, .dia = 1});
-    return dia >= Primeiro;
-}
 
 std::size_t LinhaMaisLonga(std::string_view texto) {
     std::size_t maior = 0;
@@ -131,7 +115,7 @@ class Folhas {
                 Abrir();
             }
             for (std::size_t i = 0; i < restos.size(); ++i) {
-                if (primeira && EscreverValor(i, linha.celulas[i], EmNegrito(linha))) {
+                if (primeira && EscreverNumero(i, linha.celulas[i], EmNegrito(linha))) {
                     restos[i] = {};
                 }
                 const auto pedaco = InicioInteiro(restos[i], MaiorTexto);
@@ -144,18 +128,16 @@ class Folhas {
     }
 
     // False for what is no number and no date.
-    bool EscreverValor(std::size_t coluna, const Celula& celula, bool negrito) {
-        const auto escrever = [&](double valor, EstiloDeCelula estilo) {
+    bool EscreverNumero(std::size_t coluna, const Celula& celula, bool negrito) {
+        const auto numero = celula.Numero();
+        if (numero) {
+            const bool quantia = celula.natureza == Natureza::Quantia;
+            auto* const formato =
+                pasta_.Formato(quantia ? EstiloDeCelula::Quantia : EstiloDeCelula::Dia, negrito);
             ConferirPlanilha(worksheet_write_number(folha_, linha_, static_cast<lxw_col_t>(coluna),
-                                                    valor, pasta_.Formato(estilo, negrito)));
-            return true;
-        };
-        if (const auto quantia = celula.Quantia(); quantia && CabeEmNumero(*quantia)) {
-            return escrever(static_cast<double>(Centesimos(*quantia)) / 100,
-                            EstiloDeCelula::Quantia);
+                                                    *numero, formato));
         }
-        const auto dia = celula.Dia();
-        return dia && CabeEmCalendario(*dia) && escrever(dia->Serial(), EstiloDeCelula::Dia);
+        return numero.has_value();
     }
 
     void EscreverTexto(std::size_t coluna, std::string_view texto, EstiloDeCelula estilo,

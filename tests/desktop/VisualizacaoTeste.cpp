@@ -386,7 +386,7 @@ TEST_F(Visualizacao, EveryActionTellsItsShortcutWhereItIsOffered) {
             }
         }
     }
-    EXPECT_EQ(acoes, 34);
+    EXPECT_EQ(acoes, 37);
 }
 
 }  // namespace

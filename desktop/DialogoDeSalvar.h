@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+class QWidget;
+
+namespace tarvo {
+
+// Asks where a file is to be saved, in the user's documents, under that name (without its ending)
+// and as one of those kinds ("Documentos PDF (*.pdf)"), the first one at first; then, on behalf of
+// the window, calls salvar with the file. An error is told over the window.
+void PerguntarOndeSalvar(QWidget* janela, const QString& titulo, const QString& nome,
+                         const QStringList& tipos,
+                         const std::function<void(const QString& arquivo)>& salvar);
+
+}  // namespace tarvo
