@@ -83,8 +83,7 @@ Linha LinhaDaGrade(FuncaoDaLinha funcao, const Lugares& lugares) {
         }
         const Natureza natureza = celula->elemento.natureza;
         if (antes == 0) {
-            const bool comValor = !celula->valor.empty();
-            nova = {celula->texto, comValor ? Natureza::Texto : natureza};
+            nova = {celula->texto, celula->rotulada ? Natureza::Texto : natureza};
         }
         if ((titulo ? antes : depois) == 0 && !celula->valor.empty()) {
             const std::string rotulo = antes == 0 && !nova.texto.empty() ? nova.texto + ": " : "";

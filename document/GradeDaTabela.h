@@ -10,8 +10,9 @@ namespace tarvo {
 
 struct CelulaDaPagina {
     Elemento elemento;
-    std::string texto;  // with the label of a box that has both
-    std::string valor;  // of such a box
+    std::string texto;      // or the label of a box that has both
+    std::string valor;      // of such a box
+    bool rotulada = false;  // the box has a label
 };
 
 struct LinhaDaPagina {

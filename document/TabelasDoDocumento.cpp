@@ -97,6 +97,7 @@ class Percurso {
         CelulaDaPagina celula{.elemento = elementos_[e], .texto = textos_[e], .valor = ""};
         for (const auto filho : filhos_[e]) {
             const bool ehRotulo = elementos_[filho].tipo == TipoElemento::Rotulo;
+            celula.rotulada = celula.rotulada || ehRotulo;
             auto& lado = ehRotulo ? celula.texto : celula.valor;
             const std::string texto = TextoInteiro(filho);
             lado.append(lado.empty() || texto.empty() ? "" : " ").append(texto);
@@ -117,10 +118,17 @@ class Percurso {
         }
     }
 
-    // What the run of labels and values is called: by its first heading, else its first line.
+    // What the run of labels and values is called: by its first section, else by the document's
+    // title, else by its first line.
     [[nodiscard]] std::string NomeDosCampos() const {
-        const auto titulo = std::ranges::find_if(campos_, EhTitulo);
-        const auto& celulas = (titulo != campos_.end() ? *titulo : campos_.front()).linha.celulas;
+        const auto procurar = [this](TipoElemento tipo) {
+            return std::ranges::find(campos_, tipo, [this](const DeFora& campo) {
+                return elementos_[campo.elemento].tipo;
+            });
+        };
+        auto nome = procurar(TipoElemento::Secao);
+        nome = nome != campos_.end() ? nome : procurar(TipoElemento::Titulo);
+        const auto& celulas = (nome != campos_.end() ? *nome : campos_.front()).linha.celulas;
         const bool ambos = !celulas[0].texto.empty() && !celulas[1].texto.empty();
         return celulas[0].texto + (ambos ? " " : "") + celulas[1].texto;
     }
@@ -153,7 +161,7 @@ class Percurso {
         std::vector<LinhaDaPagina> linhas;
         for (const auto& titulo : titulos) {
             linhas.push_back(
-                {FuncaoDaLinha::TituloDeGrupo, {{{}, titulo.linha.celulas[0].texto, ""}}});
+                {FuncaoDaLinha::TituloDeGrupo, {{{}, titulo.linha.celulas[0].texto, "", false}}});
         }
         for (const auto filho : filhos_[e]) {
             auto& linha = linhas.emplace_back();

@@ -32,7 +32,7 @@ struct TARVO_PUBLICO TabelaDoDocumento {
         std::vector<Celula> celulas;                  // one for each column
     };
 
-    std::string nome;  // the heading over it, or else the document's short title
+    std::string nome;  // its heading or the document's short title; others may have it too
     // One for each column, those of several heading rows joined ("Base de cálculo – Contribuinte");
     // all empty where the page has no headings.
     std::vector<std::string> titulos;

@@ -9,6 +9,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Textos.h"
+#include "output/tables/MedidasDaFolha.h"
 #include "output/tables/NomesDeFolhas.h"
 #include "output/tables/PastaDeTrabalho.h"
 
@@ -22,55 +23,9 @@ using Linha = TabelaDoDocumento::Linha;
 constexpr lxw_row_t MaisLinhas = 1'048'576;
 // In bytes, which are never fewer than the two-byte units that spreadsheets count.
 constexpr std::size_t MaiorTexto = 32'767;
-// Widths in characters. A wider text goes on in the next line of its cell.
-constexpr std::size_t MenorLargura = 8;
-constexpr std::size_t MaiorLargura = 60;
-constexpr std::size_t MaiorLarguraDeTitulo = 20;
-
-std::size_t LinhaMaisLonga(std::string_view texto) {
-    std::size_t maior = 0;
-    while (!texto.empty()) {
-        const auto fim = std::min(texto.find('\n'), texto.size());
-        maior = std::max(maior, Caracteres(texto.substr(0, fim)));
-        texto.remove_prefix(std::min(fim + 1, texto.size()));
-    }
-    return maior;
-}
-
-// A group's title runs over the empty cells beside it.
-EstiloDeCelula EstiloDoTexto(const Linha& linha, const Celula& celula) {
-    const bool longo =
-        celula.texto.find('\n') != std::string::npos || LinhaMaisLonga(celula.texto) > MaiorLargura;
-    return celula.natureza == Natureza::Quantia                    ? EstiloDeCelula::Quantia
-           : longo && linha.funcao != FuncaoDaLinha::TituloDeGrupo ? EstiloDeCelula::TextoQuebrado
-                                                                   : EstiloDeCelula::Texto;
-}
 
 bool EmNegrito(const Linha& linha) {
     return linha.funcao != FuncaoDaLinha::Dados;
-}
-
-std::vector<double> Larguras(const TabelaDoDocumento& tabela) {
-    std::vector<std::size_t> caracteres;
-    for (const auto& titulo : tabela.titulos) {
-        caracteres.push_back(
-            std::clamp(LinhaMaisLonga(titulo), MenorLargura, MaiorLarguraDeTitulo));
-    }
-    for (const auto& linha : tabela.linhas) {
-        if (linha.funcao == FuncaoDaLinha::TituloDeGrupo) {
-            continue;
-        }
-        for (std::size_t i = 0; i < linha.celulas.size(); ++i) {
-            caracteres[i] =
-                std::clamp(LinhaMaisLonga(linha.celulas[i].texto), caracteres[i], MaiorLargura);
-        }
-    }
-    constexpr double Folga = 2;
-    std::vector<double> larguras;
-    for (const auto c : caracteres) {
-        larguras.push_back(static_cast<double>(c) + Folga);
-    }
-    return larguras;
 }
 
 // The sheets of one table.
@@ -78,7 +33,7 @@ class Folhas {
   public:
     Folhas(PastaDeTrabalho& pasta, NomesDeFolhas& nomes, std::string_view nome,
            const TabelaDoDocumento& tabela)
-        : pasta_(pasta), nomes_(nomes), nome_(nome), tabela_(tabela), larguras_(Larguras(tabela)) {}
+        : pasta_(pasta), nomes_(nomes), nome_(nome), tabela_(tabela), medidas_(tabela) {}
 
     void Escrever() {
         Abrir();
@@ -91,14 +46,16 @@ class Folhas {
     void Abrir() {
         folha_ = &pasta_.NovaFolha(nomes_.Novo(nome_));
         linha_ = 0;
-        for (std::size_t i = 0; i < larguras_.size(); ++i) {
+        for (std::size_t i = 0; i < tabela_.titulos.size(); ++i) {
             const auto coluna = static_cast<lxw_col_t>(i);
-            ConferirPlanilha(worksheet_set_column(folha_, coluna, coluna, larguras_[i], nullptr));
+            ConferirPlanilha(
+                worksheet_set_column(folha_, coluna, coluna, medidas_.Largura(i), nullptr));
         }
         if (tabela_.TemTitulos()) {
             for (std::size_t i = 0; i < tabela_.titulos.size(); ++i) {
                 EscreverTexto(i, tabela_.titulos[i], EstiloDeCelula::TextoQuebrado, true);
             }
+            DefinirAltura(medidas_.AlturaDosTitulos(tabela_));
             worksheet_freeze_panes(folha_, 1, 0);
             ++linha_;
         }
@@ -120,11 +77,24 @@ class Folhas {
                 }
                 const auto pedaco = InicioInteiro(restos[i], MaiorTexto);
                 restos[i].remove_prefix(pedaco.size());
-                EscreverTexto(i, pedaco, EstiloDoTexto(linha, linha.celulas[i]), EmNegrito(linha));
+                EscreverTexto(i, pedaco, EstiloDoTexto(linha, i), EmNegrito(linha));
             }
+            DefinirAltura(medidas_.Altura(linha));
             primeira = false;
             ++linha_;
         } while (!std::ranges::all_of(restos, [](auto resto) { return resto.empty(); }));
+    }
+
+    EstiloDeCelula EstiloDoTexto(const Linha& linha, std::size_t coluna) const {
+        return linha.celulas[coluna].natureza == Natureza::Quantia ? EstiloDeCelula::Quantia
+               : medidas_.Quebra(linha, coluna)                    ? EstiloDeCelula::TextoQuebrado
+                                                                   : EstiloDeCelula::Texto;
+    }
+
+    void DefinirAltura(double pontos) {
+        if (pontos > 0) {
+            ConferirPlanilha(worksheet_set_row(folha_, linha_, pontos, nullptr));
+        }
     }
 
     // False for what is no number and no date.
@@ -153,7 +123,7 @@ class Folhas {
     NomesDeFolhas& nomes_;
     std::string_view nome_;
     const TabelaDoDocumento& tabela_;
-    std::vector<double> larguras_;
+    MedidasDaFolha medidas_;
     lxw_worksheet* folha_ = nullptr;
     lxw_row_t linha_ = 0;
 };

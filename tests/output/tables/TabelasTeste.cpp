@@ -104,7 +104,7 @@ TEST_F(Tabelas, EverythingThatIsReadStandsOnceInTheReadersOrder) {
               ";\"Nada\nmais;\"\r\n");
     const auto xlsx = apoio::LerXLSX(apoio::ComoXLSX(doc.Registrado()));
     ASSERT_EQ(xlsx.size(), 3U);
-    EXPECT_THAT(xlsx[0][0], ElementsAre("Título", "2", "A2"));
+    EXPECT_THAT(xlsx[0][0], ElementsAre("Contribuinte", "2", "A2"));
     EXPECT_THAT(xlsx[1], ElementsAre(LinhaLida{"Entradas", "4", "A2"},
                                      LinhaLida{"s Data", "s Base de cálculo – Contribuinte",
                                                "s Base de cálculo – Não", "s UF"},
