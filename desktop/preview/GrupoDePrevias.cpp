@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QStandardPaths>
 #include <algorithm>
 
@@ -100,14 +101,15 @@ void GrupoDePrevias::ImprimirTodos(QWidget* janela) {
     for (const auto* previa : abertas_) {
         documentos.push_back(previa->ParaImprimir());
     }
+    const QPointer<QWidget> onde(janela);  // which may go while the queue is waited for
     RodadaDeImpressao todos;
     todos.Comecar();
     Proteger(janela, [&] {
         for (const auto& documento : documentos) {
-            todos.Imprimir(janela, documento, Pergunta::UmaVez);
+            todos.Imprimir(onde, documento, Pergunta::UmaVez);
         }
     });
-    todos.Concluir(janela);
+    todos.Concluir(onde);
 }
 
 QString GrupoDePrevias::NomeDeArquivo() const {

@@ -85,11 +85,13 @@ void JanelaVisualizacao::CriarBarraDeEstado() {
 }
 
 void JanelaVisualizacao::CriarPainel() {
+    constexpr int Largura = 210;  // pixels, until the user chooses another
     painel_ = new PainelLateral(this);
     painel_->aoEscolher = [this](int pagina, const QRectF& lugar) {
         lugar.isNull() ? vista_->IrPara(pagina) : vista_->Revelar(pagina, lugar);
     };
     addDockWidget(Qt::LeftDockWidgetArea, painel_);
+    resizeDocks({painel_}, {Largura}, Qt::Horizontal);
     painel_->hide();
     auto& acao = acoes_[Acao::Painel];
     Ligar(&acao, &QAction::toggled, painel_,

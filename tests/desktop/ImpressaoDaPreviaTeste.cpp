@@ -97,6 +97,27 @@ TEST_F(ImpressaoDaPrevia, WithoutADefaultPrinterARunAsksOnceAndSaysWhatWentWhere
     EXPECT_TRUE(apoio::Abertas<QMessageBox>().empty());
 }
 
+TEST_F(ImpressaoDaPrevia, AllThatIsOpenIsPrintedAfterOneQuestion) {
+    DocumentoRelatorio outro(ambiente);
+    apoio::MontarTabela(outro, 2);
+    documento.DefinirTituloResumido("todos-a");
+    outro.DefinirTituloResumido("todos-b");
+    documento.Exibir();
+    outro.Exibir();
+    auto* janela = Abertas()[0];
+    janela->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(janela));
+    QTimer::singleShot(0, [] { Perguntado(u"Direta"_s).accept(); });
+    QTest::keyClick(janela->findChild<QWidget*>(u"paginas"_s), Qt::Key_P,
+                    Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(servico->Chegada("todos-a").empty());
+    EXPECT_FALSE(servico->Chegada("todos-b").empty());
+    const auto ditas = apoio::Abertas<QMessageBox>();
+    ASSERT_EQ(ditas.size(), 1U);
+    EXPECT_THAT(ditas[0]->text().toStdString(), HasSubstr("todos-b (Direta)"));
+    ditas[0]->close();
+}
+
 TEST_F(ImpressaoDaPrevia, WhatTheDialogShowsIsDoneAndWhatTheQueueCannotDoIsHidden) {
     documento.DefinirTituloResumido("escolhidas");
     documento.Exibir();
