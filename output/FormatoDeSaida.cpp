@@ -76,7 +76,7 @@ ResultadoDaSaida GravarPaginas(std::span<const DocumentoDeSaida> documentos,
                                const std::filesystem::path& pasta, std::string_view nome,
                                const OpcoesDeSaida& opcoes) {
     std::string pdf;
-    auto resultado = EscreverComoPDF(documentos, {.pdf = {.semEstrutura = true}},
+    auto resultado = EscreverComoPDF(documentos, {.pdf = {.semEstrutura = true, .dpi = opcoes.dpi}},
                                      [&](std::string_view bytes) { pdf += bytes; });
     resultado.arquivos = GravarPNG(pdf, pasta, nome, opcoes.dpi, opcoes.pastaDeEspera);
     return resultado;

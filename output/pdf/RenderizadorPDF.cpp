@@ -19,8 +19,9 @@ using namespace pdf;
 
 class Renderizacao {
   public:
-    explicit Renderizacao(const DestinoPDF& destino)
-        : escritor_(destino),
+    Renderizacao(const DestinoPDF& destino, const OpcoesPDF& opcoes)
+        : opcoes_(opcoes),
+          escritor_(destino),
           recursos_(escritor_),
           arvore_(escritor_),
           objetoRecursos_(escritor_.Reservar()),
@@ -32,7 +33,7 @@ class Renderizacao {
 
     void Acrescentar(const SecaoPDF& secao) {
         const Conteudo& conteudo = *secao.conteudo;
-        PaginaPDF pagina(recursos_, conteudo);
+        PaginaPDF pagina(recursos_, conteudo, opcoes_.dpi);
         std::string mediaBox = "/MediaBox[0 0 ";
         AnexarOperandos(mediaBox, DeCm(conteudo.LarguraPapel()), DeCm(conteudo.AlturaPapel()));
         mediaBox.back() = ']';
@@ -82,6 +83,7 @@ class Renderizacao {
                                      Referencia(fluxo) + ">>");
     }
 
+    OpcoesPDF opcoes_;
     EscritorPDF escritor_;
     Recursos recursos_;
     ArvoreDePaginas arvore_;
@@ -103,8 +105,8 @@ void PrepararFontes() {
 }
 
 ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino,
-                           const OpcoesPDF& /*opcoes*/) {
-    Renderizacao renderizacao(destino);
+                           const OpcoesPDF& opcoes) {
+    Renderizacao renderizacao(destino, opcoes);
     for (const auto& secao : secoes) {
         renderizacao.Acrescentar(secao);
     }

@@ -37,6 +37,9 @@ struct SecaoPDF {
 
 struct OpcoesPDF {
     bool semEstrutura = false;  // leaves out the tags: smaller, and unreadable for screen readers
+    // For a file that pictures of so many pixels an inch are made of: frames are moved onto their
+    // pixels, so that those of one thickness look alike. 0 for none.
+    int dpi = 0;
 };
 
 // Takes the bytes of the file in order; throws to stop the rendering.

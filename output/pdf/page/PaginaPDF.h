@@ -9,6 +9,7 @@
 #include "output/pdf/page/FigurasPDF.h"
 #include "output/pdf/page/Formas.h"
 #include "output/pdf/page/FormulariosPDF.h"
+#include "output/pdf/page/Grade.h"
 #include "output/pdf/page/OperadoresDePagina.h"
 #include "output/pdf/page/Papel.h"
 #include "output/pdf/page/TextosDaPagina.h"
@@ -34,9 +35,11 @@ struct Recursos {
 // any part of an earlier text or picture in another colour is drawn after it, as recorded.
 class PaginaPDF {
   public:
-    PaginaPDF(Recursos& recursos, const Conteudo& conteudo)
+    // dpi: see OpcoesPDF.
+    PaginaPDF(Recursos& recursos, const Conteudo& conteudo, int dpi)
         : recursos_(recursos),
           papel_(conteudo),
+          grade_(dpi, DeCm(conteudo.AlturaPapel())),
           operadores_(recursos.fontes),
           textos_(recursos.fontes, conteudo, operadores_, ocupadas_) {}
     PaginaPDF(const PaginaPDF&) = delete;
@@ -50,7 +53,7 @@ class PaginaPDF {
   private:
     template <class F>
     void Desenhar(const F& forma) {
-        Acrescentar(FazerForma(forma, papel_.LugarDe(forma)));
+        Acrescentar(grade_.Ajustar(FazerForma(forma, papel_.LugarDe(forma))));
     }
     void Desenhar(const Figura& figura);
     void Desenhar(const Texto& texto) { textos_.Escrever(texto); }
@@ -62,6 +65,7 @@ class PaginaPDF {
 
     Recursos& recursos_;
     Papel papel_;
+    Grade grade_;
 
     // The layer: shapes, and the texts and pictures that come over them.
     std::vector<Forma> formas_;

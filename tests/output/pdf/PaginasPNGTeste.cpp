@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <cmath>
 #include <csignal>
 #include <fstream>
+#include <map>
 
+#include "document/QuadroPagina.h"
 #include "tests/output/pdf/ApoioPDF.h"
 
 namespace tarvo {
@@ -36,6 +39,33 @@ TEST(PaginasPNG, EveryPageIsAPictureInTheWantedResolution) {
                                             "%[pixel:p{137,137}]' info:");
     EXPECT_THAT(lida, testing::HasSubstr("827 x 1169, x_res=3937, y_res=3937, units=1: "
                                          "srgb(0,128,128) srgb(255,255,255)"));
+}
+
+TEST(PaginasPNG, FramesOfOneThicknessHaveOneThicknessAtEveryResolution) {
+    const apoio::PastaTemporaria pasta;
+    const Conteudo conteudo = Documento([](DocumentoRelatorio& doc) {
+        for (int linha = 0; linha < 40; ++linha) {
+            DesenharMoldura(doc, 0, linha * 0.6, 17.0 / 3, 0.6);
+            DesenharMoldura(doc, 17.0 / 3, linha * 0.6, 17.0 / 3, 0.6);
+        }
+    });
+    for (const int dpi : {72, 96, 110, 150, 200, 300, 600}) {
+        std::string pdf;
+        RenderizarPDF(conteudo, pdf, {.dpi = dpi});
+        const auto arquivos = GravarPNG(pdf, pasta.Caminho(), "x", dpi);
+        // One column of pixels, at 2.5 cm: the runs that are not white.
+        const std::string coluna = apoio::SaidaDe(
+            "convert " + arquivos.front().caminho.string() + " -crop 1x0+" +
+            std::to_string(static_cast<int>(2.5 / 2.54 * dpi)) + "+0 -depth 8 gray:-");
+        std::map<std::string, int> linhas;
+        for (std::size_t i = coluna.find_first_not_of('\xFF'); i != std::string::npos;) {
+            const auto fim = coluna.find('\xFF', i);
+            ++linhas[coluna.substr(i, fim - i)];
+            i = coluna.find_first_not_of('\xFF', fim);
+        }
+        const auto pontos = static_cast<std::size_t>(std::max(1L, std::lround(dpi * 0.5 / 72)));
+        EXPECT_EQ(linhas, (std::map<std::string, int>{{std::string(pontos, '\0'), 41}})) << dpi;
+    }
 }
 
 TEST(PaginasPNG, OnlyPicturesThatFollowTheLastPageAreThoseOfAnEarlierRun) {
