@@ -1,22 +1,13 @@
 #include "databases/BancoEmMemoria.h"
 
-#include "data/LeitoresDeCampo.h"
 #include "tests/support/Apoio.h"
 
 namespace tarvo {
 namespace {
 
 using apoio::ErroDe;
+using apoio::Linhas;
 using apoio::NumeroDe;
-
-std::vector<std::string> Textos(BancoDados& banco, const std::string& consulta) {
-    std::vector<std::string> textos;
-    const auto rs = banco.OpenRecordset(consulta, TipoRecordset::ForwardOnly);
-    for (; !rs->EOF_(); rs->MoveNext()) {
-        textos.push_back(TextoCampo(rs->Fields(0)));
-    }
-    return textos;
-}
 
 TEST(BancoEmMemoria, GivesRowsInTheirOrderAsTheColumnsTypes) {
     BancoEmMemoria banco;
@@ -24,14 +15,14 @@ TEST(BancoEmMemoria, GivesRowsInTheirOrderAsTheColumnsTypes) {
     banco.Linha({7, "1.234,56", Data::DeCivil({.ano = 2003, .mes = 7, .dia = 1}), true});
     banco.Linha({std::string("7"), 0.00005, "31/12/2003", 1});
     banco.Linha({7, Moeda::DeDecimosMilesimos(INT64_MAX), Nulo{}, Nulo{}});
-    EXPECT_THAT(Textos(banco, "select Valor from tblPagamento where NroDRQ = 7"),
+    EXPECT_THAT(Linhas(banco, "select Valor from tblPagamento where NroDRQ = 7"),
                 testing::ElementsAre("1234,56", "0", "922337203685477,5807"));
-    EXPECT_THAT(Textos(banco, "select Data from tblPagamento where OpPróprias = TRUE"),
+    EXPECT_THAT(Linhas(banco, "select Data from tblPagamento where OpPróprias = TRUE"),
                 testing::ElementsAre("01/07/2003", "31/12/2003"));
     // More may follow at any time.
     banco.Linha({8, 1, Nulo{}, false});
-    EXPECT_EQ(Textos(banco, "select Valor from tblPagamento").size(), 4);
-    EXPECT_TRUE(Textos(banco, "select Linha from tblResumoCFOPsEntradas").empty());
+    EXPECT_EQ(Linhas(banco, "select Valor from tblPagamento").size(), 4);
+    EXPECT_TRUE(Linhas(banco, "select Linha from tblResumoCFOPsEntradas").empty());
 }
 
 TEST(BancoEmMemoria, RefusesWhatTheSchemaDoesNotHaveAndNeverInventsAValue) {
@@ -43,11 +34,11 @@ TEST(BancoEmMemoria, RefusesWhatTheSchemaDoesNotHaveAndNeverInventsAValue) {
     EXPECT_EQ(NumeroDe([&] { banco.Tabela("tblDRQ", {"NroDRQ"}); }), NumeroErro::OperacaoInvalida);
     EXPECT_EQ(NumeroDe([&] { banco.Linha({1}); }), NumeroErro::OperacaoInvalida);
     banco.Linha({1, "1e5"});
-    EXPECT_EQ(NumeroDe([&] { Textos(banco, "select RegTrib from tblDRQ"); }),
+    EXPECT_EQ(NumeroDe([&] { Linhas(banco, "select RegTrib from tblDRQ"); }),
               NumeroErro::ColunaDesconhecida);
-    EXPECT_EQ(NumeroDe([&] { Textos(banco, "select NroDRQ from tblPagamento"); }),
+    EXPECT_EQ(NumeroDe([&] { Linhas(banco, "select NroDRQ from tblPagamento"); }),
               NumeroErro::TabelaInexistente);
-    const Erro erro = ErroDe([&] { Textos(banco, "select DeduçõesRPA from tblDRQ"); });
+    const Erro erro = ErroDe([&] { Linhas(banco, "select DeduçõesRPA from tblDRQ"); });
     EXPECT_EQ(erro.Numero(), NumeroErro::ConversaoDeDado);
     EXPECT_THAT(erro.Descricao(), testing::HasSubstr("1e5"));
 }

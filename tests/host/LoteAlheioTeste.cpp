@@ -9,15 +9,6 @@
 namespace tarvo::host {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-using testing::StartsWith;
-
 // What is not the batch's own, and what stands in its way.
 class LoteAlheio : public ComLote {
   protected:

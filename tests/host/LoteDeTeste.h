@@ -12,6 +12,16 @@
 // Batches over the example database.
 namespace tarvo::host {
 
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
 class ComLote : public ComExemplo {
   protected:
     [[nodiscard]] std::vector<std::string> Argumentos(std::vector<std::string> outros = {}) const {

@@ -7,13 +7,6 @@
 namespace tarvo::host {
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-using testing::StartsWith;
-
 class LoteEmPartes : public ComLote {
   protected:
     [[nodiscard]] std::vector<std::string> Parte(const std::string& parte) const {

@@ -16,12 +16,6 @@ std::string Identidade(const fs::path& arquivo) {
 
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::StartsWith;
-
 class LoteQueParou : public ComLote {
   protected:
     // Of the files that the summary says are complete.

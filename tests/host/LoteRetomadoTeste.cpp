@@ -6,16 +6,6 @@
 namespace tarvo::host {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::Each;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-using testing::StartsWith;
-
 // What a second run makes again of a finished batch of the reports 02 and 17 of one taxpayer, and
 // what it says.
 class LoteRetomado : public ComLote {

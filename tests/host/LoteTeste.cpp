@@ -3,14 +3,6 @@
 namespace tarvo::host {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-
 class Lote : public ComLote {};
 
 TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {

@@ -47,9 +47,9 @@ BancoDeTeste::BancoDeTeste(std::string_view script) {
     banco_ = BancoSQLite::Abrir(Arquivo());
 }
 
-std::vector<std::string> BancoDeTeste::Linhas(std::string_view consulta, int colunas) {
+std::vector<std::string> Linhas(BancoDados& banco, std::string_view consulta, int colunas) {
     std::vector<std::string> linhas;
-    const auto rs = banco_->OpenRecordset(consulta, TipoRecordset::ForwardOnly);
+    const auto rs = banco.OpenRecordset(consulta, TipoRecordset::ForwardOnly);
     for (; !rs->EOF_(); rs->MoveNext()) {
         std::string linha;
         for (int i = 0; i < colunas; ++i) {

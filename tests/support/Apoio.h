@@ -36,6 +36,9 @@ std::string BytesDe(const std::filesystem::path& arquivo);
 // What a shell command writes, errors too; the test fails unless it ends with zero.
 std::string SaidaDe(const std::string& comando);
 
+// All rows of a query, each as its first columns' texts joined with "|"; Null reads as "(nulo)".
+std::vector<std::string> Linhas(BancoDados& banco, std::string_view consulta, int colunas = 1);
+
 // A declaration database in a file of its own, filled by a script of SQLite's dialect (Currency
 // columns hold ten-thousandths).
 class BancoDeTeste {
@@ -45,8 +48,9 @@ class BancoDeTeste {
     BancoSQLite* operator->() { return banco_.get(); }
     void Executar(std::string_view script) { banco_->ExecutarScript(script); }
     [[nodiscard]] std::filesystem::path Arquivo() const { return pasta_ / "teste.tarvo"; }
-    // All rows of a query, each as its columns' texts joined with "|"; Null reads as "(nulo)".
-    std::vector<std::string> Linhas(std::string_view consulta, int colunas);
+    std::vector<std::string> Linhas(std::string_view consulta, int colunas) {
+        return apoio::Linhas(*banco_, consulta, colunas);
+    }
 
   private:
     PastaTemporaria pasta_;
