@@ -1,6 +1,7 @@
 #include "review/Leitura.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "data/LeitoresDeCampo.h"
 
@@ -27,8 +28,11 @@ Leitura::Leitura(BancoDados& banco, std::string_view tabela, Colunas colunas,
           banco.OpenRecordset(Consulta(tabela, colunas, condicao), TipoRecordset::ForwardOnly)) {}
 
 Valor Leitura::Ler(std::string_view coluna) const {
-    return linhas_->Fields(
-        static_cast<int>(std::ranges::find(colunas_, coluna) - colunas_.begin()));
+    // Mostly the very same constant.
+    const auto achada = std::ranges::find_if(colunas_, [&](std::string_view c) {
+        return c.size() == coluna.size() && (c.data() == coluna.data() || c == coluna);
+    });
+    return linhas_->Fields(static_cast<int>(achada - colunas_.begin()));
 }
 
 bool Leitura::Nulo(std::string_view coluna) const {
@@ -59,11 +63,19 @@ std::string DaDeclaracao(std::int32_t NroDRQ) {
 void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
                   const std::set<std::string>& valores,
                   const std::function<void(const Leitura&)>& receber) {
-    constexpr std::size_t PorConsulta = 100;
+    constexpr std::size_t PorConsulta = 64;
+    std::size_t restam = valores.size();
     for (auto valor = valores.begin(); valor != valores.end();) {
+        // Few lengths make few queries, which an engine can keep ready: the last value stands there
+        // until one is reached.
+        const std::size_t termos = std::min(PorConsulta, std::bit_ceil(restam));
         std::string condicao;
-        for (std::size_t i = 0; i < PorConsulta && valor != valores.end(); ++i, ++valor) {
+        for (std::size_t i = 0; i < termos; ++i) {
             condicao.append(i == 0 ? "" : " Or ").append(colunas[0]).append(" = ").append(*valor);
+            if (restam > 1 || i + 1 == termos) {
+                ++valor;
+                --restam;
+            }
         }
         for (Leitura linha(banco, tabela, colunas, condicao); !linha.Fim(); linha.Proxima()) {
             receber(linha);

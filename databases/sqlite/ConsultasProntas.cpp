@@ -26,7 +26,8 @@ bool EhDigito(char c) {
 // Reads a query as the lexer does, as far as telling its literals apart needs it.
 class LeitorDeFormato {
   public:
-    explicit LeitorDeFormato(std::string_view consulta) : consulta_(consulta) {
+    explicit LeitorDeFormato(std::string_view consulta)
+        : consulta_(consulta), agrupa_(Agrupa(consulta)) {
         formato_.texto.reserve(consulta.size());
     }
 
@@ -87,11 +88,13 @@ class LeitorDeFormato {
 
     void Juntar(std::string_view texto, bool numero) {
         auto& literais = formato_.literais;
-        const auto igual = std::ranges::find_if(literais, [&](const LiteralComparado& l) {
-            return l.numero == numero && l.texto == texto;
-        });
-        const int parametro =
-            igual != literais.end() ? igual->parametro : static_cast<int>(literais.size()) + 1;
+        int parametro = static_cast<int>(literais.size()) + 1;
+        if (agrupa_) {
+            const auto igual = std::ranges::find_if(literais, [&](const LiteralComparado& l) {
+                return l.numero == numero && l.texto == texto;
+            });
+            parametro = igual != literais.end() ? igual->parametro : parametro;
+        }
         formato_.texto += Lugar;
         formato_.texto += numero ? 'n' : static_cast<char>('0' + static_cast<int>(LetrasDe(texto)));
         formato_.texto += std::to_string(parametro);
@@ -99,7 +102,16 @@ class LeitorDeFormato {
         literais.push_back({i_, texto, numero, parametro});
     }
 
+    // Whether it may have a GROUP BY, in which equal expressions must stay equal.
+    static bool Agrupa(std::string_view consulta) {
+        constexpr std::string_view Group = "GROUP";
+        return !std::ranges::search(consulta, Group, {}, [](char c) {
+                    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+                }).empty();
+    }
+
     std::string_view consulta_;
+    bool agrupa_;
     std::size_t i_ = 0;
     FormatoDeConsulta formato_;
 };

@@ -20,7 +20,7 @@ struct LiteralComparado {
     std::size_t posicao = 0;  // byte offset in the query
     std::string_view texto;   // as it is written there, without its quotes
     bool numero = false;
-    int parametro = 0;  // from 1; equal literals have the same
+    int parametro = 0;  // from 1; equal literals of a query with groups have the same
 };
 
 // A query's text without the literals that parameters can stand for. What the translation depends
