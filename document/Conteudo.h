@@ -89,9 +89,19 @@ struct Margens {
 constexpr double LarguraA4 = 21.0;
 constexpr double AlturaA4 = 29.7;
 
+// Whose document it is, as its files say of themselves; what a document does not have is empty.
+struct Identificacao {
+    std::string contribuinte;  // name
+    std::string IE;
+    std::string declaracao;  // number
+    std::string referencia;  // "07/2003", "01 a 12/2003"
+    friend bool operator==(const Identificacao&, const Identificacao&) = default;
+};
+
 struct Conteudo {
     std::string titulo;
     std::string tituloResumido;
+    Identificacao identificacao;
     const Imagem* icone = nullptr;
     std::int32_t orientacao = 0;  // 0 portrait, 1 landscape
     Margens margens;

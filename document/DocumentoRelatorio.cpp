@@ -62,6 +62,10 @@ void DocumentoRelatorio::DefinirIcone(const Imagem& figura) {
     conteudo_.icone = &figura;
 }
 
+void DocumentoRelatorio::DefinirIdentificacao(const Identificacao& identificacao) {
+    conteudo_.identificacao = identificacao;
+}
+
 void DocumentoRelatorio::DefinirOrientacao(std::int32_t orientacao) {
     RecusarSeDesenhado();
     if (orientacao != 0 && orientacao != 1) {

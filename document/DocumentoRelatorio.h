@@ -36,6 +36,7 @@ class TARVO_PUBLICO DocumentoRelatorio {
     void DefinirTitulo(std::string_view titulo);
     void DefinirTituloResumido(std::string_view titulo);
     void DefinirIcone(const Imagem& figura);
+    void DefinirIdentificacao(const Identificacao& identificacao);
     // What a preview says beside the pages (see Conteudo::avisos).
     void DefinirAvisos(std::vector<std::string> avisos) { conteudo_.avisos = std::move(avisos); }
     // Keeps the place of an operation of the interface that nothing calls.

@@ -193,6 +193,13 @@ void ImprimirIdentificacao(DocumentoRelatorio& doc, const EstiloCabecalho& estil
     const double W = estilo.largura;
     const double T = y + estilo.yIdentificacao;
     const std::string regime = TextoCampo(identificacao.Fields("RegTrib"));
+    if (doc.Registrado().paginas.size() == 1) {
+        doc.DefinirIdentificacao(
+            {.contribuinte = TextoCampo(identificacao.Fields("RazãoSocial")),
+             .IE = TextoCampo(identificacao.Fields("tblContribuinte.IE")),
+             .declaracao = std::to_string(LongCampo(identificacao.Fields("NroDRQ"))),
+             .referencia = Referencia(identificacao, regime)});
+    }
 
     Celula(doc, {.tipo = TipoElemento::Secao}, TituloIdentificacao, x, T, W, 0.6, "Contribuinte");
     CelulaRotulada(doc, Campo, x, T + 0.6, W, 0.6, "Razão Social",

@@ -60,6 +60,11 @@ void RelatorioCadastro::Desenhar(BancoDados& banco, const std::string& IE,
         banco.OpenRecordset(ConsultaContribuinte(IE), TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (!contribuinte->EOF_()) {
+        Desenho().DefinirIdentificacao(
+            {.contribuinte = TextoCampo(contribuinte->Fields("RazãoSocial")),
+             .IE = TextoCampo(contribuinte->Fields("IE")),
+             .declaracao = "",
+             .referencia = ""});
         ImprimirTopo(Desenho(), Cabecalho, 0, 0, nullptr);
         ImprimirCadastro(*contribuinte, 0, 4.2);
         ImprimirRodape(Desenho(), 0, YRodape);

@@ -316,6 +316,10 @@ void RelatorioVELO::Construir(BancoDados& banco) {
     const auto dados = banco.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (!dados->EOF_()) {
+        Desenho().DefinirIdentificacao({.contribuinte = TextoCampo(dados->Fields("Contribuinte")),
+                                        .IE = TextoCampo(dados->Fields("IE")),
+                                        .declaracao = "",
+                                        .referencia = TextoCampo(dados->Fields("Referência"))});
         Guia(Desenho(), *dados, 0, YViaContribuinte, true).Imprimir("VIA CONTRIBUINTE");
         Guia(Desenho(), *dados, 0, YViaBanco, false).Imprimir("VIA BANCO");
     }

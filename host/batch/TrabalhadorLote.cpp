@@ -210,7 +210,7 @@ TrabalhadorLote::Construidos TrabalhadorLote::Construir(const Producao& p, const
                 codigo, *banco_, {p.declaracao.IE, p.declaracao.NroDRQ}, ambiente));
             auto& documento = c.documentos.emplace_back(DocumentoDe(*c.relatorios.back()));
             if (lote_.argumentos.unico) {
-                documento.marcador = codigo + " - " + documento.conteudo->tituloResumido;
+                documento.marcador = codigo + " - " + documento.conteudo->titulo;
             }
             c.codigos.push_back(codigo);
         });

@@ -1,13 +1,18 @@
 #include "output/pdf/RenderizadorPDF.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "data/Formatos.h"
 #include "document/Momento.h"
+#include "output/pdf/PropriedadesDoArquivo.h"
 #include "output/pdf/file/ArvoreDePaginas.h"
 #include "output/pdf/file/EscritorPDF.h"
 #include "output/pdf/file/Metadados.h"
 #include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/file/Sumario.h"
 #include "output/pdf/page/PaginaPDF.h"
+#include "output/pdf/structure/ArvoreDeEstrutura.h"
 #include "output/pdf/text/Face.h"
 #include "system/files/GravacaoSegura.h"
 
@@ -19,9 +24,11 @@ using namespace pdf;
 
 class Renderizacao {
   public:
-    Renderizacao(const DestinoPDF& destino, const OpcoesPDF& opcoes)
+    Renderizacao(std::span<const SecaoPDF> secoes, const DestinoPDF& destino,
+                 const OpcoesPDF& opcoes)
         : opcoes_(opcoes),
           escritor_(destino),
+          secoes_(secoes),
           recursos_(escritor_),
           arvore_(escritor_),
           objetoRecursos_(escritor_.Reservar()),
@@ -29,27 +36,20 @@ class Renderizacao {
         const Data data = Data::DeCivil(momento_.civil);
         substituicoes_.data = FormatarData(data);
         substituicoes_.hora = FormatarHora(data);
-    }
-
-    void Acrescentar(const SecaoPDF& secao) {
-        const Conteudo& conteudo = *secao.conteudo;
-        PaginaPDF pagina(recursos_, conteudo, opcoes_.dpi);
-        std::string mediaBox = "/MediaBox[0 0 ";
-        AnexarOperandos(mediaBox, DeCm(conteudo.LarguraPapel()), DeCm(conteudo.AlturaPapel()));
-        mediaBox.back() = ']';
-        substituicoes_.paginas = std::to_string(conteudo.paginas.size());
-        for (std::size_t i = 0; i < conteudo.paginas.size(); ++i) {
-            substituicoes_.pagina = std::to_string(i + 1);
-            const int objeto = escritor_.Reservar();
-            if (i == 0) {
-                marcadores_.push_back({secao.marcador, objeto});
-            }
-            AcrescentarPagina(objeto, mediaBox, pagina, conteudo.paginas[i]);
+        if (!opcoes.semEstrutura && std::all_of(secoes.begin(), secoes.end(), [](const auto& s) {
+                return TemEstrutura(*s.conteudo);
+            })) {
+            estrutura_.emplace(escritor_, secoes.size() == 1);
         }
     }
 
-    ResultadoPDF Terminar(std::string_view titulo) {
-        const Metadados metadados = EscreverMetadados(escritor_, titulo, momento_);
+    ResultadoPDF Renderizar() {
+        for (const auto& secao : secoes_) {
+            Acrescentar(secao);
+        }
+        Propriedades propriedades = PropriedadesDe(secoes_);
+        propriedades.comEstrutura = estrutura_.has_value();
+        const Metadados metadados = EscreverMetadados(escritor_, propriedades, momento_);
         std::string recursos = "<</Font<<" + recursos_.fontes.Embutir();
         recursos += ">>/XObject<<" + recursos_.figuras.Recursos() + recursos_.fileiras.Recursos() +
                     recursos_.paginas.Recursos() + ">>>>";
@@ -59,9 +59,15 @@ class Renderizacao {
         catalogo += "/Metadata " + Referencia(metadados.xmp);
         catalogo += "/OutputIntents[" + Referencia(metadados.intencao) + "]";
         catalogo += "/Lang(pt-BR)/ViewerPreferences<</PrintScaling/None/DisplayDocTitle true>>";
+        if (estrutura_.has_value()) {
+            catalogo +=
+                "/MarkInfo<</Marked true>>/StructTreeRoot " + Referencia(estrutura_->Terminar());
+        }
+        if (secoes_.size() > 1) {
+            catalogo += "/PageMode/UseOutlines/PageLabels<</Nums[" + rotulos_ + "]>>";
+        }
         if (marcadores_.size() > 1) {
-            catalogo += "/PageMode/UseOutlines/Outlines " +
-                        Referencia(EscreverSumario(escritor_, marcadores_));
+            catalogo += "/Outlines " + Referencia(EscreverSumario(escritor_, marcadores_));
         }
         escritor_.Objeto(raiz, catalogo + ">>");
         escritor_.Terminar(raiz, metadados.informacao);
@@ -69,28 +75,92 @@ class Renderizacao {
     }
 
   private:
-    void AcrescentarPagina(int objeto, const std::string& mediaBox, PaginaPDF& pagina,
-                           const Pagina& primitivas) {
+    void Acrescentar(const SecaoPDF& secao) {
+        const Conteudo& conteudo = *secao.conteudo;
+        rotulos_ += std::to_string(resultado_.paginas) + "<</S/D>>";
+        if (estrutura_.has_value()) {
+            estrutura_->IniciarDocumento(conteudo);
+        }
+        PaginaPDF pagina(recursos_, conteudo,
+                         estrutura_.has_value() ? &estrutura_->Colocados() : nullptr, opcoes_.dpi);
+        std::string formato = "/MediaBox[0 0 ";
+        AnexarOperandos(formato, DeCm(conteudo.LarguraPapel()), DeCm(conteudo.AlturaPapel()));
+        formato.back() = ']';
+        formato += "/Resources " + Referencia(objetoRecursos_);
+        substituicoes_.paginas = std::to_string(conteudo.paginas.size());
+        for (std::size_t i = 0; i < conteudo.paginas.size(); ++i) {
+            substituicoes_.pagina = std::to_string(i + 1);
+            const int objeto = escritor_.Reservar();
+            if (i == 0 && secoes_.size() > 1) {
+                marcadores_.push_back(
+                    {secao.marcador, objeto, DeCm(conteudo.AlturaPapel()), false});
+            }
+            MarcarSecoes(conteudo, i, objeto);
+            AcrescentarPagina(objeto, formato, pagina, conteudo, i);
+        }
+        if (estrutura_.has_value()) {
+            estrutura_->EncerrarDocumento();
+        }
+    }
+
+    // The outline's entries for the headings on a page.
+    void MarcarSecoes(const Conteudo& conteudo, std::size_t pagina, int objeto) {
+        const Papel papel(conteudo);
+        const auto& [elementos, donos] = conteudo.estrutura;
+        std::uint32_t ultima = Estrutura::Decoracao;
+        for (std::size_t i = 0; pagina < donos.size() && i < donos[pagina].size(); ++i) {
+            const auto dono = donos[pagina][i];
+            if (dono >= elementos.size() || elementos[dono].tipo != TipoElemento::Secao) {
+                continue;
+            }
+            const auto* const texto = std::get_if<Texto>(&conteudo.paginas[pagina].at(i));
+            if (texto == nullptr || texto->texto.empty()) {
+                continue;
+            }
+            if (dono == ultima) {
+                marcadores_.back().titulo += " " + texto->texto;
+            } else {
+                marcadores_.push_back(
+                    {texto->texto, objeto, papel.LugarDe(*texto).topo, secoes_.size() > 1});
+                ultima = dono;
+            }
+        }
+    }
+
+    void AcrescentarPagina(int objeto, const std::string& formato, PaginaPDF& pagina,
+                           const Conteudo& conteudo, std::size_t i) {
+        const auto& donos = conteudo.estrutura.donos;
         const int fluxo = escritor_.Reservar();
-        escritor_.Fluxo(fluxo, "", pagina.Desenhar(primitivas, substituicoes_));
+        const auto marcas = estrutura_.has_value() ? std::span<const std::uint32_t>(donos[i])
+                                                   : std::span<const std::uint32_t>();
+        // A short file as small as can be, a long one soon.
+        constexpr std::size_t PoucasPaginas = 50;
+        escritor_.Fluxo(fluxo, "", pagina.Desenhar(conteudo.paginas[i], marcas, substituicoes_),
+                        resultado_.paginas < PoucasPaginas ? Empenho::Tamanho : Empenho::Tempo);
         ++resultado_.paginas;
         for (const auto& [onde, texto] : pagina.Cortes()) {
             resultado_.cortados.push_back({resultado_.paginas, onde, texto});
         }
-        const int pai = arvore_.Acrescentar(objeto);
-        escritor_.Objeto(objeto, "<</Type/Page/Parent " + Referencia(pai) + mediaBox +
-                                     "/Resources " + Referencia(objetoRecursos_) + "/Contents " +
-                                     Referencia(fluxo) + ">>");
+        std::string corpo = "<</Type/Page/Parent " + Referencia(arvore_.Acrescentar(objeto)) +
+                            formato + "/Contents " + Referencia(fluxo);
+        if (estrutura_.has_value()) {
+            corpo += "/Tabs/S/StructParents " +
+                     std::to_string(estrutura_->AcrescentarPagina(objeto, pagina.Marcado()));
+        }
+        escritor_.Objeto(objeto, corpo + ">>");
     }
 
     OpcoesPDF opcoes_;
     EscritorPDF escritor_;
+    std::span<const SecaoPDF> secoes_;
     Recursos recursos_;
     ArvoreDePaginas arvore_;
     int objetoRecursos_;
+    std::optional<ArvoreDeEstrutura> estrutura_;
     Momento momento_;
     Substituicoes substituicoes_;
     std::vector<Marcador> marcadores_;
+    std::string rotulos_;  // of the pages, as they are printed
     ResultadoPDF resultado_;
 };
 
@@ -106,12 +176,7 @@ void PrepararFontes() {
 
 ResultadoPDF RenderizarPDF(std::span<const SecaoPDF> secoes, const DestinoPDF& destino,
                            const OpcoesPDF& opcoes) {
-    Renderizacao renderizacao(destino, opcoes);
-    for (const auto& secao : secoes) {
-        renderizacao.Acrescentar(secao);
-    }
-    return renderizacao.Terminar(secoes.empty() ? std::string_view()
-                                                : secoes.front().conteudo->titulo);
+    return Renderizacao(secoes, destino, opcoes).Renderizar();
 }
 
 ResultadoPDF RenderizarPDF(const Conteudo& conteudo, std::string& bytes, const OpcoesPDF& opcoes) {

@@ -12,7 +12,8 @@
 #include "data/Publico.h"
 #include "document/Conteudo.h"
 
-// The one rendering of report documents: a PDF/A-2u file that preview, printer and archive share.
+// The one rendering of report documents, which preview, printer and archive share: a PDF/A-2a and
+// PDF/UA-1 file, whose tags say what its pages show, or without them a PDF/A-2u file.
 namespace tarvo {
 
 // A text that did not fit its box even at 60 % and was cut with "…", or that has a character that
@@ -28,15 +29,17 @@ struct ResultadoPDF {
     std::vector<TextoCortado> cortados;  // in the order of the pages
 };
 
-// One document of a file; a file of several gets an outline (bookmarks) of their titles, and page
-// numbering starts anew with each.
+// One document of a file; a file of several gets an outline (bookmarks) of their titles with the
+// sections below, and page numbering starts anew with each.
 struct SecaoPDF {
     const Conteudo* conteudo = nullptr;
     std::string marcador;  // outline entry
 };
 
 struct OpcoesPDF {
-    bool semEstrutura = false;  // leaves out the tags: smaller, and unreadable for screen readers
+    // Leaves out the tags: smaller, and unreadable for screen readers. So is a file with a document
+    // that does not say of all that it shows what it is.
+    bool semEstrutura = false;
     // For a file that pictures of so many pixels an inch are made of: frames are moved onto their
     // pixels, so that those of one thickness look alike. 0 for none.
     int dpi = 0;

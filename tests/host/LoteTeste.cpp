@@ -1,4 +1,5 @@
 #include "tests/host/LoteDeTeste.h"
+#include "tests/support/MarcasDoPDF.h"
 
 namespace tarvo::host {
 namespace {
@@ -15,6 +16,12 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(arquivos, SizeIs(179)) << "18 reports of 8 declarations, 17 of 2, the summary";
     EXPECT_THAT(arquivos, Not(Contains("250114377019-103/15-RelatorioDetResSubstitut.pdf")));
     EXPECT_THAT(Resumo(), SizeIs(178));
+    for (const auto& nome : arquivos) {
+        EXPECT_THAT(nome.ends_with(".pdf") ? apoio::FaltasDasMarcas(Saida(nome))
+                                           : std::vector<std::string>(),
+                    IsEmpty())
+            << nome;
+    }
     const std::string arquivo = "250114377019-101/10-RelatorioApuracaoOpProp.pdf";
     EXPECT_THAT(Resumo().at({101, "10"}),
                 ElementsAre("250114377019", "101", "07/2003", "10", arquivo,
@@ -102,6 +109,8 @@ TEST_F(Lote, OneFilePerDeclarationHasAnOutlineOfItsReports) {
     EXPECT_THAT(
         apoio::SaidaDe("qpdf --json --json-key=outlines '" + Saida("250114377019-101.pdf") + "'"),
         AllOf(HasSubstr("\"01 - "), HasSubstr("\"11A - "), HasSubstr("\"17 - ")));
+    EXPECT_THAT(apoio::SaidaDe("pdfinfo '" + Saida("250114377019-101.pdf") + "'"),
+                HasSubstr("DRQ 101 – 07/2003 – Metalúrgica Serra Dourada S.A.\n"));
 }
 
 // How a batch ends in which one report of six fails, and what a second run makes of it.

@@ -6,18 +6,22 @@ namespace tarvo::pdf {
 
 namespace {
 // Higher levels cost several times as much for a few per cent.
-constexpr int Nivel = 6;
+int Nivel(Empenho empenho) {
+    return empenho == Empenho::Tamanho ? 6 : 1;
+}
+
 }  // namespace
 
-Compressor::Compressor() : compressor_(libdeflate_alloc_compressor(Nivel)) {
+Compressor::Compressor(Empenho empenho) : compressor_(libdeflate_alloc_compressor(Nivel(empenho))) {
     if (compressor_ == nullptr) {
         throw std::bad_alloc();
     }
 }
 
-Compressor& Compressor::DoFio() {
-    thread_local Compressor compressor;
-    return compressor;
+Compressor& Compressor::DoFio(Empenho empenho) {
+    thread_local Compressor menor(Empenho::Tamanho);
+    thread_local Compressor rapido(Empenho::Tempo);
+    return empenho == Empenho::Tamanho ? menor : rapido;
 }
 
 std::string_view Compressor::Comprimir(std::string_view dados) {

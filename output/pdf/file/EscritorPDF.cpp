@@ -32,9 +32,10 @@ EscritorPDF::EscritorPDF(const Destino& destino) : destino_(destino), lugares_(1
     Escrever("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
 }
 
-int EscritorPDF::Reservar() {
-    lugares_.emplace_back();
-    return static_cast<int>(lugares_.size()) - 1;
+int EscritorPDF::Reservar(int quantos) {
+    const auto primeiro = lugares_.size();
+    lugares_.resize(primeiro + static_cast<std::size_t>(quantos));
+    return static_cast<int>(primeiro);
 }
 
 void EscritorPDF::Objeto(int numero, std::string_view corpo) {
@@ -53,6 +54,46 @@ void EscritorPDF::Objeto(int numero, std::string_view corpo) {
     }
 }
 
+void EscritorPDF::ObjetoEmFileira(int numero, std::string_view corpo) {
+    const std::size_t largura = ObjetosEmFileira::LarguraPara(corpo.size());
+    if (largura == 0) {
+        Objeto(numero, corpo);
+        return;
+    }
+    auto& fileira = fileiras_.try_emplace(largura, largura).first->second;
+    fileira.Acrescentar(numero, corpo);
+    if (fileira.Numeros().size() == ObjetosEmFileira::Maximo) {
+        FecharFileira(fileira);
+    }
+}
+
+void EscritorPDF::FecharFileira(ObjetosEmFileira& fileira) {
+    const int fluxo = Reservar();
+    std::uint16_t indice = 0;
+    for (const int numero : fileira.Numeros()) {
+        lugares_.at(static_cast<std::size_t>(numero)) = {static_cast<std::uint64_t>(fluxo),
+                                                         indice++, 2};
+    }
+    const bool muitos = fileira.Numeros().size() == ObjetosEmFileira::Maximo;
+    Fluxo(fluxo, fileira.Dicionario(), fileira.Dados(), muitos ? Empenho::Tempo : Empenho::Tamanho);
+    fileira.Esvaziar();
+}
+
+void EscritorPDF::FecharFileiras() {
+    constexpr std::size_t MenorFileira = 30;  // fewer do not pay for a stream of their own
+    for (auto& [largura, fileira] : fileiras_) {
+        const auto& numeros = fileira.Numeros();
+        if (numeros.size() >= MenorFileira) {
+            FecharFileira(fileira);
+            continue;
+        }
+        for (std::size_t i = 0; i < numeros.size(); ++i) {
+            const auto corpo = fileira.Corpo(i);
+            Objeto(numeros[i], corpo.substr(0, corpo.find_last_not_of(' ') + 1));
+        }
+    }
+}
+
 void EscritorPDF::FecharFluxoDeObjetos() {
     if (quantos_ == 0) {
         return;
@@ -66,8 +107,9 @@ void EscritorPDF::FecharFluxoDeObjetos() {
     quantos_ = 0;
 }
 
-void EscritorPDF::Fluxo(int numero, std::string_view dicionario, std::string_view dados) {
-    EscreverFluxo(numero, dicionario, compressor_.Comprimir(dados), true);
+void EscritorPDF::Fluxo(int numero, std::string_view dicionario, std::string_view dados,
+                        Empenho empenho) {
+    EscreverFluxo(numero, dicionario, Compressor::DoFio(empenho).Comprimir(dados), true);
 }
 
 void EscritorPDF::FluxoComprimido(int numero, std::string_view dicionario, std::string_view dados) {
@@ -99,6 +141,7 @@ void EscritorPDF::Abrir(int numero) {
 }
 
 void EscritorPDF::Terminar(int raiz, int informacao) {
+    FecharFileiras();
     FecharFluxoDeObjetos();
     const int numero = Reservar();
     const auto inicio = escritos_;

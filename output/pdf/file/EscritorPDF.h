@@ -3,11 +3,13 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "output/pdf/file/Compressor.h"
+#include "output/pdf/file/ObjetosEmFileira.h"
 
 namespace tarvo::pdf {
 
@@ -23,10 +25,15 @@ class EscritorPDF {
     explicit EscritorPDF(const Destino& destino);
 
     // The number of an object that is written later, once, before Terminar.
-    int Reservar();
+    int Reservar() { return Reservar(1); }
+    // The first of that many numbers in a row.
+    int Reservar(int quantos);
     void Objeto(int numero, std::string_view corpo);
+    // The same for one of many that are alike.
+    void ObjetoEmFileira(int numero, std::string_view corpo);
     // dicionario: the entries besides Length and Filter.
-    void Fluxo(int numero, std::string_view dicionario, std::string_view dados);
+    void Fluxo(int numero, std::string_view dicionario, std::string_view dados,
+               Empenho empenho = Empenho::Tamanho);
     // dados: compressed already.
     void FluxoComprimido(int numero, std::string_view dicionario, std::string_view dados);
     void FluxoAberto(int numero, std::string_view dicionario, std::string_view dados);
@@ -47,11 +54,12 @@ class EscritorPDF {
     void EscreverFluxo(int numero, std::string_view dicionario, std::string_view dados,
                        bool comprimido);
     void FecharFluxoDeObjetos();
+    void FecharFileira(ObjetosEmFileira& fileira);
+    void FecharFileiras();
     [[nodiscard]] std::string TabelaDeLugares() const;
     [[nodiscard]] std::string Identificador() const;
 
     const Destino& destino_;
-    Compressor& compressor_ = Compressor::DoFio();
     std::string saida_;
     std::uint64_t escritos_ = 0;                   // bytes handed over, those in saida_ included
     std::array<std::uint64_t, 2> digestao_{1, 2};  // of all bytes so far, for the file's identifier
@@ -60,6 +68,7 @@ class EscritorPDF {
     std::string indices_;                          // "number place" of each
     int quantos_ = 0;
     int numeroDoFluxo_ = 0;
+    std::map<std::size_t, ObjetosEmFileira> fileiras_;  // by the length of their rows
 };
 
 }  // namespace tarvo::pdf

@@ -1,6 +1,7 @@
 #include "output/pdf/page/OperadoresDePagina.h"
 
 #include "output/pdf/file/Sintaxe.h"
+#include "output/pdf/file/TextoDeObjeto.h"
 #include "output/pdf/page/Cor.h"
 #include "output/pdf/text/Composicao.h"
 
@@ -8,6 +9,7 @@ namespace tarvo::pdf {
 
 void OperadoresDePagina::Reiniciar() {
     operadores_.clear();
+    marcas_.Reiniciar();
     aberto_ = false;
     fonte_ = nullptr;
     condensacao_ = CemPorCento;
@@ -43,6 +45,17 @@ void OperadoresDePagina::EscreverTexto(const EstadoDeTexto& estado, Centesimos x
     }
 }
 
+void OperadoresDePagina::AbrirTextoReal(std::string_view texto) {
+    AbrirTexto();
+    operadores_ += "/Span<</ActualText";
+    AnexarTexto(operadores_, texto);
+    operadores_ += ">>BDC\n";
+}
+
+void OperadoresDePagina::FecharTextoReal() {
+    operadores_ += "EMC\n";
+}
+
 void OperadoresDePagina::Sublinhar(const EstadoDeTexto& estado, Centesimos x, Centesimos y,
                                    Centesimos largura) {
     const auto& m = estado.fonte->fonte.Metricas();
@@ -50,19 +63,23 @@ void OperadoresDePagina::Sublinhar(const EstadoDeTexto& estado, Centesimos x, Ce
     const Centesimos espessura = Arredondar(m.espessuraSublinhado * milesimo);
     const Centesimos topo = y + Arredondar(m.posicaoSublinhado * milesimo);
     Fechar();
+    marcas_.AbrirDecoracao(operadores_);
     EscolherCor(estado.cor);
     AnexarOperandos(operadores_, x, topo - espessura, largura, espessura);
     operadores_ += "re f\n";
+    marcas_.FecharDecoracao(operadores_);
 }
 
 void OperadoresDePagina::DesenharFigura(std::string_view nome, Centesimos x, Centesimos y,
                                         Centesimos largura, Centesimos altura) {
     Fechar();
+    marcas_.Abrir(operadores_);
     operadores_ += "q ";
     AnexarCentesimos(operadores_, largura);
     operadores_ += " 0 0 ";
     AnexarOperandos(operadores_, altura, x, y);
     operadores_.append("cm/").append(nome).append(" Do Q\n");
+    marcas_.Fechar(operadores_);
 }
 
 void OperadoresDePagina::Entregar(std::string& saida) {
@@ -73,18 +90,24 @@ void OperadoresDePagina::Entregar(std::string& saida) {
 
 void OperadoresDePagina::Fechar() {
     if (aberto_) {
+        marcas_.Fechar(operadores_);
         operadores_ += "ET\n";
         aberto_ = false;
     }
 }
 
-void OperadoresDePagina::Posicionar(const EstadoDeTexto& estado, Centesimos x, Centesimos y) {
+void OperadoresDePagina::AbrirTexto() {
     if (!aberto_) {
         operadores_ += "BT\n";
         aberto_ = true;
         x_ = 0;
         y_ = 0;
     }
+    marcas_.Abrir(operadores_);
+}
+
+void OperadoresDePagina::Posicionar(const EstadoDeTexto& estado, Centesimos x, Centesimos y) {
+    AbrirTexto();
     EscolherCor(estado.cor);
     if (condensacao_ != estado.condensacao) {
         AnexarOperandos(operadores_, estado.condensacao);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "output/pdf/file/FontesPDF.h"
+#include "output/pdf/page/MarcasDaPagina.h"
 #include "output/pdf/text/Comprimentos.h"
 
 namespace tarvo::pdf {
@@ -21,7 +22,8 @@ struct EstadoDeTexto {
 // change, and moves from line to line by differences.
 class OperadoresDePagina {
   public:
-    explicit OperadoresDePagina(FontesPDF& fontes) : fontes_(fontes) {}
+    OperadoresDePagina(FontesPDF& fontes, MarcasDaPagina& marcas)
+        : fontes_(fontes), marcas_(marcas) {}
 
     // For a new page.
     void Reiniciar();
@@ -31,6 +33,10 @@ class OperadoresDePagina {
     // The same for any text: shaped where some character has no code.
     void EscreverTexto(const EstadoDeTexto& estado, Centesimos x, Centesimos y,
                        std::u32string_view texto);
+    // What is written in between stands for this text (UTF-8), which search and copying find; it
+    // stays in one text object.
+    void AbrirTextoReal(std::string_view texto);
+    void FecharTextoReal();
     void Sublinhar(const EstadoDeTexto& estado, Centesimos x, Centesimos y, Centesimos largura);
     // A picture in the box with the lower left corner (x, y).
     void DesenharFigura(std::string_view nome, Centesimos x, Centesimos y, Centesimos largura,
@@ -41,6 +47,7 @@ class OperadoresDePagina {
   private:
     enum class Modo : std::uint8_t { Codigos, Glifos };
 
+    void AbrirTexto();
     void Posicionar(const EstadoDeTexto& estado, Centesimos x, Centesimos y);
     void EscolherFonte(const EstadoDeTexto& estado, Modo modo);
     void EscolherCor(std::int32_t cor);
@@ -49,6 +56,7 @@ class OperadoresDePagina {
     void AnexarGlifos(FonteDoArquivo& fonte, Centesimos corpo, std::u32string_view texto);
 
     FontesPDF& fontes_;
+    MarcasDaPagina& marcas_;
     std::string operadores_;
     std::string codigos_;
     // The graphics state as the operators so far leave it.

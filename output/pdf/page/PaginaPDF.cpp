@@ -6,12 +6,14 @@
 
 namespace tarvo::pdf {
 
-const std::string& PaginaPDF::Desenhar(const Pagina& pagina, const Substituicoes& substituicoes) {
+const std::string& PaginaPDF::Desenhar(const Pagina& pagina, std::span<const std::uint32_t> donos,
+                                       const Substituicoes& substituicoes) {
     saida_ = IniciarTraco;
     operadores_.Reiniciar();
     textos_.IniciarPagina(substituicoes);
-    for (const auto& primitiva : pagina) {
-        std::visit([this](const auto& p) { Desenhar(p); }, primitiva);
+    for (std::size_t i = 0; i < pagina.size(); ++i) {
+        marcas_.Pertencer(i < donos.size() ? donos[i] : Estrutura::Decoracao);
+        std::visit([this](const auto& p) { Desenhar(p); }, pagina[i]);
     }
     EncerrarCamada();
     return saida_;
@@ -28,16 +30,17 @@ void PaginaPDF::Acrescentar(const Forma& forma) {
 }
 
 void PaginaPDF::EncerrarCamada() {
-    EscreverFormas();
+    if (!formas_.empty()) {
+        marcas_.AbrirDecoracao(saida_);
+        EscreverFormas();
+        marcas_.FecharDecoracao(saida_);
+    }
     operadores_.Entregar(saida_);
     formas_.clear();
     ocupadas_.Limpar();
 }
 
 void PaginaPDF::EscreverFormas() {
-    if (formas_.empty()) {
-        return;
-    }
     constexpr std::size_t MenorPagina = 8;
     if (formas_.size() >= MenorPagina) {
         if (const auto formulario = recursos_.paginas.Procurar(formas_, 0, 0);
@@ -77,12 +80,17 @@ void PaginaPDF::EscreverFileira(std::span<const Forma> formas) {
 }
 
 void PaginaPDF::Desenhar(const Figura& figura) {
+    const auto& imagem = *figura.imagem;
     const auto [x, topo, largura, altura] = papel_.LugarDe(figura);
     const Centesimos y = topo - altura;
-    operadores_.DesenharFigura(recursos_.figuras.Obter(*figura.imagem), x, y, largura, altura);
-    ocupadas_.Ocupar(
-        {std::min(x, x + largura), std::min(y, topo), std::max(x, x + largura), std::max(y, topo)},
-        AreasOcupadas::VariasCores);
+    const Area area{std::min(x, x + largura), std::min(y, topo), std::max(x, x + largura),
+                    std::max(y, topo)};
+    if (imagem.descricao.empty()) {
+        marcas_.Pertencer(Estrutura::Decoracao);  // there is nothing to say of it
+    }
+    marcas_.Retratar({area.x0, area.y0, area.x1, area.y1}, imagem.descricao);
+    operadores_.DesenharFigura(recursos_.figuras.Obter(imagem), x, y, largura, altura);
+    ocupadas_.Ocupar(area, AreasOcupadas::VariasCores);
 }
 
 }  // namespace tarvo::pdf

@@ -35,18 +35,23 @@ struct Recursos {
 // any part of an earlier text or picture in another colour is drawn after it, as recorded.
 class PaginaPDF {
   public:
-    // dpi: see OpcoesPDF.
-    PaginaPDF(Recursos& recursos, const Conteudo& conteudo, int dpi)
+    // colocados: see MarcasDaPagina; dpi: see OpcoesPDF.
+    PaginaPDF(Recursos& recursos, const Conteudo& conteudo, const std::vector<Colocacao>* colocados,
+              int dpi)
         : recursos_(recursos),
           papel_(conteudo),
           grade_(dpi, DeCm(conteudo.AlturaPapel())),
-          operadores_(recursos.fontes),
+          marcas_(colocados),
+          operadores_(recursos.fontes, marcas_),
           textos_(recursos.fontes, conteudo, operadores_, ocupadas_) {}
     PaginaPDF(const PaginaPDF&) = delete;
     PaginaPDF& operator=(const PaginaPDF&) = delete;
 
-    // Valid until the next call.
-    const std::string& Desenhar(const Pagina& pagina, const Substituicoes& substituicoes);
+    // donos: of the primitives. Valid until the next call.
+    const std::string& Desenhar(const Pagina& pagina, std::span<const std::uint32_t> donos,
+                                const Substituicoes& substituicoes);
+    // What the elements have on the last page.
+    [[nodiscard]] const ConteudoMarcado& Marcado() const { return marcas_.Marcado(); }
     // The texts of the last page that were cut.
     [[nodiscard]] const std::vector<Corte>& Cortes() const { return textos_.Cortes(); }
 
@@ -69,6 +74,7 @@ class PaginaPDF {
 
     // The layer: shapes, and the texts and pictures that come over them.
     std::vector<Forma> formas_;
+    MarcasDaPagina marcas_;
     OperadoresDePagina operadores_;
     AreasOcupadas ocupadas_;
     TextosDaPagina textos_;

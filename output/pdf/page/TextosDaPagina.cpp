@@ -63,12 +63,19 @@ void TextosDaPagina::Escrever(const Texto& texto) {
         return;
     }
     const auto compor = texto.multilinha ? ComporBloco : ComporLinha;
-    const TextoComposto composto = compor(estado.fonte->fonte, Decodificar(conteudo), estado.corpo,
-                                          lugar.largura, lugar.altura);
+    const std::u32string caracteres = Decodificar(conteudo);
+    const TextoComposto composto =
+        compor(estado.fonte->fonte, caracteres, estado.corpo, lugar.largura, lugar.altura);
     if (composto.cortado) {
         cortes_.push_back({texto.caixa, std::string(conteudo)});
     }
-    EscreverComposto(texto, lugar, estado, composto);
+    // Whoever searches or copies finds the whole, and what only its font knows to draw.
+    const bool outro = composto.cortado || composto.condensacao != CemPorCento ||
+                       std::ranges::any_of(caracteres, EhDeUsoPrivado);
+    if (outro) {
+        operadores_.AbrirTextoReal(conteudo);
+    }
+    EscreverComposto(texto, lugar, estado, composto, outro);
 }
 
 // The box of a text, without the side that the text before it takes when both stand in one box.
@@ -120,13 +127,20 @@ bool TextosDaPagina::EscreverSimples(const Texto& texto, const Lugar& lugar,
 }
 
 void TextosDaPagina::EscreverComposto(const Texto& texto, const Lugar& lugar,
-                                      const EstadoDeTexto& estado, const TextoComposto& composto) {
+                                      const EstadoDeTexto& estado, const TextoComposto& composto,
+                                      bool comTextoReal) {
     EstadoDeTexto usado = estado;
     usado.corpo = composto.corpo;
     usado.condensacao = composto.condensacao;
     const auto& m = estado.fonte->fonte.Metricas();
     const Centesimos topo = Topo(texto, lugar, m, usado.corpo, composto.linhas.size());
     anterior_ = texto.multilinha ? nullptr : &texto;
+    struct Trilho {
+        Centesimos x = 0;
+        Centesimos y = 0;
+        Centesimos largura = 0;
+    };
+    std::vector<Trilho> trilhos;
     for (std::size_t i = 0; i < composto.linhas.size(); ++i) {
         const auto& linha = composto.linhas[i];
         if (linha.texto.empty()) {
@@ -143,10 +157,16 @@ void TextosDaPagina::EscreverComposto(const Texto& texto, const Lugar& lugar,
         } else {
             operadores_.EscreverCodigos(usado, x, y, linha.codigos);
         }
-        if (texto.sublinhado) {
-            operadores_.Sublinhar(usado, x, y, ocupada);
-        }
         Ocupar(usado, x, y, ocupada);
+        trilhos.push_back({x, y, ocupada});
+    }
+    if (comTextoReal) {
+        operadores_.FecharTextoReal();
+    }
+    if (texto.sublinhado) {
+        for (const auto& [x, y, largura] : trilhos) {
+            operadores_.Sublinhar(usado, x, y, largura);
+        }
     }
 }
 

@@ -45,7 +45,7 @@ class TextosDaPagina {
     bool EscreverSimples(const Texto& texto, const Lugar& lugar, const EstadoDeTexto& estado,
                          std::string_view conteudo);
     void EscreverComposto(const Texto& texto, const Lugar& lugar, const EstadoDeTexto& estado,
-                          const TextoComposto& composto);
+                          const TextoComposto& composto, bool comTextoReal);
     void Ocupar(const EstadoDeTexto& estado, Centesimos x, Centesimos y, Centesimos largura);
 
     FontesPDF& fontes_;

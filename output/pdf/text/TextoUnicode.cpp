@@ -67,6 +67,10 @@ char32_t LerCaractere(std::string_view texto, std::size_t& i) {
 }
 #pragma GCC diagnostic pop
 
+bool EhDeUsoPrivado(char32_t c) {
+    return (c >= 0xE000 && c <= 0xF8FF) || c >= 0xF0000;
+}
+
 bool EhMarcaCombinante(char32_t c) {
     if (c < 0x300) {
         return false;

@@ -23,5 +23,7 @@ std::uint8_t CodigoWinAnsi(char32_t c);
 char32_t UnicodeDeWinAnsi(std::uint8_t codigo);
 
 bool EhMarcaCombinante(char32_t c);
+// Whether the character means only what a font makes of it.
+bool EhDeUsoPrivado(char32_t c);
 
 }  // namespace tarvo::pdf

@@ -50,7 +50,7 @@ TEST(Ajuste, WhatDoesNotFitAtSixtyPerCentIsCutMarkedAndReportedWithItsPage) {
         EXPECT_LE(p.x1, Pontos(p.y0 < 6 * 72 / 2.54 ? 3.5 : 3.0) + 0.05);
         EXPECT_LE(p.y1, Pontos(6) + 1) << p.texto;
     }
-    EXPECT_THAT(arquivo.Texto(2), HasSubstr("…"));
+    EXPECT_THAT(arquivo.TextoVisto(2), HasSubstr("…"));
 }
 
 TEST(Ajuste, ATextThatFillsItsBoxExactlyIsSetAsItIs) {
@@ -79,7 +79,7 @@ TEST(Ajuste, ACutTextFillsItsBoxUpToTheEllipsisAndHasNoBlankBeforeIt) {
         }
     }));
     EXPECT_THAT(arquivo.Resultado().cortados, SizeIs(40));
-    EXPECT_THAT(arquivo.Texto(1), testing::Not(HasSubstr(" …")));
+    EXPECT_THAT(arquivo.TextoVisto(1), testing::Not(HasSubstr(" …")));
     int linhas = 0;
     for (const auto& palavra : arquivo.Palavras(1)) {
         if (palavra.texto == "dois") {
@@ -198,7 +198,7 @@ TEST(Ajuste, AnyUnicodeTextComesBackOrShowsThatAPictureIsMissing) {
         }
     }));
     for (const auto& [texto, lido] : casos) {
-        EXPECT_THAT(arquivo.Texto(1), HasSubstr(lido + std::string("\n")));
+        EXPECT_THAT(arquivo.TextoVisto(1), HasSubstr(lido + std::string("\n")));
     }
     arquivo.EsperarSemFaltas();
 }
@@ -210,7 +210,8 @@ TEST(Ajuste, ACharacterThatTheFontLacksComesFromAnotherOneOrIsTold) {
         Textos({{{0, 0, 5, 1}, deOutra + "\u0302", {.horizontal = 2}},
                 {{0, 1, 5, 1}, "λ\u1F73γω", {.horizontal = 2}},  // the one letter's other code
                 {{0, 2, 5, 1}, deNenhuma, {.horizontal = 2}}}));
-    EXPECT_THAT(arquivo.Texto(1), AllOf(HasSubstr(deOutra), HasSubstr("λέγω"), HasSubstr("a?b")));
+    EXPECT_THAT(arquivo.TextoVisto(1),
+                AllOf(HasSubstr(deOutra), HasSubstr("λέγω"), HasSubstr("a?b")));
     const auto& cortados = arquivo.Resultado().cortados;
     ASSERT_THAT(cortados, SizeIs(1));
     EXPECT_EQ(cortados[0].texto, deNenhuma);

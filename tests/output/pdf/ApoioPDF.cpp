@@ -3,6 +3,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/support/MarcasDoPDF.h"
+
 namespace tarvo {
 
 namespace {
@@ -55,13 +57,14 @@ Conteudo Textos(std::initializer_list<Escrito> escritos) {
     });
 }
 
-std::string Renderizar(const Conteudo& conteudo) {
+std::string Renderizar(const Conteudo& conteudo, const OpcoesPDF& opcoes) {
     std::string bytes;
-    RenderizarPDF(conteudo, bytes);
+    RenderizarPDF(conteudo, bytes, opcoes);
     return bytes;
 }
 
-ArquivoPDF::ArquivoPDF(const Conteudo& conteudo) : resultado_(GravarPDF(conteudo, arquivo_)) {}
+ArquivoPDF::ArquivoPDF(const Conteudo& conteudo, const OpcoesPDF& opcoes)
+    : resultado_(GravarPDF(conteudo, arquivo_, opcoes)) {}
 
 ArquivoPDF::ArquivoPDF(std::span<const SecaoPDF> secoes)
     : resultado_(GravarPDF(secoes, arquivo_)) {}
@@ -77,12 +80,31 @@ void ArquivoPDF::EsperarSemFaltas() const {
     EXPECT_EQ(Dito("pdftoppm -r 10", ">/dev/null"), "");
 }
 
+std::vector<std::string> ArquivoPDF::FaltasDasMarcas() const {
+    return apoio::FaltasDasMarcas(arquivo_);
+}
+
 std::string ArquivoPDF::Texto(int pagina) const {
     return Dito("pdftotext -layout" + SoAPagina(pagina), "-");
 }
 
+std::string ArquivoPDF::TextoVisto(int pagina) const {
+    return DitoDoVisto("pdftotext -layout" + SoAPagina(pagina));
+}
+
+// The file with every text that another one stands for under a name that no program knows.
+std::string ArquivoPDF::DitoDoVisto(const std::string& programa) const {
+    const std::string visto = (pasta_ / "visto.pdf").string();
+    if (!std::filesystem::exists(visto)) {
+        EXPECT_EQ(apoio::SaidaDe("qpdf --qdf --object-streams=disable " + arquivo_.string() + " " +
+                                 visto + " && sed -i s/ActualText/Substituto/ " + visto),
+                  "");
+    }
+    return apoio::SaidaDe(programa + " " + visto + " -");
+}
+
 std::vector<Palavra> ArquivoPDF::Palavras(int pagina, std::size_t quantas) const {
-    std::istringstream linhas(Dito("pdftotext -bbox" + SoAPagina(pagina), "-"));
+    std::istringstream linhas(DitoDoVisto("pdftotext -bbox" + SoAPagina(pagina)));
     std::vector<Palavra> palavras;
     for (std::string linha; std::getline(linhas, linha);) {
         // <word xMin="1" yMin="2" xMax="3" yMax="4">text</word>

@@ -52,7 +52,7 @@ Conteudo Documento(const std::function<void(DocumentoRelatorio&)>& desenhar);
 Conteudo Paginas(int quantas, const std::function<void(DocumentoRelatorio&, int)>& desenhar);
 Conteudo Textos(std::initializer_list<Escrito> escritos);
 
-std::string Renderizar(const Conteudo& conteudo);
+std::string Renderizar(const Conteudo& conteudo, const OpcoesPDF& opcoes = {});
 
 // A word with its box, in points from the paper's top left corner.
 struct Palavra {
@@ -70,15 +70,19 @@ using CorRGB = std::array<int, 3>;
 // A rendered document as a file. Pages count from 1.
 class ArquivoPDF {
   public:
-    explicit ArquivoPDF(const Conteudo& conteudo);
+    explicit ArquivoPDF(const Conteudo& conteudo, const OpcoesPDF& opcoes = {});
     explicit ArquivoPDF(std::span<const SecaoPDF> secoes);
 
     [[nodiscard]] const ResultadoPDF& Resultado() const { return resultado_; }
     // What a program tells of the file: its name stands between the options and the rest.
     [[nodiscard]] std::string Dito(const std::string& programa, const char* resto = "") const;
     void EsperarSemFaltas() const;
+    [[nodiscard]] std::vector<std::string> FaltasDasMarcas() const;
+    // The text of a page as search and copying find it, and as it is seen.
     [[nodiscard]] std::string Texto(int pagina) const;
-    // Throws unless there are so many, or at least one where the number is not told.
+    [[nodiscard]] std::string TextoVisto(int pagina) const;
+    // Of what is seen. Throws unless there are so many, or at least one where the number is not
+    // told.
     [[nodiscard]] std::vector<Palavra> Palavras(int pagina, std::size_t quantas = 0) const;
     // The objects by their names ("obj:7 0 R"), as qpdf sees them, and the trailer.
     [[nodiscard]] const nlohmann::json& Objetos() const;
@@ -89,6 +93,8 @@ class ArquivoPDF {
     [[nodiscard]] const std::string& Pixels(int pagina) const;
 
   private:
+    [[nodiscard]] std::string DitoDoVisto(const std::string& programa) const;
+
     apoio::PastaTemporaria pasta_;
     std::filesystem::path arquivo_ = pasta_ / "teste.pdf";
     ResultadoPDF resultado_;
