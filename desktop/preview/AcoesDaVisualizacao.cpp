@@ -53,7 +53,7 @@ constexpr Descricao Tabela[] = {
     {Acao::LarguraDaPagina, Exibir, "Lar&gura da página", "Ctrl+2", true, false, "largura"},
     {Acao::Continuo, Exibir, "Páginas &contínuas", "Ctrl+3", true, true, "continuo"},
     {Acao::LadoALado, Exibir, "&Duas páginas lado a lado", "Ctrl+4", true},
-    {Acao::CursorDeLeitura, Exibir, "Cu&rsor de leitura", "F7", true},
+    {Acao::CursorDeLeitura, Exibir, "C&ursor de leitura", "F7", true},
     {Acao::Painel, Exibir, "Painel &lateral", "F9", true, true, "miniaturas"},
     {Acao::EmAbas, Exibir, "Relatórios em a&bas", "Ctrl+T", true},
     {Acao::TelaCheia, Exibir, "T&ela cheia", "F11", true},

@@ -34,7 +34,7 @@ PainelLateral::PainelLateral(QWidget* pai)
     CriarAvisos();
     abas_->setObjectName(u"abasDoPainel"_s);
     abas_->addTab(miniaturas_, u"Pági&nas"_s);
-    abas_->addTab(sumario_, u"S&umário"_s);
+    abas_->addTab(sumario_, u"Sumá&rio"_s);
     abas_->addTab(avisos_, u"A&visos"_s);
     // As wide as the pictures; the user may widen it.
     sumario_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustIgnored);

@@ -13,6 +13,7 @@
 #include <QWheelEvent>
 #include <fstream>
 #include <iterator>
+#include <set>
 
 #include "document/QuadroPagina.h"
 #include "output/pdf/RenderizadorPDF.h"
@@ -377,9 +378,12 @@ TEST_F(Visualizacao, EveryActionTellsItsShortcutWhereItIsOffered) {
     Mostrar(1);
     int acoes = 0;
     for (auto* menu : Unica().menuBar()->actions()) {
+        std::set<QKeySequence> mnemonicos;
         for (auto* acao : menu->menu()->actions()) {
             if (!acao->isSeparator()) {
                 ++acoes;
+                EXPECT_TRUE(mnemonicos.insert(QKeySequence::mnemonic(acao->text())).second)
+                    << acao->text().toStdString();
                 EXPECT_FALSE(acao->shortcut().isEmpty()) << acao->text().toStdString();
                 EXPECT_TRUE(
                     acao->toolTip().contains(acao->shortcut().toString(QKeySequence::NativeText)));
