@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -122,9 +123,30 @@ class TARVO_PUBLICO BancoDados {
     // that does not override it finds nothing.
     virtual std::vector<std::string> Danos() { return {}; }
 
+    // Between these two calls, which nest, queries may be about that declaration of that taxpayer,
+    // and all that is read of it is of one moment, as is what all declarations share. An engine
+    // that fetches from afar reads each once. One that does not override them sees every change at
+    // once.
+    virtual void ManterLeitura(std::string_view /*IE*/, std::int32_t /*NroDRQ*/) {}
+    virtual void SoltarLeitura() noexcept {}
+
     // Who is asked from now on whether to go on, nullptr for nobody; returns who was asked before.
     // An engine that does not override it runs every query to its end.
     virtual Acompanhante* Acompanhar(Acompanhante* /*quem*/) { return nullptr; }
+};
+
+// Has a database keep what it reads for the lifetime of this object.
+class TARVO_PUBLICO LeituraMantida {
+  public:
+    LeituraMantida(BancoDados& banco, std::string_view IE, std::int32_t NroDRQ) : banco_(banco) {
+        banco.ManterLeitura(IE, NroDRQ);
+    }
+    ~LeituraMantida() { banco_.SoltarLeitura(); }
+    LeituraMantida(const LeituraMantida&) = delete;
+    LeituraMantida& operator=(const LeituraMantida&) = delete;
+
+  private:
+    BancoDados& banco_;
 };
 
 // Has a database ask quem for the lifetime of this object, or whom it asked before for nullptr.

@@ -37,12 +37,16 @@ enum class NumeroErro : int {
     AtualizacaoSemAddNew = 3020,        // Update or a field's write without AddNew
     BancoNaoEncontrado = 3024,          // no database file of that name
     BancoSomenteLeitura = 3027,         // writing to a database opened read-only
+    SenhaRecusada = 3029,               // the server knows no such user, or another password
     SenhaDoBanco = 3031,                // encrypted, or protected by a password
     ColunaDesconhecida = 3061,          // a query names an unknown column
     ErroSintaxeConsulta = 3075,         // the query's text is outside the dialect
     TabelaInexistente = 3078,           //
     ColunaAmbigua = 3079,               // an unqualified column that two tables have
+    SemPermissaoDeLeitura = 3112,       // the user may not read, or write, a table of the server's
     ForaDaAgregacao = 3122,             // a column neither grouped by nor summed
+    FalhaDoServidor = 3146,             // the server did not do what it was asked to
+    ServidorInacessivel = 3151,         // there is no connection with the server, or no longer
     BancoJaExiste = 3204,               //
     OperacaoInvalida = 3219,            //
     BancoOcupado = 3260,                // locked by another user

@@ -1,7 +1,10 @@
 #include "databases/OrigemBanco.h"
 
 #include "data/CodigosDeErros.h"
+#include "databases/CopiarBanco.h"
 #include "databases/mdb/LeituraMdb.h"
+#include "databases/postgresql/BancoPostgreSQL.h"
+#include "databases/postgresql/Endereco.h"
 #include "databases/sqlite/Abertura.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "databases/sqlite/CopiaPrivada.h"
@@ -29,6 +32,7 @@ Marca MarcaDe(const fs::path& arquivo) {
 struct OrigemBanco::Partes {
     std::string endereco;
     OpcoesAbertura opcoes;
+    bool noServidor = false;
     // Of a copy:
     std::shared_ptr<const sqlite::CopiaPrivada> copia;
     std::vector<std::string> avisos;
@@ -38,12 +42,10 @@ struct OrigemBanco::Partes {
 
 OrigemBanco::OrigemBanco(std::string endereco, OpcoesAbertura opcoes)
     : partes_(std::make_unique<Partes>()) {
-    // The address may hold a password: it is not repeated.
-    if (endereco.starts_with("postgresql://") || endereco.starts_with("postgres://")) {
-        throw Erro(NumeroErro::AcaoNaoSuportada,
-                   "A leitura de servidores PostgreSQL não faz parte desta versão.");
-    }
-    if (mdb::EhArquivoMdb(endereco)) {
+    if (postgresql::EhEndereco(endereco)) {
+        static_cast<void>(postgresql::Mostrado(endereco));  // error 5 at once
+        partes_->noServidor = true;
+    } else if (mdb::EhArquivoMdb(endereco)) {
         partes_->marca = MarcaDe(endereco);
         partes_->lidaEm = std::chrono::system_clock::now();
         auto leitura = mdb::LerArquivoMdb(endereco, opcoes.codificacao, opcoes.acompanhante);
@@ -62,6 +64,9 @@ std::unique_ptr<BancoDados> OrigemBanco::Abrir() const {
     if (partes_->copia) {
         return sqlite::CopiaPrivada::Abrir(partes_->copia);
     }
+    if (partes_->noServidor) {
+        return postgresql::Abrir(partes_->endereco);
+    }
     return BancoSQLite::Abrir(partes_->endereco, partes_->opcoes);
 }
 
@@ -77,9 +82,12 @@ bool OrigemBanco::Mudou() const {
     return partes_->copia && MarcaDe(partes_->endereco) != partes_->marca;
 }
 
-std::shared_ptr<sqlite::Conexao> OrigemBanco::Conectar() const {
+std::shared_ptr<sqlite::Conexao> OrigemBanco::Conectar(const SelecaoDaCopia& selecao) const {
     if (partes_->copia) {
         return sqlite::CopiaPrivada::Conectar(partes_->copia);
+    }
+    if (partes_->noServidor) {
+        return postgresql::LerTudo(partes_->endereco, selecao.IE, selecao.NroDRQ);
     }
     return sqlite::AbrirArquivo(partes_->endereco, ModoAbertura::SomenteLeitura);
 }

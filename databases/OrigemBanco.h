@@ -42,7 +42,8 @@ class TARVO_PUBLICO OrigemBanco {
     friend struct ResumoDaCopia CopiarBanco(const OrigemBanco& origem,
                                             const std::filesystem::path& destino,
                                             const struct SelecaoDaCopia& selecao);
-    [[nodiscard]] std::shared_ptr<sqlite::Conexao> Conectar() const;
+    [[nodiscard]] std::shared_ptr<sqlite::Conexao> Conectar(
+        const struct SelecaoDaCopia& selecao) const;
 
     struct Partes;
     std::unique_ptr<Partes> partes_;

@@ -31,6 +31,7 @@ void Relatorio::Rever(BancoDados& banco, const std::string& IE,
 void RelatorioDeclaracao::Construir(BancoDados& banco, const std::string& IE,
                                     std::int32_t NumeroDRQ) {
     const Acompanhamento acompanhamento(banco, AmbienteDoRelatorio().andamento);
+    const LeituraMantida leitura(banco, IE, NumeroDRQ);
     Desenhar(banco, IE, NumeroDRQ);
     Rever(banco, IE, NumeroDRQ);
 }

@@ -4,6 +4,8 @@
 #include <ostream>
 
 #include "databases/AbrirBanco.h"
+#include "databases/CriarNoServidor.h"
+#include "databases/postgresql/Endereco.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "host/batch/JuncaoDeResumos.h"
 #include "host/batch/Lote.h"
@@ -37,6 +39,16 @@ int RefAtual(const Argumentos& a, Console& console) {
     return Feito;
 }
 
+int Criar(const Argumentos& a) {
+    const std::string_view script = a.exemplo ? ScriptDeExemplo() : "";
+    if (postgresql::EhEndereco(a.banco.string())) {
+        CriarNoServidor(a.banco.string(), script);
+    } else {
+        CriarBanco(a.banco, script);
+    }
+    return Feito;
+}
+
 // A database that is missing is said before anything that windows lack.
 void ConferirBanco(const Argumentos& a) {
     std::error_code ignorado;
@@ -66,10 +78,9 @@ int Despachar(const Argumentos& a, const std::vector<std::string>& argumentos, s
             saida << "relatorios-tarvo " TARVO_VERSAO_DO_PROGRAMA "\n";
             return Feito;
         case Comando::Criar:
-            CriarBanco(a.banco, a.exemplo ? ScriptDeExemplo() : "");
-            return Feito;
+            return Criar(a);
         case Comando::Copiar:
-            return CopiarParaArquivo(a, console);
+            return Copiar(a, console);
         case Comando::Listar:
             return ListarDeclaracoes(a, console);
         case Comando::Exportar:

@@ -31,10 +31,13 @@ enum tarvo_opcoes {
 };
 
 /**
- * Opens a database file; never creates one.
+ * Opens a database file, or a server's database by its address (postgresql://user@server/database,
+ * as libpq knows it); never creates one.
  *
- * Errors: 3024 no such file, 70 no permission, 3343 not a database or a damaged one, 3260 locked,
- * 5 an unknown option.
+ * Errors: 3024 no such file or database, 70 no permission, 3343 not a database or a damaged one,
+ * 3260 locked, 5 an unknown option or an address that cannot be understood; of a server also 3029
+ * the user or password, 3151 no answer, 3112 no permission, 3061 and 3078 its tables, 3146 it gave
+ * up.
  */
 TARVO_API int32_t tarvo_abrir_banco(const char* arquivo, uint32_t opcoes, tarvo_banco* banco);
 

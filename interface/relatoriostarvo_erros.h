@@ -57,6 +57,8 @@ enum tarvo_erro {
     TARVO_ERRO_BANCO_NAO_ENCONTRADO = 3024,
     /** Writing to a database opened read-only. */
     TARVO_ERRO_BANCO_SOMENTE_LEITURA = 3027,
+    /** The server knows no such user, or another password. */
+    TARVO_ERRO_SENHA_RECUSADA = 3029,
     /** A database file that is encrypted or has a password. */
     TARVO_ERRO_SENHA_DO_BANCO = 3031,
     /** A query names an unknown column. */
@@ -67,8 +69,14 @@ enum tarvo_erro {
     TARVO_ERRO_TABELA_INEXISTENTE = 3078,
     /** An unqualified column that two tables have. */
     TARVO_ERRO_COLUNA_AMBIGUA = 3079,
+    /** The user may not read, or write, a table of the server's. */
+    TARVO_ERRO_SEM_PERMISSAO_DE_LEITURA = 3112,
     /** A column neither grouped by nor summed. */
     TARVO_ERRO_FORA_DA_AGREGACAO = 3122,
+    /** The server did not do what it was asked to. */
+    TARVO_ERRO_FALHA_DO_SERVIDOR = 3146,
+    /** There is no connection with the server, or no longer. */
+    TARVO_ERRO_SERVIDOR_INACESSIVEL = 3151,
     /** The database to be created exists. */
     TARVO_ERRO_BANCO_JA_EXISTE = 3204,
     /** An operation that the recordset does not take. */

@@ -89,6 +89,7 @@ void ExigirCodigo(const std::string& codigo) {
 
 std::vector<Achado> Revisar(BancoDados& banco, const PedidoDeRevisao& pedido) {
     std::ranges::for_each(pedido.relatorios, ExigirCodigo);
+    const LeituraMantida leitura(banco, pedido.IE, pedido.NroDRQ.value_or(0));
     const bool todos = pedido.relatorios.empty();
     const std::function<bool(std::string_view)> pedidos = [&](std::string_view codigo) {
         return (todos && codigo != "VELO") ||

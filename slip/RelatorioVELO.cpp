@@ -313,6 +313,7 @@ RelatorioVELO::~RelatorioVELO() = default;
 
 void RelatorioVELO::Construir(BancoDados& banco) {
     const Acompanhamento acompanhamento(banco, AmbienteDoRelatorio().andamento);
+    const LeituraMantida leitura(banco, "", 0);
     const auto dados = banco.OpenRecordset("select * from tblVELO", TipoRecordset::ForwardOnly);
     IniciarDocumento();
     if (!dados->EOF_()) {

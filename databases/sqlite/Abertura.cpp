@@ -141,6 +141,12 @@ std::shared_ptr<Conexao> AbrirNovo(const fs::path& arquivo) {
     return Conectar(arquivo.c_str(), SQLITE_OPEN_READWRITE);
 }
 
+std::shared_ptr<Conexao> AbrirTemporario() {
+    auto conexao = Conectar("", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    conexao->Executar("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
+    return conexao;
+}
+
 std::shared_ptr<Conexao> AbrirEmMemoria() {
     return Conectar(":memory:", SQLITE_OPEN_READWRITE);
 }

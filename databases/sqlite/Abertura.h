@@ -17,6 +17,10 @@ std::shared_ptr<Conexao> AbrirNovo(const std::filesystem::path& arquivo);
 // An empty database in memory.
 std::shared_ptr<Conexao> AbrirEmMemoria();
 
+// An empty database that nobody else sees: in memory, and in a nameless file of the temporary
+// folder (SQLITE_TMPDIR, TMPDIR) what of it grows beyond some megabytes.
+std::shared_ptr<Conexao> AbrirTemporario();
+
 // The engine over a connection of ours.
 std::unique_ptr<BancoSQLite> AbrirSobre(std::shared_ptr<Conexao> conexao,
                                         TabelasDeTrabalho tabelasDeTrabalho);

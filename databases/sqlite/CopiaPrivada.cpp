@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -126,6 +127,22 @@ std::shared_ptr<Conexao> CopiaPrivada::Conectar(std::shared_ptr<const CopiaPriva
                                           SQLITE_DESERIALIZE_READONLY));
     conexao->Executar("PRAGMA temp_store = MEMORY");
     conexao->ProibirEscrita();
+    return conexao;
+}
+
+std::shared_ptr<Conexao> CopiaPrivada::ConectarOutra(const CopiaPrivada& copia) {
+    auto conexao = AbrirEmMemoria();
+    const auto tamanho = static_cast<sqlite3_int64>(copia.tamanho_);
+    // SQLite frees it, on errors too.
+    auto* const bytes = static_cast<unsigned char*>(sqlite3_malloc64(copia.tamanho_));
+    if (bytes == nullptr) {
+        throw std::bad_alloc();
+    }
+    std::copy_n(copia.bytes_, copia.tamanho_, bytes);
+    conexao->Conferir(
+        sqlite3_deserialize(conexao->Db(), "main", bytes, tamanho, tamanho,
+                            SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE));
+    conexao->Executar("PRAGMA temp_store = MEMORY; PRAGMA journal_mode = MEMORY");
     return conexao;
 }
 

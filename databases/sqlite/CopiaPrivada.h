@@ -28,7 +28,9 @@ class CopiaPrivada {
 
     // A connection that reads the copy and writes nothing to it.
     static std::shared_ptr<Conexao> Conectar(std::shared_ptr<const CopiaPrivada> copia);
-    // The same as a database. Its work tables are its own.
+    // A connection to a copy of the copy in memory, its own to be written to.
+    static std::shared_ptr<Conexao> ConectarOutra(const CopiaPrivada& copia);
+    // The first as a database. Its work tables are its own.
     static std::unique_ptr<BancoSQLite> Abrir(std::shared_ptr<const CopiaPrivada> copia);
 
   protected:

@@ -12,4 +12,7 @@ namespace tarvo::sqlite {
 void CriarArquivo(const std::filesystem::path& arquivo,
                   const std::function<void(Conexao&)>& preencher);
 
+// All tables of a declaration database, with their indexes.
+void CriarTabelas(Conexao& conexao);
+
 }  // namespace tarvo::sqlite

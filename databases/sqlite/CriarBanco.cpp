@@ -10,15 +10,19 @@ namespace tarvo {
 using sqlite::Conexao;
 using sqlite::NomeSql;
 
+void sqlite::CriarTabelas(Conexao& conexao) {
+    for (const auto tabelas : {TabelasDoBanco(), TabelasRefeitas()}) {
+        for (const DefinicaoTabela& tabela : tabelas) {
+            conexao.Executar("CREATE TABLE " + NomeSql(tabela.nome) + " (" +
+                             std::string(tabela.colunas) + ")");
+        }
+    }
+    CriarIndices(conexao, Indices::SemChaves);
+}
+
 void CriarBanco(const std::filesystem::path& arquivo, std::string_view script) {
     sqlite::CriarArquivo(arquivo, [&](Conexao& conexao) {
-        for (const auto tabelas : {sqlite::TabelasDoBanco(), sqlite::TabelasRefeitas()}) {
-            for (const sqlite::DefinicaoTabela& tabela : tabelas) {
-                conexao.Executar("CREATE TABLE " + NomeSql(tabela.nome) + " (" +
-                                 std::string(tabela.colunas) + ")");
-            }
-        }
-        CriarIndices(conexao, sqlite::Indices::SemChaves);
+        sqlite::CriarTabelas(conexao);
         conexao.Executar(std::string(script));
     });
 }

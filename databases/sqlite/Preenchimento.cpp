@@ -8,7 +8,6 @@
 #include "data/LeitoresDeCampo.h"
 #include "data/Utf8.h"
 #include "databases/sqlite/Alfabeto.h"
-#include "databases/sqlite/Tabelas.h"
 
 namespace tarvo::sqlite {
 
@@ -53,7 +52,39 @@ int VincularConvertido(sqlite3_stmt* instrucao, int parametro, const Valor& valo
     }
 }
 
+std::string InsercaoSql(std::string_view tabela, std::span<const DefinicaoColuna> colunas) {
+    std::string nomes;
+    std::string parametros;
+    for (const DefinicaoColuna& coluna : colunas) {
+        const char* const virgula = nomes.empty() ? "" : ", ";
+        nomes += virgula + NomeSql(coluna.nome);
+        parametros += std::string(virgula) + "?";
+    }
+    return "INSERT INTO " + NomeSql(tabela) + " (" + nomes + ") VALUES (" + parametros + ")";
+}
+
 }  // namespace
+
+Insercao::Insercao(const std::shared_ptr<Conexao>& conexao, std::string_view tabela,
+                   std::span<const DefinicaoColuna> colunas)
+    : conexao_(conexao), tabela_(tabela), insercao_(conexao, InsercaoSql(tabela, colunas)) {
+    for (const DefinicaoColuna& coluna : colunas) {
+        tipos_.push_back(TipoDeclarado(coluna.tipo));
+    }
+}
+
+void Insercao::Linha(std::span<const Valor> valores) {
+    if (valores.size() != tipos_.size()) {
+        throw Erro(NumeroErro::OperacaoInvalida, "A linha tem " + std::to_string(valores.size()) +
+                                                     " valores; a tabela \"" + tabela_ + "\", " +
+                                                     std::to_string(tipos_.size()) + " colunas.");
+    }
+    for (std::size_t c = 0; c < valores.size(); ++c) {
+        conexao_->Conferir(VincularConvertido(insercao_.Ponteiro(), static_cast<int>(c) + 1,
+                                              valores[c], tipos_[c]));
+    }
+    insercao_.Executar();
+}
 
 Preenchimento::Preenchimento(std::shared_ptr<Conexao> conexao) : conexao_(std::move(conexao)) {}
 
@@ -66,10 +97,8 @@ void Preenchimento::Tabela(std::string_view nome, std::span<const std::string> c
                    "Um banco de declarações não tem a tabela \"" + std::string(nome) + "\".");
     }
     const auto doEsquema = ColunasDe(*definicao);
-    std::vector<Destino> destinos;
+    std::vector<DefinicaoColuna> escolhidas;
     std::string criacao;
-    std::string nomes;
-    std::string parametros;
     for (const std::string& coluna : colunas) {
         const auto achada = std::ranges::find_if(doEsquema, [&](const DefinicaoColuna& uma) {
             return SemCaixa(uma.nome) == SemCaixa(coluna);
@@ -79,36 +108,23 @@ void Preenchimento::Tabela(std::string_view nome, std::span<const std::string> c
                        "A tabela \"" + std::string(definicao->nome) + "\" não tem a coluna \"" +
                            coluna + "\".");
         }
-        const char* const virgula = destinos.empty() ? "" : ", ";
-        criacao += virgula + NomeSql(achada->nome) + " " + achada->tipo +
+        criacao += (escolhidas.empty() ? "" : ", ") + NomeSql(achada->nome) + " " + achada->tipo +
                    (achada->semCaixa ? " COLLATE NOCASE" : "");
-        nomes += virgula + NomeSql(achada->nome);
-        parametros += std::string(virgula) + "?";
-        destinos.push_back({achada->nome, TipoDeclarado(achada->tipo)});
+        escolhidas.push_back(*achada);
     }
-    const std::string tabela = NomeSql(definicao->nome);
-    if (destinos.empty() || Existe(*conexao_, definicao->nome, destinos.front().coluna)) {
+    if (escolhidas.empty() || Existe(*conexao_, definicao->nome, escolhidas.front().nome)) {
         throw Erro(NumeroErro::OperacaoInvalida, "A tabela \"" + std::string(definicao->nome) +
                                                      "\" já foi informada, ou vem sem colunas.");
     }
-    conexao_->Executar("CREATE TABLE " + tabela + " (" + criacao + ")");
-    insercao_ = std::make_unique<Instrucao>(
-        conexao_, "INSERT INTO " + tabela + " (" + nomes + ") VALUES (" + parametros + ")");
-    tabela_ = definicao->nome;
-    colunas_ = std::move(destinos);
+    conexao_->Executar("CREATE TABLE " + NomeSql(definicao->nome) + " (" + criacao + ")");
+    insercao_.emplace(conexao_, definicao->nome, escolhidas);
 }
 
 void Preenchimento::Linha(std::span<const Valor> valores) {
-    if (!insercao_ || valores.size() != colunas_.size()) {
-        throw Erro(NumeroErro::OperacaoInvalida, "A linha tem " + std::to_string(valores.size()) +
-                                                     " valores; a tabela \"" + tabela_ + "\", " +
-                                                     std::to_string(colunas_.size()) + " colunas.");
+    if (!insercao_) {
+        throw Erro(NumeroErro::OperacaoInvalida, "Uma linha vem depois da sua tabela.");
     }
-    for (std::size_t c = 0; c < valores.size(); ++c) {
-        conexao_->Conferir(VincularConvertido(insercao_->Ponteiro(), static_cast<int>(c) + 1,
-                                              valores[c], colunas_[c].tipo));
-    }
-    insercao_->Executar();
+    insercao_->Linha(valores);
 }
 
 void CriarIndices(Conexao& conexao, Indices quais) {

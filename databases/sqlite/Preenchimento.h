@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,14 +10,32 @@
 #include "data/Valor.h"
 #include "databases/sqlite/Celula.h"
 #include "databases/sqlite/Conexao.h"
+#include "databases/sqlite/Tabelas.h"
 
 // Rows from elsewhere into an empty SQLite database.
 namespace tarvo::sqlite {
 
+// Adds rows to some columns of a table, again and again. Values are converted to the columns' types
+// by the rules of the field readers; one that does not convert is kept as it is and is error 3421
+// when a report reads it.
+class Insercao {
+  public:
+    // colunas: of that table's definition.
+    Insercao(const std::shared_ptr<Conexao>& conexao, std::string_view tabela,
+             std::span<const DefinicaoColuna> colunas);
+    // A value for each of the columns, in their order; error 3219 for another number.
+    void Linha(std::span<const Valor> valores);
+
+  private:
+    std::shared_ptr<Conexao> conexao_;
+    std::string tabela_;
+    std::vector<TipoColuna> tipos_;
+    Instrucao insercao_;
+};
+
 // Makes the declaration tables that a source has, with just the columns that it has, and takes its
-// rows in their order. Values are converted to the schema's types by the rules of the field
-// readers; one that does not convert is kept as it is and is error 3421 when a report reads it.
-// Tables have no keys: a source's doubled or missing ones are its own.
+// rows in their order, values as Insercao does. Tables have no keys: a source's doubled or missing
+// ones are its own.
 class Preenchimento {
   public:
     explicit Preenchimento(std::shared_ptr<Conexao> conexao);
@@ -32,14 +51,8 @@ class Preenchimento {
     void Linha(std::span<const Valor> valores);
 
   private:
-    struct Destino {
-        std::string coluna;
-        TipoColuna tipo;
-    };
     std::shared_ptr<Conexao> conexao_;
-    std::string tabela_;
-    std::vector<Destino> colunas_;
-    std::unique_ptr<Instrucao> insercao_;
+    std::optional<Insercao> insercao_;
 };
 
 // The indexes that the reports' queries need, on the columns that are there; with those of the

@@ -144,6 +144,16 @@ std::span<const DefinicaoTabela> TabelasDoBanco() {
     return Cadastros;
 }
 
+Dono DonoDe(const DefinicaoTabela& tabela) {
+    if (tabela.nome == "tblContribuinte") {
+        return Dono::Contribuinte;
+    }
+    if (tabela.indice.empty()) {
+        return Dono::Todos;
+    }
+    return tabela.indice == "Código" ? Dono::Subitem : Dono::Declaracao;
+}
+
 std::span<const DefinicaoTabela> TabelasRefeitas() {
     return Refeitas;
 }

@@ -25,6 +25,11 @@ struct DefinicaoColuna {
 std::vector<DefinicaoColuna> ColunasDe(const DefinicaoTabela& tabela);
 
 std::span<const DefinicaoTabela> TabelasDoBanco();
+
+// Whose a table's rows are, and by which column those of one are found: a taxpayer's by IE, a
+// declaration's by NroDRQ, an entry's of tblOcorrências by Código; or everybody's.
+enum class Dono { Contribuinte, Declaracao, Subitem, Todos };
+Dono DonoDe(const DefinicaoTabela& tabela);
 // The four that reports empty and refill.
 std::span<const DefinicaoTabela> TabelasRefeitas();
 

@@ -23,7 +23,8 @@ namespace fs = std::filesystem;
 bool EncerraOLote(NumeroErro numero) {
     return numero == NumeroErro::DiscoCheio || numero == NumeroErro::BancoOcupado ||
            numero == NumeroErro::BancoNaoEncontrado || numero == NumeroErro::MemoriaInsuficiente ||
-           numero == NumeroErro::ArquivosDemais || numero == NumeroErro::FonteAusente;
+           numero == NumeroErro::ArquivosDemais || numero == NumeroErro::ServidorInacessivel ||
+           numero == NumeroErro::SenhaRecusada || numero == NumeroErro::FonteAusente;
 }
 
 std::string LerRefAtual(const Configuracoes& configuracoes) {
@@ -71,8 +72,11 @@ void RecusarLink(const fs::path& pasta, const fs::path& pastaDoLote) {
 }  // namespace
 
 TrabalhadorLote::TrabalhadorLote(const LoteEmCurso& lote)
-    : lote_(lote), banco_(lote.fonte.Abrir()) {
+    : lote_(lote),
+      andamento_([&lote](const std::string& aviso) { lote.progresso.Avisar(aviso); }),
+      banco_(lote.fonte.Abrir()) {
     banco_->Acompanhar(&andamento_);
+    banco_->ManterLeitura("", 0);  // what all share stays as the batch's hash of it says
 }
 
 void TrabalhadorLote::Produzir(const DeclaracaoDoLote& declaracao) {
@@ -80,6 +84,7 @@ void TrabalhadorLote::Produzir(const DeclaracaoDoLote& declaracao) {
         lote_.configuracoes, lote_.argumentos.refDaDeclaracao
                                  ? MesDaChamada(lote_.argumentos, declaracao.ref1.value_or(Data()))
                                  : std::nullopt);
+    const LeituraMantida leitura(*banco_, declaracao.IE, declaracao.NroDRQ);
     Producao producao{.declaracao = declaracao, .configuracoes = configuracoes};
     const std::string nome = NomeDaDeclaracao(declaracao);
     const fs::path& pasta = lote_.argumentos.saida.pasta;

@@ -6,6 +6,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Formatos.h"
+#include "databases/postgresql/Endereco.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ReferenciaAtual.h"
 
@@ -43,6 +44,16 @@ std::optional<Data> LerMes(const std::string& texto) {
         return DataDeReferencia(texto);
     } catch (const Erro&) {
         Recusar("\"" + texto + "\" não é um mês e ano (MM/AAAA)");
+    }
+}
+
+// Everybody on the machine can read a command line.
+void RecusarSenha(const std::string& banco) {
+    if (postgresql::EhEndereco(banco) && postgresql::TemSenha(banco)) {
+        Recusar(
+            "o endereço do servidor traz a senha, que na linha de comando todos podem ler; tire-a "
+            "dele e use o arquivo ~/.pgpass, a variável PGPASSWORD ou um arquivo de serviço (e "
+            "troque a senha, que já foi lida)");
     }
 }
 
@@ -187,6 +198,8 @@ Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
     a.comando = l.comando;
     a.ajuda = l.ajuda;
     a.banco = l.banco;
+    RecusarSenha(l.banco);
+    RecusarSenha(l.saida);
     if (!l.codificacao.empty()) {
         a.codificacao = l.codificacao;
     }

@@ -6,13 +6,12 @@
 
 namespace tarvo::host {
 
-int CopiarParaArquivo(const Argumentos& a, Console& console) {
-    if (a.destino.string().find("://") != std::string::npos) {
-        throw Erro(NumeroErro::AcaoNaoSuportada,
-                   "A cópia para um servidor não faz parte desta versão.");
-    }
+int Copiar(const Argumentos& a, Console& console) {
     const auto origem = LocalizarBanco(a, console, {.modo = ModoAbertura::SomenteLeitura});
     const auto resumo = CopiarBanco(origem, a.destino, {.IE = a.IE, .NroDRQ = a.NumeroDRQ});
+    for (const std::string& aviso : resumo.avisos) {
+        console.Avisar(aviso);
+    }
     console.Dizer(std::to_string(resumo.tabelas) + " tabelas, " + std::to_string(resumo.linhas) +
                   " linhas");
     return Feito;

@@ -7,6 +7,6 @@ namespace tarvo::host {
 
 // Copies the database, or the declarations that the command line names, into a new SQLite file and
 // says how much that was. Returns the exit status.
-int CopiarParaArquivo(const Argumentos& argumentos, Console& console);
+int Copiar(const Argumentos& argumentos, Console& console);
 
 }  // namespace tarvo::host

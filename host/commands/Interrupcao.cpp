@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <cstddef>
-#include <utility>
 
 #include "host/commands/Console.h"
 
@@ -40,9 +39,11 @@ bool Interrompido() {
 
 bool CancelaSeInterrompido::Continuar(std::chrono::milliseconds aguardando) {
     constexpr std::chrono::milliseconds Paciencia(1000);
-    if (aguardando >= Paciencia && console_ != nullptr) {
-        std::exchange(console_, nullptr)->Avisar("aguardando outro programa que usa o banco");
+    const bool demora = aguardando >= Paciencia;
+    if (demora && !avisou_ && avisar_) {
+        avisar_("aguardando o banco: outro programa o usa, ou o servidor não responde");
     }
+    avisou_ = demora;
     return !Interrompido();
 }
 

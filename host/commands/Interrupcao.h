@@ -2,6 +2,9 @@
 
 #include <array>
 #include <csignal>
+#include <functional>
+#include <string>
+#include <utility>
 
 #include "document/Ambiente.h"
 #include "host/commands/Console.h"
@@ -29,15 +32,19 @@ class CapturaDeInterrupcao {
 bool Interrompido();
 
 // Cancels what is being done once a signal has come: the build of a report at the next page, a
-// query at once. Warns on the console, where given, once, that the database keeps it waiting.
+// query at once. Warns, where told how, that the database keeps it waiting.
 class CancelaSeInterrompido final : public Andamento {
   public:
-    explicit CancelaSeInterrompido(Console* console = nullptr) : console_(console) {}
+    explicit CancelaSeInterrompido(std::function<void(const std::string& aviso)> avisar = {})
+        : avisar_(std::move(avisar)) {}
+    explicit CancelaSeInterrompido(Console* console)
+        : avisar_([console](const std::string& aviso) { console->Avisar(aviso); }) {}
     bool PaginaConcluida(std::size_t /*paginas*/) override { return !Interrompido(); }
     bool Continuar(std::chrono::milliseconds aguardando) override;
 
   private:
-    Console* console_;  // until it has been said
+    std::function<void(const std::string& aviso)> avisar_;
+    bool avisou_ = false;  // of this wait
 };
 
 }  // namespace tarvo::host

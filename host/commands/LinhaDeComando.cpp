@@ -12,7 +12,7 @@ namespace {
 
 using L = LinhaDeComando;
 
-const Opcao Banco{"BANCO", "", &L::banco, "banco de declarações", true};
+const Opcao Banco{"BANCO", "", &L::banco, "banco de declarações: arquivo, ou postgresql://…", true};
 const Opcao Codificacao{"--codificacao", "N", &L::codificacao,
                         "página de código dos textos dos .mdb mais antigos (1252)"};
 const Opcao IE{"--ie", "IE", &L::IE, "inscrição estadual (dispensada só por VELO)"};
@@ -37,9 +37,9 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
          {{"--exemplo", &L::exemplo, "preenche o banco com um exemplo fictício"}}},
         {Comando::Copiar,
          "copiar",
-         "copia um banco, ou declarações dele, para um arquivo novo do programa",
+         "copia um banco, ou declarações dele, para um arquivo novo ou um servidor",
          {Opcao{"ORIGEM", "", &L::banco, "banco de declarações", true},
-          Opcao{"DESTINO", "", &L::saida, "arquivo novo", true},
+          Opcao{"DESTINO", "", &L::saida, "arquivo novo, ou endereço de tabelas vazias", true},
           Opcao{"--ie", "IE", &L::IE, "só este contribuinte e suas declarações"},
           Opcao{"--drq", "N", &L::drq, "só esta declaração"}, Codificacao},
          {}},

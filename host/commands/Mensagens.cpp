@@ -18,14 +18,17 @@ struct Conselho {
 
 constexpr Conselho Conselhos[] = {
     {NumeroErro::BancoNaoEncontrado,
-     "Confira o caminho. Para criar um banco novo: relatorios-tarvo criar BANCO"},
+     "Confira o caminho ou o endereço. Para criar um banco novo: relatorios-tarvo criar BANCO"},
+    {NumeroErro::SenhaRecusada,
+     "A senha vem do arquivo ~/.pgpass, da variável PGPASSWORD ou de um arquivo de serviço."},
+    {NumeroErro::ServidorInacessivel, "Confira o endereço, a rede e se o servidor está no ar."},
     {NumeroErro::BancoIrreconhecivel,
      "O arquivo não é um banco de declarações, ou está danificado; recorra a uma cópia de "
      "segurança."},
     {NumeroErro::BancoOcupado, "Feche o outro programa que usa o banco e tente de novo."},
     {NumeroErro::BancoSomenteLeitura,
      "Dê permissão de escrita ao arquivo e à sua pasta, ou trabalhe numa cópia."},
-    {NumeroErro::BancoJaExiste, "Escolha outro nome ou remova antes o arquivo."},
+    {NumeroErro::BancoJaExiste, "Nada se substitui: escolha outro nome, ou remova antes o que há."},
     {NumeroErro::PermissaoNegada, "Confira as permissões do arquivo e da pasta."},
     {NumeroErro::DiscoCheio, "Libere espaço e tente de novo; o que já existia está intacto."},
     {NumeroErro::RegistroAtualAusente,

@@ -56,6 +56,8 @@ class BancoDaChamada {
         opcoes.acompanhante = &andamento_;
         banco_ = LocalizarBanco(argumentos_, console_, opcoes).Abrir();
         banco_->Acompanhar(&andamento_);
+        // All reports of the call show the same.
+        banco_->ManterLeitura(argumentos_.IE.value_or(""), argumentos_.NumeroDRQ.value_or(0));
     }
 
     const Argumentos& argumentos_;

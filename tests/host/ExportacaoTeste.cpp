@@ -180,14 +180,14 @@ TEST_F(Exportacao, ALockedDatabaseStopsOnlyWhatNeedsTheLock) {
     {
         const OutroPrograma escrevendo(Banco(), "BEGIN IMMEDIATE");
         Programa impaciente(chamada);
-        EXPECT_TRUE(impaciente.Dizer("aguardando outro programa"));
+        EXPECT_TRUE(impaciente.Dizer("aguardando o banco"));
         impaciente.Sinalizar(SIGTERM);
         EXPECT_THAT(impaciente.Esperar(), Termina(1, HasSubstr("erro 18: relatório 10: ")));
         EXPECT_THAT(Arquivos(Saida()), ElementsAre("17-RelatorioPagamentos.json"));
     }
     auto escrevendo = std::make_unique<OutroPrograma>(Banco(), "BEGIN IMMEDIATE");
     Programa paciente(chamada);
-    EXPECT_TRUE(paciente.Dizer("aguardando outro programa"));
+    EXPECT_TRUE(paciente.Dizer("aguardando o banco"));
     escrevendo.reset();
     EXPECT_THAT(paciente.Esperar(), Termina(0));
     const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");

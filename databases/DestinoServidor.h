@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "databases/Copia.h"
+#include "databases/postgresql/Esquema.h"
+#include "databases/postgresql/Sessao.h"
+
+namespace tarvo {
+
+// Copies into a server's tables, by COPY in one transaction. For the errors see CopiarBanco.
+class DestinoServidor final : public DestinoDaCopia {
+  public:
+    // The tables are there and empty, or are made.
+    enum class Tabelas { Vazias, Novas };
+    DestinoServidor(const std::string& endereco, Tabelas tabelas);
+
+    void Tabela(const sqlite::DefinicaoTabela& tabela,
+                std::span<const sqlite::DefinicaoColuna> colunas) override;
+    void Linha(sqlite3_stmt* linha) override;
+    void TerminarTabela() override;
+    // Without it nothing is there afterwards.
+    void Confirmar();
+
+    [[nodiscard]] const std::vector<std::string>& Avisos() const { return avisos_; }
+
+  private:
+    void CriarTabelas();
+    void ExigirVazias();
+
+    Acompanhante* quem_ = nullptr;
+    postgresql::Sessao sessao_;
+    std::optional<postgresql::Esquema> esquema_;
+    std::vector<std::string> avisos_;
+    const sqlite::DefinicaoTabela* tabela_ = nullptr;
+    std::vector<sqlite::DefinicaoColuna> colunas_;
+    std::size_t linhas_ = 0;  // of the table
+    std::string bytes_;       // not sent yet
+};
+
+}  // namespace tarvo

@@ -1,0 +1,101 @@
+#include "databases/postgresql/Alcance.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+#include "databases/sqlite/Alfabeto.h"
+#include "databases/sqlite/Gramatica.h"
+
+namespace tarvo::postgresql {
+
+namespace {
+
+using namespace sqlite;
+
+std::optional<std::int32_t> Numero(const std::string& texto) {
+    std::int32_t numero = 0;
+    const auto [fim, erro] = std::from_chars(texto.data(), texto.data() + texto.size(), numero);
+    const bool inteiro = erro == std::errc() && fim == texto.data() + texto.size();
+    return inteiro ? std::optional(numero) : std::nullopt;
+}
+
+// "column = literal" of that column.
+const Expressao* Igualado(const Expressao& termo, std::string_view coluna, Operacao literal) {
+    const bool igual = termo.operacao == Operacao::Igual && termo.partes.size() == 2 &&
+                       termo.partes[0].operacao == Operacao::Coluna &&
+                       termo.partes[1].operacao == literal &&
+                       SemCaixa(termo.partes[0].nome) == coluna;
+    return igual ? &termo.partes[1] : nullptr;
+}
+
+// The codes of "Código = 1 Or Código = 2"; none where it says anything else.
+std::vector<std::int32_t> Codigos(const Expressao& termo) {
+    std::vector<std::int32_t> codigos;
+    const auto tomar = [&](const Expressao& um) {
+        const Expressao* const literal = Igualado(um, "código", Operacao::Numero);
+        const auto numero = literal == nullptr ? std::nullopt : Numero(literal->nome);
+        if (numero) {
+            codigos.push_back(*numero);
+        }
+        return numero.has_value();
+    };
+    const bool todos =
+        termo.operacao == Operacao::Ou ? std::ranges::all_of(termo.partes, tomar) : tomar(termo);
+    return todos ? codigos : std::vector<std::int32_t>();
+}
+
+const DefinicaoTabela* Definicao(const std::string& nome) {
+    static const auto Definicoes = [] {
+        std::map<std::string, const DefinicaoTabela*> definicoes;
+        for (const DefinicaoTabela& definicao : TabelasDoBanco()) {
+            definicoes.emplace(SemCaixa(definicao.nome), &definicao);
+        }
+        return definicoes;
+    }();
+    const auto achada = Definicoes.find(SemCaixa(nome));
+    return achada == Definicoes.end() ? nullptr : achada->second;
+}
+
+void Restringir(Alcance& alcance, const std::vector<Expressao>& termos) {
+    for (const Expressao& termo : termos) {
+        if (const auto* literal = Igualado(termo, "nrodrq", Operacao::Numero)) {
+            const auto numero = Numero(literal->nome);
+            alcance.varias =
+                alcance.varias || !numero || (alcance.NroDRQ && *alcance.NroDRQ != *numero);
+            alcance.NroDRQ = numero;
+        } else if (const auto* texto = Igualado(termo, "ie", Operacao::Texto)) {
+            alcance.IE = texto->nome;
+        } else if (auto codigos = Codigos(termo); !codigos.empty()) {
+            alcance.codigos = std::move(codigos);
+        }
+    }
+}
+
+}  // namespace
+
+bool Alcance::Tem(Dono dono) const {
+    return std::ranges::any_of(tabelas, [&](const auto* t) { return DonoDe(*t) == dono; });
+}
+
+Alcance AlcanceDe(std::string_view consulta) {
+    const Consulta lida = Analisar(consulta);
+    Alcance alcance;
+    const auto* const selecao = std::get_if<Selecao>(&lida);
+    if (selecao == nullptr) {
+        return alcance;
+    }
+    for (const TabelaCitada& citada : selecao->tabelas) {
+        if (const DefinicaoTabela* const definicao = Definicao(citada.nome)) {
+            alcance.tabelas.push_back(definicao);
+        }
+    }
+    Restringir(alcance, selecao->condicoes);
+    Restringir(alcance, selecao->condicoesDosGrupos);
+    if (alcance.varias) {
+        alcance.NroDRQ.reset();
+    }
+    return alcance;
+}
+
+}  // namespace tarvo::postgresql

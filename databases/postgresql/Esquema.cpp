@@ -1,0 +1,187 @@
+#include "databases/postgresql/Esquema.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "data/CodigosDeErros.h"
+
+namespace tarvo::postgresql {
+
+namespace {
+
+constexpr std::string_view Ordem = "ordem";
+
+// All columns of the tables of these names, the types of domains as what they are made of.
+constexpr const char* ColunasQueHa =
+    "SELECT c.relname, a.attname, coalesce(nullif(t.typbasetype, 0), t.oid)::bigint,"
+    " has_column_privilege(c.oid, a.attnum, 'SELECT')"
+    " FROM pg_catalog.pg_class c"
+    " JOIN pg_catalog.pg_attribute a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped"
+    " JOIN pg_catalog.pg_type t ON t.oid = a.atttypid"
+    " WHERE pg_catalog.pg_table_is_visible(c.oid) AND c.relkind IN ('r', 'p', 'v', 'm', 'f')"
+    " AND c.relname LIKE 'tbl%'";
+
+struct ColunaQueHa {
+    Tipo tipo;
+    bool legivel;
+};
+using TabelasQueHa = std::map<std::string, std::map<std::string, ColunaQueHa>, std::less<>>;
+
+std::string TextoEm(const PGresult* linhas, int linha, int coluna) {
+    return {PQgetvalue(linhas, linha, coluna),
+            static_cast<std::size_t>(PQgetlength(linhas, linha, coluna))};
+}
+
+TabelasQueHa LerTabelas(Sessao& sessao) {
+    constexpr Tipo Inteiro64 = 20;
+    const Resultado resultado = sessao.Consultar({ColunasQueHa});
+    const PGresult* const linhas = resultado.get();
+    TabelasQueHa tabelas;
+    for (int i = 0; i < PQntuples(linhas); ++i) {
+        const Valor tipo = LerValor(TextoEm(linhas, i, 2), Inteiro64);
+        const auto* const numero = std::get_if<std::int32_t>(&tipo);
+        tabelas[TextoEm(linhas, i, 0)].emplace(
+            TextoEm(linhas, i, 1), ColunaQueHa{numero == nullptr ? 0 : static_cast<Tipo>(*numero),
+                                               *PQgetvalue(linhas, i, 3) != 0});
+    }
+    return tabelas;
+}
+
+void Listar(std::string& lista, std::string_view nome) {
+    lista.append(lista.empty() ? "\"" : ", \"").append(nome).append("\"");
+}
+
+void Recusar(const std::string& semOrdem, const std::string& semPermissao) {
+    if (!semPermissao.empty()) {
+        throw Erro(NumeroErro::SemPermissaoDeLeitura,
+                   "Este usuário não pode ler " + semPermissao +
+                       "; quem as criou lhe dá a permissão: GRANT SELECT ON ALL TABLES IN SCHEMA "
+                       "… TO ….");
+    }
+    if (!semOrdem.empty()) {
+        throw Erro(NumeroErro::ColunaDesconhecida,
+                   "Falta a coluna \"ordem\", que diz em que ordem as linhas foram acrescentadas, "
+                   "a " +
+                       semOrdem +
+                       "; cria-se com ALTER TABLE … ADD COLUMN ordem bigint GENERATED ALWAYS AS "
+                       "IDENTITY.");
+    }
+}
+
+}  // namespace
+
+const ColunaDoServidor* TabelaDoServidor::Coluna(std::string_view nome) const {
+    const auto achada = std::ranges::find(colunas, nome, &ColunaDoServidor::nome);
+    return achada == colunas.end() ? nullptr : &*achada;
+}
+
+std::vector<std::string> TabelaDoServidor::NomesDasColunas() const {
+    std::vector<std::string> nomes;
+    for (const auto& coluna : colunas) {
+        nomes.push_back(coluna.nome);
+    }
+    return nomes;
+}
+
+std::vector<sqlite::DefinicaoColuna> TabelaDoServidor::Definicoes() const {
+    auto definicoes = sqlite::ColunasDe(*definicao);
+    std::erase_if(definicoes, [&](const auto& uma) { return Coluna(uma.nome) == nullptr; });
+    return definicoes;
+}
+
+std::vector<Tipo> TabelaDoServidor::Tipos() const {
+    std::vector<Tipo> tipos;
+    for (const auto& coluna : colunas) {
+        tipos.push_back(coluna.pedida.tipo);
+    }
+    return tipos;
+}
+
+std::string TabelaDoServidor::Selecao(const std::string& condicao) const {
+    std::string sql;
+    for (const auto& coluna : colunas) {
+        sql += (sql.empty() ? "SELECT " : ", ") + Sessao::Nome(coluna.nome);
+        sql += coluna.pedida.conversao;
+    }
+    sql += " FROM " + Sessao::Nome(definicao->nome);
+    return sql + (condicao.empty() ? "" : " WHERE " + condicao) + " ORDER BY " +
+           Sessao::Nome(Ordem);
+}
+
+std::string TabelaDoServidor::Da(std::string_view colunaDeNumero, const std::string& valor) const {
+    const ColunaDoServidor* const coluna = Coluna(colunaDeNumero);
+    if (coluna == nullptr) {
+        return "FALSE";
+    }
+    return Sessao::Nome(coluna->nome) + (coluna->numero ? "" : "::text") + " = " + valor +
+           "::bigint" + (coluna->numero ? "" : "::text");
+}
+
+std::string TabelaDoServidor::DeIE(const std::string& valor) const {
+    return Coluna("IE") == nullptr
+               ? "FALSE"
+               : SemCaixaNoServidor(Sessao::Nome("IE")) + " = " + SemCaixaNoServidor(valor);
+}
+
+Esquema::Esquema(Sessao& sessao) {
+    const TabelasQueHa tabelas = LerTabelas(sessao);
+    std::string semOrdem;
+    std::string semPermissao;
+    for (const sqlite::DefinicaoTabela& definicao : sqlite::TabelasDoBanco()) {
+        const auto ha = tabelas.find(definicao.nome);
+        if (ha == tabelas.end()) {
+            continue;
+        }
+        TabelaDoServidor tabela{&definicao, {}};
+        bool legivel = true;
+        for (const auto& coluna : sqlite::ColunasDe(definicao)) {
+            if (const auto achada = ha->second.find(coluna.nome); achada != ha->second.end()) {
+                tabela.colunas.push_back(
+                    {coluna.nome, PedidaDe(achada->second.tipo), EhNumero(achada->second.tipo)});
+                legivel = legivel && achada->second.legivel;
+            }
+        }
+        const auto ordem = ha->second.find(std::string(Ordem));
+        if (!legivel || (ordem != ha->second.end() && !ordem->second.legivel)) {
+            Listar(semPermissao, definicao.nome);
+        } else if (ordem == ha->second.end()) {
+            Listar(semOrdem, definicao.nome);
+        }
+        if (!tabela.colunas.empty()) {
+            tabelas_.push_back(std::move(tabela));
+        }
+    }
+    Recusar(semOrdem, semPermissao);
+    if (tabelas_.empty()) {
+        throw Erro(
+            NumeroErro::TabelaInexistente,
+            "No servidor não se vê tabela alguma de um banco de declarações; relatorios-tarvo "
+            "criar as faz. Se elas existem: confira o banco do endereço, o search_path e "
+            "GRANT USAGE ON SCHEMA.");
+    }
+}
+
+const TabelaDoServidor* Esquema::Procurar(std::string_view nome) const {
+    const auto achada =
+        std::ranges::find(tabelas_, nome, [](const auto& t) { return t.definicao->nome; });
+    return achada == tabelas_.end() ? nullptr : &*achada;
+}
+
+std::string Esquema::ResumoDosComuns() const {
+    std::string sql;
+    for (const TabelaDoServidor& tabela : tabelas_) {
+        if (sqlite::DonoDe(*tabela.definicao) == sqlite::Dono::Todos) {
+            sql += (sql.empty() ? "" : " || ") +
+                   ("(SELECT coalesce(md5(string_agg(t::text, E'\\n' ORDER BY ordem)), '') FROM " +
+                    Sessao::Nome(tabela.definicao->nome) + " t)");
+        }
+    }
+    return "SELECT " + (sql.empty() ? "''" : sql) + "::text";
+}
+
+std::string SemCaixaNoServidor(const std::string& texto) {
+    return "lower(" + texto + "::text COLLATE \"C\")";
+}
+
+}  // namespace tarvo::postgresql

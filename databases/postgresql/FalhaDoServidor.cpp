@@ -1,0 +1,115 @@
+#include "databases/postgresql/FalhaDoServidor.h"
+
+#include <libpq-fe.h>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvo::postgresql {
+
+namespace {
+
+struct Traducao {
+    std::string_view estado;  // or its class, the first two characters
+    NumeroErro numero;
+    const char* descricao;
+};
+
+// Of several that fit, the first.
+constexpr Traducao Traducoes[] = {
+    {"28", NumeroErro::SenhaRecusada, "O servidor não aceita este usuário com esta senha"},
+    {"3D000", NumeroErro::BancoNaoEncontrado, "O servidor não tem esse banco de dados"},
+    {"42501", NumeroErro::SemPermissaoDeLeitura, "O servidor não dá permissão a este usuário"},
+    {"42P01", NumeroErro::TabelaInexistente, "O servidor não tem a tabela"},
+    {"42703", NumeroErro::ColunaDesconhecida, "O servidor não tem a coluna"},
+    {"42P07", NumeroErro::BancoJaExiste, "O servidor já tem a tabela"},
+    {"57014", NumeroErro::FalhaDoServidor, "O servidor interrompeu a consulta"},
+    {"57P", NumeroErro::ServidorInacessivel, "O servidor está parando ou começando"},
+    {"08", NumeroErro::ServidorInacessivel, "A ligação com o servidor caiu"},
+    {"25006", NumeroErro::BancoSomenteLeitura, "O servidor é somente para leitura"},
+    {"53100", NumeroErro::DiscoCheio, "Disco cheio no servidor"},
+    {"53300", NumeroErro::ServidorInacessivel, "O servidor tem ligações demais"},
+    {"23", NumeroErro::OperacaoInvalida, "Chave repetida ou ausente"},
+    {"22", NumeroErro::ConversaoDeDado, "O servidor não guarda o valor"},
+    {"", NumeroErro::FalhaDoServidor, "O servidor não fez o que foi pedido"},
+};
+
+const Traducao& Traduzir(std::string_view estado) {
+    static constexpr Traducao SemResposta{"", NumeroErro::ServidorInacessivel,
+                                          "Não há ligação com o servidor"};
+    if (estado.empty()) {
+        return SemResposta;
+    }
+    return *std::ranges::find_if(
+        Traducoes, [&](const Traducao& uma) { return estado.starts_with(uma.estado); });
+}
+
+// In one line.
+std::string Descrever(std::string_view estado, const std::string& detalhe) {
+    std::string linha;
+    for (const char c : detalhe) {
+        const bool branco = c == '\n' || c == '\t' || c == ' ';
+        if (!branco || (!linha.empty() && linha.back() != ' ')) {
+            linha += branco ? ' ' : c;
+        }
+    }
+    while (linha.ends_with(' ')) {
+        linha.pop_back();
+    }
+    return std::string(Traduzir(estado).descricao) + (linha.empty() ? "." : " (" + linha + ").");
+}
+
+}  // namespace
+
+FalhaDoServidor::FalhaDoServidor(std::string estado, const std::string& detalhe)
+    : Erro(Traduzir(estado).numero, Descrever(estado, detalhe)), estado_(std::move(estado)) {}
+
+bool FalhaDoServidor::Passageira() const {
+    // 40001: on a replica, what it reads changed too soon.
+    return Numero() == NumeroErro::ServidorInacessivel || estado_ == "40001";
+}
+
+bool FalhaDoServidor::SemPreparadas() const {
+    return estado_ == "26000" || estado_ == "42P05";
+}
+
+bool FalhaDoServidor::EsquemaMudou() const {
+    constexpr std::array Estados{"0A000", "42P01", "42703", "42804", "42883"};
+    return std::ranges::find(Estados, estado_) != Estados.end();
+}
+
+void LancarFalhaDeConexao(pg_conn* conexao) {
+    const std::string detalhe = PQerrorMessage(conexao);
+    // libpq keeps no SQLSTATE of a connection that was refused.
+    const auto diz = [&](std::string_view texto) {
+        return detalhe.find(texto) != std::string::npos;
+    };
+    if (diz("too many clients") || diz("remaining connection slots")) {
+        throw FalhaDoServidor("53300", detalhe);
+    }
+    if (diz("database \"") && diz("does not exist")) {
+        throw FalhaDoServidor("3D000", detalhe);
+    }
+    if (PQconnectionNeedsPassword(conexao) == 1 || PQconnectionUsedPassword(conexao) == 1 ||
+        diz("pg_hba.conf") || diz("authentication failed") || diz("role \"")) {
+        throw FalhaDoServidor("28000", detalhe);
+    }
+    throw FalhaDoServidor("", detalhe);
+}
+
+void LancarFalha(pg_conn* conexao, const pg_result* resultado) {
+    const char* const estado =
+        resultado == nullptr ? nullptr : PQresultErrorField(resultado, PG_DIAG_SQLSTATE);
+    const char* const texto =
+        resultado == nullptr ? nullptr : PQresultErrorField(resultado, PG_DIAG_MESSAGE_PRIMARY);
+    if (estado == nullptr || texto == nullptr) {
+        throw FalhaDoServidor("", PQerrorMessage(conexao));
+    }
+    const char* const mais = PQresultErrorField(resultado, PG_DIAG_MESSAGE_DETAIL);
+    const char* const onde = PQresultErrorField(resultado, PG_DIAG_CONTEXT);
+    throw FalhaDoServidor(estado, std::string(texto) +
+                                      (mais == nullptr ? "" : std::string("; ") + mais) +
+                                      (onde == nullptr ? "" : std::string("; ") + onde));
+}
+
+}  // namespace tarvo::postgresql

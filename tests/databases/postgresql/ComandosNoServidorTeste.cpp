@@ -1,0 +1,201 @@
+#include <csignal>
+#include <random>
+
+#include "data/LeitoresDeCampo.h"
+#include "databases/sqlite/Celula.h"
+#include "databases/sqlite/Tabelas.h"
+#include "tests/databases/postgresql/ServidorDeTeste.h"
+#include "tests/host/Programa.h"
+
+namespace tarvo::host {
+namespace {
+
+using apoio::ServidorDeTeste;
+using testing::AllOf;
+using testing::HasSubstr;
+
+// All values of all tables in their order; True is one number.
+std::string Despejo(const std::string& banco) {
+    std::string texto;
+    const auto aberto = BancoSQLite::Abrir(banco);
+    for (const auto& tabela : sqlite::TabelasDoBanco()) {
+        const auto linhas = aberto->OpenRecordset(
+            "select * from [" + std::string(tabela.nome) + "]", TipoRecordset::ForwardOnly);
+        const int colunas = static_cast<int>(sqlite::ColunasDe(tabela).size());
+        for (; !linhas->EOF_(); linhas->MoveNext()) {
+            for (int c = 0; c < colunas; ++c) {
+                const Valor valor = linhas->Fields(c);
+                texto += (EhNulo(valor) ? "(nulo)" : TextoCampo(valor)) + "|";
+            }
+            texto += "\n";
+        }
+    }
+    return texto;
+}
+
+class ComandosNoServidor : public ComExemplo {
+  protected:
+    ComandosNoServidor() {
+        ::setenv("SOURCE_DATE_EPOCH", "1000000000", 1);
+        EXPECT_THAT(Rodar({"criar", endereco}), Termina(0));
+    }
+    void Copiar() { EXPECT_THAT(Rodar({"copiar", Banco(), endereco}), Termina(0)); }
+    std::vector<std::string> Lote(const std::string& banco, const std::string& onde,
+                                  const std::string& formato = "pdf") {
+        return {"lote",  banco,         "--saida", Saida(onde),   "--formato",
+                formato, "--trabalhos", "2",       "--ref-atual", "declaração"};
+    }
+    // Every file but the summary.
+    void EsperarIguais(const std::string& uma, const std::string& outra) {
+        const auto nomes = Arquivos(Saida(uma));
+        EXPECT_EQ(nomes, Arquivos(Saida(outra)));
+        EXPECT_GT(nomes.size(), 20U);
+        for (const auto& nome : nomes) {
+            if (!nome.ends_with("resumo.csv")) {
+                EXPECT_EQ(apoio::BytesDe(Saida(uma + "/" + nome)),
+                          apoio::BytesDe(Saida(outra + "/" + nome)))
+                    << nome;
+            }
+        }
+    }
+    // Rows of all kinds, which refer to each other or to nothing.
+    void Sortear(unsigned semente) {
+        std::mt19937 sorte(semente);
+        const auto um = [&](std::vector<const char*> lista) {
+            return std::string(lista[sorte() % lista.size()]);
+        };
+        for (const auto& tabela : sqlite::TabelasDoBanco()) {
+            const auto colunas = sqlite::ColunasDe(tabela);
+            for (int linha = 0; linha < 15; ++linha) {
+                std::string valores;
+                for (const auto& coluna : colunas) {
+                    std::string valor;
+                    switch (sqlite::TipoDeclarado(coluna.tipo)) {
+                        case sqlite::TipoColuna::Longo:
+                            valor = std::to_string(coluna.chave ? 900 + linha : 900 + sorte() % 15);
+                            break;
+                        case sqlite::TipoColuna::Moeda:
+                            valor = std::to_string(static_cast<std::int64_t>(sorte()) * 1000 - 5);
+                            break;
+                        case sqlite::TipoColuna::Data:
+                            valor = um({"'2003-07-01'", "'0100-01-01'", "'2002-01-31 23:59:59'"});
+                            break;
+                        case sqlite::TipoColuna::Booleano:
+                            valor = um({"-1", "0", "7"});
+                            break;
+                        default:
+                            valor = coluna.chave ? "'" + std::to_string(linha) + "'"
+                                                 : um({"'1.101'", "'6.109'", "'001.01'", "'É\\t\n'",
+                                                       "''", "'SP'", "'12'", "'250114377019'"});
+                    }
+                    const bool nulo =
+                        sorte() % 9 == 0 && coluna.definicao.find("NOT NULL") == std::string::npos;
+                    valores += (valores.empty() ? "" : ", ") + (nulo ? "NULL" : valor);
+                }
+                Executar("INSERT OR IGNORE INTO \"" + std::string(tabela.nome) + "\" VALUES (" +
+                         valores + ")");
+            }
+        }
+    }
+
+    ServidorDeTeste& servidor = ServidorDeTeste::Unico();
+    std::string endereco = servidor.BancoNovo();
+};
+
+TEST_F(ComandosNoServidor, GiveTheSamePagesAsAFileAndCopyBackIntoThatFile) {
+    for (const unsigned semente : {0U, 1U}) {
+        if (semente > 0) {
+            Sortear(semente);
+            endereco = servidor.BancoNovo();
+            EXPECT_THAT(Rodar({"criar", endereco}), Termina(0));
+        }
+        Copiar();
+        const std::string n = std::to_string(semente);
+        const char* const formato = semente == 0 ? "pdf" : "json";
+        const auto doServidor = Rodar(Lote(endereco, "no" + n, formato));
+        EXPECT_EQ(doServidor.situacao, Rodar(Lote(Banco(), "de" + n, formato)).situacao);
+        EsperarIguais("no" + n, "de" + n);
+        for (const char* comando : {"listar", "verificar"}) {
+            EXPECT_EQ(Rodar({comando, endereco, "--json"}).saida,
+                      Rodar({comando, Banco(), "--json"}).saida);
+        }
+        const std::string volta = (pasta / ("volta" + n)).string();
+        EXPECT_THAT(Rodar({"copiar", endereco, volta}), Termina(0));
+        EXPECT_EQ(Despejo(volta), Despejo(Banco()));
+        EXPECT_THAT(Rodar({"copiar", endereco, volta + "101", "--drq", "101"}), Termina(0));
+        EXPECT_THAT(Rodar({"copiar", Banco(), volta + "um", "--drq", "101"}), Termina(0));
+        EXPECT_EQ(Despejo(volta + "101"), Despejo(volta + "um"));
+    }
+}
+
+TEST_F(ComandosNoServidor, RefuseToOverwriteAndWhatTheServerCannotHold) {
+    EXPECT_THAT(Rodar({"criar", endereco}), Termina(1, HasSubstr("erro 3204")));
+    Executar("UPDATE tblPagamento SET Valor = 'dez' WHERE rowid = 3");
+    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}),
+                Termina(1, AllOf(HasSubstr("erro 3421: Tabela \"tblPagamento\": linha 3, NroDRQ "),
+                                 HasSubstr("\"dez\""))));
+    Executar(
+        "UPDATE tblPagamento SET Valor = 10 WHERE rowid = 3; UPDATE tblContribuinte SET "
+        "Bairro = CAST(x'610062' AS TEXT) WHERE rowid = 2");
+    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}),
+                Termina(1, AllOf(HasSubstr("linha 2, IE "), HasSubstr("byte nulo"))));
+    Executar("UPDATE tblContribuinte SET Bairro = ''; ALTER TABLE tblDRQ DROP COLUMN Ref2");
+    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}),
+                Termina(0, HasSubstr("não tem a coluna Ref2 de tblDRQ")));
+    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}), Termina(1, HasSubstr("erro 3204")));
+    EXPECT_THAT(Rodar({"listar", "postgresql://eu:segredo@x/y"}),
+                Termina(2, AllOf(HasSubstr(".pgpass"), testing::Not(HasSubstr("segredo")))));
+}
+
+TEST_F(ComandosNoServidor, ABatchOutlivesItsServerAndAnInterruptedOneIsResumed) {
+    Executar(
+        "WITH RECURSIVE r(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM r WHERE i < 20) INSERT "
+        "INTO tblDRQ (NroDRQ, IE, Ref1, RegTrib, Tipo, SaldoCredAntDig, SaldoCredAntDigST) "
+        "SELECT 1000 + i, '250114377019', '2003-07-01', '01', 1, 0, 0 FROM r");
+    Copiar();
+    EXPECT_THAT(Rodar(Lote(Banco(), "sem")), Termina(0));
+    const auto esperar = [&](std::size_t arquivos, const Programa& lote) {
+        while (lote.Ativo() && Arquivos(Saida("com")).size() < arquivos) {
+            ::usleep(1000);
+        }
+        EXPECT_TRUE(lote.Ativo());
+    };
+    {
+        Programa lote(Lote(endereco, "com"));
+        esperar(60, lote);
+        servidor.Matar();
+        EXPECT_TRUE(lote.Dizer("aguardando"));
+        servidor.Iniciar();
+        esperar(120, lote);
+        servidor.Matar();
+        ::usleep(300'000);
+        lote.Sinalizar(SIGTERM);
+        EXPECT_THAT(lote.Esperar(), Termina(1, HasSubstr("--retomar continua")));
+        servidor.Iniciar();
+    }
+    auto resto = Lote(endereco, "com");
+    resto.emplace_back("--retomar");
+    EXPECT_THAT(Rodar(resto), Termina(0));
+    EsperarIguais("sem", "com");
+}
+
+TEST_F(ComandosNoServidor, ACancelledExportIsCancelledOnTheServer) {
+    Copiar();
+    static_cast<void>(ServidorDeTeste::Executar(
+        endereco, R"(ALTER TABLE "tblPagamento" RENAME TO p; CREATE VIEW "tblPagamento" AS
+                     SELECT p.*, pg_sleep(60)::text AS "Observação" FROM p WHERE pg_sleep(60)::text = '')"));
+    Programa exportacao({"exportar", endereco, "--ie", "250114377019", "--drq", "101",
+                         "--relatorios", "17", "--formato", "pdf", "--saida", Saida()});
+    const std::string emCurso =
+        "SELECT count(*) FROM pg_stat_activity WHERE state = 'active' AND wait_event = 'PgSleep'";
+    while (ServidorDeTeste::Executar(endereco, emCurso) == "0" && exportacao.Ativo()) {
+        ::usleep(10'000);
+    }
+    exportacao.Sinalizar(SIGINT);
+    EXPECT_THAT(exportacao.Esperar(), Termina(1, HasSubstr("erro 18")));
+    ::usleep(200'000);
+    EXPECT_EQ(ServidorDeTeste::Executar(endereco, emCurso), "0");
+}
+
+}  // namespace
+}  // namespace tarvo::host
