@@ -1,9 +1,11 @@
 // What a batch reaches beside independent processes of one thread each: the same declarations with
 // all reports, once by one batch over all cores, once by as many batches of one thread as there are
 // cores, each on a database of its own. Rounds alternate; what counts is the ratio. Also the peak
-// of memory for one and for four times the declarations.
+// of memory for one and for four times the declarations. With the address of a server's empty
+// database instead: the processor time of a batch on the server's declarations (the batch's own,
+// not the server's) against that of one on the same in a file.
 //
-// bench_lote [DECLARATIONS [ROUNDS]]
+// bench_lote [DECLARATIONS [ROUNDS [postgresql://...]]]
 
 #include <sqlite3.h>
 #include <sys/resource.h>
@@ -20,6 +22,8 @@
 #include <thread>
 #include <vector>
 
+#include "databases/CopiarBanco.h"
+#include "databases/CriarNoServidor.h"
 #include "databases/sqlite/BancoSQLite.h"
 #include "host/example/Exemplo.h"
 
@@ -166,6 +170,26 @@ void Comparar(long declaracoes, long rodadas, const fs::path& pasta) {
                 Medir({pasta / "quatro.tarvo"}, pasta / "lote", nucleos).memoria);
 }
 
+void CompararComServidor(long declaracoes, long rodadas, const fs::path& pasta,
+                         const std::string& endereco) {
+    const unsigned nucleos = std::max(1U, std::thread::hardware_concurrency());
+    const fs::path arquivo = pasta / "banco.tarvo";
+    CriarBancoGrande(arquivo, declaracoes);
+    CriarNoServidor(endereco);
+    CopiarBanco(OrigemBanco(arquivo), endereco, {});
+    std::vector<double> razoes;
+    for (long rodada = 0; rodada < rodadas; ++rodada) {
+        const Medida doArquivo = Medir({arquivo}, pasta / "arquivo", nucleos);
+        const Medida doServidor = Medir({endereco}, pasta / "servidor", nucleos);
+        razoes.push_back(doServidor.processador / doArquivo.processador);
+        std::printf(
+            "file: processor %.2f s, %.0f MB; server: processor %.2f s, %.0f MB; ratio %.2f\n",
+            doArquivo.processador, doArquivo.memoria, doServidor.processador, doServidor.memoria,
+            razoes.back());
+    }
+    std::printf("%ld declarations: median ratio %.2f\n", declaracoes, Mediana(razoes));
+}
+
 }  // namespace
 }  // namespace tarvo::bench
 
@@ -174,11 +198,15 @@ int main(int argc, char** argv) {
     const long rodadas = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 3;
     std::string modelo = (std::filesystem::temp_directory_path() / "bench_lote-XXXXXX").string();
     if (declaracoes < 20 || rodadas < 1 || ::mkdtemp(modelo.data()) == nullptr) {
-        std::fprintf(stderr, "bench_lote [DECLARATIONS [ROUNDS]]\n");
+        std::fprintf(stderr, "bench_lote [DECLARATIONS [ROUNDS [ADDRESS]]]\n");
         return 2;
     }
     try {
-        tarvo::bench::Comparar(declaracoes, rodadas, modelo);
+        if (argc > 3) {
+            tarvo::bench::CompararComServidor(declaracoes, rodadas, modelo, argv[3]);
+        } else {
+            tarvo::bench::Comparar(declaracoes, rodadas, modelo);
+        }
     } catch (const std::exception& erro) {
         std::fprintf(stderr, "%s\n", erro.what());
     }

@@ -87,7 +87,8 @@ std::shared_ptr<sqlite::Conexao> OrigemBanco::Conectar(const SelecaoDaCopia& sel
         return sqlite::CopiaPrivada::Conectar(partes_->copia);
     }
     if (partes_->noServidor) {
-        return postgresql::LerTudo(partes_->endereco, selecao.IE, selecao.NroDRQ);
+        return postgresql::LerTudo(partes_->endereco, selecao.IE, selecao.NroDRQ,
+                                   partes_->opcoes.acompanhante);
     }
     return sqlite::AbrirArquivo(partes_->endereco, ModoAbertura::SomenteLeitura);
 }

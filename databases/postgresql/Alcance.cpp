@@ -72,6 +72,33 @@ void Restringir(Alcance& alcance, const std::vector<Expressao>& termos) {
     }
 }
 
+void AnotarColunas(const Expressao& expressao, std::set<std::string>& colunas) {
+    if (expressao.operacao == Operacao::Coluna) {
+        colunas.insert(SemCaixa(expressao.nome));
+    }
+    for (const Expressao& parte : expressao.partes) {
+        AnotarColunas(parte, colunas);
+    }
+}
+
+// Nothing where all of a table's are asked for.
+std::optional<std::set<std::string>> ColunasDe(const Selecao& selecao) {
+    std::set<std::string> colunas;
+    for (const ItemSelecao& item : selecao.itens) {
+        if (!item.expressao) {
+            return std::nullopt;
+        }
+        AnotarColunas(*item.expressao, colunas);
+    }
+    for (const auto* lista : {&selecao.juncoes, &selecao.condicoes, &selecao.grupos,
+                              &selecao.condicoesDosGrupos, &selecao.ordem}) {
+        for (const Expressao& expressao : *lista) {
+            AnotarColunas(expressao, colunas);
+        }
+    }
+    return colunas;
+}
+
 }  // namespace
 
 bool Alcance::Tem(Dono dono) const {
@@ -90,6 +117,7 @@ Alcance AlcanceDe(std::string_view consulta) {
             alcance.tabelas.push_back(definicao);
         }
     }
+    alcance.colunas = ColunasDe(*selecao);
     Restringir(alcance, selecao->condicoes);
     Restringir(alcance, selecao->condicoesDosGrupos);
     if (alcance.varias) {

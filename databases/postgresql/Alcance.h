@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,9 @@ struct Alcance {
     bool varias = false;                                  // it asks for several at once
     std::optional<std::string> IE;
     std::vector<std::int32_t> codigos;  // of entries of tblOcorrências; empty: not by code
+
+    // The columns that it names, of whatever table, without case; nothing: all.
+    std::optional<std::set<std::string>> colunas;
 
     [[nodiscard]] bool Tem(sqlite::Dono dono) const;
 };

@@ -1,6 +1,7 @@
 #include "databases/postgresql/BancoPostgreSQL.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
 #include <utility>
 #include <vector>
@@ -25,6 +26,17 @@ std::string DosSubitens(const Esquema& esquema, const std::string& condicao) {
     return ocorrencias == nullptr || ocorrencias->Coluna("Código") == nullptr
                ? "FALSE"
                : "\"Código\" IN (SELECT \"Código\" FROM \"tblOcorrências\" WHERE " + condicao + ")";
+}
+
+// The table with the columns that the query names; with all where it names none.
+TabelaDoServidor SoAsPedidas(TabelaDoServidor tabela, const Alcance& alcance) {
+    const auto pedida = [&](const ColunaDoServidor& coluna) {
+        return !alcance.colunas || alcance.colunas->contains(sqlite::SemCaixa(coluna.nome));
+    };
+    if (std::ranges::any_of(tabela.colunas, pedida)) {
+        std::erase_if(tabela.colunas, std::not_fn(pedida));
+    }
+    return tabela;
 }
 
 class Banco final : public BancoDados {
@@ -240,7 +252,8 @@ class Banco final : public BancoDados {
                 std::vector<LinhasDaTabela> linhas;
                 for (const auto* definicao : alcance.tabelas) {
                     if (const auto* tabela = esquema_->Procurar(definicao->nome)) {
-                        linhas.emplace_back(tabela, CondicaoDe(alcance, *tabela, sessao));
+                        linhas.emplace_back(SoAsPedidas(*tabela, alcance),
+                                            CondicaoDe(alcance, *tabela, sessao));
                     }
                 }
                 conexao = LerInteiras(sessao, linhas);
@@ -315,9 +328,9 @@ std::unique_ptr<BancoDados> Abrir(const std::string& endereco) {
 
 std::shared_ptr<sqlite::Conexao> LerTudo(const std::string& endereco,
                                          const std::optional<std::string>& IE,
-                                         const std::optional<std::int32_t>& NroDRQ) {
-    Acompanhante* const ninguem = nullptr;
-    Sessao sessao(endereco, ninguem);
+                                         const std::optional<std::int32_t>& NroDRQ,
+                                         Acompanhante* quem) {
+    Sessao sessao(endereco, quem);
     const Esquema esquema(sessao);
     std::string numeros;
     std::string contribuintes;
@@ -341,7 +354,7 @@ std::shared_ptr<sqlite::Conexao> LerTudo(const std::string& endereco,
             case Dono::Todos:
                 break;
         }
-        linhas.emplace_back(&tabela, condicao);
+        linhas.emplace_back(tabela, condicao);
     }
     return LerInteiras(sessao, linhas);
 }

@@ -22,9 +22,10 @@ namespace tarvo::postgresql {
 std::unique_ptr<BancoDados> Abrir(const std::string& endereco);
 
 // All rows of all tables, in a private database; or of the chosen declarations, and perhaps of
-// others too. The same errors.
+// others too. quem: asked while they come, nullptr for nobody. The same errors, and 18.
 std::shared_ptr<sqlite::Conexao> LerTudo(const std::string& endereco,
                                          const std::optional<std::string>& IE,
-                                         const std::optional<std::int32_t>& NroDRQ);
+                                         const std::optional<std::int32_t>& NroDRQ,
+                                         Acompanhante* quem);
 
 }  // namespace tarvo::postgresql

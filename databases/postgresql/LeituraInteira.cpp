@@ -13,9 +13,9 @@ std::shared_ptr<sqlite::Conexao> LerInteiras(Sessao& sessao,
     {
         sqlite::Preenchimento preenchimento(conexao);
         for (const auto& [tabela, condicao] : linhas) {
-            preenchimento.Tabela(tabela->definicao->nome, tabela->NomesDasColunas());
-            LeitorDeCopia leitor(tabela->Tipos());
-            sessao.CopiarDe(tabela->Selecao(condicao), [&](std::string_view pedaco) {
+            preenchimento.Tabela(tabela.definicao->nome, tabela.NomesDasColunas());
+            LeitorDeCopia leitor(tabela.Tipos());
+            sessao.CopiarDe(tabela.Selecao(condicao), [&](std::string_view pedaco) {
                 leitor.Ler(pedaco,
                            [&](std::span<const Valor> valores) { preenchimento.Linha(valores); });
             });

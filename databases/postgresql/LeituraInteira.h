@@ -10,8 +10,8 @@
 
 namespace tarvo::postgresql {
 
-// A table, and which of its rows: a condition, empty for all.
-using LinhasDaTabela = std::pair<const TabelaDoServidor*, std::string>;
+// A table, with the columns that are wanted, and which of its rows: a condition, empty for all.
+using LinhasDaTabela = std::pair<TabelaDoServidor, std::string>;
 
 // Those rows as they all were at one moment, in a private database of their own that nobody may
 // write to: however many they are, little of them is in memory at a time.

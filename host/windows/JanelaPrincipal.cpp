@@ -15,6 +15,7 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include "databases/postgresql/Endereco.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
 #include "dispatch/Declaracoes.h"
@@ -135,9 +136,12 @@ void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
     avisos_->Esquecer();
     rodadas_ = std::make_unique<Rodadas>(ambiente_, *this, *avisos_);
     AtualizarEstado();
-    const QFileInfo nome(ParaQt(arquivo.string()));
-    setWindowTitle(nome.fileName() + u" — Relatórios Tarvo"_s);
-    AcrescentarRecente(ambiente_.Preferencias(), nome.absoluteFilePath());
+    const QString endereco = ParaQt(arquivo.string());
+    const QFileInfo nome(endereco);
+    const bool noServidor = postgresql::EhEndereco(arquivo.string());
+    setWindowTitle((noServidor ? ParaQt(postgresql::Mostrado(arquivo.string())) : nome.fileName()) +
+                   u" — Relatórios Tarvo"_s);
+    AcrescentarRecente(ambiente_.Preferencias(), noServidor ? endereco : nome.absoluteFilePath());
     DizerDosDados();
 }
 
@@ -156,7 +160,8 @@ void JanelaPrincipal::Ler(const std::filesystem::path& arquivo) {
 
 void JanelaPrincipal::Reabrir() {
     const auto recentes = LerRecentes(ambiente_.Preferencias());
-    if (recentes.isEmpty() || !QFileInfo::exists(recentes.first())) {
+    if (recentes.isEmpty() || (!QFileInfo::exists(recentes.first()) &&
+                               !postgresql::EhEndereco(recentes.first().toStdString()))) {
         return;
     }
     Abrir(recentes.first().toStdString());
