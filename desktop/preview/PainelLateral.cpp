@@ -58,10 +58,12 @@ void PainelLateral::CriarSumario() {
 void PainelLateral::CriarAvisos() {
     avisos_->setObjectName(u"avisosDaPrevia"_s);
     avisos_->setAccessibleName(u"O que as páginas não mostram como se espera"_s);
-    avisos_->setHorizontalHeaderLabels({u"Página"_s, u"Aviso, ou texto que não coube inteiro"_s});
+    avisos_->setHorizontalHeaderLabels({u"Página"_s, u"Aviso ou texto cortado"_s});
     avisos_->horizontalHeader()->setStretchLastSection(true);
     avisos_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    avisos_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     avisos_->verticalHeader()->hide();
+    avisos_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     avisos_->setWordWrap(true);
     avisos_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     avisos_->setSelectionBehavior(QAbstractItemView::SelectRows);
