@@ -23,6 +23,7 @@ void ArvoreDeEstrutura::IniciarDocumento(const Conteudo& conteudo) {
     paginas_.clear();
     partes_.clear();
     retratos_.clear();
+    vaos_.clear();
     temTitulo_ = false;
 }
 
@@ -113,7 +114,9 @@ void ArvoreDeEstrutura::Escrever(std::uint32_t i) {
     } else if (etiqueta == Etiqueta::H2 && !temTitulo_) {
         etiqueta = Etiqueta::H1;  // no level is skipped
     }
-    if (etiqueta == Etiqueta::Figure && !retratos_.contains(i)) {
+    if (etiqueta == Etiqueta::Table) {
+        IgualarTabela(i);
+    } else if (etiqueta == Etiqueta::Figure && !retratos_.contains(i)) {
         etiqueta = Etiqueta::P;
     }
     // What neighbours share stands first, and next to each other what tells them apart.
@@ -129,6 +132,29 @@ void ArvoreDeEstrutura::Escrever(std::uint32_t i) {
     AnexarFilhos(i);
     corpo_ += ">>";
     escritor_.ObjetoEmFileira(no.numero, corpo_);
+}
+
+void ArvoreDeEstrutura::IgualarTabela(std::uint32_t tabela) {
+    std::vector<Fileira> fileiras;
+    std::vector<std::uint32_t> celulas;
+    for (auto linha = nos_[tabela].filho; linha != Nada; linha = nos_[linha].irmao) {
+        auto& fileira = fileiras.emplace_back();
+        for (auto celula = nos_[linha].filho; celula != Nada; celula = nos_[celula].irmao) {
+            const Elemento& elemento = conteudo_->estrutura.elementos[celula];
+            fileira.push_back({elemento.colunas, elemento.linhas});
+            celulas.push_back(celula);
+        }
+    }
+    const auto recordadas = fileiras;
+    Igualar(fileiras);
+    auto celula = celulas.begin();
+    for (std::size_t i = 0; i < fileiras.size(); ++i) {
+        for (std::size_t n = 0; n < fileiras[i].size(); ++n, ++celula) {
+            if (fileiras[i][n] != recordadas[i][n]) {
+                vaos_[*celula] = fileiras[i][n];
+            }
+        }
+    }
 }
 
 void ArvoreDeEstrutura::AnexarFilhos(std::uint32_t i) {
@@ -195,8 +221,7 @@ int ArvoreDeEstrutura::EscreverLista(std::uint32_t& item, int pai) {
 
 void ArvoreDeEstrutura::AnexarAtributos(std::uint32_t i, Etiqueta etiqueta) {
     if (EhCelula(etiqueta)) {
-        if (const auto& classe = Classe(etiqueta, conteudo_->estrutura.elementos[i]);
-            !classe.empty()) {
+        if (const auto& classe = Classe(etiqueta, i); !classe.empty()) {
             corpo_.append("/C/").append(classe);
         }
     } else if (etiqueta == Etiqueta::Figure) {
@@ -213,24 +238,29 @@ void ArvoreDeEstrutura::AnexarAtributos(std::uint32_t i, Etiqueta etiqueta) {
 }
 
 // The name of what the cell says of itself; empty for a plain one.
-const std::string& ArvoreDeEstrutura::Classe(Etiqueta etiqueta, const Elemento& celula) {
+const std::string& ArvoreDeEstrutura::Classe(Etiqueta etiqueta, std::uint32_t i) {
+    const Elemento& celula = conteudo_->estrutura.elementos[i];
+    const auto corrigido = vaos_.find(i);
+    const auto [colunas, linhas] =
+        corrigido != vaos_.end() ? corrigido->second : Vao{celula.colunas, celula.linhas};
     const bool titulo = etiqueta == Etiqueta::TH;
     const bool daLinha = titulo && celula.escopo == Escopo::Linha;
-    const unsigned tipo = daLinha ? 2U : titulo ? 1U : 0U;
-    const auto [achada, nova] =
-        classes_.try_emplace(tipo << 16U | celula.colunas << 8U | celula.linhas);
+    const auto [achada, nova] = classes_.try_emplace({daLinha  ? 2
+                                                      : titulo ? 1
+                                                               : 0,
+                                                      colunas, linhas});
     std::string& nome = achada->second;
-    if (nova && (titulo || celula.colunas > 1 || celula.linhas > 1)) {
+    if (nova && (titulo || colunas > 1 || linhas > 1)) {
         nome = "C" + std::to_string(classes_.size());
         atributos_ += "/" + nome + "<</O/Table";
         if (titulo) {
             atributos_ += daLinha ? "/Scope/Row" : "/Scope/Column";
         }
-        if (celula.colunas > 1) {
-            atributos_ += "/ColSpan " + std::to_string(celula.colunas);
+        if (colunas > 1) {
+            atributos_ += "/ColSpan " + std::to_string(colunas);
         }
-        if (celula.linhas > 1) {
-            atributos_ += "/RowSpan " + std::to_string(celula.linhas);
+        if (linhas > 1) {
+            atributos_ += "/RowSpan " + std::to_string(linhas);
         }
         atributos_ += ">>";
     }

@@ -11,6 +11,7 @@
 #include "document/Conteudo.h"
 #include "output/pdf/file/EscritorPDF.h"
 #include "output/pdf/structure/Etiquetas.h"
+#include "output/pdf/structure/Fileiras.h"
 #include "output/pdf/text/Comprimentos.h"
 
 namespace tarvo::pdf {
@@ -69,6 +70,7 @@ class ArvoreDeEstrutura {
 
     void Ligar();
     void Numerar();
+    void IgualarTabela(std::uint32_t tabela);
     [[nodiscard]] std::size_t Tipo(std::size_t i) const {
         return static_cast<std::size_t>(colocados_[i].etiqueta);
     }
@@ -77,7 +79,7 @@ class ArvoreDeEstrutura {
     void AnexarParte(const Parte& primeira, std::uint32_t p);
     int EscreverLista(std::uint32_t& item, int pai);
     void AnexarAtributos(std::uint32_t i, Etiqueta etiqueta);
-    const std::string& Classe(Etiqueta etiqueta, const Elemento& celula);
+    const std::string& Classe(Etiqueta etiqueta, std::uint32_t celula);
     void EscreverPais();
 
     EscritorPDF& escritor_;
@@ -87,8 +89,8 @@ class ArvoreDeEstrutura {
     std::string filhosDaRaiz_;  // the documents, where there are several
     std::string pais_;          // entries of the parent tree
     std::size_t paginasAnteriores_ = 0;
-    std::map<std::uint32_t, std::string> classes_;  // names by what they say
-    std::string atributos_;                         // entries of the class map
+    std::map<std::array<int, 3>, std::string> classes_;  // names by what they say
+    std::string atributos_;                              // entries of the class map
 
     // Of the document:
     const Conteudo* conteudo_ = nullptr;
@@ -97,6 +99,7 @@ class ArvoreDeEstrutura {
     std::vector<PaginaMarcada> paginas_;
     std::vector<Parte> partes_;
     std::map<std::uint32_t, ConteudoMarcado::Retrato> retratos_;
+    std::map<std::uint32_t, Vao> vaos_;  // of cells that cover other than was recorded
     bool temTitulo_ = false;
     std::string corpo_;  // of the object that is being written
     std::string filhos_;

@@ -122,6 +122,15 @@ TEST(Marcas, WhateverIsRecordedTheTreeIsAValidOne) {
                 desenhar(b);
             }
         }
+        // Rows of any width, cells that reach below the last one or over each other.
+        const Trecho tabela(doc, {.tipo = TipoElemento::Tabela});
+        for (const int largura : {2, 5, 1, 4, 3}) {
+            const Trecho linha(doc, LinhaDe(FuncaoDaLinha::Dados));
+            for (int coluna = 0; coluna < largura; ++coluna) {
+                const Trecho celula(doc, TituloDeColuna(1 + coluna % 2, 1 + largura % 3));
+                desenhar(1);
+            }
+        }
     });
     const ArquivoPDF arquivo(conteudo);
     arquivo.EsperarSemFaltas();
