@@ -43,9 +43,7 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     setWindowTitle(u"Relatórios Tarvo"_s);
     setWindowIcon(IconeDe(&frmFiguras::imgIconeR));
     setAcceptDrops(true);
-    CriarMenus();
-    lista_->aoMudar = [this] { AtualizarEstado(); };
-    setCentralWidget(lista_);
+    CriarMenusELista();
     situacao_->setObjectName(u"situacao"_s);
     statusBar()->addWidget(situacao_, 1);
     dados_->setObjectName(u"dados"_s);
@@ -60,7 +58,7 @@ JanelaPrincipal::~JanelaPrincipal() {
     ambiente_.AoPedir(nullptr);
 }
 
-void JanelaPrincipal::CriarMenus() {
+void JanelaPrincipal::CriarMenusELista() {
     const auto acrescentar = [this](QMenu& menu, const QString& texto, auto fazer,
                                     const QKeySequence& atalho = {}) {
         auto* acao = menu.addAction(texto);
@@ -89,6 +87,8 @@ void JanelaPrincipal::CriarMenus() {
     acrescentar(
         declaracao, u"&Localizar"_s, [this] { lista_->Localizar(); }, Qt::CTRL | Qt::Key_F);
     lista_ = new ListaDeclaracoes(this, *relatorios_, *abrir);
+    lista_->aoMudar = [this] { AtualizarEstado(); };
+    setCentralWidget(lista_);
 }
 
 void JanelaPrincipal::AtualizarEstado() {

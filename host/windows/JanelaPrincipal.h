@@ -43,7 +43,7 @@ class JanelaPrincipal final : public QMainWindow {
     void dropEvent(QDropEvent* evento) override;
 
   private:
-    void CriarMenus();
+    void CriarMenusELista();
     void EscolherArquivo();
     void Trocar(const std::filesystem::path& arquivo);
     void Ler(const std::filesystem::path& arquivo);
