@@ -37,15 +37,20 @@ class Exportacao : public ComExemplo {
 TEST_F(Exportacao, FilesBearCodeAndClassInEveryFormat) {
     EXPECT_THAT(Exportar("01,11a,velo"), Termina(0));
     EXPECT_THAT(Exportar("17", "png"), Termina(0));
-    EXPECT_THAT(Exportar("17", "json"), Termina(0));
+    for (const auto* formato : {"json", "csv", "XLSX"}) {
+        EXPECT_THAT(Exportar("17", formato), Termina(0));
+    }
     EXPECT_THAT(Arquivos(Saida()),
                 ElementsAre("01-RelatorioCadastro.pdf", "11A-RelatorioDetRecCredAcVE.pdf",
                             "17-RelatorioPagamentos-001.png", "17-RelatorioPagamentos-002.png",
-                            "17-RelatorioPagamentos.json", "VELO-RelatorioVELO.pdf"));
+                            "17-RelatorioPagamentos.csv", "17-RelatorioPagamentos.json",
+                            "17-RelatorioPagamentos.xlsx", "VELO-RelatorioVELO.pdf"));
     EXPECT_THAT(apoio::BytesDe(Saida("01-RelatorioCadastro.pdf")), StartsWith("%PDF-1.7"));
     EXPECT_THAT(apoio::BytesDe(Saida("17-RelatorioPagamentos.json")),
                 AllOf(StartsWith("{ \"classe\": \"RelatorioPagamentos\""),
                       HasSubstr("Metalúrgica Serra Dourada"), EndsWith("]] }\n")));
+    EXPECT_THAT(apoio::BytesDe(Saida("17-RelatorioPagamentos.csv")),
+                HasSubstr("\r\nTotal;671850,09\r\n"));
     // A shorter document leaves no page of the longer one behind.
     EXPECT_THAT(Exportar("17", "png", {.drq = "102"}), Termina(0));
     EXPECT_FALSE(fs::exists(Saida("17-RelatorioPagamentos-002.png")));

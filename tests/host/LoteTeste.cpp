@@ -113,6 +113,17 @@ TEST_F(Lote, OneFilePerDeclarationHasAnOutlineOfItsReports) {
                 HasSubstr("DRQ 101 – 07/2003 – Metalúrgica Serra Dourada S.A.\n"));
 }
 
+TEST_F(Lote, OneWorkbookPerDeclarationNamesTheReportsOfItsSheets) {
+    EXPECT_THAT(RodarLote({"--unico", "--formato", "xlsx", "--ie", "250114377019"}), Termina(0));
+    EXPECT_THAT(Arquivos(Saida()), SizeIs(4));
+    EXPECT_THAT(
+        apoio::SaidaDe("python3 -c \"import sys, zipfile; print(zipfile.ZipFile(sys.argv[1])"
+                       ".read('xl/workbook.xml').decode())\" '" +
+                       Saida("250114377019-101.xlsx") + "'"),
+        AllOf(HasSubstr("\"01 - Cadastro"), HasSubstr("\"17 - Relatório de Pagamentos\""),
+              HasSubstr("\"17 - Relatório de Pagamento (2)\"")));
+}
+
 // How a batch ends in which one report of six fails, and what a second run makes of it.
 class LoteComFalha : public Lote, public testing::WithParamInterface<bool> {};
 
