@@ -12,6 +12,11 @@ constexpr bool EhDigito(char c) {
     return c >= '0' && c <= '9';
 }
 
+// Of ASCII.
+constexpr bool EhLetraOuDigito(char c) {
+    return EhDigito(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
 // True for the empty text too.
 constexpr bool SoDigitos(std::string_view texto) {
     return std::all_of(texto.begin(), texto.end(), EhDigito);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <span>
 
+#include "data/Textos.h"
 #include "reports/FaixasCFOP.h"
 #include "reports/FormatosCFOP.h"
 #include "review/Familias.h"
@@ -34,9 +35,8 @@ bool Contem(std::string_view grupos, char grupo) {
 
 // How the database orders the characters of codes: signs, digits, letters.
 int Posto(char c) {
-    const bool digito = c >= '0' && c <= '9';
     const bool letra = c >= 'a' && c <= 'z';
-    return static_cast<int>(c) + (digito ? 0x100 : 0) + (letra ? 0x200 : 0);
+    return static_cast<int>(c) + (EhDigito(c) ? 0x100 : 0) + (letra ? 0x200 : 0);
 }
 
 bool Antes(std::string_view a, std::string_view b) {

@@ -11,6 +11,7 @@
 #include <new>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "databases/mdb/Quadros.h"
 #include "databases/sqlite/Tabelas.h"
 #include "system/files/Arquivos.h"
@@ -49,9 +50,7 @@ std::vector<Pedido> Pedidos() {
 
 std::vector<std::string> Argumentos(const std::string& codificacao,
                                     const std::vector<Pedido>& pedidos) {
-    const bool numero =
-        std::ranges::all_of(codificacao, [](char c) { return c >= '0' && c <= '9'; });
-    std::vector<std::string> argumentos{(numero ? "CP" : "") + codificacao};
+    std::vector<std::string> argumentos{(SoDigitos(codificacao) ? "CP" : "") + codificacao};
     for (const Pedido& pedido : pedidos) {
         std::string argumento(pedido.tabela);
         for (const std::string& coluna : pedido.colunas) {

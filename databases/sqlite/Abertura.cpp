@@ -13,6 +13,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/ObjetoDeC.h"
+#include "data/Textos.h"
 #include "system/files/Arquivos.h"
 
 namespace tarvo::sqlite {
@@ -67,8 +68,7 @@ std::string Uri(const fs::path& arquivo) {
     std::string uri = "file:";
     for (const char c : fs::absolute(arquivo).string()) {
         const auto byte = static_cast<unsigned char>(c);
-        if ((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-            c == '/') {
+        if (EhLetraOuDigito(c) || c == '/') {
             uri += c;
         } else {
             uri += {'%', Digitos[byte >> 4U], Digitos[byte & 0xFU]};

@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "databases/sqlite/Gramatica.h"
 #include "databases/sqlite/Letras.h"
 
@@ -18,10 +19,6 @@ namespace {
 constexpr char Lugar = '\x01';
 // More digits than these may not fit where a parameter's value goes.
 constexpr std::size_t MaisDigitos = 9;
-
-bool EhDigito(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // Reads a query as the lexer does, as far as telling its literals apart needs it.
 class LeitorDeFormato {

@@ -3,8 +3,9 @@
 #include <cups/cups.h>
 
 #include <atomic>
-#include <memory>
 #include <string>
+
+#include "data/ObjetoDeC.h"
 
 namespace tarvo {
 
@@ -29,11 +30,8 @@ class ConexaoCups {
   private:
     static int ContinuarEsperando(http_t* http, void* conexao);
 
-    struct Fechar {
-        void operator()(http_t* http) const { httpClose(http); }
-    };
     const std::atomic<bool>* cancelar_;
-    std::unique_ptr<http_t, Fechar> http_;
+    ObjetoDeC<httpClose> http_;
     int segundosSemResposta_ = 0;
 };
 

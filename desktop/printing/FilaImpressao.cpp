@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "data/ObjetoDeC.h"
 #include "desktop/printing/ConexaoCups.h"
 
 namespace tarvo {
@@ -14,10 +15,7 @@ struct LiberarDestino {
 };
 using Destino = std::unique_ptr<cups_dest_t, LiberarDestino>;
 
-struct LiberarInformacao {
-    void operator()(cups_dinfo_t* informacao) const { cupsFreeDestInfo(informacao); }
-};
-using Informacao = std::unique_ptr<cups_dinfo_t, LiberarInformacao>;
+using Informacao = ObjetoDeC<cupsFreeDestInfo>;
 
 // Job options as CUPS keeps them.
 class Opcoes {

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <tuple>
 
+#include "data/Textos.h"
 #include "dispatch/Declaracoes.h"
 #include "host/batch/HashDeDados.h"
 #include "host/commands/RelatoriosPorCodigo.h"
@@ -67,9 +68,7 @@ std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao) {
     constexpr std::size_t MaiorInscricao = 64;
     std::string nome;
     for (const char c : declaracao.IE) {
-        const bool letra =
-            (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-        if (letra || (!nome.empty() && (c == '-' || c == '.'))) {
+        if (EhLetraOuDigito(c) || (!nome.empty() && (c == '-' || c == '.'))) {
             nome += c;
         } else {
             const auto byte = static_cast<unsigned char>(c);

@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "output/pdf/text/Comprimentos.h"
 #include "output/pdf/text/Haste.h"
 #include "output/pdf/text/Lingua.h"
@@ -209,10 +210,8 @@ std::string Face::NomePostScript() const {
     hb_ot_name_get_utf8(face_.get(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &tamanho,
                         nome);
     std::string limpo;
-    std::copy_if(nome, nome + tamanho, std::back_inserter(limpo), [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-               c == '-';
-    });
+    std::copy_if(nome, nome + tamanho, std::back_inserter(limpo),
+                 [](char c) { return EhLetraOuDigito(c) || c == '-'; });
     return limpo.empty() ? "Fonte" : limpo;
 }
 
