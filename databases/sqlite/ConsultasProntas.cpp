@@ -102,9 +102,10 @@ class LeitorDeFormato {
     // Whether it may have a GROUP BY, in which equal expressions must stay equal.
     static bool Agrupa(std::string_view consulta) {
         constexpr std::string_view Group = "GROUP";
-        return !std::ranges::search(consulta, Group, {}, [](char c) {
-                    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-                }).empty();
+        return std::search(consulta.begin(), consulta.end(), Group.begin(), Group.end(),
+                           [](char c, char letra) {
+                               return c == letra || c == letra + ('a' - 'A');
+                           }) != consulta.end();
     }
 
     std::string_view consulta_;

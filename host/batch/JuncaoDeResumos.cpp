@@ -18,14 +18,14 @@ namespace {
 
 using Partes = std::map<Parte, SituacaoDaParte>;
 
-void Acrescentar(Partes& partes, SituacaoDaParte situacao) {
+void Acrescentar(Partes& partes, const SituacaoDaParte& situacao) {
     const Parte parte = situacao.parte;
     const Parte outra = partes.empty() ? parte : partes.begin()->first;
     if (parte.partes != outra.partes) {
         Recusar("As partes " + TextoDaParte(outra) + " e " + TextoDaParte(parte) +
                 " não são do mesmo lote.");
     }
-    const auto [lida, nova] = partes.try_emplace(parte, std::move(situacao));
+    const auto [lida, nova] = partes.try_emplace(parte, situacao);
     if (!nova) {
         Recusar("A parte " + TextoDaParte(parte) + " está em \"" + lida->second.pasta.string() +
                 "\" e em \"" + situacao.pasta.string() + "\".");

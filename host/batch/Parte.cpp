@@ -1,7 +1,8 @@
 #include "host/batch/Parte.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <cstdlib>
+#include <string_view>
 
 #include "system/files/Arquivos.h"
 
@@ -24,11 +25,16 @@ std::vector<Parte> PartesNaPasta(const std::filesystem::path& pasta) {
     for (; !erro && item != std::filesystem::directory_iterator(); item.increment(erro)) {
         const std::string nome = item->path().filename().string();
         Parte parte;
-        const bool lida =
-            nome == NomeDoResumo(parte) ||
-            std::sscanf(nome.c_str(), "resumo-%6d-de-%6d.csv", &parte.numero, &parte.partes) == 2;
-        if (lida && nome == NomeDoResumo(parte) && parte.numero >= 1 &&
-            parte.numero <= parte.partes && parte.partes <= MaisPartes) {
+        if (nome.starts_with("resumo-")) {
+            char* fim = nullptr;
+            parte.numero = static_cast<std::int32_t>(std::strtol(nome.c_str() + 7, &fim, 10));
+            if (std::string_view(fim).starts_with("-de-")) {
+                parte.partes = static_cast<std::int32_t>(std::strtol(fim + 4, nullptr, 10));
+            }
+        }
+        // Of any other name these are no part's, or make another name.
+        if (nome == NomeDoResumo(parte) && parte.numero >= 1 && parte.numero <= parte.partes &&
+            parte.partes <= MaisPartes) {
             partes.push_back(parte);
         }
     }

@@ -193,7 +193,7 @@ void AnexarBytes(std::string& chave, const Valor& valor) {
 
 std::string Chave(const Face* face, const UsoDaFonte& uso) {
     std::string chave;
-    AnexarBytes(chave, face);
+    AnexarBytes(chave, reinterpret_cast<std::uintptr_t>(face));
     AnexarBytes(chave, uso.codigos);
     for (const auto& [glifo, unicode] : uso.glifos) {
         AnexarBytes(chave, glifo);
