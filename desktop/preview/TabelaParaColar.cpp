@@ -13,17 +13,18 @@ namespace {
 
 using Celula = TabelaDoDocumento::Celula;
 
-// What a cell is, in the words of the two spreadsheets that read HTML: value and format (English's,
-// 1033) for the one, a style and a number for the other.
+// What a cell is, in the words of the two spreadsheets that read HTML: value and format for the
+// one, which knows a date by its code in Portuguese (1046) alone, a style and a number for the
+// other.
 QString Especie(const Celula& celula) {
     const auto numero = celula.Numero();
     if (!numero) {
         return uR"( sdnum="1033;0;@" style="mso-number-format:'\@'")"_s;
     }
     const bool quantia = celula.natureza == Natureza::Quantia;
-    return uR"( align="right" sdval="%1" sdnum="1033;0;%2" x:num="%1" style="mso-number-format:'%3'")"_s
+    return uR"( align="right" sdval="%1" sdnum="%2" x:num="%1" style="mso-number-format:'%3'")"_s
         .arg(*numero, 0, 'f', 2)
-        .arg(quantia ? u"#,##0.00"_s : u"dd/mm/yyyy"_s,
+        .arg(quantia ? u"1033;0;#,##0.00"_s : u"1046;0;DD/MM/AAAA"_s,
              quantia ? u"#,##0.00"_s : uR"(dd\/mm\/yyyy)"_s);
 }
 

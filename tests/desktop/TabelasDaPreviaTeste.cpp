@@ -83,7 +83,7 @@ TEST_F(TabelasDaPrevia, TheTableThatIsMeantIsCopiedForSpreadsheetsAndForAnyProgr
     EXPECT_THAT(
         QApplication::clipboard()->mimeData()->html().toStdString(),
         AllOf(HasSubstr("<th>Data</th><th>Valor</th>"),
-              HasSubstr(R"(sdval="37833.00" sdnum="1033;0;dd/mm/yyyy")"),
+              HasSubstr(R"(sdval="37833.00" sdnum="1046;0;DD/MM/AAAA")"),
               HasSubstr(R"(x:num="1234.56" style="mso-number-format:'#,##0.00'">1.234,56</td>)"),
               // Neither a code nor what numbers cannot hold is one.
               HasSubstr(R"(sdnum="1033;0;@" style="mso-number-format:'\@'">001</th>)"),
