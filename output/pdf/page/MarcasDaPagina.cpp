@@ -10,6 +10,12 @@ void MarcasDaPagina::Reiniciar() {
     ha_ = false;
 }
 
+void MarcasDaPagina::Pertencer(std::uint32_t dono) {
+    const bool doPai = colocados_ != nullptr && dono != Estrutura::Decoracao &&
+                       (*colocados_)[dono].etiqueta == Etiqueta::Nenhuma;
+    dono_ = doPai ? (*colocados_)[dono].pai : dono;
+}
+
 void MarcasDaPagina::Abrir(std::string& operadores) {
     if (colocados_ == nullptr || (ha_ && aberto_ == dono_)) {
         return;

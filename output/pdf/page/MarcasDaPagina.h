@@ -18,7 +18,7 @@ class MarcasDaPagina {
     // For a new page.
     void Reiniciar();
     // Whose content comes next: of an element, or Estrutura::Decoracao.
-    void Pertencer(std::uint32_t dono) { dono_ = dono; }
+    void Pertencer(std::uint32_t dono);
     // Appends what must stand before the next operators, and behind the last.
     void Abrir(std::string& operadores);
     void Fechar(std::string& operadores);

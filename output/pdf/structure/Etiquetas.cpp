@@ -91,6 +91,10 @@ std::vector<Colocacao> Colocar(const Estrutura& estrutura) {
     colocados.front().etiqueta = Etiqueta::Document;
     for (std::size_t i = 1; i < elementos.size(); ++i) {
         const auto& [tipo, pai] = std::pair(elementos[i].tipo, elementos[i].pai);
+        if (tipo == TipoElemento::Rotulo && EhCelula(colocados[pai].etiqueta)) {
+            colocados[i].pai = pai;
+            continue;
+        }
         colocados[i] = ColocarSob(colocados, pai, tipo);
         if (colocados[i].etiqueta == Etiqueta::Nenhuma && TemConteudo(tipo)) {
             colocados[i] = ColocarSob(colocados, pai, TipoElemento::Paragrafo);

@@ -13,7 +13,7 @@ namespace tarvo::pdf {
 // The standard structure types that files have. Fields are the items of lists whose labels are the
 // terms, as in a dictionary.
 enum class Etiqueta : std::uint8_t {
-    Nenhuma,  // the element is not in the file; what is below it stands elsewhere
+    Nenhuma,  // the element is not in the file: what is its own, or below it, is its parent's
     Document,
     H1,
     H2,
@@ -43,7 +43,8 @@ struct Colocacao {
 bool TemEstrutura(const Conteudo& conteudo);
 
 // By element. Whatever was recorded, rows stand in tables, cells in rows, labels and values in
-// fields: what has no such parent stands higher up, or is a paragraph.
+// fields: what has no such parent stands higher up, or is a paragraph. A label in a cell is the
+// cell's own content, before its value.
 std::vector<Colocacao> Colocar(const Estrutura& estrutura);
 
 }  // namespace tarvo::pdf
