@@ -152,7 +152,9 @@ void EscritorPDF::Terminar(int raiz, int informacao) {
                              std::to_string(ColunasTabela) + ">>";
     dicionario += "/Root " + Referencia(raiz) + "/Info " + Referencia(informacao);
     dicionario += "/ID[<" + identificador + "><" + identificador + ">]";
-    Fluxo(numero, dicionario, TabelaDeLugares());
+    constexpr std::size_t MuitosObjetos = 10'000;
+    Fluxo(numero, dicionario, TabelaDeLugares(),
+          lugares_.size() < MuitosObjetos ? Empenho::Tamanho : Empenho::Tempo);
     Escrever("startxref\n" + std::to_string(inicio) + "\n%%EOF\n");
     Esvaziar();
 }
