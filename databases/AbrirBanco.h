@@ -11,7 +11,7 @@ namespace tarvo {
 
 // Opens the declaration database that stands at an address: a SQLite file, a file of the desktop
 // engine (.mdb, .accdb), which of them is told by what stands there, never by its name; or a
-// server's (postgresql://user@server/database, as libpq knows it; the password may stand in it, but
+// server's (postgresql://SERVER/DATABASE, as libpq knows it; the password may stand in it, but
 // is better in the password file). Nothing is ever created. A file of the desktop engine is read
 // whole into a private copy and never written: its work tables are private whatever the options
 // say, and the copy shows the file as it was. From a server a declaration comes when it is asked

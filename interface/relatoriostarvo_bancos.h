@@ -31,7 +31,7 @@ enum tarvo_opcoes {
 };
 
 /**
- * Opens a database file, or a server's database by its address (postgresql://user@server/database,
+ * Opens a database file, or a server's database by its address (postgresql://SERVER/DATABASE,
  * as libpq knows it); never creates one.
  *
  * Errors: 3024 no such file or database, 70 no permission, 3343 not a database or a damaged one,

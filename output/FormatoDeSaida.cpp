@@ -51,7 +51,7 @@ ResultadoDaSaida EscreverComoXLSX(std::span<const DocumentoDeSaida> documentos,
                                   const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
     std::vector<SecaoDaPlanilha> secoes;
     for (const auto& documento : documentos) {
-        secoes.push_back({.nome = documentos.size() > 1 ? documento.marcador : "",
+        secoes.push_back({.nome = documentos.size() > 1 ? documento.folha : "",
                           .tabelas = TabelasDoDocumento(*documento.conteudo)});
     }
     std::ostringstream xlsx;

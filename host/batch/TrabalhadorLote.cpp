@@ -216,6 +216,7 @@ TrabalhadorLote::Construidos TrabalhadorLote::Construir(const Producao& p, const
             auto& documento = c.documentos.emplace_back(DocumentoDe(*c.relatorios.back()));
             if (lote_.argumentos.unico) {
                 documento.marcador = codigo + " - " + documento.conteudo->titulo;
+                documento.folha = codigo + " " + documento.conteudo->tituloResumido;
             }
             c.codigos.push_back(codigo);
         });

@@ -120,8 +120,9 @@ TEST_F(Lote, OneWorkbookPerDeclarationNamesTheReportsOfItsSheets) {
         apoio::SaidaDe("python3 -c \"import sys, zipfile; print(zipfile.ZipFile(sys.argv[1])"
                        ".read('xl/workbook.xml').decode())\" '" +
                        Saida("250114377019-101.xlsx") + "'"),
-        AllOf(HasSubstr("\"01 - Cadastro"), HasSubstr("\"17 - Relatório de Pagamentos\""),
-              HasSubstr("\"17 - Relatório de Pagamento (2)\"")));
+        AllOf(HasSubstr("\"01 Cadastro do Contribuinte"),
+              HasSubstr("\"17 Relatório de Pagamentos\""),
+              HasSubstr("\"17 Relatório de Pagamentos (2)\"")));
 }
 
 // How a batch ends in which one report of six fails, and what a second run makes of it.
