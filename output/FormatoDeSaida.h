@@ -20,9 +20,8 @@ namespace tarvo {
 struct DocumentoDeSaida {
     std::string_view classe;  // of its report
     const Conteudo* conteudo = nullptr;
-    std::string marcador;  // its entry in an outline
-    std::string folha =
-        {};  // its name among the sheets of a workbook, which cut it at 31 characters
+    std::string marcador;    // its entry in an outline
+    std::string folha = {};  // its sheet's name in a workbook, where 31 characters stay
 };
 
 // Whether writing returns only once the file would outlast a power failure.
