@@ -152,10 +152,11 @@ void TextosDaPagina::EscreverComposto(const Texto& texto, const Lugar& lugar,
         const Centesimos y =
             topo -
             Escalar(static_cast<std::int64_t>(i) * m.AlturaLinha() + m.ascendente, usado.corpo);
+        // The blank at which a line was broken stays for those who read without seeing the lines.
         if (linha.codigos.empty()) {
-            operadores_.EscreverTexto(usado, x, y, linha.texto);
+            operadores_.EscreverTexto(usado, x, y, linha.texto + (linha.separada ? U" " : U""));
         } else {
-            operadores_.EscreverCodigos(usado, x, y, linha.codigos);
+            operadores_.EscreverCodigos(usado, x, y, linha.codigos + (linha.separada ? " " : ""));
         }
         Ocupar(usado, x, y, ocupada);
         trilhos.push_back({x, y, ocupada});

@@ -194,6 +194,7 @@ TextoComposto ComporBloco(Fonte& fonte, std::u32string_view texto, Centesimos ta
         composto.linhas.push_back(ultima ? regua.LinhaCortada(inicio, fim, limite)
                                          : regua.Linha(inicio, fim));
         composto.cortado = composto.cortado || composto.linhas.back().largura > limite;
+        composto.linhas.back().separada = i + 1 < linhas && quebra.linhas[i + 1].inicio > fim;
     }
     return composto;
 }

@@ -20,6 +20,7 @@ struct LinhaComposta {
     std::u32string texto;
     std::string codigos;       // the same in one-byte codes; empty when some character has none
     std::int64_t largura = 0;  // thousandths of the font size, not condensed
+    bool separada = false;     // a blank or line break stood between it and the next line
 };
 
 // Measures any part of a text: each answer is a difference of two sums made once, so that wrapping

@@ -157,6 +157,15 @@ TEST(Marcas, TextsThatAreCutOrCondensedAreFoundWhole) {
                 AllOf(HasSubstr(longo), HasSubstr(grego), HasSubstr("Metalúrgica do Planalto")));
 }
 
+TEST(Marcas, WordsStayApartWhereALineEnds) {
+    const ArquivoPDF arquivo(Documento([](DocumentoRelatorio& doc) {
+        doc.EscreverTextoMultilinha(0, 0, 1.6, 5, "Valor contábil\r\ndo mês κύμα ζωή φως", 1, 0,
+                                    "Arial", 8, false, false, false, 0);
+    }));
+    EXPECT_THAT(arquivo.Dito("pdfinfo -struct-text"),
+                HasSubstr("Valor contábil do mês κύμα ζωή φως"));
+}
+
 TEST(Marcas, FilesWithoutAStructureDoNotClaimOne) {
     Conteudo alheio = Completo();
     alheio.estrutura = {};
