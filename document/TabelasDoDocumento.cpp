@@ -159,6 +159,7 @@ class Percurso {
             nome_ = titulos.back().linha.celulas[0].texto;
         }
         std::vector<LinhaDaPagina> linhas;
+        linhas.reserve(titulos.size() + filhos_[e].size());
         for (const auto& titulo : titulos) {
             linhas.push_back(
                 {FuncaoDaLinha::TituloDeGrupo, {{{}, titulo.linha.celulas[0].texto, "", false}}});
