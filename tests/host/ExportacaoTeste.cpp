@@ -154,6 +154,8 @@ TEST_F(Exportacao, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(apoio::BytesDe(Saida(arquivo)), antes);
 }
 
+// Sanitizers need files of their own.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(Exportacao, TooFewOpenFilesAreToldAsThatAndNotAsAMissingFont) {
     for (const long quantos : {9, 12}) {
         EXPECT_THAT(Exportar("01", "pdf", {.condicoes = {.arquivosAbertos = quantos}}),
@@ -162,6 +164,7 @@ TEST_F(Exportacao, TooFewOpenFilesAreToldAsThatAndNotAsAMissingFont) {
     }
     EXPECT_THAT(Arquivos(Saida()), SizeIs(0));
 }
+#endif
 
 TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
     fs::create_directory(Saida());

@@ -39,10 +39,6 @@ void Limitar(__rlimit_resource recurso, long bytes) {
     Limitar(RLIMIT_FSIZE, condicoes.limiteDeArquivo);
     Limitar(RLIMIT_AS, condicoes.memoria);
     Limitar(RLIMIT_NOFILE, condicoes.arquivosAbertos);
-    if (condicoes.arquivosAbertos != 0) {
-        // The leak checker would open files of its own.
-        ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
-    }
     std::vector<char*> lista{const_cast<char*>(TARVO_PROGRAMA)};
     for (const auto& argumento : argumentos) {
         lista.push_back(const_cast<char*>(argumento.c_str()));
