@@ -40,6 +40,7 @@ std::string ComoCSV(const Relatorio& relatorio) {
 
 std::string ComoXLSX(const std::vector<SecaoPDF>& documentos) {
     std::vector<SecaoDaPlanilha> secoes;
+    secoes.reserve(documentos.size());
     for (const auto& [conteudo, marcador] : documentos) {
         secoes.push_back({.nome = documentos.size() > 1 ? marcador : "",
                           .tabelas = TabelasDoDocumento(*conteudo)});
