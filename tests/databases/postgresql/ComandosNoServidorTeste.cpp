@@ -33,6 +33,31 @@ std::string Despejo(const std::string& banco) {
     return texto;
 }
 
+// As SQL writes it; a key is the row's own.
+template <class Coluna>
+std::string ValorSorteado(std::mt19937& sorte, const Coluna& coluna, int linha) {
+    const auto um = [&](std::vector<const char*> lista) {
+        return std::string(lista[sorte() % lista.size()]);
+    };
+    if (sorte() % 9 == 0 && coluna.definicao.find("NOT NULL") == std::string::npos) {
+        return "NULL";
+    }
+    switch (sqlite::TipoDeclarado(coluna.tipo)) {
+        case sqlite::TipoColuna::Longo:
+            return std::to_string(900 + (coluna.chave ? linha : static_cast<int>(sorte() % 15)));
+        case sqlite::TipoColuna::Moeda:
+            return std::to_string(static_cast<std::int64_t>(sorte()) * 1000 - 5);
+        case sqlite::TipoColuna::Data:
+            return um({"'2003-07-01'", "'0100-01-01'", "'2002-01-31 23:59:59'"});
+        case sqlite::TipoColuna::Booleano:
+            return um({"-1", "0", "7"});
+        default:
+            return coluna.chave ? "'" + std::to_string(linha) + "'"
+                                : um({"'1.101'", "'6.109'", "'001.01'", "'É\t\n'", "''", "'SP'",
+                                      "'12'", "'250114377019'"});
+    }
+}
+
 class ComandosNoServidor : public ComExemplo {
   protected:
     ComandosNoServidor() {
@@ -61,36 +86,11 @@ class ComandosNoServidor : public ComExemplo {
     // Rows of all kinds, which refer to each other or to nothing.
     void Sortear(unsigned semente) {
         std::mt19937 sorte(semente);
-        const auto um = [&](std::vector<const char*> lista) {
-            return std::string(lista[sorte() % lista.size()]);
-        };
         for (const auto& tabela : sqlite::TabelasDoBanco()) {
-            const auto colunas = sqlite::ColunasDe(tabela);
             for (int linha = 0; linha < 15; ++linha) {
                 std::string valores;
-                for (const auto& coluna : colunas) {
-                    std::string valor;
-                    switch (sqlite::TipoDeclarado(coluna.tipo)) {
-                        case sqlite::TipoColuna::Longo:
-                            valor = std::to_string(coluna.chave ? 900 + linha : 900 + sorte() % 15);
-                            break;
-                        case sqlite::TipoColuna::Moeda:
-                            valor = std::to_string(static_cast<std::int64_t>(sorte()) * 1000 - 5);
-                            break;
-                        case sqlite::TipoColuna::Data:
-                            valor = um({"'2003-07-01'", "'0100-01-01'", "'2002-01-31 23:59:59'"});
-                            break;
-                        case sqlite::TipoColuna::Booleano:
-                            valor = um({"-1", "0", "7"});
-                            break;
-                        default:
-                            valor = coluna.chave ? "'" + std::to_string(linha) + "'"
-                                                 : um({"'1.101'", "'6.109'", "'001.01'", "'É\\t\n'",
-                                                       "''", "'SP'", "'12'", "'250114377019'"});
-                    }
-                    const bool nulo =
-                        sorte() % 9 == 0 && coluna.definicao.find("NOT NULL") == std::string::npos;
-                    valores += (valores.empty() ? "" : ", ") + (nulo ? "NULL" : valor);
+                for (const auto& coluna : sqlite::ColunasDe(tabela)) {
+                    valores += (valores.empty() ? "" : ", ") + ValorSorteado(sorte, coluna, linha);
                 }
                 Executar("INSERT OR IGNORE INTO \"" + std::string(tabela.nome) + "\" VALUES (" +
                          valores + ")");
