@@ -26,8 +26,8 @@ class Paciente final : public Acompanhante {
   public:
     explicit Paciente(int paciencia) : restam_(paciencia) {}
     bool Continuar(std::chrono::milliseconds aguardando) override {
-        EXPECT_GT(aguardando.count(), 0);
-        return --restam_ > 0;
+        // A query that a busy machine lets run long asks too, without waiting.
+        return aguardando.count() == 0 || --restam_ > 0;
     }
     [[nodiscard]] int Restam() const { return restam_; }
 
