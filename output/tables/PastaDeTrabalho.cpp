@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 #include <xlsxwriter.h>
+#include <mutex>
 
 #include <algorithm>
 #include <chrono>
@@ -130,6 +131,9 @@ lxw_format* PastaDeTrabalho::Formato(EstiloDeCelula estilo, bool negrito) {
 
 std::string PastaDeTrabalho::Fechar() {
     const NumerosComPonto numeros;
+    // The library writes the moment through gmtime, whose result all threads share.
+    static std::mutex umPorVez;
+    const std::scoped_lock trava(umPorVez);
     ConferirPlanilha(workbook_close(pasta_.release()));
     std::string bytes = Ler(arquivo_.Valor());
     if (!PartesInteiras(bytes)) {
