@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t tam
             std::abort();
         }
         lidos += registro;
-        (void)TipoPeloCabecalho(registro);
+        (void)SepararCelulas(registro);
         if (const auto linha = Lida(registro)) {
             const std::string escrita = Escrita(*linha);
             const auto relida = Lida(escrita);
