@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/PaginasDeExemplo.h"
 
 #include <cstdint>

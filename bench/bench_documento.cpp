@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What recording and rendering a document cost: time, bytes and memory, and how often as fast as a
 // plain QPainter/QPdfWriter loop over the same pages the rendering is.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the long lists cost: building their pages, and writing them as PDF. Time and memory must
 // grow linearly with the rows.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a batch reaches beside independent processes of one thread each: the same declarations with
 // all reports, once by one batch over all cores, once by as many batches of one thread as there are
 // cores, each on a database of its own. Rounds alternate; what counts is the ratio. Also the peak

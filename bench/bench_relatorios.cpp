@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What building the reports that refill a work table costs. CPU time is what counts: the time of
 // the disk is not the report's.
 

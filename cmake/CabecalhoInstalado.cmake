@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Copies a header into the one folder of installed headers: what it includes from the tree it
 # includes there. cmake -DENTRADA=... -DSAIDA=... -P CabecalhoInstalado.cmake
 file(READ ${ENTRADA} texto)

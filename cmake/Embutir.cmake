@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Run at build time by tarvo_embutir: writes the bytes of ARQUIVO as the array NOME into SAIDA.
 file(READ "${ARQUIVO}" bytes HEX)
 string(REGEX REPLACE "(................................)" "\\1\n" bytes "${bytes}")

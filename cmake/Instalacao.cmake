@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cmake --install` puts where. debian/ says which package holds what of it.
 include(CMakePackageConfigHelpers)
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What makes a fault in memory stop the program instead of serving an attacker; databases come from
 # strangers. The sanitizers bring their own checks.
 if(NOT TARVO_SANITIZAR AND NOT CMAKE_BUILD_TYPE STREQUAL Debug)

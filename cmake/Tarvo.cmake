@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # tarvo_biblioteca(NAME SOURCES...): one library per folder. Headers are included from the
 # root of the tree ("data/Moeda.h"), so that an include says where the thing lives.
 function(tarvo_biblioteca nome)

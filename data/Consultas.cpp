@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Consultas.h"
 
 namespace tarvo {

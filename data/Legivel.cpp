@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Legivel.h"
 
 #include "data/Utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Marks what the installed libraries offer to hosts: every class with operations, every function

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Utf8.h"
 
 #include <algorithm>

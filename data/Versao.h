@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef RELATORIOSTARVO_VERSAO_H
 #define RELATORIOSTARVO_VERSAO_H
 

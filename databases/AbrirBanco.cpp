@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/AbrirBanco.h"
 
 #include "databases/OrigemBanco.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/Copia.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/CopiarBanco.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/CriarNoServidor.h"
 
 #include "databases/Copia.h"

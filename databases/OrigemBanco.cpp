@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/OrigemBanco.h"
 
 #include "data/CodigosDeErros.h"

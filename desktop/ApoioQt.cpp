@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/ApoioQt.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/Icones.h"
 
 #include <QFile>

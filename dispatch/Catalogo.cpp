@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dispatch/Catalogo.h"
 
 #include <array>

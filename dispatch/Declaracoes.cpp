@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dispatch/Declaracoes.h"
 
 #include "data/CodigosDeErros.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dispatch/RevisorDosRelatorios.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/Imagens.h"
 
 #include "embutido/imgBrasaoVDColorido.h"

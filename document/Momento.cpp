@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/Momento.h"
 
 #include <charconv>

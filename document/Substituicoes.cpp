@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/Substituicoes.h"
 
 namespace tarvo {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/TabelasDoDocumento.h"
 
 #include <algorithm>

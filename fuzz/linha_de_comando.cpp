@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads random words, one a line, as the command line: each is understood or refused with a
 // message that a terminal can show, whatever the library behind it thinks of them.
 #include <cstdint>

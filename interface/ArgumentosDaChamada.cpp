@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "interface/ArgumentosDaChamada.h"
 
 #include "data/Utf8.h"

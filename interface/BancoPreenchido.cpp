@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "interface/BancoPreenchido.h"
 
 #include <cstdint>

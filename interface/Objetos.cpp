@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "interface/Objetos.h"
 
 #include "data/CodigosDeErros.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "interface/Registro.h"
 
 namespace tarvo::c {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef RELATORIOSTARVO_H
 #define RELATORIOSTARVO_H
 

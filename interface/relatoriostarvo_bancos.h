@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef RELATORIOSTARVO_BANCOS_H
 #define RELATORIOSTARVO_BANCOS_H
 

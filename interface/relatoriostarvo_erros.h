@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef RELATORIOSTARVO_ERROS_H
 #define RELATORIOSTARVO_ERROS_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/FormatoDeSaida.h"
 
 #include <algorithm>

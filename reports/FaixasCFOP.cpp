@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/FaixasCFOP.h"
 
 namespace tarvo::FaixasCFOP {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/LinhasApuracao.h"
 
 #include "data/CodigosDeErros.h"

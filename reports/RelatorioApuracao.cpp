@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioApuracao.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioApuracaoOpProp.h"
 
 #include "data/Formatos.h"

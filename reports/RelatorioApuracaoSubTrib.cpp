@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioApuracaoSubTrib.h"
 
 #include "data/LeitoresDeCampo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioCadastro.h"
 
 #include "data/Consultas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioDeConsulta.h"
 
 #include "data/Consultas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioMIDAXB.h"
 
 #include "data/Consultas.h"

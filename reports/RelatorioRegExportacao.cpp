@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioRegExportacao.h"
 
 #include "data/Consultas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioResumoCFOPsEnt.h"
 
 #include "reports/TipoResumo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioResumoCFOPsSai.h"
 
 #include "reports/TipoResumo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "review/Achados.h"
 
 #include <algorithm>

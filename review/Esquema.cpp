@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "review/Esquema.h"
 
 namespace tarvo::revisao {

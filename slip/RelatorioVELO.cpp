@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "slip/RelatorioVELO.h"
 
 #include <vector>

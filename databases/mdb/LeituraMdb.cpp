@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/mdb/LeituraMdb.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/postgresql/Endereco.h"
 
 #include <libpq-fe.h>

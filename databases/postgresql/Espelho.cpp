@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/postgresql/Espelho.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/postgresql/LeituraInteira.h"
 
 #include "databases/sqlite/Abertura.h"

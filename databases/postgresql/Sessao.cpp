@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/postgresql/Sessao.h"
 
 #include <poll.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/sqlite/Abertura.h"
 
 #include <fcntl.h>

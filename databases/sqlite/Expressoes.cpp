@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/sqlite/Expressoes.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/sqlite/FuncoesSql.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/sqlite/GramaticaExpressoes.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/AcessoPaginas.h"
 
 #include <QAccessibleWidget>

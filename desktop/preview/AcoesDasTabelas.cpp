@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/AcoesDasTabelas.h"
 
 #include <QApplication>

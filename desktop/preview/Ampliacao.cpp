@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/Ampliacao.h"
 
 #include <QLocale>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/CampoPagina.h"
 
 #include "desktop/Ligacao.h"

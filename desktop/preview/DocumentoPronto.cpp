@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/DocumentoPronto.h"
 
 #include "data/CodigosDeErros.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/JanelaVisualizacao.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/PainelLateral.h"
 
 #include <QHeaderView>

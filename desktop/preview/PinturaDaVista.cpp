@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preview/PinturaDaVista.h"
 
 #include "desktop/preview/BuscaTexto.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/printing/ConexaoCups.h"
 
 #include "data/CodigosDeErros.h"

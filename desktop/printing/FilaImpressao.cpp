@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/printing/FilaImpressao.h"
 
 #include <algorithm>

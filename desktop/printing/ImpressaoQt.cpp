@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/printing/ImpressaoQt.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/printing/RodadaDeImpressao.h"
 
 #include "desktop/ApoioQt.h"

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Writes the payments of a declaration as a PDF: exportar BANCO IE DRQ ARQUIVO
  *
  *     cc exportar.c $(pkg-config --cflags --libs relatoriostarvo) -o exportar

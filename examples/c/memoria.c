@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Prints the payments of a declaration that the program keeps in a store of its own, here in arrays:
  * memoria ARQUIVO
  *

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the payments of a declaration as a PDF: exportar.py BANCO IE DRQ ARQUIVO"""
 
 import sys

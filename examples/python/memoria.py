@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Prints the payments of a declaration that the program keeps in a store of its own, here in lists:
 memoria.py ARQUIVO"""
 

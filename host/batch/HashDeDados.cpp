@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/batch/HashDeDados.h"
 
 #include <fcntl.h>

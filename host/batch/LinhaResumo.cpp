@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/batch/LinhaResumo.h"
 
 #include <algorithm>

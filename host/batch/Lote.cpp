@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/batch/Lote.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/batch/SelecaoLote.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/commands/AnalisadorDeComando.h"
 
 #include <CLI/CLI.hpp>

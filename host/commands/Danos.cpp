@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/commands/Danos.h"
 
 #include <filesystem>

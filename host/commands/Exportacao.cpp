@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/commands/Exportacao.h"
 
 #include <unistd.h>

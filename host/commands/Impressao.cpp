@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/commands/Impressao.h"
 
 #include "desktop/printing/FilaImpressao.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the bash completion of relatorios-tarvo to standard output.
 #include <iostream>
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/example/Exemplo.h"
 
 #include "embutido/exemplo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/windows/ListaDeclaracoes.h"
 
 #include <QAction>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/windows/Rodadas.h"
 
 #include <charconv>

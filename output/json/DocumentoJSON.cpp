@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/json/DocumentoJSON.h"
 
 #include <nlohmann/json.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/png/CodificadorPNG.h"
 
 #include <png.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/tables/MedidasDaFolha.h"
 
 #include <algorithm>

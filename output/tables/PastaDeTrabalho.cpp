@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/tables/PastaDeTrabalho.h"
 
 #include <locale.h>

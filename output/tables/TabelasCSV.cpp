@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/tables/TabelasCSV.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The reports of the state ICMS declaration (DRQ): databases, reports, exports, windows."""
 
 from ._banco import Achado, Banco, BancoEmMemoria, Contribuinte, Declaracao, abrir, criar, em_memoria

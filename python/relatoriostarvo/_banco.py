@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Declaration databases."""
 
 from __future__ import annotations

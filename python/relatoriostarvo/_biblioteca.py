@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The C interface as ctypes sees it, and how its errors become exceptions."""
 
 from __future__ import annotations

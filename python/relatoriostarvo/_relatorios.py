@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The reports and the selection dialog."""
 
 from __future__ import annotations

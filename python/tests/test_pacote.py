@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The package on an installed library and the example database: BANCO in the environment."""
 
 import datetime

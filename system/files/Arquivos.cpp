@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "system/files/Arquivos.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "system/files/GravacaoSegura.h"
 
 #include <fcntl.h>

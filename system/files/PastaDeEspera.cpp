@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "system/files/PastaDeEspera.h"
 
 #include <sys/stat.h>

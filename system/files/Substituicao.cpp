@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a new file may take the place of, and how.
 #include <fcntl.h>
 #include <sys/stat.h>

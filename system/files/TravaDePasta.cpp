@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "system/files/TravaDePasta.h"
 
 #include <fcntl.h>

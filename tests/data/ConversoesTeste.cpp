@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Consultas.h"
 #include "data/LeitoresDeCampo.h"
 #include "tests/support/Apoio.h"

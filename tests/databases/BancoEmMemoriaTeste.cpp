@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/BancoEmMemoria.h"
 
 #include "tests/support/Apoio.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/AndamentoQt.h"
 
 #include <QProgressDialog>

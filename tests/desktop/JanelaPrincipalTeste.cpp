@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/windows/JanelaPrincipal.h"
 
 #include <QClipboard>

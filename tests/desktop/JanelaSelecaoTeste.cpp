@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/dialog/JanelaSelecaoQt.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/Ligacao.h"
 
 #include <QAction>

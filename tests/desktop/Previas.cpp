@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/desktop/Previas.h"
 
 #include <QComboBox>

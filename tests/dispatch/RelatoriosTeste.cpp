@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dispatch/Relatorios.h"
 
 #include <functional>

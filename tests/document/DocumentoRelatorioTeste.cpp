@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/DocumentoRelatorio.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/QuadroPagina.h"
 
 #include "data/Consultas.h"

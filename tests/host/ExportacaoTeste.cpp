@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <sys/times.h>
 #include <unistd.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/CodigosDeErros.h"
 #include "host/batch/LinhaResumo.h"
 

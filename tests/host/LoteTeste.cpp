@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/host/LoteDeTeste.h"
 #include "tests/support/MarcasDoPDF.h"
 

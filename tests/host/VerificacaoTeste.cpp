@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/host/Programa.h"
 
 namespace tarvo::host {

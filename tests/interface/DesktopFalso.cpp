@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/interface/DesktopFalso.h"
 
 #include <memory>

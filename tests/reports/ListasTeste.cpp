@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Textos.h"
 #include "dispatch/Catalogo.h"
 #include "document/Imagens.h"

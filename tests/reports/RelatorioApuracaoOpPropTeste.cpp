@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioApuracaoOpProp.h"
 
 #include "tests/reports/ApuracaoDeTeste.h"

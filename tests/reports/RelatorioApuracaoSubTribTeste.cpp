@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioApuracaoSubTrib.h"
 
 #include "tests/reports/ApuracaoDeTeste.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioEntInterestad.h"
 #include "reports/RelatorioSaiInterestad.h"
 

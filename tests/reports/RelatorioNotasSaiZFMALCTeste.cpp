@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioNotasSaiZFMALC.h"
 
 #include "tests/reports/PaginaEsperada.h"

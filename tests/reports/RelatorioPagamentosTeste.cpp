@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/RelatorioPagamentos.h"
 
 #include "tests/reports/PaginaEsperada.h"

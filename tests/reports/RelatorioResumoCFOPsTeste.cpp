@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Textos.h"
 #include "reports/FaixasCFOP.h"
 #include "reports/FormatosCFOP.h"

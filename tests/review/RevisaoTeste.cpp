@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "review/Revisao.h"
 
 #include "tests/support/Apoio.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/mdb/protocol/Emissor.h"
 
 #include <unistd.h>

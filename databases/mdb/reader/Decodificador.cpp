@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/mdb/reader/Decodificador.h"
 
 #include <array>

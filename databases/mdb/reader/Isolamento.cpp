@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/mdb/reader/Isolamento.h"
 
 #include <seccomp.h>

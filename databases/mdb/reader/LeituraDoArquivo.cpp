@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/mdb/reader/LeituraDoArquivo.h"
 
 #include <sys/mman.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/mdb/reader/TabelaMdb.h"
 
 #include <cstring>

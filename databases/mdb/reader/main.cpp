@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads a file of the desktop engine for another process: see Protocolo.h.
 #include <sys/mman.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/file/ArvoreDePaginas.h"
 
 #include "output/pdf/file/Sintaxe.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/file/Sumario.h"
 
 #include "output/pdf/file/Sintaxe.h"

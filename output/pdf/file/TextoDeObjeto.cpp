@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/file/TextoDeObjeto.h"
 
 #include <algorithm>

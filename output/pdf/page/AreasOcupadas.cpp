@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/page/AreasOcupadas.h"
 
 #include <algorithm>

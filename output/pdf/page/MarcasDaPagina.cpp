@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/page/MarcasDaPagina.h"
 
 #include "output/pdf/file/Sintaxe.h"

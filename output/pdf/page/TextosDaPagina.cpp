@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/page/TextosDaPagina.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/structure/ArvoreDeEstrutura.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/structure/Etiquetas.h"
 
 #include <algorithm>

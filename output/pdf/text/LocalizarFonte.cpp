@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/text/LocalizarFonte.h"
 
 #include <fontconfig/fontconfig.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/text/TabelaOS2.h"
 
 #include "data/ObjetoDeC.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/pdf/text/TextoUnicode.h"
 
 #include <hb.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/databases/mdb/EscritorMdb.h"
 
 #include <unicode/unistr.h>

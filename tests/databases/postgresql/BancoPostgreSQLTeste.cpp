@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/LeitoresDeCampo.h"
 #include "databases/AbrirBanco.h"
 #include "databases/CriarNoServidor.h"

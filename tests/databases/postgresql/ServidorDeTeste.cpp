@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/databases/postgresql/ServidorDeTeste.h"
 
 #include <sys/wait.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <grp.h>
 #include <sqlite3.h>
 #include <sys/wait.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <sqlite3.h>
 
 #include <string>

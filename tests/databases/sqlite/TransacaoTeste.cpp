@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "databases/sqlite/Transacao.h"
 
 #include <sqlite3.h>

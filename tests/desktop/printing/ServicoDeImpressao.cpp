@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/desktop/printing/ServicoDeImpressao.h"
 
 #include <netinet/in.h>

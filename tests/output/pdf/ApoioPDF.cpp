@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/output/pdf/ApoioPDF.h"
 
 #include <sstream>

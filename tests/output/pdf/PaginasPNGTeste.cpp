@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/png/PaginasPNG.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/output/tables/LeituraDeTabelas.h"
 
 #include <fstream>

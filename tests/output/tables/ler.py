@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Reads tables back as others read them: a CSV file with Python's csv, a workbook with openpyxl. Prints
 a JSON list of tables, each a list of rows of texts; before a workbook's texts stands what they are in
 it, number, date or text, and before its rows the sheet's name, bold columns and frozen rows: ler FILE"""

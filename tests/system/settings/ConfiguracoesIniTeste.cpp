@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "system/settings/ConfiguracoesIni.h"
 
 #include <cstdlib>
