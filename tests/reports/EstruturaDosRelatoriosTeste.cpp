@@ -7,19 +7,13 @@
 #include "dispatch/Catalogo.h"
 #include "document/Imagens.h"
 #include "host/example/Exemplo.h"
-#include "reports/RelatorioApuracaoOpProp.h"
-#include "reports/RelatorioPagamentos.h"
-#include "reports/RelatorioResumoCFOPsEnt.h"
 #include "slip/RelatorioVELO.h"
-#include "tests/reports/PaginaEsperada.h"
+#include "tests/support/Apoio.h"
 #include "tests/support/BancoSorteado.h"
-#include "tests/support/Esboco.h"
 
 // Whoever cannot see the pages is told all of them, in order, and tables with their headings.
 namespace tarvo::apoio {
 namespace {
-
-using testing::ElementsAre;
 
 bool EhCelula(TipoElemento tipo) {
     return tipo == TipoElemento::Celula || tipo == TipoElemento::CelulaDeTitulo;
@@ -212,68 +206,6 @@ TEST(EstruturaDosRelatorios, HoldsForRandomDeclarationsToo) {
         const ConfiguracaoFixa configuracoes(b.novos ? "07/2003" : "05/2001");
         ConferirRelatorios(*banco, "1", 1, {.configuracoes = &configuracoes});
     }
-}
-
-// What is told below the identification, or of it all.
-template <class R>
-Lista Dito(const std::string& dados, std::ptrdiff_t de = 12, std::ptrdiff_t ate = 1000) {
-    BancoDeTeste banco(DuasDeclaracoes + dados);
-    const ConfiguracaoFixa configuracoes("07/2003");
-    const Lista esboco = Esboco(Construir<R>(banco, 1, {.configuracoes = &configuracoes}));
-    const auto tamanho = static_cast<std::ptrdiff_t>(esboco.size());
-    return {esboco.begin() + std::min(de, tamanho), esboco.begin() + std::min(ate, tamanho)};
-}
-
-TEST(EstruturaDosRelatorios, PaymentsAreReadAsAPersonWouldReadThem) {
-    const std::string pagamentos = R"sql(
-        insert into tblPagamento (NroDRQ, OpPróprias, Data, Valor) values
-        (1, -1, '2003-07-09', 1000), (1, 0, '2003-07-20', 12345600);)sql";
-    EXPECT_THAT(
-        Dito<RelatorioPagamentos>(pagamentos, 0),
-        ElementsAre("A1B2", "[Brasão do Estado de Valdora]", "Governo do Estado de Valdora",
-                    "Secretaria da Fazenda", "# Datas de Pagamento", "## Contribuinte",
-                    "Razão Social: Padaria São João", "Inscrição Estadual: 1", "CNPJ: 00.1",
-                    "Tipo da DRQ: Normal", "Regime Tributário: RPA", "Referência: 07/2003",
-                    "Grupo |2x1 *Operações Próprias*", "Titulos | *Data de Vencimento* | *Valor*",
-                    "Dados | *09/07/2003* | 0,10", "Subtotal | *Total* | 0,10",
-                    "Grupo |2x1 *Substituição Tributária*", "Dados | *20/07/2003* | 1.234,56",
-                    "Subtotal | *Total* | 1.234,56"));
-}
-
-TEST(EstruturaDosRelatorios, ACFOPSummarysAmountsHaveTheirHeadingsAndCodes) {
-    const std::string detalhe = R"sql(
-        insert into tblDetalhesCFOPs (NroDRQ, CFOP, ValorContábil) values (1, '1.101', 10000);)sql";
-    const std::string zeros = " | 0,00 | 0,00 | 0,00 | 0,00 | 0,00 | 0,00 | 0,00";
-    EXPECT_THAT(
-        Dito<RelatorioResumoCFOPsEnt>(detalhe),
-        ElementsAre(
-            "Titulos |1x3 *CÓDIGOS FISCAIS* |1x3 *Valores Contábeis* |4x1 *ICMS - VALORES FISCAIS* "
-            "|2x2 *Imposto Retido por\r\nSubstituição Tributária* |1x3 *Outros Impostos*",
-            "Titulos |2x1 *Operações com Crédito do Imposto* |2x1 *Operações sem Crédito do "
-            "Imposto*",
-            "Titulos | *Base de Cálculo* | *Imposto Creditado* | *Isentas / Não Tribut.* | "
-            "*Outras* | *Substituto* | *Substituído*",
-            "Grupo | * NO ESTADO* |  |  |  |  |  |  |  | ",
-            "Grupo | * Compras                  * |  |  |  |  |  |  |  | ",
-            "Dados | *1.101* | 1,00" + zeros,
-            "Grupo | * DE OUTROS ESTADOS* |  |  |  |  |  |  |  | ",
-            "Grupo | * DO EXTERIOR* |  |  |  |  |  |  |  | ", "Total | * Total* | 1,00" + zeros));
-}
-
-TEST(EstruturaDosRelatorios, AnAssessmentsLineIsHeadedByItsLabelOrElseItsNumber) {
-    const std::string subitem = R"sql(
-        update tblDRQ set SaldoCredAntDig = 0;
-        insert into tblOcorrências (NroDRQ, CódSubItem, Código, Valor, OpPróprias)
-        values (1, '002.18', 1, 100100, -1);)sql";
-    EXPECT_THAT(Dito<RelatorioApuracaoOpProp>(subitem, 12, 20),
-                ElementsAre("Grupo |  |2x1 *DÉBITO DO IMPOSTO* |  | ",
-                            "Dados | 001 |2x1 *Por saídas com débito do imposto* | 051 | 0,00",
-                            "Grupo | 002 |2x1 *Outros débitos* |  | ",
-                            "Dados |  |2x1 *            002.18: 10,01* |  | ",
-                            "Subtotal |  |2x1  | *052* | 10,01",
-                            "Grupo | 003 |2x1 *Estorno de créditos* |  | ",
-                            "Subtotal |  |2x1  | *053* | 0,00",
-                            "Subtotal | 005 |2x1 *SUBTOTAL (051+052+053)* | 055 | 10,01"));
 }
 
 }  // namespace

@@ -76,20 +76,4 @@ Lista Curtas(const Conteudo& conteudo, std::size_t pagina) {
     return curtas;
 }
 
-std::string Curta(const char* operacao, const Caixa& caixa, const std::string& resto) {
-    return operacao + Area(caixa) + (resto.empty() ? "" : " " + resto);
-}
-
-Lista Celula(const Caixa& c, const EstiloEsperado& e, const std::string& texto) {
-    const Caixa caixa{c.x + e.lados, c.y + e.topo, c.largura - 2 * e.lados,
-                      c.altura - e.topo - e.base};
-    return {Curta("Q", c, ""),
-            Curta(e.estilo.substr(0, 1).c_str(), caixa, e.estilo.substr(2) + " |" + texto)};
-}
-
-Lista Celula(const Caixa& caixa, const EstiloEsperado& estiloRotulo, const std::string& rotulo,
-             const EstiloEsperado& estiloValor, const std::string& valor) {
-    return Celula(caixa, estiloRotulo, rotulo) + Lista{Celula(caixa, estiloValor, valor).back()};
-}
-
 }  // namespace tarvo::apoio

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/Roteiro.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+
+#include "data/LeitoresDeCampo.h"
+#include "document/Imagens.h"
+#include "tests/support/Esboco.h"
+#include "tests/support/OperacoesCurtas.h"
+
+namespace tarvo::apoio {
+
+namespace {
+
+std::string Escrita(const std::string& resposta) {
+    std::string escrita = resposta.empty() || resposta[0] == '#' || resposta[0] == '>' ? "\\" : "";
+    for (const char c : resposta) {
+        escrita += c == '\r' ? "\\r" : c == '\n' ? "\\n" : c == '\t' ? "\\t" : std::string(1, c);
+    }
+    if (escrita.ends_with(' ')) {
+        escrita.replace(escrita.size() - 1, 1, "\\s");
+    }
+    return escrita + "\n";
+}
+
+Lista LinhasDesde(double y, const Conteudo& conteudo, std::size_t pagina) {
+    Lista linhas;
+    double topo = -1;
+    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
+        if (const auto* moldura = std::get_if<RetanguloArredondado>(&primitiva)) {
+            if (moldura->caixa.y > y - 0.001 && std::fabs(moldura->caixa.y - topo) > 0.001) {
+                topo = moldura->caixa.y;
+                char inicio[16];
+                std::snprintf(inicio, sizeof inicio, "%.2f:", topo);
+                linhas.emplace_back(inicio);
+            }
+        } else if (const auto* texto = std::get_if<Texto>(&primitiva);
+                   texto != nullptr && !linhas.empty() && texto->caixa.y < 25) {
+            linhas.back() += " " + texto->texto;
+        }
+    }
+    return linhas;
+}
+
+bool TemRodape(const Conteudo& conteudo, std::size_t pagina) {
+    const auto operacoes = Curtas(conteudo, pagina);
+    return Lista(operacoes.end() - 4, operacoes.end()) ==
+           Lista{"R 0 25.2 17 0.1 #808000 #808000", "T 0 25.4 5.6667 0.3 EM Arial 6 |%%D",
+                 "T 5.6667 25.4 5.6667 0.3 CM Arial 6 |%%H",
+                 "T 11.3333 25.4 5.6667 0.3 DM Arial 6 |Página %%p de %%P"};
+}
+
+// The statement, which selects from n, with i from 1 to vezes in n.
+std::string Repetir(int vezes, const std::string& comando) {
+    return "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
+           std::to_string(vezes) + ") " + comando + ";";
+}
+
+// The rows from the current one on, one a line: the values of the columns, named "IE|Tipo".
+Lista LinhasDe(Recordset& registros, const std::string& colunas) {
+    Lista linhas;
+    for (; !registros.EOF_(); registros.MoveNext()) {
+        linhas.emplace_back();
+        std::istringstream nomes(colunas);
+        for (std::string nome, barra; std::getline(nomes, nome, '|'); barra = "|") {
+            const Valor valor = registros.Fields(nome);
+            linhas.back() += barra + (EhNulo(valor) ? "∅" : TextoCampo(valor));
+        }
+    }
+    return linhas;
+}
+
+}  // namespace
+
+Roteiro::Roteiro(std::string base) : base_(std::move(base)) {
+    EnsinarDoBanco();
+    EnsinarDoDocumento();
+}
+
+void Roteiro::Ensinar(const std::string& nome,
+                      std::function<Respostas(const std::string&)> comando) {
+    comandos_[nome] = std::move(comando);
+}
+
+void Roteiro::EnsinarDoBanco() {
+    Ensinar("banco", [this](const std::string&) {
+        banco_.emplace(base_);
+        return Respostas();
+    });
+    Ensinar("base", [this](const std::string& script) {
+        banco_.emplace(base_ = script);
+        return Respostas();
+    });
+    Ensinar("sql", [this](const std::string& script) {
+        banco_->Executar(script);
+        return Respostas();
+    });
+    Ensinar("repetir", [this](const std::string& pedido) {
+        const auto espaco = pedido.find(' ');
+        banco_->Executar(Repetir(std::stoi(pedido), pedido.substr(espaco)));
+        return Respostas();
+    });
+    Ensinar("ler", [this](const std::string& pedido) {
+        const auto fim = pedido.find(']');
+        const std::string colunas = pedido.substr(1, fim - 1);
+        const auto consulta = std::string_view(pedido).substr(fim + 1);
+        const auto ler = [&](TipoRecordset tipo) {
+            return LinhasDe(*(*banco_)->OpenRecordset(consulta, tipo), colunas);
+        };
+        const auto linhas = ler(TipoRecordset::ForwardOnly);
+        EXPECT_EQ(ler(TipoRecordset::Dynaset), linhas) << consulta;
+        return linhas;
+    });
+}
+
+void Roteiro::EnsinarDoDocumento() {
+    Ensinar("identidade", [this](const std::string&) {
+        std::ostringstream resto;
+        const auto& [esquerda, direita, superior, inferior] = documento.margens;
+        resto << (documento.icone == nullptr ? "sem ícone" : documento.icone->nome)
+              << (documento.orientacao == 0 ? ", retrato, " : ", paisagem, ") << esquerda << " "
+              << direita << " " << superior << " " << inferior;
+        return Respostas{documento.titulo, documento.tituloResumido, resto.str()};
+    });
+    Ensinar("pagina", [this](const std::string& pedido) {
+        const auto [pagina, ultimas] = Palavras<std::size_t, std::ptrdiff_t>(pedido);
+        const auto operacoes = Curtas(documento, pagina - 1);
+        return ultimas == 0 ? operacoes : Lista(operacoes.end() - ultimas, operacoes.end());
+    });
+    Ensinar("linhas", [this](const std::string& pedido) {
+        const auto [pagina, y] = Palavras<std::size_t, double>(pedido);
+        return LinhasDesde(y, documento, pagina - 1);
+    });
+    Ensinar("fim", [this](const std::string& pedido) {
+        const auto [y, corpo] = Palavras<double, double>(pedido);
+        Respostas respostas;
+        for (std::size_t pagina = 0; pagina < documento.paginas.size(); ++pagina) {
+            respostas.push_back(TemRodape(documento, pagina) ? "página" : "página sem rodapé");
+            respostas = respostas + LinhasDesde(pagina == 0 ? y : corpo, documento, pagina);
+        }
+        return respostas;
+    });
+    Ensinar("esboco", [this](const std::string& pedido) {
+        const auto [de, ate] = Palavras<std::size_t, std::size_t>(pedido);
+        auto esboco = Esboco(documento);
+        esboco.resize(ate == 0 ? esboco.size() : std::min(ate, esboco.size()));
+        esboco.erase(esboco.begin(), esboco.begin() + static_cast<std::ptrdiff_t>(de));
+        return esboco;
+    });
+}
+
+Roteiro::Respostas Roteiro::Executar(const std::string& comando) {
+    const auto espaco = comando.find_first_of(" \n");
+    const auto conhecido = comandos_.find(comando.substr(0, espaco));
+    if (conhecido == comandos_.end()) {
+        return {"comando desconhecido"};
+    }
+    try {
+        return conhecido->second(espaco == std::string::npos ? "" : comando.substr(espaco + 1));
+    } catch (const Erro& erro) {
+        return {"erro " + std::to_string(static_cast<int>(erro.Numero())) + ": " +
+                erro.Descricao()};
+    }
+}
+
+void Roteiro::Conferir(const std::string& arquivo) {
+    const auto caminho = std::filesystem::path(TARVO_TESTES) / arquivo;
+    std::istringstream linhas(BytesDe(caminho));
+    std::string vivido;
+    std::string linha;
+    int comandos = 0;
+    for (bool ha = !std::getline(linhas, linha).fail(); ha;) {
+        vivido += linha + "\n";
+        if (!linha.starts_with("> ")) {
+            EXPECT_TRUE(linha.empty() || linha[0] == '#') << linha;
+            ha = !std::getline(linhas, linha).fail();
+            continue;
+        }
+        std::string comando = linha.substr(2);
+        while ((ha = !std::getline(linhas, linha).fail()) && linha.starts_with(">  ")) {
+            vivido += linha + "\n";
+            comando += "\n" + linha.substr(3);
+        }
+        std::string esperadas;
+        for (; ha && !linha.empty() && linha[0] != '>' && linha[0] != '#';
+             ha = !std::getline(linhas, linha).fail()) {
+            esperadas += linha + "\n";
+        }
+        std::string respostas;
+        for (const auto& resposta : Executar(comando)) {
+            respostas += Escrita(resposta);
+        }
+        EXPECT_EQ(respostas, esperadas) << arquivo << ": " << comando;
+        vivido += respostas;
+        ++comandos;
+    }
+    EXPECT_GT(comandos, 0) << caminho;
+    if (std::getenv("REGRAVAR_ROTEIROS") != nullptr) {
+        std::ofstream(caminho, std::ios::binary) << vivido;
+        ADD_FAILURE() << caminho << " was written anew";
+    }
+}
+
+}  // namespace tarvo::apoio
