@@ -9,4 +9,10 @@ from ._relatorios import (FORMATOS, Relatorio, RelatorioApuracaoOpProp, Relatori
                           RelatorioSaiInterestad, Relatorios, RelatorioVELO, TextoCortado,
                           aguardar_janelas, exportar)
 
-__all__ = [nome for nome in globals() if not nome.startswith("_")]
+# Written out: type checkers take no other for what the package offers.
+__all__ = ["FORMATOS", "Achado", "Banco", "BancoEmMemoria", "Contribuinte", "Declaracao", "Erro",
+           "Relatorio", "RelatorioApuracaoOpProp", "RelatorioApuracaoSubTrib", "RelatorioCadastro",
+           "RelatorioNotasSaiZFMALC", "RelatorioPagamentos", "RelatorioRegExportacao",
+           "RelatorioResumoCFOPsEnt", "RelatorioResumoCFOPsSai", "RelatorioSaiInterestad",
+           "RelatorioVELO", "Relatorios", "TextoCortado", "abrir", "aguardar_janelas", "criar",
+           "em_memoria", "exportar", "versao"]

@@ -5,7 +5,7 @@ from __future__ import annotations
 
 import ctypes
 from ctypes import POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_uint32, c_uint64, c_void_p
-from typing import Any, Callable
+from typing import Any, Callable, TypeVar
 
 
 class Erro(Exception):
@@ -74,7 +74,10 @@ _ASSINATURAS: dict[str, list[Any]] = {
     "liberar": [c_uint64],
 }
 
-_tarvo = ctypes.CDLL("libRelatoriosTarvoC.so.1")
+try:
+    _tarvo = ctypes.CDLL("libRelatoriosTarvoC.so.1")
+except OSError as _falta:
+    raise ImportError(f"{_falta} (Debian: librelatoriostarvo1)") from _falta
 _tarvo.tarvo_erro_texto.restype = c_char_p
 for _nome, _argumentos in _ASSINATURAS.items():
     getattr(_tarvo, f"tarvo_{_nome}").argtypes = _argumentos
@@ -128,6 +131,9 @@ class Retorno:
             raise excecao
 
 
+_Identificado = TypeVar("_Identificado", bound="Identificado")
+
+
 class Identificado:
     """What the library knows by a number, until it is closed."""
 
@@ -145,7 +151,7 @@ class Identificado:
             chamar("liberar", self._identificador)
             self._identificador = 0
 
-    def __enter__(self) -> Any:
+    def __enter__(self: _Identificado) -> _Identificado:
         return self
 
     def __exit__(self, *_excecao: object) -> None:

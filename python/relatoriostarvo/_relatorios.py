@@ -31,25 +31,27 @@ class _Objeto(c.Identificado):
         super().__init__(0)
         nome = f"RelatoriosTarvo.{type(self).__name__}"
         self._identificador = c.obter(ctypes.c_uint64, "criar", nome.encode())
-        self._retorno: c.Retorno | None = None
 
     def _construir(self, nome: str, *argumentos: Any, andamento: Andamento | None) -> None:
         if andamento is None:
             c.chamar(nome, self.identificador, *argumentos)
             return
+        contadas = andamento
         ditas = 0
 
         def contar(paginas: int) -> bool:
             nonlocal ditas
             novas, ditas = paginas - ditas, paginas
-            return andamento(novas) is not False
+            return contadas(novas) is not False
 
         retorno = c.Retorno(c.Andamento, contar)
         c.chamar("definir_andamento", self.identificador, retorno.em_c, None)
         try:
             retorno.chamar(nome, self.identificador, *argumentos)
         finally:
-            c.chamar("definir_andamento", self.identificador, c.Andamento(), None)
+            c.chamar("definir_andamento", self.identificador, c.Andamento(0), None)
+        # The library tells of a page when the next one begins: here of the last.
+        andamento(c.obter(ctypes.c_size_t, "paginas", self.identificador) - ditas)
 
 
 class Relatorio(_Objeto):
