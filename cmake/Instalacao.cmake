@@ -69,7 +69,7 @@ if(TARVO_COMANDO)
     add_custom_target(banco_de_exemplo ALL DEPENDS exemplo.tarvo)
     install(FILES ${PROJECT_BINARY_DIR}/exemplo.tarvo
         DESTINATION ${CMAKE_INSTALL_DATADIR}/relatoriostarvo)
-    install(FILES docs/guia.md DESTINATION ${documentos})
+    install(FILES docs/guia.md docs/servidores.md DESTINATION ${documentos})
     install(DIRECTORY docs/imagens DESTINATION ${documentos})
 endif()
 if(TARGET relatorios-tarvo-janela)
