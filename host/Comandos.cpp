@@ -60,8 +60,9 @@ void ConferirBanco(const Argumentos& a) {
         AbrirBanco(a.banco, {.modo = ModoAbertura::SomenteLeitura});
     } catch (const Erro& erro) {
         const auto parecido = ComandoParecido(a.banco.string());
+        // A command's own name can only come after "--", as that of a file.
         if (erro.Numero() == NumeroErro::BancoNaoEncontrado && a.comando == Comando::Janela &&
-            !parecido.empty()) {
+            !parecido.empty() && parecido != a.banco.string()) {
             RecusarPalavra("o comando", a.banco.string(), parecido);
         }
         throw;
