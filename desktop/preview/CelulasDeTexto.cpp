@@ -6,6 +6,7 @@
 
 #include "data/Formatos.h"
 #include "desktop/ApoioQt.h"
+#include "document/Imagens.h"
 #include "document/Momento.h"
 #include "document/Substituicoes.h"
 
@@ -39,6 +40,12 @@ CelulasDeTexto::CelulasDeTexto(const Conteudo& conteudo) : margens_(conteudo.mar
                                     static_cast<float>(lugar.height()),
                                     DonoDe(conteudo.estrutura, p, i), textos_.size()});
                 textos_.append(t->texto).push_back('\0');
+            } else if (const auto* figura = std::get_if<Figura>(&pagina[i])) {
+                if (const auto dono = DonoDe(conteudo.estrutura, p, i);
+                    dono != Estrutura::Decoracao && figura->imagem != nullptr) {
+                    figuras_.push_back({static_cast<int>(p), dono, NaPagina(figura->caixa),
+                                        ParaQt(figura->imagem->descricao)});
+                }
             }
         }
     }

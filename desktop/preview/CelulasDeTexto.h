@@ -13,8 +13,17 @@
 
 namespace tarvo {
 
-// The texts of a document with their boxes, so that the preview can copy cells: texts whole even
-// where the page shows them cut, a row's cells separated by tabs as spreadsheets read them.
+// A picture that says something, for those who do not see it.
+struct FiguraDescrita {
+    int pagina = 0;
+    std::uint32_t dono = 0;  // its element in the document's structure
+    QRectF lugar;            // points from the page's top-left corner
+    QString descricao;
+};
+
+// The texts of a document with their boxes, and what its pictures show, so that the preview can
+// copy cells: texts whole even where the page shows them cut, a row's cells separated by tabs as
+// spreadsheets read them.
 class CelulasDeTexto {
   public:
     CelulasDeTexto() = default;
@@ -42,6 +51,8 @@ class CelulasDeTexto {
     // Index of the element of the document's structure whose content it is, or
     // Estrutura::Decoracao.
     [[nodiscard]] std::uint32_t Dono(std::size_t celula) const { return celulas_[celula].dono; }
+    // In the order of the pages.
+    [[nodiscard]] const std::vector<FiguraDescrita>& Figuras() const { return figuras_; }
     // A box as it was recorded, in points from the page's top-left corner.
     [[nodiscard]] QRectF NaPagina(const Caixa& caixa) const;
 
@@ -56,7 +67,8 @@ class CelulasDeTexto {
     std::string textos_;                // one after the other, each ended by a NUL
     std::vector<Celula> celulas_;       // in the order of the pages
     std::vector<std::size_t> paginas_;  // first cell of each page, and the end
-    std::string data_, hora_;           // of the rendering
+    std::vector<FiguraDescrita> figuras_;
+    std::string data_, hora_;  // of the rendering
 };
 
 }  // namespace tarvo

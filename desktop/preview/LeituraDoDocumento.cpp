@@ -4,7 +4,6 @@
 #include <QStringList>
 #include <algorithm>
 #include <limits>
-#include <set>
 
 #include "desktop/preview/DocumentoPronto.h"
 
@@ -170,51 +169,58 @@ QString LeituraDoDocumento::TextoDo(std::uint32_t elemento) const {
 
 // --- a page
 
+std::map<std::uint32_t, LeituraDoDocumento::No> LeituraDoDocumento::Mostrados(int pagina) const {
+    const auto& celulas = documento_.celulas;
+    std::map<std::uint32_t, No> mostrados;
+    const auto mostrar = [&](std::uint32_t elemento, const QString& texto, const QRectF& lugar) {
+        auto& no = mostrados[elemento];
+        no.texto += (no.texto.isEmpty() ? QString() : QString(u' ')) + texto;
+        no.lugar |= lugar;
+    };
+    for (auto i = celulas.Primeira(pagina); i < celulas.Primeira(pagina + 1); ++i) {
+        if (const auto dono = QueSeLe(i)) {
+            mostrar(*dono, celulas.TextoDa(i, pagina), celulas.Lugar(i));
+        }
+    }
+    for (const auto& figura : celulas.Figuras()) {
+        if (figura.pagina == pagina) {
+            mostrar(lidosEm_.at(figura.dono), figura.descricao, figura.lugar);
+        }
+    }
+    return mostrados;
+}
+
 const std::vector<LeituraDoDocumento::No>& LeituraDoDocumento::Pagina(int pagina) {
     const auto [achada, nova] = paginas_.try_emplace(pagina);
     auto& nos = achada->second;
     if (!nova) {
         return nos;
     }
-    const auto& celulas = documento_.celulas;
     const auto& elementos = documento_.elementos;
-    std::map<std::uint32_t, std::vector<std::size_t>> textos;
-    std::set<std::uint32_t> presentes;
-    for (auto i = celulas.Primeira(pagina); i < celulas.Primeira(pagina + 1); ++i) {
-        if (const auto dono = QueSeLe(i)) {
-            textos[*dono].push_back(i);
-            for (auto e = *dono; e != Estrutura::Raiz; e = elementos[e].pai) {
-                presentes.insert(e);
-            }
+    auto presentes = Mostrados(pagina);
+    for (const auto& [e, no] : presentes) {
+        for (auto pai = elementos[e].pai; pai != Estrutura::Raiz; pai = elementos[pai].pai) {
+            presentes.try_emplace(pai);
         }
     }
     // An empty cell between others has its place in the row.
-    for (const auto e : std::vector(presentes.begin(), presentes.end())) {
+    for (const auto& [e, no] : presentes) {
         if (elementos[e].tipo == TipoElemento::LinhaDeTabela) {
             for (auto c = e + 1; c < elementos.size() && elementos[c].pai == e; ++c) {
-                presentes.insert(c);
+                presentes.try_emplace(c);
             }
         }
     }
     nos.emplace_back();
     std::map<std::uint32_t, int> indices{{Estrutura::Raiz, 0}};
-    for (const auto e : presentes) {
-        const int pai = indices.at(elementos[e].pai);
+    for (auto& [e, no] : presentes) {
         const int indice = static_cast<int>(nos.size());
-        auto& no = nos.emplace_back();
-        no = {.tipo = elementos[e].tipo,
-              .elemento = e,
-              .pai = pai,
-              .filhos = {},
-              .texto = {},
-              .lugar = {}};
-        for (const auto i : textos[e]) {
-            no.texto +=
-                (no.texto.isEmpty() ? QString() : QString(u' ')) + celulas.TextoDa(i, pagina);
-            no.lugar |= celulas.Lugar(i);
-        }
-        nos[static_cast<std::size_t>(pai)].filhos.push_back(indice);
+        no.tipo = elementos[e].tipo;
+        no.elemento = e;
+        no.pai = indices.at(elementos[e].pai);
+        nos[static_cast<std::size_t>(no.pai)].filhos.push_back(indice);
         indices.emplace(e, indice);
+        nos.push_back(std::move(no));
     }
     for (auto i = nos.size(); i-- > 1;) {
         nos[static_cast<std::size_t>(nos[i].pai)].lugar |= nos[i].lugar;

@@ -29,7 +29,7 @@ class LeituraDoDocumento {
         std::uint32_t elemento = Estrutura::Raiz;
         int pai = -1;
         std::vector<int> filhos;
-        QString texto;  // empty for what only holds others
+        QString texto;  // a picture's description; empty for what only holds others
         QRectF lugar;   // points from the page's corner; with all that it holds
     };
     // Valid as long as this object.
@@ -58,6 +58,8 @@ class LeituraDoDocumento {
     // The element that a text is read as a part of; nothing for decoration.
     [[nodiscard]] std::optional<std::uint32_t> QueSeLe(std::size_t celula) const;
     [[nodiscard]] QString TextoDo(std::uint32_t elemento) const;
+    // By element: the text and place of all that shows something on a page.
+    [[nodiscard]] std::map<std::uint32_t, No> Mostrados(int pagina) const;
 
     struct Tabela {
         std::vector<std::uint32_t> titulos;  // heading cells of columns, in their order

@@ -110,8 +110,16 @@ std::vector<std::size_t> SelecaoDeCelulas::Celulas(int pagina) const {
 
 std::vector<QRectF> SelecaoDeCelulas::Caixas(int pagina) const {
     const QRectF area = Area(pagina);
-    return area.isNull() || celulas_ == nullptr ? std::vector<QRectF>()
-                                                : celulas_->Caixas(pagina, area);
+    if (area.isNull() || celulas_ == nullptr) {
+        return {};
+    }
+    auto caixas = celulas_->Caixas(pagina, area);
+    for (const auto& figura : celulas_->Figuras()) {
+        if (figura.pagina == pagina && area.intersects(figura.lugar)) {
+            caixas.push_back(figura.lugar);
+        }
+    }
+    return caixas;
 }
 
 }  // namespace tarvo

@@ -91,7 +91,8 @@ class AcessoPaginas : public apoio::Previas {
 TEST_F(AcessoPaginas, PagesAreReadAsHeadingsFieldsAndTables) {
     const auto resumo = ArvoreDe("02");
     EXPECT_THAT(resumo.titulos, Contains("Resumo por CFOPs - Entradas (Grupos 1, 2 e 3)"));
-    EXPECT_THAT(resumo.textos, Contains("Inscrição Estadual 250114377019"));
+    EXPECT_THAT(resumo.textos, AllOf(Contains("Inscrição Estadual 250114377019"),
+                                     Contains("Brasão do Estado de Valdora")));
     EXPECT_THAT(resumo.celulas,
                 AllOf(Contains("Valores Contábeis, 1.101, 2.434.362,95"),
                       Contains("ICMS - VALORES FISCAIS, Operações com Crédito do Imposto, "
