@@ -13,6 +13,37 @@ namespace tarvo {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// What Qt's own translation leaves in English in its file dialog.
+class TextosQueFaltam final : public QTranslator {
+  public:
+    using QTranslator::QTranslator;
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char* contexto, const char* texto, const char*,
+                                    int) const override {
+        struct Traducao {
+            std::string_view contexto, texto, traduzido;
+        };
+        static constexpr Traducao Textos[] = {
+            {"QAbstractFileIconProvider", "Folder", "Pasta"},
+            {"QAbstractFileIconProvider", "File", "Arquivo"},
+            {"QAbstractFileIconProvider", "%1 File", "Arquivo %1"},
+            {"QAbstractFileIconProvider", "Drive", "Unidade"},
+            {"QAbstractFileIconProvider", "Shortcut", "Atalho"},
+            {"QSideBar", "Remove", "Remover"},
+        };
+        for (const auto& um : Textos) {
+            if (um.contexto == contexto && um.texto == texto) {
+                return ParaQt(um.traduzido);
+            }
+        }
+        return {};
+    }
+};
+
+}  // namespace
+
 QString NomeSeguro(QString texto) {
     for (auto& letra : texto) {
         letra = letra == u'/' || letra.category() == QChar::Other_Control ? QChar(u'-') : letra;
@@ -36,6 +67,7 @@ void InstalarTraducao() {
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(tradutor);
     }
+    QCoreApplication::installTranslator(new TextosQueFaltam(QCoreApplication::instance()));
 }
 
 }  // namespace tarvo

@@ -5,9 +5,14 @@
 #include <QStringList>
 #include <functional>
 
+class QFileDialog;
 class QWidget;
 
 namespace tarvo {
+
+// A file dialog at the user's documents, or where there is no folder for them at home, which goes
+// when it is closed.
+QFileDialog* NovoDialogoDeArquivo(QWidget* janela, const QString& titulo);
 
 // Asks where a file is to be saved, in the user's documents, under that name (without its ending)
 // and as one of those kinds ("Documentos PDF (*.pdf)"), the first one at first; then, on behalf of

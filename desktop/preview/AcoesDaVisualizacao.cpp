@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/preview/AcoesDaVisualizacao.h"
 
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
+#include <QTextBrowser>
+#include <QVBoxLayout>
 
 #include "desktop/ApoioQt.h"
 #include "desktop/Icones.h"
+#include "desktop/Ligacao.h"
 
 namespace tarvo {
 
@@ -112,13 +118,34 @@ AcoesDaVisualizacao::AcoesDaVisualizacao(QMainWindow& janela) {
     }
 }
 
-QString AcoesDaVisualizacao::ListaDeAtalhos() {
+void AcoesDaVisualizacao::MostrarAtalhos(QWidget* janela) {
     QString linhas;
+    const char* titulo = nullptr;
     for (const auto& descricao : Tabela) {
-        linhas += u"<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>"_s.arg(
+        if (titulo != descricao.menu) {
+            titulo = descricao.menu;
+            linhas += u"<tr><th colspan=2 align=left>%1</th></tr>"_s.arg(SemMnemonico(titulo));
+        }
+        linhas += u"<tr><td><b>%1</b>&nbsp;&nbsp;&nbsp;</td><td>%2</td></tr>"_s.arg(
             AtalhoMostrado(descricao).toHtmlEscaped(), SemMnemonico(descricao.texto));
     }
-    return u"<table>"_s + linhas + u"</table>"_s;
+    auto* dialogo = new QDialog(janela);
+    dialogo->setObjectName(u"atalhos"_s);
+    dialogo->setAttribute(Qt::WA_DeleteOnClose);
+    dialogo->setWindowTitle(u"Atalhos do teclado"_s);
+    auto* lista = new QTextBrowser(dialogo);
+    lista->setAccessibleName(dialogo->windowTitle());
+    lista->setLineWrapMode(QTextEdit::NoWrap);
+    lista->setHtml(u"<table>"_s + linhas + u"</table>"_s);
+    auto* botoes = new QDialogButtonBox(QDialogButtonBox::Close, dialogo);
+    Ligar(botoes, &QDialogButtonBox::rejected, dialogo, [dialogo] { dialogo->close(); });
+    auto* colunas = new QVBoxLayout(dialogo);
+    colunas->addWidget(lista);
+    colunas->addWidget(botoes);
+    // As tall as the list, as far as the screen goes.
+    const QSize inteira = lista->document()->size().toSize() + QSize(80, 100);
+    dialogo->resize(inteira.boundedTo(janela->screen()->availableSize() - QSize(20, 60)));
+    dialogo->open();
 }
 
 }  // namespace tarvo

@@ -60,8 +60,8 @@ class AcoesDaVisualizacao {
     [[nodiscard]] QAction& operator[](Acao acao) const {
         return *acoes_.at(static_cast<std::size_t>(acao));
     }
-    // Shortcut and name of every action, as a table of rich text.
-    static QString ListaDeAtalhos();
+    // Shortcut and name of every action, in a window over janela.
+    static void MostrarAtalhos(QWidget* janela);
 
   private:
     std::array<QAction*, static_cast<std::size_t>(Acao::Quantidade)> acoes_{};

@@ -6,7 +6,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
-#include <QStandardPaths>
 #include <algorithm>
 
 #include "desktop/ApoioQt.h"
@@ -132,11 +131,9 @@ void GrupoDePrevias::SalvarTodos(QWidget* janela) {
 }
 
 void GrupoDePrevias::SalvarCadaUm(QWidget* janela) {
-    auto* dialogo = new QFileDialog(janela, u"Pasta para um PDF de cada relatório"_s);
-    dialogo->setAttribute(Qt::WA_DeleteOnClose);
+    auto* dialogo = NovoDialogoDeArquivo(janela, u"Pasta para um PDF de cada relatório"_s);
     dialogo->setFileMode(QFileDialog::Directory);
     dialogo->setOption(QFileDialog::ShowDirsOnly);
-    dialogo->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     Ligar(dialogo, &QFileDialog::fileSelected, janela, [this, janela](const QString& pasta) {
         std::vector<std::pair<QString, std::shared_ptr<const std::string>>> arquivos;
         QStringList existentes;

@@ -20,7 +20,7 @@ JanelaDeAbas::JanelaDeAbas(ConfiguracoesIni* preferencias)
     abas_->setDocumentMode(true);
     abas_->setTabsClosable(true);
     abas_->setMovable(true);
-    abas_->setElideMode(Qt::ElideRight);
+    abas_->setElideMode(Qt::ElideNone);  // too many scroll; they do not shrink to nothing
     setCentralWidget(abas_);
     Ligar(abas_, &QTabWidget::currentChanged, this, [this](int qual) {
         if (const auto* previa = abas_->widget(qual)) {
@@ -46,7 +46,7 @@ void JanelaDeAbas::Mostrar(JanelaVisualizacao& previa) {
         abas_->addTab(&previa, QString());
     }
     const int qual = abas_->indexOf(&previa);
-    abas_->setTabText(qual, QString(previa.windowTitle()).replace(u'&', u"&&"_s));
+    abas_->setTabText(qual, previa.TituloResumido().replace(u'&', u"&&"_s));
     abas_->setTabToolTip(qual, previa.windowTitle());
     abas_->setTabIcon(qual, previa.windowIcon());
     abas_->setCurrentIndex(qual);

@@ -134,7 +134,7 @@ void JanelaVisualizacao::LigarAcoes() {
         AtualizarEstado();
     });
     ligar(Acao::IrParaPagina, [this] { barraDeFerramentas_->PedirPagina(); });
-    ligar(Acao::Atalhos, [this] { Dizer(this, AcoesDaVisualizacao::ListaDeAtalhos()); });
+    ligar(Acao::Atalhos, [this] { AcoesDaVisualizacao::MostrarAtalhos(this); });
 }
 
 // --- the document
@@ -226,6 +226,10 @@ DocumentoImpresso JanelaVisualizacao::ParaImprimir() const {
     return {documento_.pdf, documento_.tituloResumido, pintor_->Paginas()};
 }
 
+QString JanelaVisualizacao::TituloResumido() const {
+    return ParaQt(documento_.tituloResumido);
+}
+
 void JanelaVisualizacao::Imprimir() {
     if (!impressao_->EmCurso()) {
         impressao_->Imprimir(ParaImprimir(), Pergunta::Sempre);
@@ -234,8 +238,7 @@ void JanelaVisualizacao::Imprimir() {
 }
 
 void JanelaVisualizacao::Salvar() {
-    PerguntarOndeSalvar(this, u"Salvar como PDF"_s, ParaQt(documento_.tituloResumido),
-                        {u"Documentos PDF (*.pdf)"_s},
+    PerguntarOndeSalvar(this, u"Salvar como PDF"_s, TituloResumido(), {u"Documentos PDF (*.pdf)"_s},
                         [this, pdf = documento_.pdf](const QString& arquivo) {
                             GravarArquivo(arquivo.toStdString(), *pdf);
                             DizerDePassagem(this, u"Salvo em %1"_s.arg(arquivo));

@@ -47,6 +47,7 @@ class JanelaVisualizacao final : public QMainWindow {
     [[nodiscard]] bool Imprimindo() const { return impressao_->EmCurso(); }
     [[nodiscard]] DocumentoImpresso ParaImprimir() const;
     [[nodiscard]] const Conteudo* Registrado() const { return documento_.registrado; }
+    [[nodiscard]] QString TituloResumido() const;
 
   protected:
     void closeEvent(QCloseEvent* evento) override;
