@@ -15,30 +15,27 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
 
-struct Pedido {
-    std::string drq = "101";
-    std::string IE = "250114377019";
-    Condicoes condicoes = {};
-};
-
 class Exportacao : public ComExemplo {
   protected:
-    Execucao Exportar(const std::string& relatorios, const std::string& formato = "pdf",
-                      const Pedido& pedido = {}) {
-        std::vector<std::string> argumentos{
-            "exportar", Banco(),        "--ie",     pedido.IE,   "--drq", pedido.drq, "--ref-atual",
-            "07/2003",  "--relatorios", relatorios, "--formato", formato, "--saida",  onde};
-        argumentos.insert(argumentos.end(), outros.begin(), outros.end());
-        return Rodar(argumentos, pedido.condicoes);
+    [[nodiscard]] std::string Chamada(const std::string& relatorios,
+                                      const std::string& formato = "pdf") const {
+        return "exportar " + Banco() + " --ie " + IE + " --drq " + drq + " --relatorios " +
+               relatorios + " --formato " + formato + " --saida " + onde + " " + outros;
     }
+    Execucao Exportar(const std::string& relatorios, const std::string& formato = "pdf",
+                      const std::string& antes = "exec") {
+        return Rodar(Chamada(relatorios, formato), antes);
+    }
+    void AlongarBairro() { Executar("update tblContribuinte set Bairro = printf('%.300c', 'W')"); }
+    std::string IE = "250114377019";
+    std::string drq = "101";
     std::string onde = Saida();
-    std::vector<std::string> outros;  // further options
+    std::string outros = "--ref-atual 07/2003";
 };
 
 TEST_F(Exportacao, FilesBearCodeAndClassInEveryFormat) {
     EXPECT_THAT(Exportar("01,11a,velo"), Termina(0));
-    EXPECT_THAT(Exportar("17", "png"), Termina(0));
-    for (const auto* formato : {"json", "csv", "XLSX"}) {
+    for (const auto* formato : {"png", "json", "csv", "XLSX"}) {
         EXPECT_THAT(Exportar("17", formato), Termina(0));
     }
     EXPECT_THAT(Arquivos(Saida()),
@@ -53,51 +50,53 @@ TEST_F(Exportacao, FilesBearCodeAndClassInEveryFormat) {
     EXPECT_THAT(apoio::BytesDe(Saida("17-RelatorioPagamentos.csv")),
                 HasSubstr("\r\nTotal;671850,09\r\n"));
     // A shorter document leaves no page of the longer one behind.
-    EXPECT_THAT(Exportar("17", "png", {.drq = "102"}), Termina(0));
+    drq = "102";
+    EXPECT_THAT(Exportar("17", "png"), Termina(0));
     EXPECT_FALSE(fs::exists(Saida("17-RelatorioPagamentos-002.png")));
 }
 
 TEST_F(Exportacao, AllReportsAreWhatTheDialogOffers) {
-    EXPECT_THAT(Exportar("todos", "json", {.drq = "103"}), Termina(0));
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(17)) << "entry 15 is not offered before 2002";
-    EXPECT_THAT(Exportar("15", "json", {.drq = "103"}), Termina(0)) << "but built when asked for";
+    drq = "103";
     EXPECT_THAT(Exportar("todos", "json"), Termina(0));
+    EXPECT_THAT(Arquivos(Saida()), SizeIs(17)) << "entry 15 is not offered before 2002";
+    EXPECT_THAT(Exportar("15", "json"), Termina(0)) << "but built when asked for";
     EXPECT_THAT(Arquivos(Saida()), SizeIs(18));
 }
 
-TEST_F(Exportacao, WhatDoesNotExistIsSaidAndGivesEmptyDocuments) {
-    EXPECT_THAT(Exportar("01", "json", {.IE = "x' or '1'='1"}),
-                Termina(0, HasSubstr("contribuinte x' or '1'='1 não existe")));
-    EXPECT_THAT(apoio::BytesDe(Saida("01-RelatorioCadastro.json")), HasSubstr("[]] }"));
-    EXPECT_THAT(Exportar("17", "json", {.drq = "999"}),
-                Termina(0, HasSubstr("declaração 999 não existe")));
-    fs::remove_all(Saida());
-    EXPECT_THAT(Exportar("todos", "pdf", {.drq = "999"}), Termina(1, HasSubstr("erro 3021: ")));
+TEST_F(Exportacao, WhatDoesNotExistIsSaidAndAReportThatFailsLeavesNoFileAndStopsNoOther) {
+    drq = "999";
+    EXPECT_THAT(Exportar("todos"), Termina(1, HasSubstr("erro 3021: ")));
     EXPECT_THAT(Arquivos(Saida()), IsEmpty());
-}
-
-TEST_F(Exportacao, AReportThatFailsLeavesNoFileAndStopsNoOther) {
-    EXPECT_THAT(Exportar("09,10,17", "pdf", {.drq = "999"}),
-                Termina(1, HasSubstr("erro 3021: relatório 10: ")));
+    EXPECT_THAT(Exportar("09,10,17"), Termina(1, AllOf(HasSubstr("declaração 999 não existe"),
+                                                       HasSubstr("erro 3021: relatório 10: "))));
     EXPECT_THAT(Arquivos(Saida()),
                 ElementsAre("09-RelatorioMIDAXBCodigo3.pdf", "17-RelatorioPagamentos.pdf"));
-    EXPECT_THAT(
-        Rodar({"exportar", Banco(), "--ie", "250114377019", "--drq", "101", "--relatorios", "02",
-               "--formato", "pdf", "--saida", Saida()}),
-        Termina(1, AllOf(HasSubstr("erro 13: relatório 02: "), HasSubstr("ref-atual MM/AAAA"))));
+    outros = "";
+    EXPECT_THAT(Exportar("02"), Termina(1, AllOf(HasSubstr("erro 13: relatório 02: "),
+                                                 HasSubstr("ref-atual MM/AAAA"))));
+    IE = "\"x' or '1'='1\"";
+    EXPECT_THAT(Exportar("01", "json"),
+                Termina(0, HasSubstr("contribuinte x' or '1'='1 não existe")));
+    EXPECT_THAT(apoio::BytesDe(Saida("01-RelatorioCadastro.json")), HasSubstr("[]] }"));
 }
 
-TEST_F(Exportacao, TextsThatWereCutAreSaid) {
-    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W') where IE = '250114377019'");
-    EXPECT_THAT(Exportar("01"),
-                Termina(0, HasSubstr("aviso: 01-RelatorioCadastro, página 1, a 0,20 × 6,00 cm")));
+TEST_F(Exportacao, TextsThatWereCutAreSaidUnlessOnlyErrorsAreWanted) {
+    AlongarBairro();
+    drq = "999";
+    const auto corte = HasSubstr("aviso: 01-RelatorioCadastro, página 1, a 0,20 × 6,00 cm");
+    const auto erro = HasSubstr("erro 3021: relatório 10: ");
+    EXPECT_THAT(Exportar("01,10"), Termina(1, AllOf(corte, erro)));
+    outros += " --silencioso";
+    const Execucao e = Exportar("01,10");
+    EXPECT_THAT(e, Termina(1, StartsWith("erro 3021: relatório 10: ")));
+    EXPECT_EQ(e.saida, "");
 }
 
 TEST_F(Exportacao, ProgramsGetTheResultOfEachReportAsALineOfJSON) {
-    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W') where IE = '250114377019'");
-    outros = {"--json"};
+    AlongarBairro();
+    outros += " --json";
     for (const std::string formato : {"pdf", "png"}) {
-        const auto linhas = LinhasJSON(Exportar("17, 01", formato).saida);
+        const auto linhas = LinhasJSON(Exportar("'17, 01'", formato).saida);
         ASSERT_EQ(linhas.size(), 2U);
         EXPECT_EQ(linhas[0]["relatorio"], "17");
         EXPECT_EQ(linhas[0]["ie"], "250114377019");
@@ -117,28 +116,19 @@ TEST_F(Exportacao, ProgramsGetTheResultOfEachReportAsALineOfJSON) {
 TEST_F(Exportacao, OneReportCanGoToTheStandardOutput) {
     ASSERT_THAT(Exportar("17", "json"), Termina(0));
     onde = "-";
-    outros = {"--silencioso"};
+    outros += " --silencioso";
     EXPECT_EQ(Exportar("17", "json").saida, apoio::BytesDe(Saida("17-RelatorioPagamentos.json")));
     EXPECT_THAT(Exportar("17").saida, AllOf(StartsWith("%PDF"), EndsWith("%%EOF\n")));
-    EXPECT_THAT(Exportar("17", "pdf", {.condicoes = {.saida = "/dev/full"}}),
-                Termina(1, StartsWith("erro 57: ")));
+    outros += " >/dev/full";
+    EXPECT_THAT(Exportar("17"), Termina(1, StartsWith("erro 57: ")));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(1));
 }
 
-TEST_F(Exportacao, ASilentCommandSaysErrorsOnly) {
-    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W') where IE = '250114377019'");
-    outros = {"--silencioso"};
-    const Execucao e = Exportar("01,10", "pdf", {.drq = "999"});
-    EXPECT_THAT(e, Termina(1, StartsWith("erro 3021: relatório 10: ")));
-    EXPECT_EQ(e.saida, "");
-    EXPECT_THAT(Arquivos(Saida()), ElementsAre("01-RelatorioCadastro.pdf"));
-}
-
 TEST_F(Exportacao, AFolderThatCannotBeWrittenIsToldAndNothingIsLeft) {
-    CriarPastaProtegida(Saida());
+    fs::create_directory(Saida());
+    fs::permissions(Saida(), fs::perms(0555));
     for (const char* formato : {"pdf", "png", "json"}) {
-        EXPECT_THAT(Exportar("17", formato, {.condicoes = {.comoNinguem = true}}),
-                    Termina(1, HasSubstr("erro 70: ")));
+        EXPECT_THAT(Exportar("17", formato, ComoNinguem), Termina(1, HasSubstr("erro 70: ")));
     }
     EXPECT_THAT(Arquivos(Saida()), IsEmpty());
 }
@@ -148,7 +138,7 @@ TEST_F(Exportacao, AFullDiskLeavesTheOldFileWhole) {
     const std::string arquivo = "06-RelatorioNotasSaiZFMALC.json";
     const std::string antes = apoio::BytesDe(Saida(arquivo));
     for (const char* formato : {"png", "json"}) {
-        EXPECT_THAT(Exportar("06", formato, {.condicoes = {.limiteDeArquivo = 40'000}}),
+        EXPECT_THAT(Exportar("06", formato, ComLimite("-f 78")),
                     Termina(1, HasSubstr("erro 61: relatório 06: ")));
     }
     EXPECT_THAT(Arquivos(Saida()), ElementsAre(arquivo));
@@ -158,12 +148,11 @@ TEST_F(Exportacao, AFullDiskLeavesTheOldFileWhole) {
 // Sanitizers need files of their own.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(Exportacao, TooFewOpenFilesAreToldAsThatAndNotAsAMissingFont) {
-    for (const long quantos : {9, 12}) {
-        EXPECT_THAT(Exportar("01", "pdf", {.condicoes = {.arquivosAbertos = quantos}}),
-                    Termina(1, StartsWith("erro 67: ")))
+    for (const char* quantos : {"-n 9", "-n 12"}) {
+        EXPECT_THAT(Exportar("01", "pdf", ComLimite(quantos)), Termina(1, StartsWith("erro 67: ")))
             << quantos;
     }
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(0));
+    EXPECT_THAT(Arquivos(Saida()), IsEmpty());
 }
 #endif
 
@@ -174,7 +163,7 @@ TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
     // Reports that refill a work table, with the file protected and with its folder.
     for (const auto& protegido : {fs::path(Banco()), pasta.Caminho()}) {
         fs::permissions(protegido, fs::perms(0555));
-        EXPECT_THAT(Exportar("02,03,10,14", "pdf", {.condicoes = {.comoNinguem = true}}),
+        EXPECT_THAT(Exportar("02,03,10,14", "pdf", ComoNinguem),
                     Termina(0, HasSubstr("não pode ser alterado")));
         fs::permissions(protegido, fs::perms::all);
     }
@@ -183,25 +172,16 @@ TEST_F(Exportacao, ADatabaseThatCannotBeWrittenIsReadWithPrivateWorkTables) {
 }
 
 TEST_F(Exportacao, ALockedDatabaseStopsOnlyWhatNeedsTheLock) {
-    const std::vector<std::string> chamada{"exportar",  Banco(), "--ie",         "250114377019",
-                                           "--drq",     "101",   "--relatorios", "17,10",
-                                           "--formato", "json",  "--saida",      Saida()};
-    {
-        const OutroPrograma escrevendo(Banco(), "BEGIN IMMEDIATE");
-        Programa impaciente(chamada);
-        EXPECT_TRUE(impaciente.Dizer("aguardando o banco"));
-        impaciente.Sinalizar(SIGTERM);
-        EXPECT_THAT(impaciente.Esperar(), Termina(1, HasSubstr("erro 18: relatório 10: ")));
-        EXPECT_THAT(Arquivos(Saida()), ElementsAre("17-RelatorioPagamentos.json"));
-    }
     auto escrevendo = std::make_unique<OutroPrograma>(Banco(), "BEGIN IMMEDIATE");
-    Programa paciente(chamada);
+    Programa impaciente(Chamada("17,10", "json"));
+    EXPECT_TRUE(impaciente.Dizer("aguardando o banco"));
+    impaciente.Sinalizar(SIGTERM);
+    EXPECT_THAT(impaciente.Esperar(), Termina(1, HasSubstr("erro 18: relatório 10: ")));
+    EXPECT_THAT(Arquivos(Saida()), ElementsAre("17-RelatorioPagamentos.json"));
+    Programa paciente(Chamada("17,10", "json"));
     EXPECT_TRUE(paciente.Dizer("aguardando o banco"));
     escrevendo.reset();
     EXPECT_THAT(paciente.Esperar(), Termina(0));
-    const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
-    EXPECT_THAT(Exportar("17"),
-                Termina(1, AllOf(HasSubstr("erro 3260: "), HasSubstr("Feche o outro programa"))));
 }
 
 TEST_F(Exportacao, AnEndlessQueryEndsWithTheFirstSignal) {
@@ -210,8 +190,7 @@ TEST_F(Exportacao, AnEndlessQueryEndsWithTheFirstSignal) {
         "UNION ALL SELECT i + 1 FROM n) SELECT 101 AS NroDRQ, 0 AS \"OpPróprias\", '2003-01-01' "
         "AS Data, i AS Valor FROM n WHERE i % 7 = 9");
     for (const int sinal : {SIGINT, SIGTERM}) {
-        Programa exportacao({"exportar", Banco(), "--ie", "250114377019", "--drq", "101",
-                             "--relatorios", "01,17,16", "--formato", "json", "--saida", Saida()});
+        Programa exportacao(Chamada("01,17,16", "json"));
         while (Arquivos(Saida()).empty()) {
             ::usleep(1000);
         }
@@ -229,9 +208,7 @@ TEST_F(Exportacao, DamageThatNoReportMeetsIsSaid) {
         "sqlite_master WHERE name = 'idxtblMIDAXNroDRQ') WHERE name = 'idxtblZFM_ALCNroDRQ'");
     const auto avisa = HasSubstr("aviso: o banco está danificado");
     EXPECT_THAT(Exportar("todos", "json").erros, avisa);
-    EXPECT_THAT(Rodar({"lote", Banco(), "--saida", Saida("lote"), "--relatorios", "17", "--formato",
-                       "json"})
-                    .erros,
+    EXPECT_THAT(Rodar("lote " + Banco() + " --relatorios 17 --saida " + Saida("lote")).erros,
                 avisa);
 }
 

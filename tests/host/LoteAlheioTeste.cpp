@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
 
 #include "tests/host/LoteDeTeste.h"
@@ -13,7 +12,8 @@ namespace {
 // What is not the batch's own, and what stands in its way.
 class LoteAlheio : public ComLote {
   protected:
-    const std::vector<std::string> chamada{"--relatorios", "17", "--ie", "250114377019"};
+    const std::string chamada = "--relatorios 17" + DoPrimeiro;
+    const std::string retomada = chamada + " --retomar";
     const std::string arquivo = "250114377019-101/17-RelatorioPagamentos.pdf";
 };
 
@@ -23,8 +23,6 @@ TEST_F(LoteAlheio, ResumingInAFolderWithoutABatchRemovesNothing) {
     for (const char* alheio : {"trabalho.tmp/x", ".tarvo-1-0.tmp", ".tarvo-0123456789abcdef/x"}) {
         std::ofstream(Saida(alheio)) << "fica";
     }
-    auto retomada = chamada;
-    retomada.emplace_back("--retomar");
     EXPECT_THAT(RodarLote(retomada), Termina(0));
     EXPECT_THAT(RodarLote(retomada), Termina(0));
     EXPECT_THAT(Arquivos(Saida()), SizeIs(4 + 3));
@@ -37,8 +35,6 @@ TEST_F(LoteAlheio, WhatAKilledBatchLeftInItsOwnFolderGoes) {
     EXPECT_FALSE(fs::exists(propria));
     fs::create_directories(propria / "outra");
     std::ofstream(propria / "outra/novo") << "%PDF";
-    auto retomada = chamada;
-    retomada.emplace_back("--retomar");
     EXPECT_THAT(RodarLote(retomada), Termina(0));
     EXPECT_FALSE(fs::exists(propria));
 }
@@ -66,7 +62,7 @@ TEST_F(LoteAlheio, ADatabaseOrPipeOfThatNameFailsItsReportAlone) {
     ASSERT_EQ(::mkfifo(Saida("250114377019-102/17-RelatorioPagamentos.pdf").c_str(), 0666), 0);
     EXPECT_THAT(RodarLote(chamada), Termina(1, AllOf(HasSubstr("erro 75: declaração 101, "),
                                                      HasSubstr("erro 75: declaração 102, "))));
-    EXPECT_EQ(Resumo().at({103, "17"})[8], "0");
+    EXPECT_EQ(Resumo().at({103, "17"}).erro, 0);
     EXPECT_THAT(apoio::BytesDe(Saida(arquivo)), StartsWith("SQLite format 3"));
 }
 
@@ -74,7 +70,7 @@ TEST_F(LoteAlheio, NoTwoDeclarationsShareAFolder) {
     Executar(
         "insert into tblDRQ (NroDRQ, IE) values (2, 'a-'), (-2, 'a'), (3, '.x'), (4, '-x'), "
         "(5, 'a/b'), (6, '_'), (7, printf('%.100c', 'y'))");
-    EXPECT_THAT(RodarLote({"--relatorios", "01"}), Termina(0));
+    EXPECT_THAT(RodarLote("--relatorios 01"), Termina(0));
     std::vector<std::string> nomes;
     for (const auto& item : fs::directory_iterator(Saida())) {
         nomes.push_back(item.path().filename());
@@ -86,40 +82,34 @@ TEST_F(LoteAlheio, NoTwoDeclarationsShareAFolder) {
 
 // As long as the first runs, and no longer, however it ends.
 TEST_F(LoteAlheio, ASecondBatchInTheSameFolderIsRefused) {
-    Multiplicar(200);
-    auto segunda = chamada;
-    segunda.emplace_back("--retomar");
+    Multiplicar();
     {
-        Programa primeira(Argumentos({"--relatorios", "01"}));
-        EsperarLinhas(primeira, 1);
-        for (const auto& outra : {chamada, segunda}) {
+        Programa primeira(Chamada(""));
+        Esperar(primeira, [&] { return !Resumo().empty(); });
+        for (const auto& outra : {chamada, retomada}) {
             EXPECT_THAT(RodarLote(outra),
                         Termina(1, AllOf(StartsWith("erro 20006: "), HasSubstr("outro lote"))));
         }
         primeira.Sinalizar(SIGKILL);
         EXPECT_EQ(primeira.Esperar().situacao, 128 + SIGKILL) << "it had not ended yet";
     }
-    EXPECT_THAT(RodarLote(segunda), Termina(0));
+    EXPECT_THAT(RodarLote(retomada), Termina(0));
 }
 
 TEST_F(LoteAlheio, AReaderThatGoesAwayEndsTheOutputNotTheBatch) {
-    std::string comando = "{ " TARVO_PROGRAMA;
-    for (const auto& argumento : Argumentos({"--relatorios", "01"})) {
-        comando += " " + argumento;
-    }
-    comando += "; echo \"fim $?\" >&2; } | head -c 1";
-    EXPECT_THAT(apoio::SaidaDe(comando), HasSubstr("fim 0\n"));
+    EXPECT_THAT(apoio::SaidaDe("{ " TARVO_PROGRAMA " " + Chamada("--relatorios 01") +
+                               "; echo \"fim $?\" >&2; } | head -c 1"),
+                HasSubstr("fim 0\n"));
     EXPECT_THAT(Resumo(), SizeIs(10));
 }
 
 TEST_F(LoteAlheio, AMissingFontEndsTheBatchBeforeItMakesAnything) {
     std::ofstream(pasta / "fonts.conf") << "<fontconfig/>";
-    ::setenv("FONTCONFIG_FILE", (pasta / "fonts.conf").c_str(), 1);
-    const Execucao e = RodarLote(chamada);
-    ::unsetenv("FONTCONFIG_FILE");
+    const Execucao e =
+        RodarLote(chamada, "FONTCONFIG_FILE=" + (pasta / "fonts.conf").string() + " exec");
     EXPECT_THAT(e, Termina(1, AllOf(HasSubstr("erro 20005: "), HasSubstr("fonts-liberation"))));
     EXPECT_THAT(e.erros, Not(HasSubstr("declaração 101")));
-    EXPECT_THAT(Arquivos(Saida()), Not(Contains(HasSubstr(".pdf"))));
+    EXPECT_THAT(Datas(), IsEmpty());
 }
 
 }  // namespace

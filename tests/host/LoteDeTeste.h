@@ -2,12 +2,14 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "host/batch/LinhaResumo.h"
 #include "tests/host/Programa.h"
 
 // Batches over the example database.
@@ -23,77 +25,86 @@ using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
+using DatasPorNome = std::map<std::string, fs::file_time_type>;
+
+// The taxpayer of declarations 101 to 103.
+const std::string DoPrimeiro = " --ie 250114377019";
+
 class ComLote : public ComExemplo {
   protected:
-    [[nodiscard]] std::vector<std::string> Argumentos(std::vector<std::string> outros = {}) const {
-        outros.insert(outros.begin(),
-                      {"lote", Banco(), "--saida", Saida(), "--ref-atual", refAtual});
-        return outros;
+    [[nodiscard]] std::string Chamada(const std::string& outros) const {
+        return "lote " + Banco() + " --saida " + Saida() + " --ref-atual " + refAtual + " " +
+               outros;
     }
-    Execucao RodarLote(const std::vector<std::string>& outros = {},
-                       const Condicoes& condicoes = {}) {
-        return Rodar(Argumentos(outros), condicoes);
+    Execucao RodarLote(const std::string& outros = "", const std::string& antes = "exec") {
+        return Rodar(Chamada(outros), antes);
     }
 
-    // The example's ten declarations that many times more, so that a batch takes a while.
-    void Multiplicar(int vezes) {
+    // The example's ten declarations sixty times more, so that a batch takes a while.
+    void Multiplicar() {
         Executar(
             "create temp table n as with recursive r(i) as (select 1 union all select i + 1 from r "
-            "where i < " +
-            std::to_string(vezes) +
-            ") select i from r;"
+            "where i < 60) select i from r;"
             "insert into tblDRQ select NroDRQ + 1000 * i, IE, Ref1, Ref2, Tipo, RegTrib, "
             "Consistente, Autenticação, SaldoCredAntDig, ICMSFixPerRES, OutrasRES, DeduçõesRPA, "
             "SaldoCredAntDigST, DeduçõesST from tblDRQ, n;");
     }
-    // Until the summary of a running batch has so many lines, or the batch ends.
-    void EsperarLinhas(const Programa& lote, std::size_t linhas) {
-        while (lote.Ativo() && Resumo().size() < linhas) {
+    // Until a running batch has come that far, or ends.
+    static void Esperar(const Programa& lote, const std::function<bool()>& chegou) {
+        while (lote.Ativo() && !chegou()) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     }
 
-    // Each file is a whole PDF, or the summary.
-    void ConferirInteiros() {
+    // Of the output, when each file but the summaries was written.
+    DatasPorNome Datas() {
+        DatasPorNome datas;
         for (const auto& nome : Arquivos(Saida())) {
             if (!nome.starts_with("resumo")) {
-                EXPECT_THAT(
-                    apoio::BytesDe(Saida(nome)),
-                    testing::AllOf(testing::StartsWith("%PDF"), testing::EndsWith("%%EOF\n")))
-                    << nome;
+                datas[nome] = fs::last_write_time(Saida(nome));
             }
+        }
+        return datas;
+    }
+    // Those of these files that are others by now.
+    std::vector<std::string> Refeitos(const DatasPorNome& antes) {
+        std::vector<std::string> refeitos;
+        for (const auto& [nome, data] : antes) {
+            if (fs::last_write_time(Saida(nome)) != data) {
+                refeitos.push_back(nome);
+            }
+        }
+        return refeitos;
+    }
+    // Each file is a whole PDF, or the summary.
+    void ConferirInteiros() {
+        for (const auto& [nome, data] : Datas()) {
+            EXPECT_THAT(apoio::BytesDe(Saida(nome)),
+                        AllOf(StartsWith("%PDF"), testing::EndsWith("%%EOF\n")))
+                << nome;
         }
     }
 
     // The lines of the summary of files and failures, by declaration and report.
-    using Linha = std::vector<std::string>;
-    std::map<std::pair<int, std::string>, Linha> Resumo(const std::string& nome = "resumo.csv") {
-        std::map<std::pair<int, std::string>, Linha> linhas;
+    std::map<std::pair<int, std::string>, LinhaResumo> Resumo(
+        const std::string& nome = "resumo.csv") {
+        std::map<std::pair<int, std::string>, LinhaResumo> linhas;
         std::istringstream resumo(apoio::BytesDe(Saida(nome)));
-        std::string texto;
-        std::getline(resumo, texto);
-        while (std::getline(resumo, texto) && texto.ends_with('\r')) {
-            texto.back() = ';';
-            std::istringstream partes(texto);
-            Linha colunas;
-            for (std::string coluna; std::getline(partes, coluna, ';');) {
-                colunas.push_back(coluna);
+        std::string registro;
+        std::getline(resumo, registro);
+        for (LeitorDeRegistros leitor(resumo);
+             leitor.Proximo(registro) && registro.ends_with("\r\n");) {
+            const auto linha = Lida(registro);
+            EXPECT_TRUE(linha) << registro;
+            if (linha && linha->relatorio != CodigoLote && linha->relatorio != CodigoFim) {
+                EXPECT_TRUE(linhas.try_emplace({linha->NroDRQ, linha->relatorio}, *linha).second)
+                    << "twice: " << registro;
             }
-            EXPECT_EQ(colunas.size(), 14U) << texto;
-            if (colunas[3] == "lote" || colunas[3] == "fim") {
-                continue;
-            }
-            const bool nova =
-                linhas.try_emplace({std::stoi(colunas[1]), colunas[3]}, colunas).second;
-            EXPECT_TRUE(nova) << "twice: " << texto;
         }
         return linhas;
     }
 
     std::string refAtual = "07/2003";
 };
-
-// What an i-node and a time tell: whether a file is still the same.
-std::string Identidade(const fs::path& arquivo);
 
 }  // namespace tarvo::host

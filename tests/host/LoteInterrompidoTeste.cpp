@@ -1,41 +1,28 @@
 // SPDX-License-Identifier: MIT
-#include <sys/stat.h>
-
 #include <csignal>
 #include <fstream>
 
 #include "tests/host/LoteDeTeste.h"
 
 namespace tarvo::host {
-
-std::string Identidade(const fs::path& arquivo) {
-    struct stat estado {};
-    EXPECT_EQ(::stat(arquivo.c_str(), &estado), 0) << arquivo;
-    return std::to_string(estado.st_ino) + " " + std::to_string(estado.st_mtim.tv_sec) + "." +
-           std::to_string(estado.st_mtim.tv_nsec);
-}
-
 namespace {
 
 class LoteQueParou : public ComLote {
   protected:
     // Of the files that the summary says are complete.
-    std::map<std::string, std::string> Identidades() {
-        std::map<std::string, std::string> identidades;
+    DatasPorNome Prontos() {
+        DatasPorNome prontos;
         for (const auto& [chave, linha] : Resumo()) {
-            if (linha[8] == "0") {
-                identidades[linha[4]] = Identidade(Saida(linha[4]));
+            if (linha.erro == 0) {
+                prontos[linha.arquivo] = fs::last_write_time(Saida(linha.arquivo));
             }
         }
-        return identidades;
+        return prontos;
     }
     // The batch goes on to its end and leaves those files alone.
-    void Retomar(std::vector<std::string> outros, const std::map<std::string, std::string>& antes) {
-        outros.emplace_back("--retomar");
-        EXPECT_THAT(RodarLote(outros), Termina(0));
-        for (const auto& [nome, identidade] : antes) {
-            EXPECT_EQ(Identidade(Saida(nome)), identidade) << nome;
-        }
+    void Retomar(const std::string& chamada, const DatasPorNome& antes) {
+        EXPECT_THAT(RodarLote(chamada + " --retomar"), Termina(0));
+        EXPECT_THAT(Refeitos(antes), IsEmpty());
     }
 };
 
@@ -43,20 +30,20 @@ class LoteQueParou : public ComLote {
 class LoteInterrompido : public LoteQueParou, public testing::WithParamInterface<int> {};
 
 TEST_P(LoteInterrompido, GoesOnWhereItStopped) {
-    Multiplicar(60);
-    const std::vector<std::string> relatorios{"--relatorios", "01,17"};
-    Programa primeira(Argumentos(relatorios));
-    EsperarLinhas(primeira, 100);
+    Multiplicar();
+    const std::string relatorios = "--relatorios 01,17";
+    Programa primeira(Chamada(relatorios));
+    Esperar(primeira, [&] { return Resumo().size() >= 100; });
     primeira.Sinalizar(GetParam());
     const Execucao e = primeira.Esperar();
-    const auto antes = Identidades();
+    const auto antes = Prontos();
     ASSERT_GE(antes.size(), 100U);
     ASSERT_LT(antes.size(), 1220U) << "the batch ended before it was stopped";
     if (GetParam() == SIGKILL) {
         EXPECT_EQ(e.situacao, 128 + SIGKILL);
     } else {
         EXPECT_THAT(e, Termina(1, HasSubstr("--retomar")));
-        EXPECT_THAT(Arquivos(Saida()), SizeIs(antes.size() + 1)) << "the summary knows them all";
+        EXPECT_EQ(Datas(), antes) << "the summary knows them all";
     }
     ConferirInteiros();
     EXPECT_THAT(RodarLote(relatorios),
@@ -70,9 +57,9 @@ TEST_P(LoteInterrompido, GoesOnWhereItStopped) {
 INSTANTIATE_TEST_SUITE_P(Sinais, LoteInterrompido, testing::Values(SIGINT, SIGTERM, SIGKILL));
 
 TEST_F(LoteQueParou, ResumingBelievesOnlyWholeLinesOfWholeFiles) {
-    const std::vector<std::string> chamada{"--relatorios", "01,17", "--ie", "250114377019"};
+    const std::string chamada = "--relatorios 01,17" + DoPrimeiro;
     ASSERT_THAT(RodarLote(chamada), Termina(0));
-    auto antes = Identidades();
+    auto antes = Datas();
     ASSERT_THAT(antes, SizeIs(6));
     // A power failure left one file short and lost another; a kill cut the last line.
     const std::string curto = "250114377019-101/01-RelatorioCadastro.pdf";
@@ -83,71 +70,62 @@ TEST_F(LoteQueParou, ResumingBelievesOnlyWholeLinesOfWholeFiles) {
     antes.erase(perdido);
     std::ofstream(Saida("resumo.csv"), std::ios::app | std::ios::binary)
         << "250114377019;103;11/2001;17;250114377019-103/17-Relat";
-    // Whatever its name, what the batch did not make stays.
-    fs::create_directories(Saida("trabalho.tmp"));
-    std::ofstream(Saida("trabalho.tmp/.tarvo-1-0.tmp")) << "fica";
     Retomar(chamada, antes);
     EXPECT_THAT(Resumo(), SizeIs(6));
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(8));
-    EXPECT_EQ(apoio::BytesDe(Saida("trabalho.tmp/.tarvo-1-0.tmp")), "fica");
-    fs::remove_all(Saida("trabalho.tmp"));
+    EXPECT_THAT(Arquivos(Saida()), SizeIs(7));
     ConferirInteiros();
 }
 
 TEST_F(LoteQueParou, ResumingOnePartKeepsTheSummaryOfTheOthers) {
     Executar("update tblDRQ set SaldoCredAntDig = null where NroDRQ = 201");
-    ASSERT_EQ(RodarLote({"--relatorios", "10"}).situacao, 1);
-    ASSERT_EQ(Resumo().at({201, "10"})[8], "94");
-    EXPECT_THAT(RodarLote({"--relatorios", "17", "--ie", "250114377019", "--retomar"}), Termina(0));
+    ASSERT_EQ(RodarLote("--relatorios 10").situacao, 1);
+    ASSERT_EQ(Resumo().at({201, "10"}).erro, 94);
+    EXPECT_THAT(RodarLote("--relatorios 17 --retomar" + DoPrimeiro), Termina(0));
     EXPECT_THAT(Resumo(), SizeIs(13));
-    EXPECT_EQ(Resumo().at({201, "10"})[8], "94");
+    EXPECT_EQ(Resumo().at({201, "10"}).erro, 94);
 }
 
 TEST_F(LoteQueParou, AFileThatIsNoSummaryIsNotTouched) {
     fs::create_directory(Saida());
     std::ofstream(Saida("resumo.csv")) << "do usuário\n";
     EXPECT_THAT(RodarLote(), Termina(1, StartsWith("erro 58: ")));
-    EXPECT_THAT(RodarLote({"--retomar"}), Termina(1, StartsWith("erro 5: ")));
+    EXPECT_THAT(RodarLote("--retomar"), Termina(1, StartsWith("erro 5: ")));
     EXPECT_EQ(apoio::BytesDe(Saida("resumo.csv")), "do usuário\n");
     EXPECT_THAT(Arquivos(Saida()), SizeIs(1));
 }
 
 TEST_F(LoteQueParou, AFullDiskEndsTheBatchWithWholeFilesAndItGoesOnLater) {
-    EXPECT_THAT(RodarLote({}, {.limiteDeArquivo = 35'000}),
+    EXPECT_THAT(RodarLote("", ComLimite("-f 68")),
                 Termina(1, AllOf(HasSubstr("erro 61: "), HasSubstr("--retomar"))));
     ConferirInteiros();
-    const auto antes = Identidades();
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(antes.size() + 1));
-    Retomar({}, antes);
+    const auto antes = Datas();
+    EXPECT_EQ(antes, Prontos());
+    Retomar("", antes);
     EXPECT_THAT(Resumo(), SizeIs(178));
 }
 
-TEST_F(LoteQueParou, ATargetThatCannotBeWrittenEndsTheBatchAtOnce) {
-    CriarPastaProtegida(Saida());
-    EXPECT_THAT(RodarLote({}, {.comoNinguem = true}), Termina(1, StartsWith("erro 70: ")));
+TEST_F(LoteQueParou, ATargetThatCannotBeWrittenEndsTheBatchAndOneFolderOnlyItsReports) {
+    fs::create_directories(Saida("250114377019-101"));
+    fs::permissions(Saida("250114377019-101"), fs::perms(0555));
+    fs::permissions(Saida(), fs::perms(0555));
+    EXPECT_THAT(RodarLote("", ComoNinguem), Termina(1, StartsWith("erro 70: ")));
     EXPECT_THAT(Arquivos(Saida()), IsEmpty());
-}
-
-TEST_F(LoteQueParou, OneFolderThatCannotBeWrittenStopsNoOther) {
-    fs::create_directory(Saida());
     fs::permissions(Saida(), fs::perms::all);
-    CriarPastaProtegida(Saida("250114377019-101"));
-    EXPECT_THAT(RodarLote({"--relatorios", "17", "--ie", "250114377019"}, {.comoNinguem = true}),
+    EXPECT_THAT(RodarLote("--relatorios 17" + DoPrimeiro, ComoNinguem),
                 Termina(1, StartsWith("erro 70: declaração 101, relatório 17: ")));
-    EXPECT_EQ(Resumo().at({101, "17"})[8], "70");
-    EXPECT_EQ(Resumo().at({102, "17"})[8], "0");
+    EXPECT_EQ(Resumo().at({101, "17"}).erro, 70);
+    EXPECT_EQ(Resumo().at({102, "17"}).erro, 0);
 }
 
 TEST_F(LoteQueParou, ALockedDatabaseEndsTheBatchAndItGoesOnLater) {
-    const std::vector<std::string> chamada{"--relatorios", "17"};
     {
         const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
-        EXPECT_THAT(RodarLote(chamada),
+        EXPECT_THAT(RodarLote("--relatorios 17"),
                     Termina(1, AllOf(StartsWith("erro 3260: "), HasSubstr("Feche o outro"))));
     }
     // Someone who only writes locks nobody out.
     const OutroPrograma escrevendo(Banco(), "PRAGMA journal_mode = WAL; BEGIN IMMEDIATE");
-    EXPECT_THAT(RodarLote(chamada), Termina(0));
+    EXPECT_THAT(RodarLote("--relatorios 17"), Termina(0));
 }
 
 TEST_F(LoteQueParou, ADamagedPageFailsOnlyTheReportsThatReadIt) {
@@ -157,10 +135,10 @@ TEST_F(LoteQueParou, ADamagedPageFailsOnlyTheReportsThatReadIt) {
     ASSERT_NE(registro, std::string::npos);
     bytes.replace(registro / Pagina * Pagina, 100, std::string(100, '\xFF'));
     std::ofstream(Banco(), std::ios::binary) << bytes;
-    EXPECT_THAT(RodarLote({"--relatorios", "16,17"}),
+    EXPECT_THAT(RodarLote("--relatorios 16,17"),
                 Termina(1, HasSubstr("erro 3343: declaração 103, relatório 16: ")));
-    EXPECT_EQ(Resumo().at({103, "16"})[8], "3343");
-    EXPECT_EQ(Resumo().at({103, "17"})[8], "0");
+    EXPECT_EQ(Resumo().at({103, "16"}).erro, 3343);
+    EXPECT_EQ(Resumo().at({103, "17"}).erro, 0);
     EXPECT_EQ(apoio::BytesDe(Banco()), bytes);
 }
 

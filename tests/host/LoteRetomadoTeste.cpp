@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <fstream>
-#include <tuple>
 
 #include "tests/host/LoteDeTeste.h"
 
@@ -11,28 +10,17 @@ namespace {
 // what it says.
 class LoteRetomado : public ComLote {
   protected:
-    LoteRetomado() { EXPECT_THAT(RodarLote(Chamada()), Termina(0)); }
+    LoteRetomado() { EXPECT_THAT(RodarLote(chamada), Termina(0)); }
     // The files that are others after another run.
     std::vector<std::string> Refeitos() {
-        std::map<std::string, std::string> antes;
-        for (const auto& nome : Arquivos(Saida())) {
-            antes[nome] = Identidade(Saida(nome));
-        }
-        ultima = RodarLote(Chamada());
+        const auto antes = Datas();
+        ultima = RodarLote(chamada);
         EXPECT_EQ(ultima.situacao, 0) << ultima.erros;
-        std::vector<std::string> refeitos;
-        for (const auto& [nome, identidade] : antes) {
-            if (nome != "resumo.csv" && Identidade(Saida(nome)) != identidade) {
-                refeitos.push_back(nome);
-            }
-        }
         EXPECT_THAT(Resumo(), SizeIs(6)) << "each file once";
-        return refeitos;
+        return ComLote::Refeitos(antes);
     }
 
-    static std::vector<std::string> Chamada() {
-        return {"--relatorios", "02,17", "--ie", "250114377019", "--retomar"};
-    }
+    const std::string chamada = "--relatorios 02,17 --retomar" + DoPrimeiro;
     Execucao ultima;
 };
 
@@ -61,23 +49,21 @@ TEST_F(LoteRetomado, AnotherMonthMakesAgainTheReportsThatAskForIt) {
 }
 
 TEST_F(LoteRetomado, OtherOptionsMakeTheFilesAgainThatTheyChange) {
-    const auto rodar = [&](std::vector<std::string> outros) {
-        outros.insert(outros.end(), {"--ie", "250114377019", "--retomar"});
-        return RodarLote(outros).saida;
-    };
-    const std::vector<std::string> fotos{"--relatorios", "17", "--formato", "png", "--dpi"};
-    const std::vector<std::string> pdfs{"--relatorios", "17"};
-    const std::vector<std::string> unico{"--unico", "--relatorios"};
-    for (const auto& [opcoes, valor, outro] : {std::tuple(fotos, "30", "40"),
-                                               {pdfs, "--sem-estrutura", "--formato=pdf"},
-                                               {unico, "01,17", "01,16,17"}}) {
-        auto chamada = opcoes;
-        chamada.emplace_back(valor);
-        EXPECT_THAT(rodar(chamada), HasSubstr(": 3 arquivos gravados\n"));
-        EXPECT_THAT(rodar(chamada), HasSubstr(": 0 arquivos gravados, 3 já prontos\n"));
-        chamada.back() = outro;
-        EXPECT_THAT(rodar(chamada), AllOf(HasSubstr(": 3 arquivos gravados\n"),
-                                          HasSubstr("porque as opções são outras: ")));
+    const struct {
+        std::string opcoes;
+        const char* valor;
+        const char* outro;
+    } casos[] = {{"--relatorios 17 --formato png --dpi ", "30", "40"},
+                 {"--relatorios 17 ", "--sem-estrutura", "--formato=pdf"},
+                 {"--unico --relatorios ", "01,17", "01,16,17"}};
+    for (const auto& [opcoes, valor, outro] : casos) {
+        const auto rodar = [&](const char* qual) {
+            return RodarLote(opcoes + qual + " --retomar" + DoPrimeiro).saida;
+        };
+        EXPECT_THAT(rodar(valor), HasSubstr(": 3 arquivos gravados\n"));
+        EXPECT_THAT(rodar(valor), HasSubstr(": 0 arquivos gravados, 3 já prontos\n"));
+        EXPECT_THAT(rodar(outro), AllOf(HasSubstr(": 3 arquivos gravados\n"),
+                                        HasSubstr("porque as opções são outras: ")));
     }
 }
 
@@ -107,7 +93,7 @@ TEST_F(LoteRetomado, ASummaryThatASpreadsheetSavedIsReadAndItsOwnLinesStay) {
     }
     std::ofstream(Saida("resumo.csv"), std::ios::binary)
         << resumo << "\"nota do\nusuário\";;\n250114377019;101;;99;nada.pdf;1;1;0;0;;;;;fim";
-    EXPECT_THAT(RodarLote(Chamada()), Termina(0));
+    EXPECT_THAT(RodarLote(chamada), Termina(0));
     resumo = apoio::BytesDe(Saida("resumo.csv"));
     EXPECT_THAT(resumo, AllOf(HasSubstr("\"nota do\nusuário\";;\n"), HasSubstr("nada.pdf"),
                               Not(HasSubstr("fim2501"))));
@@ -118,7 +104,7 @@ TEST_F(LoteRetomado, ASummaryOfAnEarlierVersionIsRefused) {
         << "\xEF\xBB\xBFinscrição;declaração;referência;relatório;arquivo;bytes;páginas;cortados;"
            "erro;descrição\r\n";
     const auto antes = apoio::BytesDe(Saida("resumo.csv"));
-    EXPECT_THAT(RodarLote(Chamada()), Termina(1, AllOf(StartsWith("erro 5: "), HasSubstr("1.0"))));
+    EXPECT_THAT(RodarLote(chamada), Termina(1, AllOf(StartsWith("erro 5: "), HasSubstr("1.0"))));
     EXPECT_EQ(apoio::BytesDe(Saida("resumo.csv")), antes);
 }
 

@@ -84,8 +84,8 @@ class OutrosBancos : public ComExemplo {
     // All pages of all declarations as text, by file.
     std::vector<std::pair<std::string, std::string>> Paginas(const std::string& banco) {
         const std::string saida = Saida(std::to_string(vez_++));
-        EXPECT_THAT(Rodar({"lote", banco, "--saida", saida, "--formato", "json", "--ref-atual",
-                           "07/2003", "--trabalhos", "2"}),
+        EXPECT_THAT(Rodar("lote " + banco + " --saida " + saida +
+                          " --formato json --ref-atual 07/2003 --trabalhos 2"),
                     Termina(0));
         std::vector<std::pair<std::string, std::string>> paginas;
         for (const auto& nome : Arquivos(saida)) {
@@ -107,24 +107,25 @@ TEST_F(OutrosBancos, GiveTheSamePagesAndCopyIntoAFileThatGivesThemToo) {
     const auto esperadas = Paginas(Banco());
     EXPECT_TRUE(Paginas(arquivo) == esperadas);
     const std::string copia = (pasta / "copia.tarvo").string();
-    EXPECT_THAT(Rodar({"copiar", arquivo, copia}), Termina(0));
+    EXPECT_THAT(Rodar("copiar " + arquivo + " " + copia), Termina(0));
     EXPECT_TRUE(Paginas(copia) == esperadas);
-    EXPECT_THAT(Rodar({"copiar", arquivo, copia}), Termina(1, HasSubstr("erro 3204")));
+    EXPECT_THAT(Rodar("copiar " + arquivo + " " + copia), Termina(1, HasSubstr("erro 3204")));
     EXPECT_EQ(apoio::BytesDe(arquivo), bytes);
 }
 
 TEST_F(OutrosBancos, CopyTheDeclarationsThatAreNamed) {
     const std::string uma = (pasta / "uma.tarvo").string();
-    EXPECT_THAT(Rodar({"copiar", Banco(), uma, "--drq", "101"}), Termina(0));
-    EXPECT_THAT(Rodar({"listar", uma}).saida,
+    EXPECT_THAT(Rodar("copiar --drq 101 " + Banco() + " " + uma), Termina(0));
+    EXPECT_THAT(Rodar("listar " + uma).saida,
                 AllOf(HasSubstr("DRQ 101"), Not(HasSubstr("DRQ 102")), HasSubstr("250114377019"),
                       Not(HasSubstr("250447719306"))));
     const auto relatorios = [&](const std::string& banco) {
         const std::string saida = Saida(fs::path(banco).stem());
-        EXPECT_THAT(
-            Rodar({"exportar", banco, "--ie", "250114377019", "--drq", "101", "--relatorios",
-                   "10,11,11A,12,13", "--formato", "json", "--saida", saida}),
-            Termina(0));
+        EXPECT_THAT(Rodar("exportar " + banco +
+                          " --ie 250114377019 --drq 101 --relatorios "
+                          "10,11,11A,12,13 --formato json --saida " +
+                          saida),
+                    Termina(0));
         std::string paginas;
         for (const auto& nome : Arquivos(saida)) {
             paginas += apoio::BytesDe(fs::path(saida) / nome);
@@ -133,29 +134,27 @@ TEST_F(OutrosBancos, CopyTheDeclarationsThatAreNamed) {
     };
     EXPECT_TRUE(relatorios(uma) == relatorios(Banco()));
     const std::string nenhuma = (pasta / "nenhuma.tarvo").string();
-    EXPECT_THAT(Rodar({"copiar", Banco(), nenhuma, "--drq", "9"}),
+    EXPECT_THAT(Rodar("copiar --drq 9 " + Banco() + " " + nenhuma),
                 Termina(1, HasSubstr("erro 3021")));
     EXPECT_FALSE(fs::exists(nenhuma));
 }
 
 TEST_F(OutrosBancos, WithoutATaxpayerColumnBelongToTheOnlyTaxpayerOrToNobodyNamed) {
-    EXPECT_THAT(Rodar({"listar", ComoMdb("tblDRQ.IE")}).saida,
+    EXPECT_THAT(Rodar("listar " + ComoMdb("tblDRQ.IE")).saida,
                 HasSubstr("Contribuinte não informado (informe --ie)\n  DRQ "));
-    EXPECT_THAT(Rodar({"lote", ComoMdb("tblDRQ.IE"), "--saida", Saida("l")}),
+    EXPECT_THAT(Rodar("lote " + ComoMdb("tblDRQ.IE") + " --saida " + Saida("l")),
                 Termina(2, HasSubstr("informe --ie")));
     Executar("DELETE FROM tblContribuinte WHERE IE <> '250114377019'");
-    const std::string deUm = ComoMdb("tblDRQ.IE");
-    EXPECT_THAT(Rodar({"listar", deUm}).saida,
+    EXPECT_THAT(Rodar("listar " + ComoMdb("tblDRQ.IE")).saida,
                 AllOf(HasSubstr("Dourada S.A.\n  DRQ "), Not(HasSubstr("não informado"))));
 }
 
 TEST_F(OutrosBancos, SayWhatShouldBeKnownAndTakeACodePage) {
     const std::string arquivo = ComoMdb();
     const std::ofstream trava(pasta / "exemplo.ldb");
-    EXPECT_THAT(Rodar({"listar", arquivo, "--codificacao", "850"}),
+    EXPECT_THAT(Rodar("listar --codificacao 850 " + arquivo),
                 Termina(0, HasSubstr("aviso: outro programa")));
-    EXPECT_THAT(Rodar({"listar", arquivo, "--codificacao", "nenhuma"}),
-                Termina(1, HasSubstr("erro 5")));
+    EXPECT_THAT(Rodar("listar --codificacao nenhuma " + arquivo), Termina(1, HasSubstr("erro 5")));
 }
 
 }  // namespace

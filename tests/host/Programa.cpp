@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/host/Programa.h"
 
-#include <fcntl.h>
-#include <grp.h>
 #include <sqlite3.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,50 +12,18 @@
 
 namespace tarvo::host {
 
-namespace {
+const std::string ComoNinguem =
+    ::geteuid() == 0 ? "exec setpriv --reuid=65534 --regid=65534 --clear-groups" : "exec";
 
-constexpr uid_t Ninguem = 65534;
-
-void Redirecionar(const fs::path& arquivo, int descritor) {
-    const int fd = ::open(arquivo.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY, 0666);
-    ::dup2(fd, descritor);
-}
-
-void Limitar(__rlimit_resource recurso, long bytes) {
-    if (bytes > 0) {
-        const rlimit limite{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
-        ::setrlimit(recurso, &limite);
-    }
-}
-
-[[noreturn]] void Substituir(const std::vector<std::string>& argumentos,
-                             const Condicoes& condicoes) {
-    if (condicoes.comoNinguem && ::geteuid() == 0 &&
-        (::setgroups(0, nullptr) != 0 || ::setgid(Ninguem) != 0 || ::setuid(Ninguem) != 0)) {
-        ::_exit(127);
-    }
-    Limitar(RLIMIT_FSIZE, condicoes.limiteDeArquivo);
-    Limitar(RLIMIT_AS, condicoes.memoria);
-    Limitar(RLIMIT_NOFILE, condicoes.arquivosAbertos);
-    std::vector<char*> lista{const_cast<char*>(TARVO_PROGRAMA)};
-    for (const auto& argumento : argumentos) {
-        lista.push_back(const_cast<char*>(argumento.c_str()));
-    }
-    lista.push_back(nullptr);
-    ::execv(TARVO_PROGRAMA, lista.data());
-    ::_exit(127);
-}
-
-}  // namespace
-
-Programa::Programa(const std::vector<std::string>& argumentos, const Condicoes& condicoes) {
+Programa::Programa(const std::string& argumentos, const std::string& antes) {
+    const std::string comando = "exec >" + (pasta_ / "saida").string() + " 2>" +
+                                (pasta_ / "erros").string() + "; " + antes +
+                                " " TARVO_PROGRAMA " " + argumentos;
     processo_ = ::fork();
     if (processo_ == 0) {
-        Redirecionar(condicoes.saida.empty() ? pasta_ / "saida" : fs::path(condicoes.saida),
-                     STDOUT_FILENO);
-        Redirecionar(pasta_ / "erros", STDERR_FILENO);
         ::setenv("XDG_CONFIG_HOME", pasta_.Caminho().c_str(), 0);
-        Substituir(argumentos, condicoes);
+        ::execl("/bin/sh", "sh", "-c", comando.c_str(), nullptr);
+        ::_exit(127);
     }
 }
 
@@ -89,12 +54,8 @@ Execucao Programa::Esperar() {
             apoio::BytesDe(pasta_ / "saida"), apoio::BytesDe(pasta_ / "erros")};
 }
 
-Execucao Rodar(const std::vector<std::string>& argumentos, const Condicoes& condicoes) {
-    return Programa(argumentos, condicoes).Esperar();
-}
-
 ComExemplo::ComExemplo() {
-    EXPECT_THAT(Rodar({"criar", Banco(), "--exemplo"}), Termina(0));
+    EXPECT_THAT(Rodar("criar --exemplo " + Banco()), Termina(0));
     fs::permissions(pasta.Caminho(), fs::perms::all);
     fs::permissions(Banco(), fs::perms::all);
 }
@@ -131,11 +92,6 @@ OutroPrograma::OutroPrograma(const std::string& banco, const std::string& sql) {
 OutroPrograma::~OutroPrograma() {
     ::kill(processo_, SIGKILL);
     ::waitpid(processo_, nullptr, 0);
-}
-
-void CriarPastaProtegida(const fs::path& pasta) {
-    fs::create_directory(pasta);
-    fs::permissions(pasta, fs::perms(0555));
 }
 
 std::vector<std::string> Arquivos(const fs::path& pasta) {

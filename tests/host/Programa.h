@@ -21,18 +21,19 @@ struct Execucao {
     std::string erros;
 };
 
-struct Condicoes {
-    bool comoNinguem = false;  // unprivileged, where the test runs as root: permissions hold
-    long limiteDeArquivo = 0;  // bytes, as on a full disk; 0: none
-    long memoria = 0;          // bytes of addresses; 0: all
-    long arquivosAbertos = 0;  // at once; 0: as many as there may be
-    std::string saida = {};    // file or device for standard output; empty: kept for Execucao
-};
+// Before a command: unprivileged, where the test runs as root, so that permissions hold.
+extern const std::string ComoNinguem;
+// Before a command: with a limit in the shell's units, "-f 68" as on a disk that is full after 34
+// KB.
+inline std::string ComLimite(const std::string& limite) {
+    return "ulimit " + limite + "; exec";
+}
 
 // A started command; its output goes to files in a folder of its own.
 class Programa {
   public:
-    explicit Programa(const std::vector<std::string>& argumentos, const Condicoes& condicoes = {});
+    // The shell reads the arguments, which may send the output elsewhere, and what stands before.
+    explicit Programa(const std::string& argumentos, const std::string& antes = "exec");
     void Sinalizar(int sinal) const;
     [[nodiscard]] bool Ativo() const;
     // Waits until the command has said that on standard error; False when it has not in 30 s.
@@ -44,7 +45,9 @@ class Programa {
     pid_t processo_ = 0;
 };
 
-Execucao Rodar(const std::vector<std::string>& argumentos, const Condicoes& condicoes = {});
+inline Execucao Rodar(const std::string& argumentos, const std::string& antes = "exec") {
+    return Programa(argumentos, antes).Esperar();
+}
 
 // That a command ended with that status and such messages.
 inline auto Termina(int situacao, const testing::Matcher<std::string>& erros = testing::_) {
@@ -79,9 +82,6 @@ class OutroPrograma {
   private:
     pid_t processo_;
 };
-
-// Makes a folder that nobody but root may write.
-void CriarPastaProtegida(const fs::path& pasta);
 
 // Names of the files below a folder, relative to it and sorted.
 std::vector<std::string> Arquivos(const fs::path& pasta);

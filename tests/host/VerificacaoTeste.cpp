@@ -12,28 +12,30 @@ using testing::Not;
 
 class Verificacao : public ComExemplo {
   protected:
-    Execucao Exportar(const std::vector<std::string>& outros) {
-        std::vector<std::string> argumentos{"exportar", Banco(), "--ie",      "250114377019",
-                                            "--drq",    "103",   "--formato", "json",
-                                            "--saida",  Saida()};
-        argumentos.insert(argumentos.end(), outros.begin(), outros.end());
-        return Rodar(argumentos);
+    Execucao Verificar(const std::string& outros) {
+        return Rodar("verificar " + Banco() + " " + outros);
+    }
+    // Of declaration 103.
+    Execucao Exportar(const std::string& outros, const std::string& formato = "json",
+                      const std::string& IE = "250114377019") {
+        return Rodar("exportar " + Banco() + " --drq 103 --formato " + formato + " --saida " +
+                     Saida() + " --ie " + IE + " --relatorios " + outros);
     }
 };
 
 TEST_F(Verificacao, SaysWhatPagesLeaveOutAndEndsWithOneWhenThereIsSomething) {
-    const Execucao limpa = Rodar({"verificar", Banco(), "--drq", "601"});
+    const Execucao limpa = Verificar("--drq 601");
     EXPECT_THAT(limpa, Termina(0, IsEmpty()));
     EXPECT_THAT(limpa.saida, IsEmpty());
 
     Executar("insert into tblPagamento (NroDRQ, Valor) values (777, 1)");
-    const Execucao toda = Rodar({"verificar", Banco()});
+    const Execucao toda = Verificar("");
     EXPECT_THAT(toda, Termina(1, IsEmpty()));
     EXPECT_THAT(
         toda.saida,
         AllOf(HasSubstr("tblPagamento, 1 linha: linha de declaração que não existe (777)\n"),
               HasSubstr("IE 250339012558, DRQ 301: relatório 05, tblDetalhesInterUFs, 1 linha: ")));
-    const Execucao json = Rodar({"verificar", Banco(), "--drq", "401", "--json"});
+    const Execucao json = Verificar("--drq 401 --json");
     EXPECT_EQ(json.situacao, 1);
     EXPECT_THAT(LinhasJSON(json.saida),
                 Contains(nlohmann::json(
@@ -45,25 +47,21 @@ TEST_F(Verificacao, SaysWhatPagesLeaveOutAndEndsWithOneWhenThereIsSomething) {
                      {"motivo",
                       "subitem cujos detalhes não somam o seu valor (007.01: 22.500,00 de "
                       "25.000,00)"}})));
-    EXPECT_THAT(Rodar({"verificar", Banco(), "--drq", "9999"}).saida,
+    EXPECT_THAT(Verificar("--drq 9999").saida,
                 HasSubstr("a declaração 9999 não existe neste banco"));
 }
 
 TEST_F(Verificacao, ExportingSaysTheSameAndEachDeclarationsMonthCanDecide) {
     const std::string outraTabela =
         "aviso: a DRQ 103 é de 11/2001, mas o resumo usa a tabela de CFOPs de 07/2003\n";
-    EXPECT_THAT(Exportar({"--relatorios", "03", "--ref-atual", "07/2003"}),
-                Termina(0, HasSubstr(outraTabela)));
-    for (const char* palavra : {"declaração", "declaracao"}) {
-        EXPECT_THAT(Exportar({"--relatorios", "03", "--ref-atual", palavra}),
+    EXPECT_THAT(Exportar("03 --ref-atual 07/2003"), Termina(0, HasSubstr(outraTabela)));
+    for (const std::string palavra : {"declaração", "declaracao"}) {
+        EXPECT_THAT(Exportar("03 --ref-atual " + palavra),
                     Termina(0, AllOf(HasSubstr("aviso: relatório 03, tblDetalhesCFOPs, 2 linhas: "),
                                      Not(HasSubstr("tabela de CFOPs de")))));
     }
-    EXPECT_THAT(Rodar({"ref-atual", "declaração"}).situacao, 2);
-    const auto json = LinhasJSON(
-        Rodar({"exportar", Banco(), "--ie", "250226880140", "--drq", "103", "--relatorios", "01,15",
-               "--formato", "json", "--saida", Saida(), "--json"})
-            .saida);
+    EXPECT_THAT(Rodar("ref-atual declaração").situacao, 2);
+    const auto json = LinhasJSON(Exportar("01,15 --json", "json", "250226880140").saida);
     ASSERT_EQ(json.size(), 2U);
     EXPECT_EQ(json[1]["achados"][0]["motivo"],
               "a DRQ 103 é do contribuinte 250114377019, não de "
@@ -74,11 +72,8 @@ TEST_F(Verificacao, ARepeatedCutIsSaidOnceAndShort) {
     Executar(
         "update tblDRQ set Ref1 = '2001-11-01';"
         "update tblContribuinte set \"RazãoSocial\" = 'Nome\u2028' || hex(zeroblob(300))");
-    const Execucao e =
-        Rodar({"exportar", Banco(), "--ie", "250114377019", "--drq", "103", "--relatorios", "03",
-               "--formato", "pdf", "--saida", Saida(), "--ref-atual", "declaração"});
     EXPECT_THAT(
-        e.erros,
+        Exportar("03 --ref-atual declaração", "pdf").erros,
         HasSubstr("03-RelatorioResumoCFOPsSai, páginas 1 a 3: o texto não coube e foi "
                   "cortado: \"Nome 0000000000000000000000000000000000000000000000000000000…\"\n"));
 }

@@ -63,13 +63,13 @@ class ComandosNoServidor : public ComExemplo {
   protected:
     ComandosNoServidor() {
         ::setenv("SOURCE_DATE_EPOCH", "1000000000", 1);
-        EXPECT_THAT(Rodar({"criar", endereco}), Termina(0));
+        EXPECT_THAT(Rodar("criar " + endereco), Termina(0));
     }
-    void Copiar() { EXPECT_THAT(Rodar({"copiar", Banco(), endereco}), Termina(0)); }
-    std::vector<std::string> Lote(const std::string& banco, const std::string& onde,
-                                  const std::string& formato = "pdf") {
-        return {"lote",  banco,         "--saida", Saida(onde),   "--formato",
-                formato, "--trabalhos", "2",       "--ref-atual", "declaração"};
+    void Copiar() { EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco), Termina(0)); }
+    std::string Lote(const std::string& banco, const std::string& onde,
+                     const std::string& formato = "pdf") {
+        return "lote " + banco + " --saida " + Saida(onde) + " --formato " + formato +
+               " --trabalhos 2 --ref-atual declaração";
     }
     // Every file but the summary.
     void EsperarIguais(const std::string& uma, const std::string& outra) {
@@ -108,7 +108,7 @@ TEST_F(ComandosNoServidor, GiveTheSamePagesAsAFileAndCopyBackIntoThatFile) {
         if (semente > 0) {
             Sortear(semente);
             endereco = servidor.BancoNovo();
-            EXPECT_THAT(Rodar({"criar", endereco}), Termina(0));
+            EXPECT_THAT(Rodar("criar " + endereco), Termina(0));
         }
         Copiar();
         const std::string n = std::to_string(semente);
@@ -116,35 +116,34 @@ TEST_F(ComandosNoServidor, GiveTheSamePagesAsAFileAndCopyBackIntoThatFile) {
         const auto doServidor = Rodar(Lote(endereco, "no" + n, formato));
         EXPECT_EQ(doServidor.situacao, Rodar(Lote(Banco(), "de" + n, formato)).situacao);
         EsperarIguais("no" + n, "de" + n);
-        for (const char* comando : {"listar", "verificar"}) {
-            EXPECT_EQ(Rodar({comando, endereco, "--json"}).saida,
-                      Rodar({comando, Banco(), "--json"}).saida);
+        for (const std::string comando : {"listar --json ", "verificar --json "}) {
+            EXPECT_EQ(Rodar(comando + endereco).saida, Rodar(comando + Banco()).saida);
         }
         const std::string volta = (pasta / ("volta" + n)).string();
-        EXPECT_THAT(Rodar({"copiar", endereco, volta}), Termina(0));
+        EXPECT_THAT(Rodar("copiar " + endereco + " " + volta), Termina(0));
         EXPECT_EQ(Despejo(volta), Despejo(Banco()));
-        EXPECT_THAT(Rodar({"copiar", endereco, volta + "101", "--drq", "101"}), Termina(0));
-        EXPECT_THAT(Rodar({"copiar", Banco(), volta + "um", "--drq", "101"}), Termina(0));
+        EXPECT_THAT(Rodar("copiar --drq 101 " + endereco + " " + volta + "101"), Termina(0));
+        EXPECT_THAT(Rodar("copiar --drq 101 " + Banco() + " " + volta + "um"), Termina(0));
         EXPECT_EQ(Despejo(volta + "101"), Despejo(volta + "um"));
     }
 }
 
 TEST_F(ComandosNoServidor, RefuseToOverwriteAndWhatTheServerCannotHold) {
-    EXPECT_THAT(Rodar({"criar", endereco}), Termina(1, HasSubstr("erro 3204")));
+    EXPECT_THAT(Rodar("criar " + endereco), Termina(1, HasSubstr("erro 3204")));
     Executar("UPDATE tblPagamento SET Valor = 'dez' WHERE rowid = 3");
-    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}),
+    EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco),
                 Termina(1, AllOf(HasSubstr("erro 3421: Tabela \"tblPagamento\": linha 3, NroDRQ "),
                                  HasSubstr("\"dez\""))));
     Executar(
         "UPDATE tblPagamento SET Valor = 10 WHERE rowid = 3; UPDATE tblContribuinte SET "
         "Bairro = CAST(x'610062' AS TEXT) WHERE rowid = 2");
-    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}),
+    EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco),
                 Termina(1, AllOf(HasSubstr("linha 2, IE "), HasSubstr("byte nulo"))));
     Executar("UPDATE tblContribuinte SET Bairro = ''; ALTER TABLE tblDRQ DROP COLUMN Ref2");
-    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}),
+    EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco),
                 Termina(0, HasSubstr("não tem a coluna Ref2 de tblDRQ")));
-    EXPECT_THAT(Rodar({"copiar", Banco(), endereco}), Termina(1, HasSubstr("erro 3204")));
-    EXPECT_THAT(Rodar({"listar", "postgresql://eu:segredo@x/y"}),
+    EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco), Termina(1, HasSubstr("erro 3204")));
+    EXPECT_THAT(Rodar("listar postgresql://eu:segredo@x/y"),
                 Termina(2, AllOf(HasSubstr(".pgpass"), testing::Not(HasSubstr("segredo")))));
 }
 
@@ -174,9 +173,7 @@ TEST_F(ComandosNoServidor, ABatchOutlivesItsServerAndAnInterruptedOneIsResumed) 
         EXPECT_THAT(lote.Esperar(), Termina(1, HasSubstr("--retomar continua")));
         servidor.Iniciar();
     }
-    auto resto = Lote(endereco, "com");
-    resto.emplace_back("--retomar");
-    EXPECT_THAT(Rodar(resto), Termina(0));
+    EXPECT_THAT(Rodar(Lote(endereco, "com") + " --retomar"), Termina(0));
     EsperarIguais("sem", "com");
 }
 
@@ -185,8 +182,10 @@ TEST_F(ComandosNoServidor, ACancelledExportIsCancelledOnTheServer) {
     static_cast<void>(ServidorDeTeste::Executar(
         endereco, R"(ALTER TABLE "tblPagamento" RENAME TO p; CREATE VIEW "tblPagamento" AS
                      SELECT p.*, pg_sleep(60)::text AS "Observação" FROM p WHERE pg_sleep(60)::text = '')"));
-    Programa exportacao({"exportar", endereco, "--ie", "250114377019", "--drq", "101",
-                         "--relatorios", "17", "--formato", "pdf", "--saida", Saida()});
+    Programa exportacao("exportar " + endereco +
+                        " --ie 250114377019 --drq 101 --relatorios 17 "
+                        "--formato pdf --saida " +
+                        Saida());
     const std::string emCurso =
         "SELECT count(*) FROM pg_stat_activity WHERE state = 'active' AND wait_event = 'PgSleep'";
     while (ServidorDeTeste::Executar(endereco, emCurso) == "0" && exportacao.Ativo()) {
