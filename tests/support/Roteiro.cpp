@@ -52,13 +52,24 @@ bool TemRodape(const Conteudo& conteudo, std::size_t pagina) {
                  "T 11.3333 25.4 5.6667 0.3 DM Arial 6 |Página %%p de %%P"};
 }
 
+template <class Acao>
+Lista OuErro(Acao&& acao) {
+    try {
+        return acao();
+    } catch (const Erro& erro) {
+        return {"erro " + std::to_string(static_cast<int>(erro.Numero())) + ": " +
+                erro.Descricao()};
+    }
+}
+
 // The statement, which selects from n, with i from 1 to vezes in n.
 std::string Repetir(int vezes, const std::string& comando) {
     return "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
            std::to_string(vezes) + ") " + comando + ";";
 }
 
-// The rows from the current one on, one a line: the values of the columns, named "IE|Tipo".
+}  // namespace
+
 Lista LinhasDe(Recordset& registros, const std::string& colunas) {
     Lista linhas;
     for (; !registros.EOF_(); registros.MoveNext()) {
@@ -72,7 +83,10 @@ Lista LinhasDe(Recordset& registros, const std::string& colunas) {
     return linhas;
 }
 
-}  // namespace
+std::pair<std::string, std::string> ColunasEConsulta(const std::string& pedido) {
+    const auto fim = pedido.find(']');
+    return {pedido.substr(1, fim - 1), pedido.substr(std::min(fim + 2, pedido.size()))};
+}
 
 Roteiro::Roteiro(std::string base) : base_(std::move(base)) {
     EnsinarDoBanco();
@@ -102,17 +116,17 @@ void Roteiro::EnsinarDoBanco() {
         banco_->Executar(Repetir(std::stoi(pedido), pedido.substr(espaco)));
         return Respostas();
     });
-    Ensinar("ler", [this](const std::string& pedido) {
-        const auto fim = pedido.find(']');
-        const std::string colunas = pedido.substr(1, fim - 1);
-        const auto consulta = std::string_view(pedido).substr(fim + 1);
-        const auto ler = [&](TipoRecordset tipo) {
-            return LinhasDe(*(*banco_)->OpenRecordset(consulta, tipo), colunas);
-        };
-        const auto linhas = ler(TipoRecordset::ForwardOnly);
-        EXPECT_EQ(ler(TipoRecordset::Dynaset), linhas) << consulta;
-        return linhas;
-    });
+    Ensinar("ler", [this](const std::string& pedido) { return Ler(pedido); });
+}
+
+Roteiro::Respostas Roteiro::Ler(const std::string& pedido) {
+    const auto [colunas, consulta] = ColunasEConsulta(pedido);
+    const auto ler = [&, &colunas = colunas, &consulta = consulta](TipoRecordset tipo) {
+        return OuErro([&] { return LinhasDe(*(*banco_)->OpenRecordset(consulta, tipo), colunas); });
+    };
+    const auto linhas = ler(TipoRecordset::ForwardOnly);
+    EXPECT_EQ(ler(TipoRecordset::Dynaset), linhas) << consulta;
+    return linhas;
 }
 
 void Roteiro::EnsinarDoDocumento() {
@@ -153,16 +167,14 @@ void Roteiro::EnsinarDoDocumento() {
 
 Roteiro::Respostas Roteiro::Executar(const std::string& comando) {
     const auto espaco = comando.find_first_of(" \n");
-    const auto conhecido = comandos_.find(comando.substr(0, espaco));
+    const std::string nome = comando.substr(0, espaco);
+    const std::string pedido = espaco == std::string::npos ? "" : comando.substr(espaco + 1);
+    const auto conhecido = comandos_.find(nome);
     if (conhecido == comandos_.end()) {
         return {"comando desconhecido"};
     }
-    try {
-        return conhecido->second(espaco == std::string::npos ? "" : comando.substr(espaco + 1));
-    } catch (const Erro& erro) {
-        return {"erro " + std::to_string(static_cast<int>(erro.Numero())) + ": " +
-                erro.Descricao()};
-    }
+    pedidos_[nome].push_back(pedido);
+    return OuErro([&] { return conhecido->second(pedido); });
 }
 
 void Roteiro::Conferir(const std::string& arquivo) {

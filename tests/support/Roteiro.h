@@ -39,6 +39,8 @@ class Roteiro {
     explicit Roteiro(std::string base = "");
     // A command of that name, given what stands behind the name.
     void Ensinar(const std::string& nome, std::function<Respostas(const std::string&)> comando);
+    // What the commands of that name were given until now.
+    [[nodiscard]] Respostas Pedidos(const std::string& nome) const { return pedidos_.at(nome); }
     // Plays a file of the tests' folder: "reports/pagamentos.txt".
     void Conferir(const std::string& arquivo);
 
@@ -49,11 +51,19 @@ class Roteiro {
     void EnsinarDoBanco();
     void EnsinarDoDocumento();
     [[nodiscard]] Respostas Executar(const std::string& comando);
+    [[nodiscard]] Respostas Ler(const std::string& pedido);
 
     std::map<std::string, std::function<Respostas(const std::string&)>> comandos_;
+    std::map<std::string, Respostas> pedidos_;
     std::string base_;
     std::optional<BancoDeTeste> banco_;
 };
+
+// The parts of "[A|B] QUERY".
+std::pair<std::string, std::string> ColunasEConsulta(const std::string& pedido);
+
+// The rows from the current one on, each as the values of the columns, named "A|B"; Null is ∅.
+std::vector<std::string> LinhasDe(Recordset& registros, const std::string& colunas);
 
 // The words of a command; what is not there reads as the empty value.
 template <class... T>

@@ -3,11 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
-#include "data/LeitoresDeCampo.h"
-#include "tests/support/Apoio.h"
+#include "tests/support/Roteiro.h"
 
 namespace tarvo {
 
@@ -15,13 +13,8 @@ namespace tarvo {
 // values stand, "IE|Tipo".
 inline std::string LinhasDe(Recordset& registros, const std::string& colunas) {
     std::string linhas;
-    for (; !registros.EOF_(); registros.MoveNext()) {
-        linhas += linhas.empty() ? "" : "\n";
-        std::istringstream nomes(colunas);
-        for (std::string nome, barra; std::getline(nomes, nome, '|'); barra = "|") {
-            const Valor valor = registros.Fields(nome);
-            linhas += barra + (EhNulo(valor) ? "Null" : TextoCampo(valor));
-        }
+    for (const auto& linha : apoio::LinhasDe(registros, colunas)) {
+        linhas += (linhas.empty() ? "" : "\n") + linha;
     }
     return linhas;
 }

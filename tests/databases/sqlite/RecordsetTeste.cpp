@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "data/LeitoresDeCampo.h"
 #include "tests/databases/sqlite/LinhasDe.h"
 
 namespace tarvo {
@@ -38,6 +39,10 @@ TEST_F(Registros, GoFromTheFirstToTheLast) {
         EXPECT_FALSE(rs->BOF());
         EXPECT_EQ(TextoCampo(rs->Fields(1)), "a");
         const Field campo = rs->Fields("ie");
+        for (const int posicao : {-1, 31}) {
+            EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(posicao))); }), 3265);
+        }
+        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(""))); }), 3265);
         rs->MoveNext();
         EXPECT_EQ(TextoCampo(campo), "b");
         rs->MoveNext();
@@ -52,20 +57,6 @@ TEST_F(Registros, GoFromTheFirstToTheLast) {
 
         const auto vazio = banco_->OpenRecordset("SELECT * FROM tblDRQ WHERE Tipo = 9", tipo);
         EXPECT_TRUE(vazio->BOF() && vazio->EOF_());
-    }
-}
-
-TEST_F(Registros, ANameThatTwoColumnsHaveNeedsItsTable) {
-    const auto rs = banco_->OpenRecordset(
-        "select tblContribuinte.*, tblDRQ.* from tblContribuinte, tblDRQ where tblDRQ.IE = 'b'",
-        Avanco);
-    EXPECT_EQ(TextoCampo(rs->Fields("TBLCONTRIBUINTE.ie")), "a");
-    EXPECT_EQ(TextoCampo(rs->Fields("tblDRQ.IE")), "b");
-    for (const char* nome : {"IE", "tblEstados.UF", "Nada", ""}) {
-        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(nome))); }), 3265) << nome;
-    }
-    for (const int posicao : {-1, 31}) {
-        EXPECT_EQ(NumeroDoErro([&] { static_cast<void>(Valor(rs->Fields(posicao))); }), 3265);
     }
 }
 
