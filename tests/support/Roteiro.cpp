@@ -100,11 +100,12 @@ void Roteiro::Ensinar(const std::string& nome,
 
 void Roteiro::EnsinarDoBanco() {
     Ensinar("banco", [this](const std::string&) {
-        banco_.emplace(base_);
+        Renovar();
         return Respostas();
     });
     Ensinar("base", [this](const std::string& script) {
-        banco_.emplace(base_ = script);
+        base_ = script;
+        Renovar();
         return Respostas();
     });
     Ensinar("sql", [this](const std::string& script) {

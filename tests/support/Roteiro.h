@@ -44,6 +44,8 @@ class Roteiro {
     // Plays a file of the tests' folder: "reports/pagamentos.txt".
     void Conferir(const std::string& arquivo);
 
+    // A new database.
+    void Renovar() { banco_.emplace(base_); }
     BancoDeTeste& Banco() { return *banco_; }
     Conteudo documento;
 
