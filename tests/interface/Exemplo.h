@@ -6,6 +6,7 @@
 #include <stdlib.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,8 +29,8 @@ class Posse {
   public:
     explicit Posse(std::uint64_t id) : id_(id) {}
     ~Posse() { Liberar(); }
-    Posse(const Posse&) = delete;
-    Posse& operator=(const Posse&) = delete;
+    Posse(Posse&& outra) noexcept : id_(std::exchange(outra.id_, 0)) {}
+    Posse& operator=(Posse&&) = delete;
     operator std::uint64_t() const { return id_; }
     // Releases it now; gives the number, which is then of no object.
     std::uint64_t Liberar() {
@@ -40,6 +41,12 @@ class Posse {
   private:
     std::uint64_t id_;
 };
+
+// The bytes of a file.
+inline std::string ConteudoDe(const std::string& arquivo) {
+    std::ifstream entrada(arquivo, std::ios::binary);
+    return {std::istreambuf_iterator<char>(entrada), {}};
+}
 
 class ComExemplo : public testing::Test {
   protected:

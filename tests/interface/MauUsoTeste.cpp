@@ -20,45 +20,13 @@ class MauUso : public ComExemplo {
     Posse relatorios = Criar("Relatorios");
     Posse guia = Criar("RelatorioVELO");
 
-    // Every operation that takes an object, with good arguments otherwise.
-    using Operacao = std::function<std::int32_t(tarvo_objeto)>;
-    std::vector<Operacao> OperacoesDeObjetos() {
-        return {
-            [&](auto o) { return tarvo_definir_ref_atual(o, "07/2003"); },
-            [&](auto o) { return tarvo_executar(o, banco, IE, DRQ, 0); },
-            [&](auto o) { return tarvo_construir(o, banco, IE, DRQ); },
-            [&](auto o) { return tarvo_construir_cadastro(o, banco, IE); },
-            [&](auto o) { return tarvo_construir_velo(o, banco); },
-            [](auto o) { return tarvo_exibir(o); },
-            [](auto o) { return tarvo_ocultar(o); },
-            [](auto o) { return tarvo_imprimir(o); },
-            [](auto o) { return tarvo_imprimir_em(o, ""); },
-            [](auto o) { return tarvo_definir_andamento(o, nullptr, nullptr); },
-            [&](auto o) {
-                return tarvo_exportar_reunidos(&o, 1, TARVO_PDF, Saida("x.pdf").c_str());
-            },
-            [&](auto o) { return tarvo_transmitir(&o, 1, TARVO_PDF, Descartar, nullptr); },
-            [&](auto o) { return tarvo_paginas(o, &tamanho); },
-            [&](auto o) { return tarvo_exportar_arquivo(o, TARVO_PDF, Saida("x.pdf").c_str()); },
-            [&](auto o) { return tarvo_exportar_memoria(o, TARVO_JSON, &memoria); },
-            [&](auto o) { return tarvo_textos_cortados(o, &tamanho); },
-            [&](auto o) { return tarvo_texto_cortado(o, 1, &tamanho, &memoria); },
-            [&](auto o) { return tarvo_campo_st(o, 51, banco, DRQ, texto, sizeof texto); },
-            [](auto o) { return tarvo_adicionar_total_op(o, 0, 0, 0); },
-        };
-    }
-
     static std::int32_t Descartar(void* /*contexto*/, const char* /*bytes*/, std::size_t /*n*/) {
         return 0;
     }
-    static std::int32_t VerContribuinte(void* /*contexto*/, const tarvo_contribuinte* /*c*/) {
+    template <class Linha>
+    static std::int32_t Ver(void* /*contexto*/, const Linha* /*linha*/) {
         return 0;
     }
-    static std::int32_t VerDeclaracao(void* /*contexto*/, const tarvo_declaracao* /*d*/) {
-        return 0;
-    }
-
-    static std::int32_t VerAchado(void* /*contexto*/, const tarvo_achado* /*a*/) { return 0; }
 
     std::size_t tamanho = 0;
     std::int32_t existe = 0;
@@ -67,8 +35,30 @@ class MauUso : public ComExemplo {
 };
 
 TEST_F(MauUso, NoOperationTakesWhatIsNoObject) {
+    // Every operation that takes an object, with good arguments otherwise.
+    const std::function<std::int32_t(tarvo_objeto)> operacoes[] = {
+        [&](auto o) { return tarvo_definir_ref_atual(o, "07/2003"); },
+        [&](auto o) { return tarvo_executar(o, banco, IE, DRQ, 0); },
+        [&](auto o) { return tarvo_construir(o, banco, IE, DRQ); },
+        [&](auto o) { return tarvo_construir_cadastro(o, banco, IE); },
+        [&](auto o) { return tarvo_construir_velo(o, banco); },
+        [](auto o) { return tarvo_exibir(o); },
+        [](auto o) { return tarvo_ocultar(o); },
+        [](auto o) { return tarvo_imprimir(o); },
+        [](auto o) { return tarvo_imprimir_em(o, ""); },
+        [](auto o) { return tarvo_definir_andamento(o, nullptr, nullptr); },
+        [&](auto o) { return tarvo_exportar_reunidos(&o, 1, TARVO_PDF, Saida("x.pdf").c_str()); },
+        [&](auto o) { return tarvo_transmitir(&o, 1, TARVO_PDF, Descartar, nullptr); },
+        [&](auto o) { return tarvo_paginas(o, &tamanho); },
+        [&](auto o) { return tarvo_exportar_arquivo(o, TARVO_PDF, Saida("x.pdf").c_str()); },
+        [&](auto o) { return tarvo_exportar_memoria(o, TARVO_JSON, &memoria); },
+        [&](auto o) { return tarvo_textos_cortados(o, &tamanho); },
+        [&](auto o) { return tarvo_texto_cortado(o, 1, &tamanho, &memoria); },
+        [&](auto o) { return tarvo_campo_st(o, 51, banco, DRQ, texto, sizeof texto); },
+        [](auto o) { return tarvo_adicionar_total_op(o, 0, 0, 0); },
+    };
     const tarvo_objeto liberado = Criar("RelatorioPagamentos").Liberar();
-    for (const auto& operacao : OperacoesDeObjetos()) {
+    for (const auto& operacao : operacoes) {
         EXPECT_EQ(operacao(0), 91);
         EXPECT_EQ(operacao(UINT64_MAX), 91);
         EXPECT_EQ(operacao(liberado), 91);
@@ -91,9 +81,9 @@ TEST_F(MauUso, NoOperationTakesWhatIsNoDatabase) {
         EXPECT_EQ(tarvo_executar(relatorios, id, IE, DRQ, 0), numero);
         EXPECT_EQ(tarvo_existe_contribuinte(id, IE, &existe), numero);
         EXPECT_EQ(tarvo_existe_declaracao(id, DRQ, &existe), numero);
-        EXPECT_EQ(tarvo_listar_contribuintes(id, VerContribuinte, nullptr), numero);
-        EXPECT_EQ(tarvo_listar_declaracoes(id, VerDeclaracao, nullptr), numero);
-        EXPECT_EQ(tarvo_revisar(id, IE, DRQ, nullptr, nullptr, VerAchado, nullptr), numero);
+        EXPECT_EQ(tarvo_listar_contribuintes(id, Ver, nullptr), numero);
+        EXPECT_EQ(tarvo_listar_declaracoes(id, Ver, nullptr), numero);
+        EXPECT_EQ(tarvo_revisar(id, IE, DRQ, nullptr, nullptr, Ver, nullptr), numero);
         if (id != 0) {
             EXPECT_EQ(tarvo_campo_st(st, 51, id, DRQ, texto, sizeof texto), numero);
         }
@@ -145,7 +135,7 @@ TEST_F(MauUso, ObjectsAreBuiltByTheOperationOfTheirClassOnly) {
     EXPECT_THAT(tarvo_erro_texto(), HasSubstr("tarvo_construir."));
 }
 
-TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
+TEST_F(MauUso, NullPointersUnknownOptionsAndFormsAreErrorsEverywhere) {
     EXPECT_EQ(tarvo_abrir_banco(nullptr, 0, &memoria), 5);
     EXPECT_EQ(tarvo_abrir_banco("", 0, &memoria), 5);
     EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), 0, nullptr), 5);
@@ -170,7 +160,7 @@ TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
     EXPECT_EQ(tarvo_existe_declaracao(banco, DRQ, nullptr), 5);
     EXPECT_EQ(tarvo_listar_contribuintes(banco, nullptr, nullptr), 5);
     EXPECT_EQ(tarvo_listar_declaracoes(banco, nullptr, nullptr), 5);
-    EXPECT_EQ(tarvo_revisar(banco, nullptr, DRQ, nullptr, nullptr, VerAchado, nullptr), 5);
+    EXPECT_EQ(tarvo_revisar(banco, nullptr, DRQ, nullptr, nullptr, Ver, nullptr), 5);
     EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, nullptr, nullptr, nullptr, nullptr), 5);
     EXPECT_EQ(tarvo_imprimir_em(pagamentos, nullptr), 5);
     EXPECT_EQ(tarvo_memoria_bytes(1, nullptr, &tamanho), 5);
@@ -179,9 +169,6 @@ TEST_F(MauUso, NullPointersAreErrorsEverywhere) {
     EXPECT_EQ(tarvo_campo_st(pagamentos, 51, banco, DRQ, nullptr, 9), 5);
     EXPECT_EQ(tarvo_campo_st(pagamentos, 51, banco, DRQ, texto, 0), 5);
     EXPECT_EQ(tarvo_aguardar_janelas(0, nullptr), 0);
-}
-
-TEST_F(MauUso, UnknownOptionsAndFormsAreRefused) {
     EXPECT_EQ(tarvo_abrir_banco(Arquivo().c_str(), 4, &memoria), 5);
     EXPECT_EQ(tarvo_exportar_memoria(pagamentos, 0, &memoria), 5);
     EXPECT_EQ(tarvo_exportar_arquivo(pagamentos, 99, Saida("x").c_str()), 5);
@@ -221,9 +208,9 @@ TEST_F(MauUso, ADatabaseInMemoryTakesWholeRowsOfKnownTypesOnly) {
 
 TEST_F(MauUso, AReviewTakesReportsThatThereAreAndMonths) {
     for (const auto* codigo : {"", "18", "1", "velo", "02,03"}) {
-        EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, codigo, nullptr, VerAchado, nullptr), 5) << codigo;
+        EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, codigo, nullptr, Ver, nullptr), 5) << codigo;
     }
-    EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, nullptr, "julho", VerAchado, nullptr), 13);
+    EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, nullptr, "julho", Ver, nullptr), 13);
 }
 
 TEST_F(MauUso, ObjectsOfOneOutputAreDifferentAndOnesThatHaveDocuments) {
@@ -245,8 +232,8 @@ TEST_F(MauUso, TextsThatAreNotUtf8AreRefused) {
         EXPECT_EQ(tarvo_criar(ruim, &memoria), 5);
         EXPECT_EQ(tarvo_existe_contribuinte(banco, ruim, &existe), 5);
         EXPECT_EQ(tarvo_imprimir_em(pagamentos, ruim), 5);
-        EXPECT_EQ(tarvo_revisar(banco, ruim, DRQ, nullptr, nullptr, VerAchado, nullptr), 5);
-        EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, ruim, nullptr, VerAchado, nullptr), 5);
+        EXPECT_EQ(tarvo_revisar(banco, ruim, DRQ, nullptr, nullptr, Ver, nullptr), 5);
+        EXPECT_EQ(tarvo_revisar(banco, IE, DRQ, ruim, nullptr, Ver, nullptr), 5);
     }
     EXPECT_EQ(tarvo_construir(pagamentos, banco, "São João € 𝄞", DRQ), 0) << tarvo_erro_texto();
 }

@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <thread>
 
 #include "tests/support/Apoio.h"
@@ -18,10 +17,7 @@ class ConfiguracoesIniTeste : public testing::Test {
     void Escrever(std::string_view texto) const {
         std::ofstream(Arquivo(), std::ios::binary) << texto;
     }
-    [[nodiscard]] std::string Conteudo() const {
-        std::ifstream arquivo(Arquivo(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(arquivo), {}};
-    }
+    [[nodiscard]] std::string Conteudo() const { return apoio::BytesDe(Arquivo()); }
     [[nodiscard]] std::filesystem::path Arquivo() const { return pasta / "Tarvo.ini"; }
     [[nodiscard]] std::string RefAtual() const {
         return ConfiguracoesIni(pasta).Ler("Tarvo", "pRef", "RefAtual", "(padrão)");
