@@ -24,16 +24,16 @@ function(tarvo_teste nome bibliotecas)
     target_include_directories(teste_${nome} PRIVATE ${PROJECT_SOURCE_DIR})
     add_test(NAME ${nome} COMMAND teste_${nome})
     set(vazamentos "suppressions=${PROJECT_SOURCE_DIR}/tests/vazamentos.txt:print_suppressions=0")
+    set(corridas "suppressions=${PROJECT_SOURCE_DIR}/tests/corridas.txt:print_suppressions=0")
     set_tests_properties(${nome} PROPERTIES ENVIRONMENT
-        "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=${vazamentos}")
+        "LC_ALL=C.UTF-8;TZ=UTC;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=${vazamentos};TSAN_OPTIONS=${corridas}")
 endfunction()
 
 # tarvo_com_qt(NAME): that test runs Qt, whose locks the thread sanitizer cannot see; what Qt does by
 # itself is not for it.
 function(tarvo_com_qt nome)
-    set_property(TEST ${nome} APPEND PROPERTY
-        ENVIRONMENT
-        "TSAN_OPTIONS=ignore_noninstrumented_modules=1:suppressions=${PROJECT_SOURCE_DIR}/tests/corridas.txt")
+    get_test_property(${nome} ENVIRONMENT ambiente)
+    set_tests_properties(${nome} PROPERTIES ENVIRONMENT "${ambiente}:ignore_noninstrumented_modules=1")
 endfunction()
 
 # tarvo_com_leitor_mdb(NAME): that test reads files of the desktop engine. The library looks for their
