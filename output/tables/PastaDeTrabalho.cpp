@@ -5,11 +5,11 @@
 #include <sys/mman.h>
 #include <unistd.h>
 #include <xlsxwriter.h>
-#include <mutex>
 
 #include <algorithm>
 #include <chrono>
 #include <ctime>
+#include <mutex>
 
 #include "data/CodigosDeErros.h"
 #include "document/Momento.h"
