@@ -7,7 +7,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "data/LeitoresDeCampo.h"
 #include "output/json/DocumentoJSON.h"
 #include "reports/RelatorioApuracaoOpProp.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
@@ -50,11 +49,6 @@ std::string Paginas(BancoDados& banco, std::int32_t NumeroDRQ) {
     return texto.str();
 }
 
-std::string Bytes(const std::filesystem::path& arquivo) {
-    std::ifstream entrada(arquivo, std::ios::binary);
-    return {std::istreambuf_iterator<char>(entrada), {}};
-}
-
 TEST(TabelaDeTrabalho, RefillsForOneDeclarationAndReadsBackInOrder) {
     BancoDeTeste banco;
     const char* nome = "tblApuraçãoOperaçõesPróprias";
@@ -70,13 +64,13 @@ TEST(TabelaDeTrabalho, RefillsForOneDeclarationAndReadsBackInOrder) {
 TEST(TabelaDeTrabalho, PrivateTablesGiveTheSamePagesAndLeaveTheFileAlone) {
     BancoDeTeste banco(VinteDeclaracoes);
     const std::string compartilhadas = Paginas(*banco, 7);
-    const std::string antes = Bytes(banco.Arquivo());
+    const std::string antes = apoio::BytesDe(banco.Arquivo());
     const auto privado = BancoSQLite::Abrir(
         banco.Arquivo(),
         {.modo = ModoAbertura::SomenteLeitura, .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
     EXPECT_NE(Paginas(*privado, 8), compartilhadas);
     EXPECT_EQ(Paginas(*privado, 7), compartilhadas);
-    EXPECT_EQ(Bytes(banco.Arquivo()), antes);
+    EXPECT_EQ(apoio::BytesDe(banco.Arquivo()), antes);
 }
 
 class BuildsAtOnce : public testing::TestWithParam<TabelasDeTrabalho> {};
@@ -113,7 +107,7 @@ TEST_P(BuildsAtOnce, EachGetTheirOwnDeclaration) {
     }
     const auto sozinho = BancoSQLite::Abrir(arquivo);
     for (int i = 1; i <= 20; ++i) {
-        EXPECT_EQ(Bytes(saida(i)), Paginas(*sozinho, i)) << i;
+        EXPECT_EQ(apoio::BytesDe(saida(i)), Paginas(*sozinho, i)) << i;
     }
 }
 

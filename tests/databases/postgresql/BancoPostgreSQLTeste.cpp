@@ -10,20 +10,12 @@ namespace tarvo {
 namespace {
 
 using apoio::ErroDe;
+using apoio::Linhas;
 using apoio::ServidorDeTeste;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-
-std::vector<std::string> Coluna(BancoDados& banco, const std::string& consulta) {
-    std::vector<std::string> textos;
-    const auto linhas = banco.OpenRecordset(consulta, TipoRecordset::ForwardOnly);
-    for (; !linhas->EOF_(); linhas->MoveNext()) {
-        textos.push_back(TextoCampo(linhas->Fields(0)));
-    }
-    return textos;
-}
 
 class BancoPostgreSQL : public testing::Test {
   protected:
@@ -47,18 +39,18 @@ TEST_F(BancoPostgreSQL, ShowsOneMomentOfADeclarationUntilAnotherReadingBegins) {
     const std::string nome = "select RazãoSocial from tblContribuinte where IE = 'A'";
     {
         const LeituraMantida leitura(*banco, "A", 1);
-        EXPECT_THAT(Coluna(*banco, pagamentos), ElementsAre("10"));
+        EXPECT_THAT(Linhas(*banco, pagamentos), ElementsAre("10"));
         Executar(R"(UPDATE "tblPagamento" SET "Valor" = 11; UPDATE "tblEstados" SET "UF" = 'PA';
                     UPDATE "tblContribuinte" SET "RazãoSocial" = 'depois')");
         const LeituraMantida dentro(*banco, "A", 1);
-        EXPECT_THAT(Coluna(*banco, pagamentos), ElementsAre("10"));
-        EXPECT_THAT(Coluna(*banco, nome), ElementsAre("antes"));
-        EXPECT_THAT(Coluna(*banco, "select UF from tblEstados"), ElementsAre("AC"));
+        EXPECT_THAT(Linhas(*banco, pagamentos), ElementsAre("10"));
+        EXPECT_THAT(Linhas(*banco, nome), ElementsAre("antes"));
+        EXPECT_THAT(Linhas(*banco, "select UF from tblEstados"), ElementsAre("AC"));
     }
     const LeituraMantida leitura(*banco, "A", 1);
-    EXPECT_THAT(Coluna(*banco, pagamentos), ElementsAre("11"));
-    EXPECT_THAT(Coluna(*banco, nome), ElementsAre("depois"));
-    EXPECT_THAT(Coluna(*banco, "select UF from tblEstados"), ElementsAre("PA"));
+    EXPECT_THAT(Linhas(*banco, pagamentos), ElementsAre("11"));
+    EXPECT_THAT(Linhas(*banco, nome), ElementsAre("depois"));
+    EXPECT_THAT(Linhas(*banco, "select UF from tblEstados"), ElementsAre("PA"));
 }
 
 TEST_F(BancoPostgreSQL, ARecordsetKeepsItsRowsWhileAnotherDeclarationIsRead) {
@@ -67,11 +59,11 @@ TEST_F(BancoPostgreSQL, ARecordsetKeepsItsRowsWhileAnotherDeclarationIsRead) {
     const auto banco = AbrirBanco(endereco);
     const auto aberto = banco->OpenRecordset("select Valor from tblPagamento where NroDRQ = 1",
                                              TipoRecordset::ForwardOnly);
-    EXPECT_THAT(Coluna(*banco, "select Valor from tblPagamento where NroDRQ = 2"),
+    EXPECT_THAT(Linhas(*banco, "select Valor from tblPagamento where NroDRQ = 2"),
                 ElementsAre("20"));
     aberto->MoveNext();
     EXPECT_EQ(TextoCampo(aberto->Fields(0)), "12");
-    EXPECT_THAT(Coluna(*banco, "select Valor from tblPagamento"), ElementsAre("10", "12", "20"));
+    EXPECT_THAT(Linhas(*banco, "select Valor from tblPagamento"), ElementsAre("10", "12", "20"));
     EXPECT_EQ(apoio::NumeroDe(
                   [&] { banco->CreateQueryDef("", "DELETE * FROM tblPagamento")->Execute(); }),
               NumeroErro::BancoSomenteLeitura);
@@ -115,16 +107,16 @@ TEST_F(BancoPostgreSQL, GoesOnWhenTablesChangeAndConnectionsAreLost) {
     Executar(R"(INSERT INTO "tblPagamento" ("NroDRQ", "Valor") VALUES (1, 10))");
     const auto banco = AbrirBanco(endereco);
     const std::string consulta = "select Valor from tblPagamento where NroDRQ = 1";
-    EXPECT_THAT(Coluna(*banco, consulta), ElementsAre("10"));
+    EXPECT_THAT(Linhas(*banco, consulta), ElementsAre("10"));
     Executar(R"(ALTER TABLE "tblPagamento" ALTER "Valor" TYPE float8)");
-    EXPECT_THAT(Coluna(*banco, consulta), ElementsAre("10"));
+    EXPECT_THAT(Linhas(*banco, consulta), ElementsAre("10"));
     servidor.Matar();
     servidor.Iniciar();
-    EXPECT_THAT(Coluna(*banco, consulta), ElementsAre("10"));
+    EXPECT_THAT(Linhas(*banco, consulta), ElementsAre("10"));
     Executar(R"(ALTER TABLE "tblPagamento" DROP "Valor")");
-    EXPECT_EQ(apoio::NumeroDe([&] { Coluna(*banco, consulta); }), NumeroErro::ColunaDesconhecida);
+    EXPECT_EQ(apoio::NumeroDe([&] { Linhas(*banco, consulta); }), NumeroErro::ColunaDesconhecida);
     Executar(R"(DROP TABLE "tblPagamento")");
-    EXPECT_EQ(apoio::NumeroDe([&] { Coluna(*banco, consulta); }), NumeroErro::TabelaInexistente);
+    EXPECT_EQ(apoio::NumeroDe([&] { Linhas(*banco, consulta); }), NumeroErro::TabelaInexistente);
 }
 
 TEST_F(BancoPostgreSQL, WhatItCannotReadItRefusesWithTheWayOutAndWithoutThePassword) {

@@ -2,7 +2,6 @@
 #include <csignal>
 #include <random>
 
-#include "data/LeitoresDeCampo.h"
 #include "databases/sqlite/Celula.h"
 #include "databases/sqlite/Tabelas.h"
 #include "tests/databases/postgresql/ServidorDeTeste.h"
@@ -20,15 +19,10 @@ std::string Despejo(const std::string& banco) {
     std::string texto;
     const auto aberto = BancoSQLite::Abrir(banco);
     for (const auto& tabela : sqlite::TabelasDoBanco()) {
-        const auto linhas = aberto->OpenRecordset(
-            "select * from [" + std::string(tabela.nome) + "]", TipoRecordset::ForwardOnly);
         const int colunas = static_cast<int>(sqlite::ColunasDe(tabela).size());
-        for (; !linhas->EOF_(); linhas->MoveNext()) {
-            for (int c = 0; c < colunas; ++c) {
-                const Valor valor = linhas->Fields(c);
-                texto += (EhNulo(valor) ? "(nulo)" : TextoCampo(valor)) + "|";
-            }
-            texto += "\n";
+        for (const auto& linha :
+             apoio::Linhas(*aberto, "select * from [" + std::string(tabela.nome) + "]", colunas)) {
+            texto += linha + "\n";
         }
     }
     return texto;

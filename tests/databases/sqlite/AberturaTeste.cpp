@@ -51,11 +51,6 @@ int NumeroSemPrivilegio(const std::function<void()>& acao) {
     return numero;
 }
 
-std::string Conteudo(const fs::path& arquivo) {
-    std::ifstream entrada(arquivo, std::ios::binary);
-    return {std::istreambuf_iterator<char>(entrada), {}};
-}
-
 void Escrever(const fs::path& arquivo, const std::string& bytes) {
     std::ofstream(arquivo, std::ios::binary) << bytes;
 }
@@ -107,14 +102,14 @@ TEST_F(Abertura, WhatIsNoDatabaseIsAnErrorWithItsNumber) {
         EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_ / nome); }), 3024);
     }
     EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_.Caminho()); }), 3343);
-    const std::string inteiro = Conteudo(banco_);
+    const std::string inteiro = apoio::BytesDe(banco_);
     for (const std::string& bytes :
          {std::string("Isto é um texto, não um banco de dados."), std::string(),
           inteiro.substr(0, inteiro.size() / 2),
           inteiro.substr(0, 100) + std::string(200, '\x55') + inteiro.substr(300)}) {
         Escrever(pasta_ / "outro", bytes);
         EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(pasta_ / "outro"); }), 3343) << bytes;
-        EXPECT_EQ(Conteudo(pasta_ / "outro"), bytes);
+        EXPECT_EQ(apoio::BytesDe(pasta_ / "outro"), bytes);
     }
     EXPECT_EQ(Entradas(pasta_.Caminho()), 2U) << "opening creates nothing";
 }
@@ -123,7 +118,7 @@ TEST_F(Abertura, ADamagedPageIsAnErrorWhenItIsRead) {
     BancoSQLite::Abrir(banco_)->ExecutarScript(
         "WITH RECURSIVE d(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM d WHERE n < 500) INSERT INTO "
         "tblVELO (Contribuinte) SELECT 'contribuinte número ' || n FROM d");
-    std::string bytes = Conteudo(banco_);
+    std::string bytes = apoio::BytesDe(banco_);
     const std::size_t pagina = bytes.find("contribuinte número 450") / 4096 * 4096;
     Escrever(pasta_ / "danificado", bytes.replace(pagina, 64, std::string(64, '\xFF')));
     const auto banco = BancoSQLite::Abrir(pasta_ / "danificado");
@@ -150,7 +145,7 @@ TEST_F(Abertura, WithoutPermissionToReadItIsError70) {
 }
 
 TEST_F(Abertura, WhatCannotBeWrittenIsStillRead) {
-    const std::string antes = Conteudo(banco_);
+    const std::string antes = apoio::BytesDe(banco_);
     for (const auto permissao : {fs::perms(0555), fs::perms(0777)}) {      // of the folder
         for (const auto doArquivo : {fs::perms(0444), fs::perms(0666)}) {  // of the file
             for (const char* modo : {"WAL", "DELETE"}) {
@@ -196,7 +191,7 @@ TEST_F(Abertura, ADatabaseOfOthersKeepsItsOwnForm) {
                   "b|Bahia|Bahia");
         LerEEsvaziar(outro, TabelasDeTrabalho::Privadas);
     }
-    EXPECT_EQ(Conteudo(outro)[18], '\1') << "no WAL";
+    EXPECT_EQ(apoio::BytesDe(outro)[18], '\1') << "no WAL";
 }
 
 }  // namespace
