@@ -6,6 +6,7 @@
 #include "document/Imagens.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioPagamentos.h"
+#include "tests/support/OperacoesCurtas.h"
 #include "tests/support/Roteiro.h"
 
 namespace tarvo::apoio {
@@ -81,8 +82,9 @@ INSTANTIATE_TEST_SUITE_P(Roteiros, Relatorios,
 TEST(RelatorioPagamentos, AdicionarTotalOPDrawsATotalLineOnTheCurrentPage) {
     RelatorioPagamentos relatorio;
     relatorio.AdicionarTotalOP(1, 2, 1234.565);
-    EXPECT_THAT(Textos(relatorio.Documento(), 0), testing::ElementsAre("Total", "1.234,57"));
-    EXPECT_THAT(TextosEm(relatorio.Documento(), 0, 2), testing::SizeIs(2));
+    EXPECT_THAT(Curtas(relatorio.Documento(), 0),
+                testing::ElementsAre("Q 1 2 12 0.6", "T 1.2 2 11.6 0.6 EM Courier New 8b |Total",
+                                     "Q 13 2 5 0.6", "T 13.2 2 4.6 0.6 DM Arial 8b |1.234,57"));
     EXPECT_EQ(NumeroDe([&] { relatorio.AdicionarTotalOP(0, 0, 1e300); }), NumeroErro::Estouro);
 }
 

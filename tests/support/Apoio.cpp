@@ -2,7 +2,6 @@
 #include "tests/support/Apoio.h"
 
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -10,7 +9,6 @@
 #include <stdexcept>
 
 #include "data/LeitoresDeCampo.h"
-#include "output/json/DocumentoJSON.h"
 
 namespace tarvo::apoio {
 
@@ -62,37 +60,14 @@ std::vector<std::string> Linhas(BancoDados& banco, std::string_view consulta, in
     return linhas;
 }
 
-std::vector<std::string> Operacoes(const Conteudo& conteudo, std::size_t pagina) {
-    std::vector<std::string> operacoes;
-    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
-        operacoes.push_back(OperacaoJSON(conteudo, primitiva));
-    }
-    return operacoes;
-}
-
-namespace {
-
-template <class Condicao>
-std::vector<std::string> TextosQue(const Pagina& pagina, Condicao condicao) {
+std::vector<std::string> Textos(const Conteudo& conteudo, std::size_t pagina) {
     std::vector<std::string> textos;
-    for (const Primitiva& primitiva : pagina) {
-        if (const auto* texto = std::get_if<Texto>(&primitiva);
-            texto != nullptr && condicao(*texto)) {
+    for (const Primitiva& primitiva : conteudo.paginas.at(pagina)) {
+        if (const auto* texto = std::get_if<Texto>(&primitiva)) {
             textos.push_back(texto->texto);
         }
     }
     return textos;
-}
-
-}  // namespace
-
-std::vector<std::string> Textos(const Conteudo& conteudo, std::size_t pagina) {
-    return TextosQue(conteudo.paginas.at(pagina), [](const Texto&) { return true; });
-}
-
-std::vector<std::string> TextosEm(const Conteudo& conteudo, std::size_t pagina, double y) {
-    return TextosQue(conteudo.paginas.at(pagina),
-                     [y](const Texto& texto) { return std::fabs(texto.caixa.y - y) < 0.001; });
 }
 
 std::string ConfiguracaoFixa::Ler(std::string_view aplicacao, std::string_view secao,

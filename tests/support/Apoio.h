@@ -58,15 +58,8 @@ class BancoDeTeste {
     std::unique_ptr<BancoSQLite> banco_;
 };
 
-// The drawing operations of a page (from 0), each as a JSON list: the operation's name and all its
-// arguments, e.g. ["DesenharRetangulo",0.0,0.5,17.0,0.1,true,8421376,8421376,1].
-std::vector<std::string> Operacoes(const Conteudo& conteudo, std::size_t pagina);
-
 // What a page says: its texts in drawing order.
 std::vector<std::string> Textos(const Conteudo& conteudo, std::size_t pagina);
-
-// The texts whose box begins at y (within 0.001 cm, insets included), in drawing order.
-std::vector<std::string> TextosEm(const Conteudo& conteudo, std::size_t pagina, double y);
 
 // A settings store that knows one value.
 class ConfiguracaoFixa : public Configuracoes {

@@ -25,6 +25,10 @@ std::string Escrita(const std::string& resposta) {
     return escrita + "\n";
 }
 
+bool EhResposta(const std::string& linha) {
+    return !linha.empty() && linha[0] != '>' && linha[0] != '#';
+}
+
 Lista LinhasDesde(double y, const Conteudo& conteudo, std::size_t pagina) {
     Lista linhas;
     double topo = -1;
@@ -44,9 +48,13 @@ Lista LinhasDesde(double y, const Conteudo& conteudo, std::size_t pagina) {
     return linhas;
 }
 
+Lista Ultimas(const Lista& lista, std::size_t quantas) {
+    return {lista.end() - static_cast<std::ptrdiff_t>(std::min(quantas, lista.size())),
+            lista.end()};
+}
+
 bool TemRodape(const Conteudo& conteudo, std::size_t pagina) {
-    const auto operacoes = Curtas(conteudo, pagina);
-    return Lista(operacoes.end() - 4, operacoes.end()) ==
+    return Ultimas(Curtas(conteudo, pagina), 4) ==
            Lista{"R 0 25.2 17 0.1 #808000 #808000", "T 0 25.4 5.6667 0.3 EM Arial 6 |%%D",
                  "T 5.6667 25.4 5.6667 0.3 CM Arial 6 |%%H",
                  "T 11.3333 25.4 5.6667 0.3 DM Arial 6 |Página %%p de %%P"};
@@ -109,12 +117,12 @@ void Roteiro::EnsinarDoBanco() {
         return Respostas();
     });
     Ensinar("sql", [this](const std::string& script) {
-        banco_->Executar(script);
+        Banco().Executar(script);
         return Respostas();
     });
     Ensinar("repetir", [this](const std::string& pedido) {
         const auto espaco = pedido.find(' ');
-        banco_->Executar(Repetir(std::stoi(pedido), pedido.substr(espaco)));
+        Banco().Executar(Repetir(std::stoi(pedido), pedido.substr(espaco)));
         return Respostas();
     });
     Ensinar("ler", [this](const std::string& pedido) { return Ler(pedido); });
@@ -123,7 +131,7 @@ void Roteiro::EnsinarDoBanco() {
 Roteiro::Respostas Roteiro::Ler(const std::string& pedido) {
     const auto [colunas, consulta] = ColunasEConsulta(pedido);
     const auto ler = [&, &colunas = colunas, &consulta = consulta](TipoRecordset tipo) {
-        return OuErro([&] { return LinhasDe(*(*banco_)->OpenRecordset(consulta, tipo), colunas); });
+        return OuErro([&] { return LinhasDe(*Banco()->OpenRecordset(consulta, tipo), colunas); });
     };
     const auto linhas = ler(TipoRecordset::ForwardOnly);
     EXPECT_EQ(ler(TipoRecordset::Dynaset), linhas) << consulta;
@@ -140,9 +148,9 @@ void Roteiro::EnsinarDoDocumento() {
         return Respostas{documento.titulo, documento.tituloResumido, resto.str()};
     });
     Ensinar("pagina", [this](const std::string& pedido) {
-        const auto [pagina, ultimas] = Palavras<std::size_t, std::ptrdiff_t>(pedido);
+        const auto [pagina, ultimas] = Palavras<std::size_t, std::size_t>(pedido);
         const auto operacoes = Curtas(documento, pagina - 1);
-        return ultimas == 0 ? operacoes : Lista(operacoes.end() - ultimas, operacoes.end());
+        return ultimas == 0 ? operacoes : Ultimas(operacoes, ultimas);
     });
     Ensinar("linhas", [this](const std::string& pedido) {
         const auto [pagina, y] = Palavras<std::size_t, double>(pedido);
@@ -172,7 +180,8 @@ Roteiro::Respostas Roteiro::Executar(const std::string& comando) {
     const std::string pedido = espaco == std::string::npos ? "" : comando.substr(espaco + 1);
     const auto conhecido = comandos_.find(nome);
     if (conhecido == comandos_.end()) {
-        return {"comando desconhecido"};
+        ADD_FAILURE() << "an unknown command: " << comando;
+        return {};
     }
     pedidos_[nome].push_back(pedido);
     return OuErro([&] { return conhecido->second(pedido); });
@@ -180,26 +189,28 @@ Roteiro::Respostas Roteiro::Executar(const std::string& comando) {
 
 void Roteiro::Conferir(const std::string& arquivo) {
     const auto caminho = std::filesystem::path(TARVO_TESTES) / arquivo;
-    std::istringstream linhas(BytesDe(caminho));
+    std::ifstream leitura(caminho, std::ios::binary);
+    Lista linhas;
+    for (std::string linha; std::getline(leitura, linha);) {
+        linhas.push_back(linha);
+    }
     std::string vivido;
-    std::string linha;
     int comandos = 0;
-    for (bool ha = !std::getline(linhas, linha).fail(); ha;) {
-        vivido += linha + "\n";
-        if (!linha.starts_with("> ")) {
-            EXPECT_TRUE(linha.empty() || linha[0] == '#') << linha;
-            ha = !std::getline(linhas, linha).fail();
+    for (std::size_t i = 0; i < linhas.size();) {
+        if (!linhas[i].starts_with("> ")) {
+            EXPECT_FALSE(EhResposta(linhas[i])) << arquivo << ": " << linhas[i];
+            vivido += linhas[i++] + "\n";
             continue;
         }
-        std::string comando = linha.substr(2);
-        while ((ha = !std::getline(linhas, linha).fail()) && linha.starts_with(">  ")) {
-            vivido += linha + "\n";
-            comando += "\n" + linha.substr(3);
+        vivido += linhas[i] + "\n";
+        std::string comando = linhas[i].substr(2);
+        for (++i; i < linhas.size() && linhas[i].starts_with(">  "); ++i) {
+            vivido += linhas[i] + "\n";
+            comando += "\n" + linhas[i].substr(3);
         }
         std::string esperadas;
-        for (; ha && !linha.empty() && linha[0] != '>' && linha[0] != '#';
-             ha = !std::getline(linhas, linha).fail()) {
-            esperadas += linha + "\n";
+        for (; i < linhas.size() && EhResposta(linhas[i]); ++i) {
+            esperadas += linhas[i] + "\n";
         }
         std::string respostas;
         for (const auto& resposta : Executar(comando)) {

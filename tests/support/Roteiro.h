@@ -46,7 +46,7 @@ class Roteiro {
 
     // A new database.
     void Renovar() { banco_.emplace(base_); }
-    BancoDeTeste& Banco() { return *banco_; }
+    BancoDeTeste& Banco() { return banco_.value(); }
     Conteudo documento;
 
   private:
