@@ -89,7 +89,7 @@ void DestinoServidor::ExigirVazias() {
     for (const auto& tabela : esquema_->Tabelas()) {
         const std::string nome = Sessao::Nome(tabela.definicao->nome);
         const auto linha = sessao_.Consultar({"SELECT 1 FROM " + nome + " LIMIT 1"});
-        if (PQntuples(linha.get()) > 0) {
+        if (postgresql::PQntuples(linha.get()) > 0) {
             comLinhas += (comLinhas.empty() ? "" : ", ") + nome;
         }
     }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/Icones.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
+#include <QImageReader>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
 
 // Outside any namespace, as the macro wants it.
 static void CarregarIcones() {
@@ -24,21 +25,25 @@ class Tracos final : public QIconEngine {
     explicit Tracos(QByteArray desenho) : desenho_(std::move(desenho)) {}
 
     void paint(QPainter* pintura, const QRect& area, QIcon::Mode modo, QIcon::State) override {
-        const auto grupo = modo == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const auto cor = QGuiApplication::palette().color(grupo, QPalette::WindowText);
-        QSvgRenderer(QByteArray(desenho_).replace("currentColor", cor.name().toLatin1()))
-            .render(pintura, area);
+        const double escala = pintura->device()->devicePixelRatioF();
+        pintura->drawImage(area, Desenhar(area.size() * escala, modo));
     }
-    QPixmap pixmap(const QSize& tamanho, QIcon::Mode modo, QIcon::State estado) override {
-        QPixmap figura(tamanho);
-        figura.fill(Qt::transparent);
-        QPainter pintura(&figura);
-        paint(&pintura, QRect(QPoint(), tamanho), modo, estado);
-        return figura;
+    QPixmap pixmap(const QSize& tamanho, QIcon::Mode modo, QIcon::State) override {
+        return QPixmap::fromImage(Desenhar(tamanho, modo));
     }
     [[nodiscard]] QIconEngine* clone() const override { return new Tracos(*this); }
 
   private:
+    [[nodiscard]] QImage Desenhar(const QSize& pixels, QIcon::Mode modo) const {
+        const auto grupo = modo == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const auto cor = QGuiApplication::palette().color(grupo, QPalette::WindowText);
+        QByteArray colorido(desenho_);
+        QBuffer bytes(&colorido.replace("currentColor", cor.name().toLatin1()));
+        QImageReader leitor(&bytes, "svg");  // Qt's reader of drawings, a plug-in
+        leitor.setScaledSize(pixels);
+        return leitor.read();
+    }
+
     QByteArray desenho_;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "databases/postgresql/Endereco.h"
 
-#include <libpq-fe.h>
+#include "databases/postgresql/Libpq.h"
 
 #include <map>
 
@@ -15,7 +15,7 @@ namespace {
 // What the address itself says; nothing when it is not understood.
 std::map<std::string, std::string> Partes(const std::string& endereco) {
     char* erro = nullptr;
-    const ObjetoDeC<PQconninfoFree> opcoes(PQconninfoParse(endereco.c_str(), &erro));
+    const ObjetoDeC<LiberarOpcoes> opcoes(PQconninfoParse(endereco.c_str(), &erro));
     PQfreemem(erro);  // it may repeat what must not be
     std::map<std::string, std::string> partes;
     for (const PQconninfoOption* o = opcoes.get(); o != nullptr && o->keyword != nullptr; ++o) {
@@ -27,7 +27,7 @@ std::map<std::string, std::string> Partes(const std::string& endereco) {
 }
 
 bool Entende(const std::string& endereco) {
-    return ObjetoDeC<PQconninfoFree>(PQconninfoParse(endereco.c_str(), nullptr)) != nullptr;
+    return ObjetoDeC<LiberarOpcoes>(PQconninfoParse(endereco.c_str(), nullptr)) != nullptr;
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "databases/postgresql/FalhaDoServidor.h"
 
-#include <libpq-fe.h>
+#include "databases/postgresql/Libpq.h"
 
 #include <algorithm>
 #include <array>

@@ -99,7 +99,7 @@ void Sessao::Perguntar() {
 // Asks the server to end what it is doing for us; the request takes a connection of its own, for
 // which nobody is made to wait long.
 void Sessao::Cancelar() {
-    std::shared_ptr<PGcancel> pedido(PQgetCancel(conexao_.get()), PQfreeCancel);
+    std::shared_ptr<PGcancel> pedido(PQgetCancel(conexao_.get()), LiberarPedido);
     if (!pedido) {
         return;
     }
@@ -231,7 +231,7 @@ void Sessao::CopiarDe(const std::string& consulta,
     for (;;) {
         char* bytes = nullptr;
         const int quantos = PQgetCopyData(c, &bytes, 1);
-        const ObjetoDeC<PQfreemem> dono(bytes);
+        const ObjetoDeC<LiberarMemoria> dono(bytes);
         if (quantos > 0) {
             receber({bytes, static_cast<std::size_t>(quantos)});
             Perguntar();
@@ -287,7 +287,8 @@ std::string Sessao::Nome(std::string_view nome) {
 }
 
 std::string Sessao::Texto(const std::string& texto) const {
-    const ObjetoDeC<PQfreemem> citado(PQescapeLiteral(conexao_.get(), texto.data(), texto.size()));
+    const ObjetoDeC<LiberarMemoria> citado(
+        PQescapeLiteral(conexao_.get(), texto.data(), texto.size()));
     if (!citado) {
         throw FalhaDoServidor("22021", PQerrorMessage(conexao_.get()));
     }

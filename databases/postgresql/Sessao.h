@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <libpq-fe.h>
+#include "databases/postgresql/Libpq.h"
 
 #include <chrono>
 #include <functional>
@@ -16,7 +16,7 @@
 
 namespace tarvo::postgresql {
 
-using Resultado = ObjetoDeC<PQclear>;
+using Resultado = ObjetoDeC<LiberarResultado>;
 
 // A statement with its parameters as texts.
 struct Comando {
@@ -70,7 +70,7 @@ class Sessao {
 
     Acompanhante* const& quem_;
     std::chrono::steady_clock::time_point ultimaPergunta_;
-    ObjetoDeC<PQfinish> conexao_;
+    ObjetoDeC<LiberarConexao> conexao_;
     std::set<std::string> preparadas_;
 };
 

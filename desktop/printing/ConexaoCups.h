@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cups/cups.h>
-
 #include <atomic>
 #include <string>
 
 #include "data/ObjetoDeC.h"
+#include "desktop/printing/LibCups.h"
 
 namespace tarvo {
 
@@ -32,7 +31,7 @@ class ConexaoCups {
     static int ContinuarEsperando(http_t* http, void* conexao);
 
     const std::atomic<bool>* cancelar_;
-    ObjetoDeC<httpClose> http_;
+    ObjetoDeC<LiberarConexao> http_;
     int segundosSemResposta_ = 0;
 };
 

@@ -16,7 +16,7 @@ struct LiberarDestino {
 };
 using Destino = std::unique_ptr<cups_dest_t, LiberarDestino>;
 
-using Informacao = ObjetoDeC<cupsFreeDestInfo>;
+using Informacao = ObjetoDeC<LiberarInformacao>;
 
 // Job options as CUPS keeps them.
 class Opcoes {

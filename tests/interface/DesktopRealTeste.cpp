@@ -23,6 +23,7 @@ TEST_F(DesktopReal, IsLoadedOnlyWhenSomethingIsShown) {
     EXPECT_EQ(tarvo_aguardar_janelas(-1, nullptr), 0);
     EXPECT_THAT(ConteudoDe("/proc/self/maps"), Not(HasSubstr("libQt")));
     EXPECT_THAT(ConteudoDe("/proc/self/maps"), Not(HasSubstr("libcups")));
+    EXPECT_THAT(ConteudoDe("/proc/self/maps"), Not(HasSubstr("libpq")));
 
     ASSERT_EQ(tarvo_exibir(objeto), 0) << tarvo_erro_texto();
     EXPECT_THAT(ConteudoDe("/proc/self/maps"), HasSubstr("libQt6Widgets"));
