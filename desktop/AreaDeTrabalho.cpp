@@ -54,6 +54,10 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
             visualizadores_.ComecarRodada();
             visualizadores_.NomearRodada(dialogo.nomeDeArquivo);
         };
+        selecao_.aoDescarregar = [this] {
+            // Without an event loop of the host's nobody would serve a message.
+            visualizadores_.ConcluirRodada(nullptr, QThread::currentThread()->loopLevel() > 0);
+        };
     }
 
     [[nodiscard]] bool NestaThread() const override {
@@ -64,7 +68,21 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
     JanelaSelecao& Selecao() override { return selecao_; }
 
     void AoPedir(std::function<void(Pedido)> acao) override {
-        visualizadores_.AoPedir(std::move(acao));
+        if (acao == nullptr) {
+            return visualizadores_.AoPedir(nullptr);
+        }
+        // What the host shows again in answer keeps its window.
+        visualizadores_.AoPedir([this, acao = std::move(acao)](Pedido pedido) {
+            visualizadores_.ComecarRodada(pedido == Pedido::Atualizar ? Permanece::Paginas
+                                                                      : Permanece::Janelas);
+            try {
+                acao(pedido);
+            } catch (...) {
+                visualizadores_.ConcluirRodada(nullptr);
+                throw;
+            }
+            visualizadores_.ConcluirRodada(nullptr);
+        });
     }
 
     std::size_t AguardarJanelas(std::chrono::milliseconds tempo) override {

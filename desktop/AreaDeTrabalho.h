@@ -32,7 +32,8 @@ class TARVO_PUBLICO AreaDeTrabalho {
     // For Relatorios.
     virtual JanelaSelecao& Selecao() = 0;
     // From now on the previews offer the declaration before and behind, and to be built anew, and
-    // acao does it; null takes the offer away.
+    // acao does it; null takes the offer away. What acao shows anew stays in its window, built anew
+    // at the page that it shows; what it hides and does not show again goes when acao returns.
     virtual void AoPedir(std::function<void(Pedido)> acao) = 0;
     // Serves the windows until none is open or the time is over; returns how many are open. A
     // negative time is no limit; zero serves what is waiting and returns.

@@ -52,7 +52,14 @@ void ListaSelecao::Focar(std::size_t posicao) {
     foco_ = posicao;
 }
 
+frmImpressaoRelatorios::~frmImpressaoRelatorios() {
+    if (janela_ != nullptr) {
+        janela_->Descarregar();
+    }
+}
+
 void frmImpressaoRelatorios::ExibirModal(JanelaSelecao& janela) {
+    janela_ = &janela;
     visivel_ = true;
     janela.ExibirModal(*this);
     visivel_ = false;

@@ -56,6 +56,12 @@ class JanelaSelecao;
 // The dialog. Its window calls the cmd operations when their buttons are pressed.
 class TARVO_PUBLICO frmImpressaoRelatorios {
   public:
+    frmImpressaoRelatorios() = default;
+    // Unloads the window that has shown it.
+    ~frmImpressaoRelatorios();
+    frmImpressaoRelatorios(const frmImpressaoRelatorios&) = delete;
+    frmImpressaoRelatorios& operator=(const frmImpressaoRelatorios&) = delete;
+
     // Whose declaration it is, in words, for the window to show; may be empty.
     std::string declaracao;
     // The same as the beginning of a file's name, "DRQ-250114377019-2003-07"; may be empty.
@@ -63,7 +69,7 @@ class TARVO_PUBLICO frmImpressaoRelatorios {
     ListaSelecao lstSelecao;
     std::int32_t lngModoSaida = ModoSaida::Nenhum;
 
-    // Shows the window; returns once it is hidden or closed.
+    // Shows the window, which outlives this; returns once it is hidden or closed.
     void ExibirModal(JanelaSelecao& janela);
     [[nodiscard]] bool Visivel() const { return visivel_; }
 
@@ -75,6 +81,7 @@ class TARVO_PUBLICO frmImpressaoRelatorios {
 
   private:
     bool visivel_ = false;
+    JanelaSelecao* janela_ = nullptr;
 };
 
 // The window of the dialog, given by the host.
@@ -83,6 +90,8 @@ class TARVO_PUBLICO JanelaSelecao {
     virtual ~JanelaSelecao() = default;
     // Shows the dialog and returns once Visivel is false or the user has closed the window.
     virtual void ExibirModal(frmImpressaoRelatorios& dialogo) = 0;
+    // The reports that it led to are produced, or an error has kept them from it.
+    virtual void Descarregar() noexcept {}
 };
 
 }  // namespace tarvo

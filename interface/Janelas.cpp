@@ -52,6 +52,7 @@ class JanelaSobDemanda final : public JanelaSelecao {
     void ExibirModal(frmImpressaoRelatorios& dialogo) override {
         ExigirAreaDeTrabalho().Selecao().ExibirModal(dialogo);
     }
+    void Descarregar() noexcept override { Aberta.load()->Selecao().Descarregar(); }
 };
 
 }  // namespace

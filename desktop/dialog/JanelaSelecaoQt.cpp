@@ -190,4 +190,10 @@ void JanelaSelecaoQt::ExibirModal(frmImpressaoRelatorios& dialogo) {
     janela.exec();
 }
 
+void JanelaSelecaoQt::Descarregar() noexcept {
+    if (aoDescarregar) {
+        Proteger(pai_, aoDescarregar);
+    }
+}
+
 }  // namespace tarvo

@@ -17,9 +17,11 @@ class JanelaSelecaoQt final : public JanelaSelecao {
     explicit JanelaSelecaoQt(QWidget* pai = nullptr) : pai_(pai) {}
 
     void ExibirModal(frmImpressaoRelatorios& dialogo) override;
+    void Descarregar() noexcept override;
 
-    // Told each time before the dialog is shown.
+    // Told each time before the dialog is shown, and when what it led to is done.
     std::function<void(const frmImpressaoRelatorios& dialogo)> aoExibir;
+    std::function<void()> aoDescarregar;
 
   private:
     QPointer<QWidget> pai_;

@@ -26,11 +26,7 @@ AcoesDaRodada::AcoesDaRodada(const AcoesDaVisualizacao& acoes, JanelaVisualizaca
             0, &janela, [&] { Proteger(&janela, [&] { grupo.DefinirEmAbas(!grupo.EmAbas()); }); });
     });
     const auto pedir = [&](Acao acao, Pedido pedido) {
-        ligar(acao, [&grupo, pedido] {
-            if (grupo.aoPedir) {
-                grupo.aoPedir(pedido);
-            }
-        });
+        ligar(acao, [&grupo, pedido] { grupo.Pedir(pedido); });
     };
     pedir(Acao::Atualizar, Pedido::Atualizar);
     pedir(Acao::DeclaracaoAnterior, Pedido::DeclaracaoAnterior);
@@ -42,7 +38,7 @@ void AcoesDaRodada::Atualizar() const {
         acoes_[acao].setEnabled(grupo_.Abertas() > 1);
     }
     for (const auto acao : {Acao::Atualizar, Acao::DeclaracaoAnterior, Acao::ProximaDeclaracao}) {
-        acoes_[acao].setVisible(grupo_.aoPedir != nullptr);
+        acoes_[acao].setVisible(grupo_.Atende());
     }
     acoes_[Acao::EmAbas].setChecked(grupo_.EmAbas());
 }

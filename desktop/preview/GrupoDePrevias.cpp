@@ -30,17 +30,22 @@ GrupoDePrevias::~GrupoDePrevias() = default;
 // --- a run
 
 void GrupoDePrevias::Comecar(Permanece permanece) {
+    EncerrarAdiadas();
     permanece_ = permanece;
     nomeDeArquivo.clear();
     impressao.Comecar();
 }
 
-void GrupoDePrevias::Concluir(QWidget* janela) {
+void GrupoDePrevias::Concluir(QWidget* janela, bool dizer) {
     permanece_ = Permanece::Nada;
+    EncerrarAdiadas();
+    impressao.Concluir(janela, dizer);
+}
+
+void GrupoDePrevias::EncerrarAdiadas() {
     for (auto* previa : std::exchange(adiadas_, {})) {
         previa->Encerrar();
     }
-    impressao.Concluir(janela);
 }
 
 bool GrupoDePrevias::Adiar(JanelaVisualizacao& previa) {
@@ -49,6 +54,19 @@ bool GrupoDePrevias::Adiar(JanelaVisualizacao& previa) {
         return true;
     }
     return false;
+}
+
+void GrupoDePrevias::AoPedir(std::function<void(Pedido)> acao) {
+    aoPedir_ = std::move(acao);
+    for (auto* previa : abertas_) {
+        previa->AtualizarEstado();
+    }
+}
+
+void GrupoDePrevias::Pedir(Pedido pedido) const {
+    if (const auto acao = aoPedir_) {  // which may give itself another meanwhile
+        acao(pedido);
+    }
 }
 
 // --- where they stand

@@ -31,9 +31,9 @@ class GrupoDePrevias {
     GrupoDePrevias& operator=(const GrupoDePrevias&) = delete;
 
     void Comecar(Permanece permanece);
-    // Says over janela what was printed where, and closes the previews that the run has not shown
-    // again.
-    void Concluir(QWidget* janela);
+    // Says over janela what was printed where, unless dizer is false, and closes the previews that
+    // the run has not shown again.
+    void Concluir(QWidget* janela, bool dizer);
     [[nodiscard]] Permanece OQuePermanece() const { return permanece_; }
     // Between the two, one that is to be hidden waits for the end of the run; true when it does.
     bool Adiar(JanelaVisualizacao& previa);
@@ -56,12 +56,15 @@ class GrupoDePrevias {
 
     // Beginning of the names of files, "DRQ-250114377019-2003-07".
     std::string nomeDeArquivo;
-    // Empty where the host builds nothing.
-    std::function<void(Pedido)> aoPedir;
+    // What their users ask of the host; null where it builds nothing.
+    void AoPedir(std::function<void(Pedido)> acao);
+    [[nodiscard]] bool Atende() const { return aoPedir_ != nullptr; }
+    void Pedir(Pedido pedido) const;
     // Prints one after the other.
     RodadaDeImpressao impressao;
 
   private:
+    void EncerrarAdiadas();
     [[nodiscard]] QString NomeDeArquivo() const;
 
     ConfiguracoesIni* preferencias_;
@@ -70,6 +73,7 @@ class GrupoDePrevias {
     std::unique_ptr<JanelaDeAbas> abas_;
     Permanece permanece_ = Permanece::Nada;
     bool emAbas_ = false;
+    std::function<void(Pedido)> aoPedir_;
 };
 
 }  // namespace tarvo

@@ -26,10 +26,10 @@ class FabricaVisualizadoresQt final : public FabricaVisualizadores {
     // it is given, and shown in the windows that permanece leaves.
     void ComecarRodada(Permanece permanece = Permanece::Nada) { grupo_.Comecar(permanece); }
     void NomearRodada(const std::string& nomeDeArquivo) { grupo_.nomeDeArquivo = nomeDeArquivo; }
-    // Says over janela what was printed where.
-    void ConcluirRodada(QWidget* janela) { grupo_.Concluir(janela); }
+    // Says over janela what was printed where, unless dizer is false.
+    void ConcluirRodada(QWidget* janela, bool dizer = true) { grupo_.Concluir(janela, dizer); }
     // What the previews ask of the host from now on; without it they do not offer it.
-    void AoPedir(std::function<void(Pedido)> acao) { grupo_.aoPedir = std::move(acao); }
+    void AoPedir(std::function<void(Pedido)> acao) { grupo_.AoPedir(std::move(acao)); }
     // Previews that are open.
     [[nodiscard]] std::size_t Abertas() const { return grupo_.Abertas(); }
 

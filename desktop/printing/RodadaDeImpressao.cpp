@@ -21,8 +21,8 @@ void RodadaDeImpressao::Imprimir(QWidget* janela, const DocumentoImpresso& docum
     impressos_ << u"%1 (%2)"_s.arg(ParaQt(documento.titulo), ParaQt(opcoes->impressora));
 }
 
-void RodadaDeImpressao::Concluir(QWidget* janela) {
-    if (emCurso_ && !impressos_.isEmpty()) {
+void RodadaDeImpressao::Concluir(QWidget* janela, bool dizer) {
+    if (dizer && emCurso_ && !impressos_.isEmpty()) {
         Dizer(janela, u"Enviado à impressora:\n"_s + impressos_.join(u'\n'));
     }
     *this = {};

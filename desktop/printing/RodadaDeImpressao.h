@@ -18,8 +18,8 @@ class RodadaDeImpressao {
     void Comecar();
     // Errors as ImpressaoQt::ImprimirEEsperar.
     void Imprimir(QWidget* janela, const DocumentoImpresso& documento, Pergunta pergunta);
-    // Also after an error, which keeps what was printed before it.
-    void Concluir(QWidget* janela);
+    // Also after an error, which keeps what was printed before it; says it unless dizer is false.
+    void Concluir(QWidget* janela, bool dizer = true);
 
   private:
     bool emCurso_ = false;

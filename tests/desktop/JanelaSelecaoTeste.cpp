@@ -42,7 +42,6 @@ class JanelaSelecaoTeste : public testing::Test {
             aberta = janela->isVisible();
             janela->reject();
         });
-        JanelaSelecaoQt qt;
         dialogo.ExibirModal(qt);
     }
     [[nodiscard]] QPushButton* Botao(const QString& nome) const {
@@ -62,6 +61,7 @@ class JanelaSelecaoTeste : public testing::Test {
         return marcadas;
     }
 
+    JanelaSelecaoQt qt;
     frmImpressaoRelatorios dialogo;
     QDialog* janela = nullptr;
     QListWidget* lista = nullptr;

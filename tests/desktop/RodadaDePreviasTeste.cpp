@@ -5,6 +5,7 @@
 #include <QPdfDocument>
 #include <QTabWidget>
 
+#include "desktop/AreaDeTrabalho.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo {
@@ -92,6 +93,39 @@ TEST_F(RodadaDePrevias, ARunInTabsIsOneWindowThatIsRememberedPrintedAndSavedWhol
     comAbas().front()->close();
     EXPECT_TRUE(comAbas().empty());
     EXPECT_EQ(fabrica.Abertas(), 0U);
+}
+
+TEST_F(RodadaDePrevias, WhatAHostShowsInAnswerToItsUserStaysInItsWindow) {
+    auto& area = AbrirAreaDeTrabalho();
+    const Ambiente doHospedeiro{.visualizadores = &area.Visualizadores()};
+    auto um = std::make_unique<DocumentoRelatorio>(doHospedeiro);
+    DocumentoRelatorio outro(doHospedeiro);
+    MontarTabela(*um, 3);
+    um->Exibir();
+    auto* janela = &Unica();
+    const auto teclar = [&](Qt::Key tecla) {
+        janela->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(janela));
+        QTest::keyClick(janela->findChild<QWidget*>(u"paginas"_s), tecla);
+    };
+    teclar(Qt::Key_End);
+    MontarTabela(outro, 1);
+    outro.Exibir();
+    area.AoPedir([&](Pedido) {
+        outro.Ocultar();
+        um->Ocultar();
+        EXPECT_TRUE(janela->isVisible());
+        MontarTabela(*um, 5);
+        um->Exibir();
+    });
+    teclar(Qt::Key_F5);
+    EXPECT_EQ(&Unica(), janela);
+    EXPECT_EQ(Situacao(), "Página 3 de 5");
+    // The window goes with the report that the host releases.
+    area.AoPedir([&](Pedido) { um.reset(); });
+    teclar(Qt::Key_F5);
+    EXPECT_TRUE(Abertas().empty());
+    area.AoPedir(nullptr);
 }
 
 }  // namespace
