@@ -22,8 +22,9 @@ AcoesDaRodada::AcoesDaRodada(const AcoesDaVisualizacao& acoes, JanelaVisualizaca
     ligar(Acao::SalvarCadaUm, [&] { grupo.SalvarCadaUm(&janela); });
     // The windows are changed once the menu that asked for it is closed.
     ligar(Acao::EmAbas, [&] {
-        QTimer::singleShot(
-            0, &janela, [&] { Proteger(&janela, [&] { grupo.DefinirEmAbas(!grupo.EmAbas()); }); });
+        QTimer::singleShot(0, &janela, [&] {
+            Proteger(&janela, [&] { grupo.DefinirEmAbas(!grupo.EmAbas(), janela); });
+        });
     });
     const auto pedir = [&](Acao acao, Pedido pedido) {
         ligar(acao, [&grupo, pedido] { grupo.Pedir(pedido); });

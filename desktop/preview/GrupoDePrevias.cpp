@@ -93,7 +93,7 @@ void GrupoDePrevias::Retirar(JanelaVisualizacao& previa) {
     }
 }
 
-void GrupoDePrevias::DefinirEmAbas(bool emAbas) {
+void GrupoDePrevias::DefinirEmAbas(bool emAbas, JanelaVisualizacao& naFrente) {
     if (emAbas == emAbas_) {
         return;
     }
@@ -110,6 +110,7 @@ void GrupoDePrevias::DefinirEmAbas(bool emAbas) {
         Mostrar(*previa);
         previa->AtualizarEstado();
     }
+    Mostrar(naFrente);
 }
 
 // --- all at once

@@ -45,8 +45,8 @@ class GrupoDePrevias {
     [[nodiscard]] std::size_t Abertas() const { return abertas_.size(); }
 
     [[nodiscard]] bool EmAbas() const { return emAbas_; }
-    // At once for the open ones and from now on.
-    void DefinirEmAbas(bool emAbas);
+    // At once for the open ones, of which naFrente stays in front, and from now on.
+    void DefinirEmAbas(bool emAbas, JanelaVisualizacao& naFrente);
 
     // All that are open, asking once for the printer or the place. Over janela it is said what was
     // done; errors as those of printing and of files.
