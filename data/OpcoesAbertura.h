@@ -23,7 +23,8 @@ struct OpcoesAbertura {
     // The code page of the texts in the oldest files of the desktop engine: a number, or a name as
     // iconv knows it. All other databases hold Unicode.
     std::string codificacao = "1252";
-    // Asked while a database is read into a copy; outlives that. False ends it with error 18.
+    // Asked while a database is read into a copy or a server is connected with, by whichever thread
+    // opens it; outlives that. False ends it with error 18.
     Acompanhante* acompanhante = nullptr;
 };
 

@@ -66,7 +66,7 @@ std::unique_ptr<BancoDados> OrigemBanco::Abrir() const {
         return sqlite::CopiaPrivada::Abrir(partes_->copia);
     }
     if (partes_->noServidor) {
-        return postgresql::Abrir(partes_->endereco);
+        return postgresql::Abrir(partes_->endereco, partes_->opcoes.acompanhante);
     }
     return BancoSQLite::Abrir(partes_->endereco, partes_->opcoes);
 }

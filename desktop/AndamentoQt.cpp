@@ -27,7 +27,7 @@ bool AndamentoQt::PaginaConcluida(std::size_t paginas) {
 }
 
 bool AndamentoQt::Continuar(std::chrono::milliseconds aguardando) {
-    return Perguntar(aguardando.count() > 0 ? u"Aguardando outro programa que usa o banco…"_s
+    return Perguntar(aguardando.count() > 0 ? u"Aguardando o banco: outro programa o usa, ou o servidor não responde…"_s
                                             : u"Lendo o banco…"_s);
 }
 
@@ -60,7 +60,7 @@ bool AndamentoQt::Perguntar(const QString& situacao) {
     if (dialogo_ == nullptr) {
         dialogo_ = std::make_unique<QProgressDialog>(QApplication::activeWindow());
         dialogo_->setObjectName(u"andamento"_s);
-        dialogo_->setWindowTitle(u"Construindo o relatório"_s);
+        dialogo_->setWindowTitle(u"Um momento"_s);
         dialogo_->setCancelButtonText(u"Cancelar"_s);
         dialogo_->setRange(0, 0);
         dialogo_->setAutoReset(false);

@@ -42,7 +42,8 @@ TabelaDoServidor SoAsPedidas(TabelaDoServidor tabela, const Alcance& alcance) {
 
 class Banco final : public BancoDados {
   public:
-    explicit Banco(const std::string& endereco) : servidor_(endereco, quem_) {
+    Banco(const std::string& endereco, Acompanhante* quem)
+        : quem_(quem), servidor_(endereco, quem_) {
         servidor_.Insistir([this](Sessao& sessao) { Recomecar(sessao); }, {});
     }
 
@@ -288,7 +289,7 @@ class Banco final : public BancoDados {
         }
     }
 
-    Acompanhante* quem_ = nullptr;
+    Acompanhante* quem_;
     Servidor servidor_;
     std::shared_ptr<const Esquema> esquema_;
     std::shared_ptr<const sqlite::CopiaPrivada> modelo_;
@@ -323,8 +324,10 @@ std::string DasEscolhidas(const Esquema& esquema, const Sessao& sessao,
 
 }  // namespace
 
-std::unique_ptr<BancoDados> Abrir(const std::string& endereco) {
-    return std::make_unique<Banco>(endereco);
+std::unique_ptr<BancoDados> Abrir(const std::string& endereco, Acompanhante* quem) {
+    auto banco = std::make_unique<Banco>(endereco, quem);
+    banco->Acompanhar(nullptr);
+    return banco;
 }
 
 std::shared_ptr<sqlite::Conexao> LerTudo(const std::string& endereco,

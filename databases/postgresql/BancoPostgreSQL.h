@@ -19,8 +19,9 @@ namespace tarvo::postgresql {
 // password is not accepted, 3151 no server answers, 3024 it has no such database, 3078 that has no
 // table of declarations, 3061 tables lack the column "ordem", 3112 the user may not read them, 5 no
 // address; while reading also 3146 the server gave up (a time limit of its own), 61 no space for
-// rows of many declarations.
-std::unique_ptr<BancoDados> Abrir(const std::string& endereco);
+// rows of many declarations. quem: asked while it connects, nullptr for nobody; error 18 when it
+// wants no more.
+std::unique_ptr<BancoDados> Abrir(const std::string& endereco, Acompanhante* quem);
 
 // All rows of all tables, in a private database; or of the chosen declarations, and perhaps of
 // others too. quem: asked while they come, nullptr for nobody. The same errors, and 18.

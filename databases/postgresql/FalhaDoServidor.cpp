@@ -60,6 +60,36 @@ std::string Descrever(std::string_view estado, const std::string& detalhe) {
     return std::string(Traduzir(estado).descricao) + (linha.empty() ? "." : " (" + linha + ").");
 }
 
+bool EhEstado(std::string_view texto) {
+    return texto.size() == 5 && std::ranges::all_of(texto, [](char c) {
+               return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z');
+           });
+}
+
+// libpq keeps no SQLSTATE of a connection that was refused, but for its most detailed words:
+// "FATAL:  28P01: ...", in whatever language, and where in the server's source that was. Of several
+// servers the last one's. Takes both out.
+std::string TirarEstado(std::string& detalhe) {
+    constexpr std::size_t Tamanho = 5;
+    std::string estado;
+    for (auto i = detalhe.find(":  "); i != std::string::npos; i = detalhe.find(":  ", i + 3)) {
+        const auto codigo = std::string_view(detalhe).substr(i + 3, Tamanho);
+        if (EhEstado(codigo) && detalhe.compare(i + 3 + Tamanho, 2, ": ") == 0) {
+            estado = codigo;
+            detalhe.erase(i + 3, Tamanho + 2);
+        }
+    }
+    std::string linhas;
+    for (std::size_t i = 0; i < detalhe.size();) {
+        const auto fim = std::min(detalhe.find('\n', i), detalhe.size() - 1) + 1;
+        const std::string linha = detalhe.substr(i, fim - i);
+        linhas += !estado.empty() && linha.find(".c:") != std::string::npos ? "" : linha;
+        i = fim;
+    }
+    detalhe = linhas;
+    return estado;
+}
+
 }  // namespace
 
 FalhaDoServidor::FalhaDoServidor(std::string estado, const std::string& detalhe)
@@ -80,22 +110,10 @@ bool FalhaDoServidor::EsquemaMudou() const {
 }
 
 void LancarFalhaDeConexao(pg_conn* conexao) {
-    const std::string detalhe = PQerrorMessage(conexao);
-    // libpq keeps no SQLSTATE of a connection that was refused.
-    const auto diz = [&](std::string_view texto) {
-        return detalhe.find(texto) != std::string::npos;
-    };
-    if (diz("too many clients") || diz("remaining connection slots")) {
-        throw FalhaDoServidor("53300", detalhe);
-    }
-    if (diz("database \"") && diz("does not exist")) {
-        throw FalhaDoServidor("3D000", detalhe);
-    }
-    if (PQconnectionNeedsPassword(conexao) == 1 || PQconnectionUsedPassword(conexao) == 1 ||
-        diz("pg_hba.conf") || diz("authentication failed") || diz("role \"")) {
-        throw FalhaDoServidor("28000", detalhe);
-    }
-    throw FalhaDoServidor("", detalhe);
+    std::string detalhe = PQerrorMessage(conexao);
+    const std::string estado = TirarEstado(detalhe);
+    throw FalhaDoServidor(
+        estado.empty() && PQconnectionNeedsPassword(conexao) == 1 ? "28P01" : estado, detalhe);
 }
 
 void LancarFalha(pg_conn* conexao, const pg_result* resultado) {

@@ -39,7 +39,7 @@ void Servidor::Insistir(const std::function<void(Sessao&)>& ler,
     for (int tentativa = 0;; ++tentativa) {
         try {
             if (!sessao_) {
-                sessao_ = std::make_unique<Sessao>(endereco_, quem_);
+                sessao_ = std::make_unique<Sessao>(endereco_, quem_, inicio);
             }
             if (std::exchange(mudou, false)) {
                 aoMudar(*sessao_);

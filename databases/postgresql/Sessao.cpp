@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <cstdlib>
 #include <future>
 #include <memory>
 #include <new>
@@ -19,7 +21,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto EntrePerguntas = 50ms;
-constexpr auto EsperaPelaConexao = 15s;
+constexpr auto EsperaPelaConexao = 15s;  // unless the address says another connect_timeout
 
 // The same for the same text alone: other programs may have prepared others on a connection that
 // several share.
@@ -36,9 +38,10 @@ std::array<const char*, 4> Ponteiros(const Comando& comando) {
     return ponteiros;
 }
 
-}  // namespace
+using Conexao = ObjetoDeC<LiberarConexao>;
+using Relogio = Sessao::Relogio;
 
-Sessao::Sessao(const std::string& endereco, Acompanhante* const& quem) : quem_(quem) {
+Conexao Comecar(const std::string& endereco) {
     // What the address says holds over the first four: a server that is gone without a word is
     // noticed within a minute. Texts come as UTF-8 whatever it says.
     constexpr std::array Nomes{"keepalives_idle",
@@ -55,42 +58,90 @@ Sessao::Sessao(const std::string& endereco, Acompanhante* const& quem) : quem_(q
                              endereco.c_str(),
                              "UTF8",
                              static_cast<const char*>(nullptr)};
-    conexao_.reset(PQconnectStartParams(Nomes.data(), Valores.data(), 1));
-    if (!conexao_) {
+    Conexao conexao(PQconnectStartParams(Nomes.data(), Valores.data(), 1));
+    if (!conexao) {
         throw std::bad_alloc();
     }
-    Conectar();
+    return conexao;
+}
+
+std::chrono::seconds EsperaDe(PGconn* conexao) {
+    const ObjetoDeC<LiberarOpcoes> opcoes(PQconninfo(conexao));
+    for (const PQconninfoOption* o = opcoes.get(); o != nullptr && o->keyword != nullptr; ++o) {
+        if (o->val != nullptr && std::string_view(o->keyword) == "connect_timeout") {
+            const int segundos = std::atoi(o->val);
+            return segundos > 0 ? std::chrono::seconds(segundos) : EsperaPelaConexao;
+        }
+    }
+    return EsperaPelaConexao;
+}
+
+// To its end, good or bad, or until nobody waits for it any more.
+Conexao Ligar(const std::string& endereco, const std::atomic<bool>& desistiu) {
+    const auto inicio = Relogio::now();
+    Conexao conexao = Comecar(endereco);
+    const auto espera = EsperaDe(conexao.get());
+    // The server's code stands in its words then, which are in its language.
+    PQsetErrorVerbosity(conexao.get(), PQERRORS_VERBOSE);
+    for (auto situacao = PGRES_POLLING_WRITING;
+         situacao != PGRES_POLLING_OK && situacao != PGRES_POLLING_FAILED && !desistiu;) {
+        if (PQstatus(conexao.get()) == CONNECTION_BAD) {
+            break;
+        }
+        if (Relogio::now() - inicio > espera) {
+            throw FalhaDoServidor(
+                "", "ele não respondeu em " + std::to_string(espera.count()) + " segundos");
+        }
+        const auto eventos = situacao == PGRES_POLLING_READING ? POLLIN : POLLOUT;
+        pollfd soquete{
+            .fd = PQsocket(conexao.get()), .events = static_cast<short>(eventos), .revents = 0};
+        ::poll(&soquete, 1, static_cast<int>(EntrePerguntas.count()));
+        situacao = PQconnectPoll(conexao.get());
+    }
+    return conexao;
+}
+
+}  // namespace
+
+Sessao::Sessao(const std::string& endereco, Acompanhante* const& quem, Relogio::time_point desde)
+    : quem_(quem) {
+    Conectar(endereco, desde);
     PQsetNoticeProcessor(
         conexao_.get(), [](void*, const char*) {}, nullptr);
 }
 
 Sessao::~Sessao() = default;
 
-void Sessao::Conectar() {
-    const auto fim = std::chrono::steady_clock::now() + EsperaPelaConexao;
-    for (auto situacao = PGRES_POLLING_WRITING; situacao != PGRES_POLLING_OK;) {
-        if (PQstatus(conexao_.get()) == CONNECTION_BAD || situacao == PGRES_POLLING_FAILED) {
-            LancarFalhaDeConexao(conexao_.get());
+// On a thread of its own: nothing ends libpq's search for a server's name but the answer.
+void Sessao::Conectar(const std::string& endereco, Relogio::time_point desde) {
+    const auto desistiu = std::make_shared<std::atomic<bool>>(false);
+    std::packaged_task<Conexao()> tarefa(
+        [endereco, desistiu] { return Ligar(endereco, *desistiu); });
+    auto resposta = tarefa.get_future();
+    std::thread(std::move(tarefa)).detach();
+    try {
+        while (resposta.wait_for(EntrePerguntas) != std::future_status::ready) {
+            const auto espera = Relogio::now() - desde;
+            Perguntar(std::chrono::duration_cast<std::chrono::milliseconds>(espera));
         }
-        if (std::chrono::steady_clock::now() > fim) {
-            throw FalhaDoServidor("", "ele não respondeu em " +
-                                          std::to_string(EsperaPelaConexao.count()) + " segundos");
-        }
-        Esperar(situacao == PGRES_POLLING_READING ? POLLIN : POLLOUT);
-        situacao = PQconnectPoll(conexao_.get());
+    } catch (...) {
+        *desistiu = true;
+        throw;
     }
-    if (PQsetnonblocking(conexao_.get(), 1) != 0) {
+    conexao_ = resposta.get();
+    if (PQstatus(conexao_.get()) != CONNECTION_OK || PQsetnonblocking(conexao_.get(), 1) != 0) {
         LancarFalhaDeConexao(conexao_.get());
     }
+    PQsetErrorVerbosity(conexao_.get(), PQERRORS_DEFAULT);
 }
 
-void Sessao::Perguntar() {
-    const auto agora = std::chrono::steady_clock::now();
+void Sessao::Perguntar(std::chrono::milliseconds aguardando) {
+    const auto agora = Relogio::now();
     if (quem_ == nullptr || agora - ultimaPergunta_ < EntrePerguntas) {
         return;
     }
     ultimaPergunta_ = agora;
-    if (!quem_->Continuar(0ms)) {
+    if (!quem_->Continuar(aguardando)) {
         Cancelar();
         throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
     }

@@ -29,8 +29,12 @@ struct Comando {
 // FalhaDoServidor, and 18.
 class Sessao {
   public:
-    // quem: a pointer of the caller's, which may change while this object lives.
-    Sessao(const std::string& endereco, Acompanhante* const& quem);
+    using Relogio = std::chrono::steady_clock;
+
+    // Connects. quem: a pointer of the caller's, which may change while this object lives. desde:
+    // since when the server is waited for, which quem is told.
+    Sessao(const std::string& endereco, Acompanhante* const& quem,
+           Relogio::time_point desde = Relogio::now());
     ~Sessao();
     Sessao(const Sessao&) = delete;
     Sessao& operator=(const Sessao&) = delete;
@@ -56,7 +60,7 @@ class Sessao {
     [[nodiscard]] std::string Texto(const std::string& texto) const;
 
   private:
-    void Conectar();
+    void Conectar(const std::string& endereco, Relogio::time_point desde);
     void Enviado(int estado);
     void EnviarComando(const Comando& comando, bool preparar);
     // The next result; nullptr at the end of a statement's.
@@ -65,11 +69,11 @@ class Sessao {
     void Descarregar();
     void EsperarResposta();
     void Esperar(short eventos);
-    void Perguntar();
+    void Perguntar(std::chrono::milliseconds aguardando = {});
     void Cancelar();
 
     Acompanhante* const& quem_;
-    std::chrono::steady_clock::time_point ultimaPergunta_;
+    Relogio::time_point ultimaPergunta_;
     ObjetoDeC<LiberarConexao> conexao_;
     std::set<std::string> preparadas_;
 };

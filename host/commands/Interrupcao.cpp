@@ -41,10 +41,12 @@ bool Interrompido() {
 bool CancelaSeInterrompido::Continuar(std::chrono::milliseconds aguardando) {
     constexpr std::chrono::milliseconds Paciencia(1000);
     const bool demora = aguardando >= Paciencia;
-    if (demora && !avisou_ && avisar_) {
+    if (demora && !avisou_.exchange(true) && avisar_) {
         avisar_("aguardando o banco: outro programa o usa, ou o servidor não responde");
     }
-    avisou_ = demora;
+    if (!demora) {
+        avisou_ = false;
+    }
     return !Interrompido();
 }
 

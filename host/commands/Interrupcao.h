@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <functional>
 #include <string>
@@ -45,7 +46,7 @@ class CancelaSeInterrompido final : public Andamento {
 
   private:
     std::function<void(const std::string& aviso)> avisar_;
-    bool avisou_ = false;  // of this wait
+    std::atomic<bool> avisou_ = false;  // several threads may ask  // of this wait
 };
 
 }  // namespace tarvo::host
