@@ -27,8 +27,10 @@ bool AndamentoQt::PaginaConcluida(std::size_t paginas) {
 }
 
 bool AndamentoQt::Continuar(std::chrono::milliseconds aguardando) {
-    return Perguntar(aguardando.count() > 0 ? u"Aguardando o banco: outro programa o usa, ou o servidor não responde…"_s
-                                            : u"Lendo o banco…"_s);
+    return Perguntar(
+        aguardando.count() > 0
+            ? u"Aguardando o banco: outro programa o usa, ou o servidor não responde…"_s
+            : u"Lendo o banco…"_s);
 }
 
 bool AndamentoQt::Preparando() {

@@ -119,21 +119,22 @@ void JanelaPrincipal::MostrarRecentes(QMenu& menu) {
     }
 }
 
-void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo) {
+void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo, const LugarNaLista& lugar) {
     if (ocupada_) {
         return;
     }
+    const QScopedValueRollback emCurso(ocupada_, true);
     Proteger(this, [&] {
         try {
-            Trocar(arquivo);
+            Trocar(arquivo, lugar);
         } catch (...) {
             throw Explicar(ErroCorrente(), arquivo.string());
         }
     });
 }
 
-void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
-    Ler(arquivo);
+void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo, const LugarNaLista& lugar) {
+    Ler(arquivo, lugar);
     avisos_->Esquecer();
     rodadas_ = std::make_unique<Rodadas>(ambiente_, *this, *avisos_);
     AtualizarEstado();
@@ -147,27 +148,27 @@ void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo) {
 }
 
 // What is open stays as it was when this one cannot be read.
-void JanelaPrincipal::Ler(const std::filesystem::path& arquivo) {
+void JanelaPrincipal::Ler(const std::filesystem::path& arquivo, const LugarNaLista& lugar) {
     const auto fim = ambiente_.ConcluirAndamentoNoFim();
     Andamento* const andamento = ambiente_.DosRelatorios().andamento;
     OrigemBanco origem(arquivo, {.acompanhante = andamento});
     auto banco = origem.Abrir();
     banco->Acompanhar(andamento);
-    lista_->Ler(*banco);
+    const std::string endereco = arquivo.string();
+    lista_->Ler(
+        postgresql::EhEndereco(endereco) ? ListarNoServidor(endereco) : ListarNaMemoria(*banco),
+        lugar);
     banco_ = std::move(banco);
     origem_ = std::move(origem);
     arquivo_ = arquivo;
+    AtualizarEstado();
 }
 
 void JanelaPrincipal::Reabrir() {
     const auto recentes = LerRecentes(ambiente_.Preferencias());
-    if (recentes.isEmpty() || (!QFileInfo::exists(recentes.first()) &&
-                               !postgresql::EhEndereco(recentes.first().toStdString()))) {
-        return;
-    }
-    Abrir(recentes.first().toStdString());
-    if (banco_ != nullptr) {
-        lista_->Ir(LerLugar(ambiente_.Preferencias()));
+    if (!recentes.isEmpty() && (QFileInfo::exists(recentes.first()) ||
+                                postgresql::EhEndereco(recentes.first().toStdString()))) {
+        Abrir(recentes.first().toStdString(), LerLugar(ambiente_.Preferencias()));
     }
 }
 
@@ -185,13 +186,11 @@ bool JanelaPrincipal::RelerSeMudou() {
     if (origem_->LidaEm() && !origem_->Mudou()) {
         return false;
     }
-    const auto lugar = lista_->Lugar();
     try {
-        Ler(arquivo_);
+        Ler(arquivo_, lista_->Lugar());
     } catch (...) {
         throw Explicar(ErroCorrente(), arquivo_.string());
     }
-    lista_->Ir(lugar);
     DizerDosDados();
     return true;
 }

@@ -9,6 +9,7 @@
 #include "databases/OrigemBanco.h"
 #include "desktop/LugarDaJanela.h"
 #include "desktop/preview/VisualizadorQt.h"
+#include "host/windows/ListaDeclaracoes.h"
 
 class QAction;
 class QLabel;
@@ -18,7 +19,6 @@ namespace tarvo::host {
 
 class AmbienteComJanelas;
 class AvisosDaDeclaracao;
-class ListaDeclaracoes;
 class Rodadas;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
@@ -30,8 +30,9 @@ class JanelaPrincipal final : public QMainWindow {
     explicit JanelaPrincipal(AmbienteComJanelas& ambiente);
     ~JanelaPrincipal() override;
 
-    // Puts another database in the place of the open one and closes its previews.
-    void Abrir(const std::filesystem::path& arquivo);
+    // Puts another database in the place of the open one and closes its previews; lugar: where its
+    // list begins.
+    void Abrir(const std::filesystem::path& arquivo, const LugarNaLista& lugar = {});
     // Opens what was open when the window was closed last, if it is still there.
     void Reabrir();
     // Shows the open database as it is now; previews stay. A file that was read into a copy and has
@@ -46,8 +47,8 @@ class JanelaPrincipal final : public QMainWindow {
   private:
     void CriarMenusELista();
     void EscolherArquivo();
-    void Trocar(const std::filesystem::path& arquivo);
-    void Ler(const std::filesystem::path& arquivo);
+    void Trocar(const std::filesystem::path& arquivo, const LugarNaLista& lugar);
+    void Ler(const std::filesystem::path& arquivo, const LugarNaLista& lugar);
     bool RelerSeMudou();  // false: it has not
     void AtualizarEstado();
     void MostrarRecentes(QMenu& menu);

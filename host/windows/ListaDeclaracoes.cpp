@@ -12,8 +12,11 @@
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
+#include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
+#include "host/windows/Explicacao.h"
 
 namespace tarvo::host {
 
@@ -24,13 +27,14 @@ namespace {
 constexpr int LarguraMaxima = 180;  // of a column but the name's; the tool tip shows what is cut
 constexpr int LarguraDoNome = 220;  // as long as the regime can give way
 constexpr int LarguraMinima = 80;
+constexpr auto Paciencia = std::chrono::milliseconds(400);  // before waiting is talked of
 
 }  // namespace
 
 ListaDeclaracoes::ListaDeclaracoes(QWidget* pai, QAction& relatorios, QAction& abrirBanco)
     : QWidget(pai),
-      filtradas_(modelo_),
       relatorios_(relatorios),
+      abrirBanco_(abrirBanco),
       campoBusca_(new QLineEdit(this)),
       tabela_(new QTableView(this)),
       pilha_(new QStackedWidget(this)) {
@@ -39,10 +43,13 @@ ListaDeclaracoes::ListaDeclaracoes(QWidget* pai, QAction& relatorios, QAction& a
     campoBusca_->setAccessibleName(u"Localizar contribuinte ou declaração"_s);
     campoBusca_->setClearButtonEnabled(true);
     campoBusca_->installEventFilter(this);
-    Ligar(campoBusca_, &QLineEdit::textChanged, this, [this](const QString& texto) {
-        filtradas_.Procurar(texto);
-        EscolherPrimeira();
-    });
+    Ligar(campoBusca_, &QLineEdit::textChanged, this,
+          [this](const QString& texto) { Procurar(texto); });
+    modelo_.aoPerguntar = [this] { espera_.start(Paciencia); };
+    modelo_.aoAchar = [this] { MostrarAchadas(); };
+    modelo_.aoLer = [this] { MedirColunas(); };
+    modelo_.aoFalhar = [this](const Erro& erro) { MostrarFalha(erro); };
+    Ligar(&espera_, &QTimer::timeout, this, [this] { MostrarEspera(); });
     auto* botao = new QPushButton(relatorios.text(), this);
     botao->setObjectName(u"botaoRelatorios"_s);
     botao->setToolTip(u"Visualizar ou imprimir relatórios da declaração escolhida (Enter)"_s);
@@ -51,20 +58,20 @@ ListaDeclaracoes::ListaDeclaracoes(QWidget* pai, QAction& relatorios, QAction& a
           [&relatorios, botao] { botao->setEnabled(relatorios.isEnabled()); });
     CriarTabela();
     pilha_->addWidget(tabela_);
-    pilha_->addWidget(CriarVazio(abrirBanco));
+    pilha_->addWidget(CriarVazio());
     auto* cabeca = new QHBoxLayout;
     cabeca->addWidget(campoBusca_, 1);
     cabeca->addWidget(botao);
     auto* colunas = new QVBoxLayout(this);
     colunas->addLayout(cabeca);
     colunas->addWidget(pilha_, 1);
-    MostrarSeHaLinhas();
+    MostrarAchadas();
 }
 
 void ListaDeclaracoes::CriarTabela() {
     tabela_->setObjectName(u"declaracoes"_s);
     tabela_->setAccessibleName(u"Contribuintes e declarações"_s);
-    tabela_->setModel(&filtradas_);
+    tabela_->setModel(&modelo_);
     tabela_->setSortingEnabled(true);
     tabela_->sortByColumn(ModeloDeclaracoes::RazaoSocial, Qt::AscendingOrder);
     tabela_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -76,42 +83,150 @@ void ListaDeclaracoes::CriarTabela() {
     tabela_->verticalHeader()->hide();
     tabela_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     tabela_->horizontalHeader()->setHighlightSections(false);
+    tabela_->horizontalHeader()->setResizeContentsPrecision(0);  // by the rows in sight
     tabela_->horizontalHeader()->setSectionResizeMode(ModeloDeclaracoes::RazaoSocial,
                                                       QHeaderView::Stretch);
     tabela_->installEventFilter(this);
     Ligar(tabela_, &QTableView::doubleClicked, this, [this] { relatorios_.trigger(); });
     Ligar(tabela_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-          [this] { aoMudar(); });
+          [this](const QModelIndex& indice) {
+              if (indice.isValid()) {
+                  atual_ = modelo_.Em(indice.row());
+              }
+              aoMudar();
+          });
 }
 
-QWidget* ListaDeclaracoes::CriarVazio(QAction& abrirBanco) {
+QWidget* ListaDeclaracoes::CriarVazio() {
     auto* folha = new QWidget(this);
     vazio_ = new QLabel(folha);
     vazio_->setObjectName(u"vazio"_s);
     vazio_->setAlignment(Qt::AlignCenter);
     vazio_->setTextFormat(Qt::PlainText);
     vazio_->setWordWrap(true);
-    botaoAbrir_ = new QPushButton(abrirBanco.text(), folha);
-    Ligar(botaoAbrir_, &QPushButton::clicked, this, [&abrirBanco] { abrirBanco.trigger(); });
+    botaoDoVazio_ = new QPushButton(folha);
+    botaoDoVazio_->setObjectName(u"botaoDoVazio"_s);
+    Ligar(botaoDoVazio_, &QPushButton::clicked, this, [this] { acaoDoVazio_(); });
     auto* colunas = new QVBoxLayout(folha);
     colunas->addStretch();
     colunas->addWidget(vazio_);
-    colunas->addWidget(botaoAbrir_, 0, Qt::AlignHCenter);
+    colunas->addWidget(botaoDoVazio_, 0, Qt::AlignHCenter);
     colunas->addStretch();
     return folha;
 }
 
-void ListaDeclaracoes::Ler(BancoDados& banco) {
-    modelo_.Ler(banco);
+void ListaDeclaracoes::DizerNoLugarDaLista(const QString& texto, const QString& acao,
+                                           std::function<void()> fazer) {
+    vazio_->setText(texto);
+    botaoDoVazio_->setText(acao);
+    botaoDoVazio_->setVisible(!acao.isEmpty());
+    acaoDoVazio_ = std::move(fazer);
+    pilha_->setCurrentIndex(1);
+}
+
+void ListaDeclaracoes::Ler(std::shared_ptr<FonteDaLista> fonte, const LugarNaLista& lugar) {
     lida_ = true;
+    porMedir_ = true;
+    atual_ = {};
+    const QSignalBlocker calado(campoBusca_);
+    campoBusca_->setText(lugar.filtro);
+    modelo_.Abrir(std::move(fonte));
+    DizerNoLugarDaLista({});
+    texto_ = lugar.filtro;
+    ir_ = {lugar.IE, lugar.NroDRQ};
+    modelo_.Procurar(lugar.filtro);
+    tabela_->setFocus();
+}
+
+void ListaDeclaracoes::Procurar(const QString& texto) {
+    abrirAoAchar_ = false;
+    ir_.reset();
+    modelo_.Procurar(texto);
+}
+
+// The first row, unless there is one to go to; the rows of the same search in another order stay
+// where they were.
+void ListaDeclaracoes::MostrarAchadas() {
+    esperando_ = false;
+    const bool mesmas = std::exchange(texto_, modelo_.Texto()) == modelo_.Texto();
+    if (modelo_.rowCount() > 0) {
+        const auto ir = std::exchange(ir_, std::nullopt);
+        const int linha = ir || mesmas ? LinhaDe(ir.value_or(atual_)) : 0;
+        tabela_->selectRow(std::max(linha, 0));
+        linha > 0 ? tabela_->scrollTo(tabela_->currentIndex()) : tabela_->scrollToTop();
+        pilha_->setCurrentIndex(0);
+    } else if (!lida_) {
+        DizerNoLugarDaLista(
+            u"Nenhum banco de declarações aberto.\nAbra um, ou solte o arquivo "
+            "dele aqui."_s,
+            abrirBanco_.text(), [this] { abrirBanco_.trigger(); });
+    } else if (!texto_.isEmpty()) {
+        DizerNoLugarDaLista(
+            u"Nada encontrado para \"%1\".\nEsc na busca mostra todas."_s.arg(texto_));
+    } else {
+        DizerNoLugarDaLista(modelo_.Procurando()
+                                ? QString()
+                                : u"Este banco não tem contribuintes nem declarações."_s);
+    }
+    campoBusca_->setEnabled(lida_);
+    aoMudar ? aoMudar() : void();
+    if (std::exchange(abrirAoAchar_, false)) {
+        QTimer::singleShot(0, &relatorios_, &QAction::trigger);
+    }
+}
+
+// As long as it lasts, what is waited for.
+void ListaDeclaracoes::MostrarEspera() {
+    const auto espera = std::chrono::duration_cast<std::chrono::seconds>(modelo_.Espera());
+    if (!modelo_.Ocupado()) {
+        espera_.stop();
+    } else if (espera.count() > 0 || modelo_.Procurando()) {
+        esperando_ = true;
+        DizerNoLugarDaLista(
+            espera.count() > 0
+                ? u"O servidor não responde; aguardando que volte, há %1 s…"_s.arg(espera.count())
+                : u"Procurando no servidor…"_s,
+            u"&Cancelar"_s, [this] { Desistir(); });
+        aoMudar();
+    }
+}
+
+void ListaDeclaracoes::MostrarFalha(const Erro& erro) {
+    esperando_ = false;
+    abrirAoAchar_ = false;
+    const Erro explicado = Explicar(erro, {});
+    DizerNoLugarDaLista(
+        u"A lista não pôde ser lida.\n\nerro %1: %2"_s.arg(static_cast<int>(explicado.Numero()))
+            .arg(ParaQt(explicado.Descricao())),
+        u"&Ler de novo"_s, [this] { modelo_.Repetir(); });
+    aoMudar();
+}
+
+// The rows that are shown stay, with what was searched for them.
+void ListaDeclaracoes::Desistir() {
+    esperando_ = false;
+    abrirAoAchar_ = false;
+    modelo_.Desistir();
+    const QSignalBlocker calado(campoBusca_);
+    campoBusca_->setText(modelo_.Texto());
+    if (modelo_.rowCount() > 0) {
+        pilha_->setCurrentIndex(0);
+    } else {
+        DizerNoLugarDaLista(u"A leitura da lista foi cancelada."_s, u"&Ler de novo"_s,
+                            [this] { modelo_.Repetir(); });
+    }
+    aoMudar();
+}
+
+void ListaDeclaracoes::MedirColunas() {
+    if (!std::exchange(porMedir_, false)) {
+        return;
+    }
     tabela_->resizeColumnsToContents();
     for (int coluna = 0; coluna < ModeloDeclaracoes::Colunas; ++coluna) {
         tabela_->setColumnWidth(coluna, std::min(tabela_->columnWidth(coluna), LarguraMaxima));
     }
-    campoBusca_->clear();
-    EscolherPrimeira();
     RepartirLargura();
-    tabela_->setFocus();
 }
 
 // The name takes the room that the others leave; where they leave too little, the regime gives way.
@@ -128,88 +243,61 @@ void ListaDeclaracoes::resizeEvent(QResizeEvent* evento) {
     RepartirLargura();
 }
 
-void ListaDeclaracoes::EscolherPrimeira() {
-    tabela_->selectRow(0);
-    tabela_->scrollToTop();
-    MostrarSeHaLinhas();
-    aoMudar ? aoMudar() : void();
-}
-
-void ListaDeclaracoes::MostrarSeHaLinhas() {
-    const bool nadaAchado = lida_ && modelo_.rowCount() > 0;
-    vazio_->setText(nadaAchado ? u"Nada encontrado para \"%1\".\nEsc na busca mostra todas."_s.arg(
-                                     campoBusca_->text())
-                    : lida_ ? u"Este banco não tem contribuintes nem declarações."_s
-                            : u"Nenhum banco de declarações aberto.\nAbra um, ou solte o arquivo "
-                              "dele aqui."_s);
-    botaoAbrir_->setVisible(!nadaAchado);
-    campoBusca_->setEnabled(lida_);
-    pilha_->setCurrentIndex(filtradas_.rowCount() > 0 ? 0 : 1);
-}
-
 void ListaDeclaracoes::Localizar() {
     campoBusca_->setFocus();
     campoBusca_->selectAll();
 }
 
-std::optional<ModeloDeclaracoes::Linha> ListaDeclaracoes::Escolhida() const {
+std::optional<ChaveDaLista> ListaDeclaracoes::Escolhida() const {
     const auto indice = tabela_->currentIndex();
-    return indice.isValid() ? std::optional(filtradas_.Em(indice)) : std::nullopt;
+    return indice.isValid() && !modelo_.Procurando() ? std::optional(modelo_.Em(indice.row()))
+                                                     : std::nullopt;
 }
 
 LugarNaLista ListaDeclaracoes::Lugar() const {
-    const auto linha = Escolhida().value_or(ModeloDeclaracoes::Linha());
-    return {campoBusca_->text(), linha.IE, linha.NroDRQ};
+    const ChaveDaLista lugar = ir_.value_or(atual_);
+    return {campoBusca_->text(), lugar.IE, lugar.NroDRQ};
 }
 
-int ListaDeclaracoes::LinhaDe(const std::string& IE, std::optional<std::int32_t> NroDRQ) const {
-    for (int i = 0; i < filtradas_.rowCount(); ++i) {
-        const auto& linha = filtradas_.Em(filtradas_.index(i, 0));
+int ListaDeclaracoes::LinhaDe(const ChaveDaLista& procurada) const {
+    for (int i = 0; i < modelo_.rowCount(); ++i) {
+        const ChaveDaLista& chave = modelo_.Em(i);
         // A declaration of nobody is found by its number alone.
-        if (linha.NroDRQ == NroDRQ && (linha.IE == IE || linha.IE.empty())) {
+        if (chave.NroDRQ == procurada.NroDRQ && (chave.IE == procurada.IE || chave.IE.empty())) {
             return i;
         }
     }
     return -1;
 }
 
-void ListaDeclaracoes::Ir(const LugarNaLista& lugar) {
-    campoBusca_->setText(lugar.filtro);
-    if (const int linha = LinhaDe(lugar.IE, lugar.NroDRQ); linha >= 0) {
-        tabela_->selectRow(linha);
-    }
-}
-
-std::optional<ModeloDeclaracoes::Linha> ListaDeclaracoes::IrAVizinha(const std::string& IE,
-                                                                     std::int32_t NroDRQ,
-                                                                     int sentido) {
-    int linha = LinhaDe(IE, NroDRQ);
+std::optional<ChaveDaLista> ListaDeclaracoes::IrAVizinha(const std::string& IE, std::int32_t NroDRQ,
+                                                         int sentido) {
+    int linha = LinhaDe({IE, NroDRQ});
     if (linha < 0) {
         return std::nullopt;
     }
     do {
         linha += sentido;
-        if (linha < 0 || linha >= filtradas_.rowCount()) {
+        if (linha < 0 || linha >= modelo_.rowCount()) {
             return std::nullopt;
         }
-    } while (!filtradas_.Em(filtradas_.index(linha, 0)).NroDRQ);
+    } while (!modelo_.Em(linha).NroDRQ);
     tabela_->selectRow(linha);
-    return Escolhida();
+    return modelo_.Em(linha);
 }
 
 QString ListaDeclaracoes::Situacao() const {
-    const auto declaracoes = [](const auto& modelo, auto em) {
-        int quantas = 0;
-        for (int i = 0; i < modelo.rowCount(); ++i) {
-            quantas += em(i).NroDRQ.has_value() ? 1 : 0;
-        }
-        return quantas;
-    };
-    const int todas = declaracoes(
-        modelo_, [this](int i) -> const auto& { return modelo_.Em(i); });
-    const int mostradas = declaracoes(
-        filtradas_, [this](int i) -> const auto& { return filtradas_.Em(filtradas_.index(i, 0)); });
+    if (esperando_ || (modelo_.Procurando() && modelo_.rowCount() == 0)) {
+        return u"Procurando…"_s;
+    }
+    const auto todas = modelo_.Todas();
     const auto palavra = todas == 1 ? u"declaração"_s : u"declarações"_s;
+    const auto mostradas = modelo_.Mostradas();
+    if (modelo_.HaMais()) {
+        return u"as primeiras %L1 que há, de %L2 %3; a busca mostra outras"_s.arg(mostradas)
+            .arg(todas)
+            .arg(palavra);
+    }
     return mostradas == todas ? u"%L1 %2"_s.arg(todas).arg(palavra)
                               : u"%L1 de %L2 %3"_s.arg(mostradas).arg(todas).arg(palavra);
 }
@@ -218,7 +306,8 @@ bool ListaDeclaracoes::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::KeyPress) {
         const int tecla = static_cast<QKeyEvent*>(evento)->key();
         if (tecla == Qt::Key_Return || tecla == Qt::Key_Enter) {
-            relatorios_.trigger();
+            abrirAoAchar_ = modelo_.Procurando();
+            relatorios_.trigger();  // not enabled before the answer is there
             return true;
         }
         if (objeto == campoBusca_ && (tecla == Qt::Key_Down || tecla == Qt::Key_Up)) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -24,27 +25,24 @@ struct LugarNaLista {
 };
 
 // The list of declarations with the field that searches it. What is chosen is always in sight;
-// where nothing can be listed it says what to do.
+// where nothing can be listed it says why, and what to do.
 class ListaDeclaracoes final : public QWidget {
   public:
     // relatorios opens what is chosen and stands beside the search field too; abrirBanco is offered
     // while there is no database.
     ListaDeclaracoes(QWidget* pai, QAction& relatorios, QAction& abrirBanco);
 
-    // Shows the declarations of another database. Errors of the database leave the list as it was.
-    void Ler(BancoDados& banco);
+    // Shows another list, as near that place as it has it.
+    void Ler(std::shared_ptr<FonteDaLista> fonte, const LugarNaLista& lugar = {});
     // Puts the focus into the search field.
     void Localizar();
-    // The row that is chosen.
-    [[nodiscard]] std::optional<ModeloDeclaracoes::Linha> Escolhida() const;
+    // The row that is chosen; nothing while another one may come to be.
+    [[nodiscard]] std::optional<ChaveDaLista> Escolhida() const;
     [[nodiscard]] LugarNaLista Lugar() const;
-    // As near as the list has it.
-    void Ir(const LugarNaLista& lugar);
     // Goes to the declaration that many rows behind (or, negative, before) that one, taxpayers
     // without one left out; nothing when the list ends there.
-    std::optional<ModeloDeclaracoes::Linha> IrAVizinha(const std::string& IE, std::int32_t NroDRQ,
-                                                       int sentido);
-    // "12 declarações", "3 de 12 declarações"
+    std::optional<ChaveDaLista> IrAVizinha(const std::string& IE, std::int32_t NroDRQ, int sentido);
+    // "12 declarações", "3 de 12 declarações", "Procurando…"
     [[nodiscard]] QString Situacao() const;
 
     // To be set before the list is used: other rows are shown, or another one is chosen.
@@ -56,21 +54,35 @@ class ListaDeclaracoes final : public QWidget {
 
   private:
     void CriarTabela();
-    QWidget* CriarVazio(QAction& abrirBanco);
-    void EscolherPrimeira();
-    void MostrarSeHaLinhas();
+    QWidget* CriarVazio();
+    void Procurar(const QString& texto);
+    void MostrarAchadas();
+    void MostrarEspera();
+    void MostrarFalha(const Erro& erro);
+    void Desistir();
+    void DizerNoLugarDaLista(const QString& texto, const QString& acao = {},
+                             std::function<void()> fazer = {});
+    void MedirColunas();
     void RepartirLargura();
-    [[nodiscard]] int LinhaDe(const std::string& IE, std::optional<std::int32_t> NroDRQ) const;
+    [[nodiscard]] int LinhaDe(const ChaveDaLista& chave) const;
 
     ModeloDeclaracoes modelo_;
-    DeclaracoesFiltradas filtradas_;
     QAction& relatorios_;
-    bool lida_ = false;  // a database is open
+    QAction& abrirBanco_;
+    bool lida_ = false;               // a database is open
+    bool porMedir_ = false;           // its columns
+    bool esperando_ = false;          // and saying so
+    bool abrirAoAchar_ = false;       // Enter was pressed before the answer came
+    QString texto_;                   // of the rows that are shown
+    std::optional<ChaveDaLista> ir_;  // where to go once the rows are there
+    ChaveDaLista atual_;              // the row that was chosen last
+    QTimer espera_;
     QLineEdit* campoBusca_;
     QTableView* tabela_;
     QStackedWidget* pilha_;
     QLabel* vazio_;
-    QPushButton* botaoAbrir_;
+    QPushButton* botaoDoVazio_;
+    std::function<void()> acaoDoVazio_;
 };
 
 }  // namespace tarvo::host

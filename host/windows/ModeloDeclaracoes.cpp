@@ -2,12 +2,10 @@
 #include "host/windows/ModeloDeclaracoes.h"
 
 #include <algorithm>
-#include <map>
 
 #include "desktop/ApoioQt.h"
+#include "desktop/SegundoPlano.h"
 #include "desktop/preview/BuscaTexto.h"
-#include "dispatch/Declaracoes.h"
-#include "document/QuadroPagina.h"
 
 namespace tarvo::host {
 
@@ -15,73 +13,183 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Linha = ModeloDeclaracoes::Linha;
-
 constexpr const char* Titulos[] = {"Razão social", "Inscrição estadual", "CNPJ",
                                    "DRQ",          "Referência",         "Regime",
                                    "Tipo",         "Consistência"};
-
-void PorContribuinte(Linha& linha, const Contribuinte& contribuinte) {
-    linha.IE = contribuinte.IE;
-    linha.textos[ModeloDeclaracoes::RazaoSocial] = ParaQt(contribuinte.razaoSocial);
-    linha.textos[ModeloDeclaracoes::IE] = ParaQt(contribuinte.IE);
-    linha.textos[ModeloDeclaracoes::CNPJ] = ParaQt(contribuinte.CNPJ);
-}
-
-Linha LinhaDe(const Declaracao& declaracao) {
-    Linha linha;
-    linha.NroDRQ = declaracao.NroDRQ;
-    linha.referencia = declaracao.ref1.Serial();
-    linha.IE = declaracao.IE.value_or("");
-    linha.textos[ModeloDeclaracoes::IE] = ParaQt(linha.IE);
-    linha.textos[ModeloDeclaracoes::Numero] = QString::number(declaracao.NroDRQ);
-    linha.textos[ModeloDeclaracoes::Referencia] = ParaQt(declaracao.referencia);
-    const auto regime = RegimeTributario(declaracao.regime);
-    linha.textos[ModeloDeclaracoes::Regime] =
-        ParaQt(regime.empty() ? std::string_view(declaracao.regime) : regime);
-    linha.textos[ModeloDeclaracoes::Tipo] = ParaQt(declaracao.tipo);
-    linha.textos[ModeloDeclaracoes::Consistente] =
-        declaracao.consistente ? u"Consistida"_s : u"Não consistida"_s;
-    return linha;
-}
-
-std::vector<Linha> LerLinhas(BancoDados& banco) {
-    std::map<std::string, Contribuinte> contribuintes;
-    for (auto& contribuinte : LerContribuintes(banco)) {
-        contribuintes.emplace(contribuinte.IE, contribuinte);
-    }
-    std::map<std::string, Contribuinte> semDeclaracao = contribuintes;
-    std::vector<Linha> linhas;
-    for (const auto& declaracao : LerDeclaracoes(banco)) {
-        linhas.push_back(LinhaDe(declaracao));
-        const auto achado = contribuintes.find(linhas.back().IE);
-        if (achado != contribuintes.end()) {
-            PorContribuinte(linhas.back(), achado->second);
-            semDeclaracao.erase(achado->first);
-        }
-    }
-    for (const auto& [IE, contribuinte] : semDeclaracao) {
-        PorContribuinte(linhas.emplace_back(), contribuinte);
-    }
-    for (auto& linha : linhas) {
-        for (const auto& texto : linha.textos) {
-            linha.busca += BuscaTexto::Dobrar(texto) + u' ';
-        }
-    }
-    return linhas;
-}
+constexpr int PorPagina = 100;  // rows
+constexpr std::size_t PaginasGuardadas = 50;
 
 }  // namespace
 
-void ModeloDeclaracoes::Ler(BancoDados& banco) {
-    auto linhas = LerLinhas(banco);
+ModeloDeclaracoes::ModeloDeclaracoes() {
+    agenda_.setSingleShot(true);
+    Ligar(&agenda_, &QTimer::timeout, this, [this] { PerguntarOProximo(); });
+}
+
+ModeloDeclaracoes::~ModeloDeclaracoes() {
+    Interromper();
+}
+
+void ModeloDeclaracoes::Abrir(std::shared_ptr<FonteDaLista> fonte) {
+    Interromper();
+    fonte_ = std::move(fonte);
+    Trocar({}, {});
+}
+
+void ModeloDeclaracoes::Procurar(const QString& texto) {
+    textoPedido_ = texto;
+    Perguntar();
+}
+
+void ModeloDeclaracoes::sort(int coluna, Qt::SortOrder ordem) {
+    busca_.coluna = coluna;
+    busca_.decrescente = ordem == Qt::DescendingOrder;
+    Perguntar();
+}
+
+void ModeloDeclaracoes::Repetir() {
+    Perguntar();
+}
+
+void ModeloDeclaracoes::Desistir() {
+    Interromper();
+    textoPedido_ = texto_;
+}
+
+void ModeloDeclaracoes::Interromper() {
+    procurando_ = false;
+    porPerguntar_ = false;
+    if (emCurso_ != nullptr) {
+        emCurso_->interrompido = true;
+    }
+}
+
+std::chrono::milliseconds ModeloDeclaracoes::Espera() const {
+    return emCurso_ == nullptr ? std::chrono::milliseconds() : emCurso_->espera.load();
+}
+
+void ModeloDeclaracoes::Perguntar() {
+    if (fonte_ == nullptr) {
+        return;
+    }
+    Interromper();
+    busca_.palavras = BuscaTexto::Dobrar(textoPedido_).split(u' ', Qt::SkipEmptyParts);
+    if (fonte_->Imediata()) {
+        return Receber(fonte_->Procurar(busca_, nullptr), textoPedido_);
+    }
+    procurando_ = true;
+    porPerguntar_ = true;
+    PerguntarOProximo();
+}
+
+// Searches before rows: the rows may not be there any more.
+void ModeloDeclaracoes::PerguntarOProximo() {
+    if (emCurso_ != nullptr || fonte_ == nullptr) {
+        return;
+    }
+    if (std::exchange(porPerguntar_, false)) {
+        Correr([busca = busca_](FonteDaLista& fonte,
+                                Acompanhante& quem) { return fonte.Procurar(busca, &quem); },
+               [this, texto = textoPedido_](LinhasAchadas achadas) {
+                   procurando_ = false;
+                   Receber(std::move(achadas), texto);
+               });
+    } else if (const auto pagina = std::exchange(paginaPedida_, std::nullopt);
+               pagina && !procurando_) {
+        LerPagina(*pagina);
+    }
+}
+
+// One after the other; the answer of one that was interrupted is nobody's.
+template <class Trabalho, class Depois>
+void ModeloDeclaracoes::Correr(Trabalho trabalho, Depois depois) {
+    emCurso_ = std::make_shared<Interruptor>();
+    aoPerguntar();
+    EmSegundoPlano(
+        this, fila_,
+        [fonte = fonte_, quem = emCurso_, trabalho = std::move(trabalho)] {
+            return trabalho(*fonte, *quem);
+        },
+        [this, quem = emCurso_, depois = std::move(depois)](auto resposta) {
+            emCurso_ = nullptr;
+            if (!quem->interrompido) {
+                if (auto* const erro = std::get_if<Erro>(&resposta)) {
+                    procurando_ = false;
+                    aoFalhar(*erro);
+                } else {
+                    depois(std::move(std::get<0>(resposta)));
+                }
+            }
+            PerguntarOProximo();
+        });
+}
+
+void ModeloDeclaracoes::Receber(LinhasAchadas achadas, const QString& texto) {
+    Trocar(std::move(achadas), texto);
+    aoAchar();
+    if (fonte_->Imediata()) {
+        aoLer();
+    }
+}
+
+void ModeloDeclaracoes::Trocar(LinhasAchadas achadas, const QString& texto) {
     beginResetModel();
-    linhas_ = std::move(linhas);
+    achadas_ = std::move(achadas);
+    mostradas_ = static_cast<int>(std::ranges::count_if(
+        achadas_.chaves, [](const ChaveDaLista& chave) { return chave.NroDRQ.has_value(); }));
+    texto_ = texto;
+    paginas_.clear();
+    paginaPedida_.reset();
     endResetModel();
 }
 
+void ModeloDeclaracoes::LerPagina(int pagina) {
+    const auto chaves = ChavesDa(pagina);
+    if (chaves.empty()) {
+        return;
+    }
+    Correr([chaves = std::vector(chaves.begin(), chaves.end())](
+               FonteDaLista& fonte, Acompanhante& quem) { return fonte.Ler(chaves, &quem); },
+           [this, pagina](std::vector<LinhaDaLista> linhas) {
+               const int primeira = pagina * PorPagina;
+               const auto& guardadas = Guardar(pagina, std::move(linhas));
+               const int quantas = static_cast<int>(guardadas.size());
+               Q_EMIT dataChanged(index(primeira, 0), index(primeira + quantas - 1, Colunas - 1));
+               aoLer();
+           });
+}
+
+std::span<const ChaveDaLista> ModeloDeclaracoes::ChavesDa(int pagina) const {
+    const std::span todas(achadas_.chaves);
+    const auto primeira = std::min(static_cast<std::size_t>(pagina) * PorPagina, todas.size());
+    return todas.subspan(primeira, std::min<std::size_t>(PorPagina, todas.size() - primeira));
+}
+
+const std::vector<LinhaDaLista>& ModeloDeclaracoes::Guardar(
+    int pagina, std::vector<LinhaDaLista> linhas) const {
+    // Those that are looked at come again as soon as they are missed.
+    if (paginas_.size() >= PaginasGuardadas) {
+        paginas_.clear();
+    }
+    return paginas_[pagina] = std::move(linhas);
+}
+
+const LinhaDaLista* ModeloDeclaracoes::Linha(int linha) const {
+    const int pagina = linha / PorPagina;
+    const auto lugar = static_cast<std::size_t>(linha % PorPagina);
+    if (const auto achada = paginas_.find(pagina); achada != paginas_.end()) {
+        return &achada->second.at(lugar);
+    }
+    if (fonte_->Imediata()) {
+        return &Guardar(pagina, fonte_->Ler(ChavesDa(pagina), nullptr)).at(lugar);
+    }
+    paginaPedida_ = pagina;
+    agenda_.start();
+    return nullptr;
+}
+
 int ModeloDeclaracoes::rowCount(const QModelIndex& pai) const {
-    return pai.isValid() ? 0 : static_cast<int>(linhas_.size());
+    return pai.isValid() ? 0 : static_cast<int>(achadas_.chaves.size());
 }
 
 int ModeloDeclaracoes::columnCount(const QModelIndex& pai) const {
@@ -90,7 +198,9 @@ int ModeloDeclaracoes::columnCount(const QModelIndex& pai) const {
 
 QVariant ModeloDeclaracoes::data(const QModelIndex& indice, int papel) const {
     if (papel == Qt::DisplayRole || papel == Qt::ToolTipRole) {
-        return Em(indice.row()).textos.at(static_cast<std::size_t>(indice.column()));
+        const LinhaDaLista* const linha = Linha(indice.row());
+        return linha == nullptr ? u"…"_s
+                                : linha->textos.at(static_cast<std::size_t>(indice.column()));
     }
     if (papel == Qt::TextAlignmentRole && indice.column() == Numero) {
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
@@ -103,39 +213,6 @@ QVariant ModeloDeclaracoes::headerData(int secao, Qt::Orientation orientacao, in
         return ParaQt(Titulos[secao]);
     }
     return {};
-}
-
-DeclaracoesFiltradas::DeclaracoesFiltradas(ModeloDeclaracoes& modelo)
-    : modelo_(modelo), alfabeto_(QLocale(QLocale::Portuguese, QLocale::Brazil)) {
-    alfabeto_.setCaseSensitivity(Qt::CaseInsensitive);
-    setSourceModel(&modelo);
-}
-
-void DeclaracoesFiltradas::Procurar(const QString& texto) {
-    palavras_ = BuscaTexto::Dobrar(texto).split(u' ', Qt::SkipEmptyParts);
-    invalidateFilter();
-}
-
-bool DeclaracoesFiltradas::filterAcceptsRow(int linha, const QModelIndex&) const {
-    const auto& busca = modelo_.Em(linha).busca;
-    return std::all_of(palavras_.begin(), palavras_.end(),
-                       [&](const QString& palavra) { return busca.contains(palavra); });
-}
-
-bool DeclaracoesFiltradas::lessThan(const QModelIndex& a, const QModelIndex& b) const {
-    const auto& linhaA = modelo_.Em(a.row());
-    const auto& linhaB = modelo_.Em(b.row());
-    switch (a.column()) {
-        case ModeloDeclaracoes::Numero:
-            return linhaA.NroDRQ < linhaB.NroDRQ;
-        case ModeloDeclaracoes::Referencia:
-            return linhaA.referencia < linhaB.referencia;
-        default: {
-            const auto coluna = static_cast<std::size_t>(a.column());
-            const int ordem = alfabeto_.compare(linhaA.textos[coluna], linhaB.textos[coluna]);
-            return ordem != 0 ? ordem < 0 : linhaA.referencia < linhaB.referencia;
-        }
-    }
 }
 
 }  // namespace tarvo::host

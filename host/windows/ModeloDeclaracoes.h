@@ -2,37 +2,63 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QCollator>
-#include <QSortFilterProxyModel>
+#include <QThreadPool>
+#include <QTimer>
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
-#include "data/BancoDados.h"
+#include "data/CodigosDeErros.h"
+#include "host/windows/FonteDaLista.h"
 
 namespace tarvo::host {
 
-// The declarations of a database with their taxpayers, a row each; a taxpayer without declaration
-// has a row too.
+// The rows that were found in a list, a page of them at a time as they are looked at. What a source
+// does not answer at once is asked on a thread of its own, the question asked last before all
+// others; until it is answered the rows are those of the one before.
 class ModeloDeclaracoes final : public QAbstractTableModel {
   public:
-    enum Coluna { RazaoSocial, IE, CNPJ, Numero, Referencia, Regime, Tipo, Consistente, Colunas };
+    using enum LinhaDaLista::Coluna;
 
-    struct Linha {
-        std::array<QString, Colunas> textos;
-        std::string IE;                      // empty when the database does not tell whose it is
-        std::optional<std::int32_t> NroDRQ;  // absent for a taxpayer without declaration
-        double referencia = 0;               // date serial
-        QString busca;                       // all texts, folded
-    };
+    ModeloDeclaracoes();
+    ~ModeloDeclaracoes() override;
 
-    using QAbstractTableModel::QAbstractTableModel;
+    // Shows another list, empty until something was searched in it.
+    void Abrir(std::shared_ptr<FonteDaLista> fonte);
+    // The rows that have every word, in any column and without regard to case and accents.
+    void Procurar(const QString& texto);
+    void sort(int coluna, Qt::SortOrder ordem) override;
+    // The same question again, of the same source.
+    void Repetir();
+    // Gives the question up; the rows stay those of the one before.
+    void Desistir();
 
-    // Reads the whole list anew. Errors of the database leave the old one.
-    void Ler(BancoDados& banco);
-    [[nodiscard]] const Linha& Em(int linha) const {
-        return linhas_.at(static_cast<std::size_t>(linha));
+    // Whether a search waits for its answer; whether anything does.
+    [[nodiscard]] bool Procurando() const { return procurando_; }
+    [[nodiscard]] bool Ocupado() const { return emCurso_ != nullptr; }
+    // What the rows that are shown have.
+    [[nodiscard]] const QString& Texto() const { return texto_; }
+    // How long the source itself has been waiting for what it needs; zero while it works.
+    [[nodiscard]] std::chrono::milliseconds Espera() const;
+
+    [[nodiscard]] const ChaveDaLista& Em(int linha) const {
+        return achadas_.chaves.at(static_cast<std::size_t>(linha));
     }
+    // Of the declarations: those that were found, and all.
+    [[nodiscard]] int Mostradas() const { return mostradas_; }
+    [[nodiscard]] std::int64_t Todas() const { return achadas_.declaracoes; }
+    [[nodiscard]] bool HaMais() const { return achadas_.haMais; }
+
+    // To be set before the model is used: something is asked that is not answered at once; the
+    // answer to a search has come; the texts of rows have come; what was asked for has failed.
+    std::function<void()> aoPerguntar;
+    std::function<void()> aoAchar;
+    std::function<void()> aoLer;
+    std::function<void(const Erro& erro)> aoFalhar;
 
     [[nodiscard]] int rowCount(const QModelIndex& pai = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& pai = {}) const override;
@@ -41,27 +67,45 @@ class ModeloDeclaracoes final : public QAbstractTableModel {
                                       int papel) const override;
 
   private:
-    std::vector<Linha> linhas_;
-};
+    // Ends what runs on the other thread.
+    class Interruptor final : public Acompanhante {
+      public:
+        bool Continuar(std::chrono::milliseconds aguardando) override {
+            espera = aguardando;
+            return !interrompido;
+        }
+        std::atomic<bool> interrompido = false;
+        std::atomic<std::chrono::milliseconds> espera{};
+    };
 
-// The rows that have every word of the search, in any column and without regard to case and
-// accents; sorted by numbers, dates and the Portuguese alphabet.
-class DeclaracoesFiltradas final : public QSortFilterProxyModel {
-  public:
-    explicit DeclaracoesFiltradas(ModeloDeclaracoes& modelo);
-    void Procurar(const QString& texto);
-    [[nodiscard]] const ModeloDeclaracoes::Linha& Em(const QModelIndex& indice) const {
-        return modelo_.Em(mapToSource(indice).row());
-    }
+    void Perguntar();
+    void Interromper();
+    void PerguntarOProximo();
+    template <class Trabalho, class Depois>
+    void Correr(Trabalho trabalho, Depois depois);
+    void Receber(LinhasAchadas achadas, const QString& texto);
+    void Trocar(LinhasAchadas achadas, const QString& texto);
+    void LerPagina(int pagina);
+    [[nodiscard]] std::span<const ChaveDaLista> ChavesDa(int pagina) const;
+    const std::vector<LinhaDaLista>& Guardar(int pagina, std::vector<LinhaDaLista> linhas) const;
+    // nullptr: it was asked for.
+    [[nodiscard]] const LinhaDaLista* Linha(int linha) const;
 
-  protected:
-    [[nodiscard]] bool filterAcceptsRow(int linha, const QModelIndex& pai) const override;
-    [[nodiscard]] bool lessThan(const QModelIndex& a, const QModelIndex& b) const override;
+    std::shared_ptr<FonteDaLista> fonte_;
+    BuscaNaLista busca_;
+    QString textoPedido_;
+    bool procurando_ = false;
+    bool porPerguntar_ = false;
 
-  private:
-    ModeloDeclaracoes& modelo_;
-    QCollator alfabeto_;
-    QStringList palavras_;
+    QString texto_;  // of the rows that are shown
+    LinhasAchadas achadas_;
+    int mostradas_ = 0;
+    mutable std::map<int, std::vector<LinhaDaLista>> paginas_;
+    mutable std::optional<int> paginaPedida_;  // looked at and not there, the last one
+    mutable QTimer agenda_;                    // asks for it once the view has looked
+
+    std::shared_ptr<Interruptor> emCurso_;
+    QThreadPool fila_;
 };
 
 }  // namespace tarvo::host
