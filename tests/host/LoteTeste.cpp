@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <fstream>
+
 #include "tests/host/LoteDeTeste.h"
 #include "tests/support/MarcasDoPDF.h"
 
@@ -32,20 +34,6 @@ TEST_F(Lote, WritesEveryDeclarationIntoItsFolderAndNeverTheDatabase) {
     EXPECT_THAT(Arquivos(pasta.Caminho()), Not(Contains(HasSubstr("exemplo.tarvo-"))));
 }
 
-TEST_F(Lote, ProgramsGetALineOfJSONForEachReportAndASilentBatchSaysNothing) {
-    Executar("update tblContribuinte set Bairro = printf('%.300c', 'W')");
-    const Execucao e = RodarLote("--relatorios 01,17 --trabalhos 3 --json --silencioso");
-    EXPECT_THAT(e, Termina(0, ""));
-    const auto linhas = LinhasJSON(e.saida);
-    ASSERT_THAT(linhas, SizeIs(20));
-    for (const auto& linha : linhas) {
-        const auto& arquivo = linha["arquivos"][0];
-        EXPECT_EQ(fs::file_size(arquivo["caminho"].get<std::string>()), arquivo["bytes"]);
-        EXPECT_EQ(linha["cortados"].size(), linha["relatorio"] == "01" ? 1U : 0U);
-    }
-    EXPECT_THAT(RodarLote("--relatorios 01 --retomar --silencioso").saida, IsEmpty());
-}
-
 // A sanitizer maps far more addresses than the program uses.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(Lote, RunsToItsEndWithManyThreadsInLittleMemory) {
@@ -72,123 +60,6 @@ TEST_F(Lote, ReadsWhatAnotherProgramHasNotMovedIntoTheFileYetAndLeavesItThere) {
     EXPECT_EQ(apoio::BytesDe(Banco() + "-wal"), wal);
 }
 
-TEST_F(Lote, FiltersByTaxpayerAndMonths) {
-    Executar("update tblDRQ set Ref1 = null where NroDRQ = 102");
-    const std::pair<std::string, std::vector<int>> casos[] = {
-        {"--ate 12/2001", {103, 201}},
-        {"--de 07/2003", {101, 601}},
-        {"--de 12/2001 --ate 12/2002", {201, 301}},
-        {DoPrimeiro, {101, 102, 103}},
-        {DoPrimeiro + " --de 07/2003 --ate 07/2003", {101}},
-        {"--ie 1", {}},
-    };
-    for (const auto& [filtro, declaracoes] : casos) {
-        fs::remove_all(Saida());
-        EXPECT_THAT(RodarLote("--relatorios 01 " + filtro), Termina(0));
-        std::vector<int> produzidas;
-        for (const auto& [chave, linha] : Resumo()) {
-            produzidas.push_back(chave.first);
-        }
-        EXPECT_EQ(produzidas, declaracoes);
-        EXPECT_THAT(Datas(), SizeIs(declaracoes.size()));
-    }
-}
-
-TEST_F(Lote, OneFilePerDeclarationHasAnOutlineOfItsReports) {
-    EXPECT_THAT(RodarLote("--unico" + DoPrimeiro), Termina(0));
-    EXPECT_THAT(Arquivos(Saida()), ElementsAre("250114377019-101.pdf", "250114377019-102.pdf",
-                                               "250114377019-103.pdf", "resumo.csv"));
-    ConferirInteiros();
-    EXPECT_EQ(Resumo().at({101, "todos"}).paginas, 46U);
-    EXPECT_THAT(
-        apoio::SaidaDe("qpdf --json --json-key=outlines '" + Saida("250114377019-101.pdf") + "'"),
-        AllOf(HasSubstr("\"01 - "), HasSubstr("\"11A - "), HasSubstr("\"17 - ")));
-    EXPECT_THAT(apoio::SaidaDe("pdfinfo '" + Saida("250114377019-101.pdf") + "'"),
-                HasSubstr("DRQ 101 – 07/2003 – Metalúrgica Serra Dourada S.A.\n"));
-}
-
-TEST_F(Lote, OneWorkbookPerDeclarationNamesTheReportsOfItsSheets) {
-    EXPECT_THAT(RodarLote("--unico --formato xlsx" + DoPrimeiro), Termina(0));
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(4));
-    EXPECT_THAT(
-        apoio::SaidaDe("python3 -c \"import sys, zipfile; print(zipfile.ZipFile(sys.argv[1])"
-                       ".read('xl/workbook.xml').decode())\" '" +
-                       Saida("250114377019-101.xlsx") + "'"),
-        AllOf(HasSubstr("\"01 Cadastro do Contribuinte"),
-              HasSubstr("\"17 Relatório de Pagamentos\""),
-              HasSubstr("\"17 Relatório de Pagamentos (2)\"")));
-}
-
-// How a batch ends in which one report of six fails, and what a second run makes of it.
-class LoteComFalha : public Lote, public testing::WithParamInterface<bool> {};
-
-TEST_P(LoteComFalha, StandsInTheSummaryStopsNothingAndIsAllThatIsTriedAgain) {
-    const bool unico = GetParam();
-    const std::string chamada =
-        "--relatorios 10,17" + DoPrimeiro + (unico ? " --unico" : " --trabalhos=1");
-    Executar("update tblDRQ set SaldoCredAntDig = null where NroDRQ = 101");
-    const Execucao e = RodarLote(chamada);
-    EXPECT_THAT(e, Termina(1, HasSubstr("erro 94: declaração 101, relatório 10: ")));
-    EXPECT_THAT(e.saida, HasSubstr("1 falha (veja resumo.csv)"));
-    EXPECT_THAT(apoio::BytesDe(Saida("resumo.csv")),
-                testing::ContainsRegex("\n250114377019;101;07/2003;10;;0;0;0;94;[^;]+;;;;\r\n"));
-    const auto antes = Datas();
-    EXPECT_THAT(antes, SizeIs(unico ? 3 : 5));
-    Executar("update tblDRQ set SaldoCredAntDig = 0 where NroDRQ = 101");
-    const Execucao segunda = RodarLote(chamada + " --retomar");
-    EXPECT_THAT(segunda, Termina(0));
-    EXPECT_THAT(segunda.saida,
-                HasSubstr(unico ? ": 1 arquivo gravado, " : ": 2 arquivos gravados, "));
-    for (const auto& [chave, linha] : Resumo()) {
-        EXPECT_EQ(linha.erro, 0);
-    }
-    EXPECT_THAT(Datas(), SizeIs(unico ? 3 : 6));
-    EXPECT_THAT(Refeitos(antes), Each(HasSubstr("-101")));
-    if (unico) {
-        EXPECT_GT(Resumo().at({101, "todos"}).paginas, 2U) << "both reports are in it";
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(CadaUmEUnico, LoteComFalha, testing::Bool());
-
-TEST_F(Lote, DeclarationsWithoutATaxpayerAreToldNotPrintedEmpty) {
-    Executar(
-        "update tblDRQ set IE = null where NroDRQ = 101;"
-        "update tblDRQ set IE = 'a/b;\"..' where NroDRQ = 102;");
-    EXPECT_THAT(
-        RodarLote("--relatorios 01 --de 07/2003 --ate 08/2003"),
-        Termina(1, AllOf(HasSubstr("erro 94: declaração 101: "),
-                         HasSubstr("aviso: declaração 102: o contribuinte a/b;\".. não existe"))));
-    EXPECT_THAT(Arquivos(Saida()),
-                ElementsAre("a_2Fb_3B_22..-102/01-RelatorioCadastro.pdf", "resumo.csv"));
-    EXPECT_THAT(apoio::BytesDe(Saida("resumo.csv")),
-                HasSubstr("\r\n\"a/b;\"\"..\";102;08/2003;01;a_2Fb_3B_22..-102/01-Rel"));
-    EXPECT_EQ(RodarLote("--relatorios 01 --de 07/2003 --retomar").situacao, 1);
-    const std::string resumo = apoio::BytesDe(Saida("resumo.csv"));
-    const std::size_t falha = resumo.find(";101;07/2003;todos;");
-    EXPECT_NE(falha, std::string::npos);
-    EXPECT_EQ(falha, resumo.rfind(";101;07/2003;todos;")) << "once";
-}
-
-TEST_F(Lote, ADatabaseThatDoesNotSayWhoseTheDeclarationsAreNeedsATaxpayer) {
-    Executar("drop index idxtblDRQIE; alter table tblDRQ drop column IE;");
-    EXPECT_THAT(RodarLote("--relatorios 01"), Termina(2, HasSubstr("--ie")));
-    EXPECT_THAT(RodarLote("--relatorios 01 --ie 250339012558"), Termina(0));
-    EXPECT_THAT(Arquivos(Saida()), SizeIs(11));
-    EXPECT_THAT(Arquivos(Saida()), Contains("250339012558-101/01-RelatorioCadastro.pdf"));
-}
-
-TEST_F(Lote, PicturesAndJsonGoThroughTheSameFolders) {
-    const std::string chamada = "--relatorios 17" + DoPrimeiro + " --formato ";
-    EXPECT_THAT(RodarLote(chamada + "png --dpi 30"), Termina(0));
-    EXPECT_EQ(Resumo().at({101, "17"}).arquivo, "250114377019-101/17-RelatorioPagamentos-001.png");
-    // Another format in the same folder is another file.
-    EXPECT_THAT(RodarLote(chamada + "json --retomar"), Termina(0));
-    EXPECT_THAT(Arquivos(Saida()),
-                AllOf(Contains("250114377019-101/17-RelatorioPagamentos-002.png"),
-                      Contains("250114377019-101/17-RelatorioPagamentos.json")));
-}
-
 TEST_F(Lote, ATerminalShowsOneLineWithAnEstimate) {
     const std::string escrito = apoio::SaidaDe(
         "script -qec '" TARVO_PROGRAMA " " + Chamada("--relatorios 17 --trabalhos 1" + DoPrimeiro) +
@@ -197,6 +68,44 @@ TEST_F(Lote, ATerminalShowsOneLineWithAnEstimate) {
                                HasSubstr("\r3/3 declarações, 100 %"),
                                HasSubstr("\033[K3 declarações: 3 arquivos gravados\r\n")));
     EXPECT_THAT(escrito, Not(HasSubstr("250114377019")));
+}
+
+TEST_F(Lote, ATargetThatCannotBeWrittenEndsTheBatchAndOneFolderOnlyItsReports) {
+    fs::create_directories(Saida("250114377019-101"));
+    fs::permissions(Saida("250114377019-101"), fs::perms(0555));
+    fs::permissions(Saida(), fs::perms(0555));
+    EXPECT_THAT(RodarLote("", ComoNinguem), Termina(1, StartsWith("erro 70: ")));
+    EXPECT_THAT(Arquivos(Saida()), IsEmpty());
+    fs::permissions(Saida(), fs::perms::all);
+    EXPECT_THAT(RodarLote("--relatorios 17" + DoPrimeiro, ComoNinguem),
+                Termina(1, StartsWith("erro 70: declaração 101, relatório 17: ")));
+    EXPECT_EQ(Resumo().at({101, "17"}).erro, 70);
+    EXPECT_EQ(Resumo().at({102, "17"}).erro, 0);
+}
+
+TEST_F(Lote, ALockedDatabaseEndsTheBatchAndItGoesOnLater) {
+    {
+        const OutroPrograma exclusivo(Banco(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
+        EXPECT_THAT(RodarLote("--relatorios 17"),
+                    Termina(1, AllOf(StartsWith("erro 3260: "), HasSubstr("Feche o outro"))));
+    }
+    // Someone who only writes locks nobody out.
+    const OutroPrograma escrevendo(Banco(), "PRAGMA journal_mode = WAL; BEGIN IMMEDIATE");
+    EXPECT_THAT(RodarLote("--relatorios 17"), Termina(0));
+}
+
+TEST_F(Lote, ADamagedPageFailsOnlyTheReportsThatReadIt) {
+    constexpr std::size_t Pagina = 4096;
+    std::string bytes = apoio::BytesDe(Banco());
+    const std::size_t registro = bytes.find("01/0977310-002");  // of tblRegistroExportação
+    ASSERT_NE(registro, std::string::npos);
+    bytes.replace(registro / Pagina * Pagina, 100, std::string(100, '\xFF'));
+    std::ofstream(Banco(), std::ios::binary) << bytes;
+    EXPECT_THAT(RodarLote("--relatorios 16,17"),
+                Termina(1, HasSubstr("erro 3343: declaração 103, relatório 16: ")));
+    EXPECT_EQ(Resumo().at({103, "16"}).erro, 3343);
+    EXPECT_EQ(Resumo().at({103, "17"}).erro, 0);
+    EXPECT_EQ(apoio::BytesDe(Banco()), bytes);
 }
 
 }  // namespace

@@ -113,32 +113,6 @@ TEST_F(OutrosBancos, GiveTheSamePagesAndCopyIntoAFileThatGivesThemToo) {
     EXPECT_EQ(apoio::BytesDe(arquivo), bytes);
 }
 
-TEST_F(OutrosBancos, CopyTheDeclarationsThatAreNamed) {
-    const std::string uma = (pasta / "uma.tarvo").string();
-    EXPECT_THAT(Rodar("copiar --drq 101 " + Banco() + " " + uma), Termina(0));
-    EXPECT_THAT(Rodar("listar " + uma).saida,
-                AllOf(HasSubstr("DRQ 101"), Not(HasSubstr("DRQ 102")), HasSubstr("250114377019"),
-                      Not(HasSubstr("250447719306"))));
-    const auto relatorios = [&](const std::string& banco) {
-        const std::string saida = Saida(fs::path(banco).stem());
-        EXPECT_THAT(Rodar("exportar " + banco +
-                          " --ie 250114377019 --drq 101 --relatorios "
-                          "10,11,11A,12,13 --formato json --saida " +
-                          saida),
-                    Termina(0));
-        std::string paginas;
-        for (const auto& nome : Arquivos(saida)) {
-            paginas += apoio::BytesDe(fs::path(saida) / nome);
-        }
-        return paginas;
-    };
-    EXPECT_TRUE(relatorios(uma) == relatorios(Banco()));
-    const std::string nenhuma = (pasta / "nenhuma.tarvo").string();
-    EXPECT_THAT(Rodar("copiar --drq 9 " + Banco() + " " + nenhuma),
-                Termina(1, HasSubstr("erro 3021")));
-    EXPECT_FALSE(fs::exists(nenhuma));
-}
-
 TEST_F(OutrosBancos, WithoutATaxpayerColumnBelongToTheOnlyTaxpayerOrToNobodyNamed) {
     EXPECT_THAT(Rodar("listar " + ComoMdb("tblDRQ.IE")).saida,
                 HasSubstr("Contribuinte não informado (informe --ie)\n  DRQ "));

@@ -15,14 +15,13 @@ namespace tarvo::host {
 const std::string ComoNinguem =
     ::geteuid() == 0 ? "exec setpriv --reuid=65534 --regid=65534 --clear-groups" : "exec";
 
-Programa::Programa(const std::string& argumentos, const std::string& antes) {
-    const std::string comando = "exec >" + (pasta_ / "saida").string() + " 2>" +
-                                (pasta_ / "erros").string() + "; " + antes +
-                                " " TARVO_PROGRAMA " " + argumentos;
+Programa::Programa(NoShell /*assim*/, const std::string& comando) {
+    const std::string tudo = "exec >" + (pasta_ / "saida").string() + " 2>" +
+                             (pasta_ / "erros").string() + "; " + comando;
     processo_ = ::fork();
     if (processo_ == 0) {
         ::setenv("XDG_CONFIG_HOME", pasta_.Caminho().c_str(), 0);
-        ::execl("/bin/sh", "sh", "-c", comando.c_str(), nullptr);
+        ::execl("/bin/sh", "sh", "-c", tudo.c_str(), nullptr);
         ::_exit(127);
     }
 }

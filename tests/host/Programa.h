@@ -33,7 +33,13 @@ inline std::string ComLimite(const std::string& limite) {
 class Programa {
   public:
     // The shell reads the arguments, which may send the output elsewhere, and what stands before.
-    explicit Programa(const std::string& argumentos, const std::string& antes = "exec");
+    explicit Programa(const std::string& argumentos, const std::string& antes = "exec")
+        : Programa(NoShell(), antes + " " TARVO_PROGRAMA " " + argumentos) {}
+    // Commands of the shell, in that folder; it finds the program by its name.
+    Programa(const fs::path& pasta, const std::string& script)
+        : Programa(NoShell(), "cd " + pasta.string() +
+                                  "; PATH=" + fs::path(TARVO_PROGRAMA).parent_path().string() +
+                                  ":$PATH; " + script) {}
     void Sinalizar(int sinal) const;
     [[nodiscard]] bool Ativo() const;
     // Waits until the command has said that on standard error; False when it has not in 30 s.
@@ -41,6 +47,9 @@ class Programa {
     Execucao Esperar();
 
   private:
+    struct NoShell {};
+    Programa(NoShell, const std::string& comando);
+
     apoio::PastaTemporaria pasta_;
     pid_t processo_ = 0;
 };
