@@ -131,6 +131,7 @@ std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo
     conexao->Executar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_master");
     if (wal) {
         conexao->Executar("PRAGMA synchronous = NORMAL");
+        conexao->PermitirLeituras();
     }
     if (modo == ModoAbertura::SomenteLeitura) {
         conexao->ProibirEscrita();

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <vector>
 
 #include "data/CodigosDeErros.h"
 #include "databases/sqlite/Abertura.h"
@@ -139,6 +140,17 @@ class Banco final : public BancoSQLite {
         return danos;
     }
 
+    // Without a declaration it may be for long, and one moment would grow old.
+    void ManterLeitura(std::string_view /*IE*/, std::int32_t NroDRQ) override {
+        leituras_.push_back(NroDRQ != 0 && conexao_->ComecarLeitura());
+    }
+    void SoltarLeitura() noexcept override {
+        if (leituras_.back()) {
+            conexao_->TerminarLeitura();
+        }
+        leituras_.pop_back();
+    }
+
     Acompanhante* Acompanhar(Acompanhante* quem) override { return conexao_->Acompanhar(quem); }
 
     void ExecutarScript(std::string_view sql) override {
@@ -153,6 +165,7 @@ class Banco final : public BancoSQLite {
     std::shared_ptr<Conexao> conexao_;
     std::shared_ptr<Esquema> esquema_;
     ConsultasProntas consultas_;
+    std::vector<bool> leituras_;  // of ManterLeitura: whether it began one
 };
 
 }  // namespace

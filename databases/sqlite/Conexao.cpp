@@ -148,10 +148,29 @@ void Conexao::PerguntarEntreLinhas() {
     }
 }
 
-void Conexao::ExigirEscrita(const std::string& esquema) const {
-    const bool privada = esquema == "temp";
-    if (!privada && (proibida_ || sqlite3_db_readonly(db_, esquema.c_str()) == 1)) {
+void Conexao::ExigirEscrita(const std::string& esquema) {
+    if (esquema == "temp") {
+        return;
+    }
+    if (proibida_ || sqlite3_db_readonly(db_, esquema.c_str()) == 1) {
         throw Erro(NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura.");
+    }
+    TerminarLeitura();
+}
+
+bool Conexao::ComecarLeitura() {
+    if (!permitidas_ || sqlite3_get_autocommit(db_) == 0) {
+        return false;
+    }
+    Executar("BEGIN");
+    lendo_ = true;
+    return true;
+}
+
+void Conexao::TerminarLeitura() noexcept {
+    // Some failures have ended it already.
+    if (std::exchange(lendo_, false) && sqlite3_get_autocommit(db_) == 0) {
+        sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
     }
 }
 

@@ -43,9 +43,16 @@ class Conexao {
     // The same, where SQLite itself does not ask.
     void PerguntarEntreLinhas();
 
-    // Error 3027 when nothing may be written to that schema ("main", "temp").
-    void ExigirEscrita(const std::string& esquema) const;
+    // Error 3027 when nothing may be written to that schema ("main", "temp"). Who writes to "main"
+    // sees its last state: a reading begun before ends.
+    void ExigirEscrita(const std::string& esquema);
     void ProibirEscrita() { proibida_ = true; }
+
+    // What is read until TerminarLeitura is of one moment. False, and nothing to end, within a
+    // transaction, and where readers would keep others from writing.
+    bool ComecarLeitura();
+    void TerminarLeitura() noexcept;
+    void PermitirLeituras() { permitidas_ = true; }
 
     // A temporary table, unless the connection has one of that name; it goes with this object even
     // when the connection stays.
@@ -59,6 +66,8 @@ class Conexao {
     ErroPendente& erroDasFuncoes_;
     Vigilancia vigilancia_;
     bool proibida_ = false;
+    bool permitidas_ = false;
+    bool lendo_ = false;
     std::vector<std::string> remocoes_;  // ready to run: the destructor must not allocate
 };
 

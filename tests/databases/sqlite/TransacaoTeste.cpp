@@ -92,6 +92,22 @@ TEST_F(Turn, NobodyElseWritesUntilTheLinesAreReadBack) {
     EXPECT_EQ(Lidas(*BancoSQLite::Abrir(banco_.Arquivo())), "minha");
 }
 
+TEST_F(Turn, ADeclarationIsReadAsOfOneMomentUntilItsReaderWrites) {
+    const auto Nome = [&] { return LinhasDe(*banco_, "SELECT IE FROM tblContribuinte", "IE"); };
+    Executar(outro_, "INSERT INTO tblContribuinte (IE) VALUES ('1')");
+    {
+        const LeituraMantida leitura(*banco_, "1", 7);
+        EXPECT_EQ(Nome(), "1");
+        Executar(outro_, "UPDATE tblContribuinte SET IE = '2'");
+        const LeituraMantida dentro(*banco_, "1", 7);
+        EXPECT_EQ(Nome(), "1");
+        Refazer(*banco_, "nova");  // on the database's last state
+        EXPECT_EQ(Nome(), "2");
+    }
+    Executar(outro_, "UPDATE tblContribuinte SET IE = '3'");
+    EXPECT_EQ(Nome(), "3");
+}
+
 TEST_F(Turn, AnErrorOfTheReportKeepsTheLinesBeforeIt) {
     EXPECT_EQ(NumeroDoErro([&] {
                   Refazer(*banco_, "até aqui", [] { LancarUsoInvalidoDeNull("o saldo"); });
