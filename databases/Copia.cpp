@@ -34,6 +34,9 @@ ResumoDaCopia Copia::Copiar() {
                 resumo.linhas += *linhas;
             }
         } catch (const Erro& erro) {
+            if (erro.Numero() == NumeroErro::Cancelado) {
+                throw;
+            }
             throw Erro(erro.Numero(),
                        "Tabela \"" + std::string(definicao.nome) + "\": " + erro.Descricao());
         }

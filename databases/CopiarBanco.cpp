@@ -55,10 +55,11 @@ class DestinoArquivo final : public DestinoDaCopia {
 };
 
 ResumoDaCopia CopiarParaArquivo(const std::shared_ptr<Conexao>& origem,
-                                const std::filesystem::path& destino,
-                                const SelecaoDaCopia& selecao) {
+                                const std::filesystem::path& destino, const SelecaoDaCopia& selecao,
+                                Acompanhante* quem) {
     ResumoDaCopia resumo;
     CriarArquivo(destino, [&](Conexao& para) {
+        para.Acompanhar(quem);
         DestinoArquivo arquivo(para);
         resumo = Copia(origem, arquivo, selecao).Copiar();
         for (const DefinicaoTabela& tabela : TabelasRefeitas()) {
@@ -71,8 +72,9 @@ ResumoDaCopia CopiarParaArquivo(const std::shared_ptr<Conexao>& origem,
 }
 
 ResumoDaCopia CopiarParaServidor(const std::shared_ptr<Conexao>& origem,
-                                 const std::string& endereco, const SelecaoDaCopia& selecao) {
-    DestinoServidor servidor(endereco, DestinoServidor::Tabelas::Vazias);
+                                 const std::string& endereco, const SelecaoDaCopia& selecao,
+                                 Acompanhante* quem) {
+    DestinoServidor servidor(endereco, DestinoServidor::Tabelas::Vazias, quem);
     ResumoDaCopia resumo = Copia(origem, servidor, selecao).Copiar();
     servidor.Confirmar();
     resumo.avisos = servidor.Avisos();
@@ -83,10 +85,11 @@ ResumoDaCopia CopiarParaServidor(const std::shared_ptr<Conexao>& origem,
 
 ResumoDaCopia CopiarBanco(const OrigemBanco& origem, const std::filesystem::path& destino,
                           const SelecaoDaCopia& selecao) {
+    Acompanhante* const quem = origem.QuemAcompanha();
     if (postgresql::EhEndereco(destino.string())) {
-        return CopiarParaServidor(origem.Conectar(selecao), destino.string(), selecao);
+        return CopiarParaServidor(origem.Conectar(selecao), destino.string(), selecao, quem);
     }
-    return CopiarParaArquivo(origem.Conectar(selecao), destino, selecao);
+    return CopiarParaArquivo(origem.Conectar(selecao), destino, selecao, quem);
 }
 
 }  // namespace tarvo

@@ -72,8 +72,8 @@ std::string TextoDoCampo(const Celula& celula, TipoColuna tipo, const Origem& or
 
 }  // namespace
 
-DestinoServidor::DestinoServidor(const std::string& endereco, Tabelas tabelas)
-    : sessao_(endereco, quem_) {
+DestinoServidor::DestinoServidor(const std::string& endereco, Tabelas tabelas, Acompanhante* quem)
+    : quem_(quem), sessao_(endereco, quem_) {
     sessao_.Executar("BEGIN");
     if (tabelas == Tabelas::Novas) {
         sessao_.Executar(postgresql::CriacaoDeTabelas());

@@ -17,7 +17,7 @@ class DestinoServidor final : public DestinoDaCopia {
   public:
     // The tables are there and empty, or are made.
     enum class Tabelas { Vazias, Novas };
-    DestinoServidor(const std::string& endereco, Tabelas tabelas);
+    DestinoServidor(const std::string& endereco, Tabelas tabelas, Acompanhante* quem = nullptr);
 
     void Tabela(const sqlite::DefinicaoTabela& tabela,
                 std::span<const sqlite::DefinicaoColuna> colunas) override;
@@ -32,7 +32,7 @@ class DestinoServidor final : public DestinoDaCopia {
     void CriarTabelas();
     void ExigirVazias();
 
-    Acompanhante* quem_ = nullptr;
+    Acompanhante* quem_;
     postgresql::Sessao sessao_;
     std::optional<postgresql::Esquema> esquema_;
     std::vector<std::string> avisos_;

@@ -83,15 +83,18 @@ bool OrigemBanco::Mudou() const {
     return partes_->copia && MarcaDe(partes_->endereco) != partes_->marca;
 }
 
+Acompanhante* OrigemBanco::QuemAcompanha() const {
+    return partes_->opcoes.acompanhante;
+}
+
 std::shared_ptr<sqlite::Conexao> OrigemBanco::Conectar(const SelecaoDaCopia& selecao) const {
-    if (partes_->copia) {
-        return sqlite::CopiaPrivada::Conectar(partes_->copia);
-    }
-    if (partes_->noServidor) {
-        return postgresql::LerTudo(partes_->endereco, selecao.IE, selecao.NroDRQ,
-                                   partes_->opcoes.acompanhante);
-    }
-    return sqlite::AbrirArquivo(partes_->endereco, ModoAbertura::SomenteLeitura);
+    auto conexao =
+        partes_->noServidor
+            ? postgresql::LerTudo(partes_->endereco, selecao.IE, selecao.NroDRQ, QuemAcompanha())
+        : partes_->copia ? sqlite::CopiaPrivada::Conectar(partes_->copia)
+                         : sqlite::AbrirArquivo(partes_->endereco, ModoAbertura::SomenteLeitura);
+    conexao->Acompanhar(QuemAcompanha());
+    return conexao;
 }
 
 }  // namespace tarvo

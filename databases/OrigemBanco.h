@@ -46,6 +46,8 @@ class TARVO_PUBLICO OrigemBanco {
     [[nodiscard]] std::shared_ptr<sqlite::Conexao> Conectar(
         const struct SelecaoDaCopia& selecao) const;
 
+    [[nodiscard]] Acompanhante* QuemAcompanha() const;
+
     struct Partes;
     std::unique_ptr<Partes> partes_;
 };

@@ -164,14 +164,10 @@ int ExecutarLote(const Argumentos& a, Console& console) {
     PrepararParaVariosFios();
     PrepararMemoria(static_cast<std::size_t>(a.trabalhos));
     PrepararFontes();
-    const CapturaDeInterrupcao captura;
-    CancelaSeInterrompido andamento(&console);
-    const auto fonte = LocalizarBanco(a, console,
-                                      {.modo = ModoAbertura::SomenteLeitura,
-                                       .tabelasDeTrabalho = TabelasDeTrabalho::Privadas,
-                                       .acompanhante = &andamento});
-    const auto banco = fonte.Abrir();
-    const Acompanhamento acompanhamento(*banco, &andamento);
+    AberturaInterrompivel abertura(a, console);
+    const auto fonte = abertura.Localizar(
+        {.modo = ModoAbertura::SomenteLeitura, .tabelasDeTrabalho = TabelasDeTrabalho::Privadas});
+    const auto banco = abertura.Acompanhada(fonte);
     // The whole database is looked through, which the first part does for all.
     if (a.parte.numero == 1) {
         AvisarDanos(*banco, console);

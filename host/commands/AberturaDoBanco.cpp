@@ -12,4 +12,15 @@ OrigemBanco LocalizarBanco(const Argumentos& a, Console& console, OpcoesAbertura
     return origem;
 }
 
+OrigemBanco AberturaInterrompivel::Localizar(OpcoesAbertura opcoes) {
+    opcoes.acompanhante = &andamento_;
+    return LocalizarBanco(argumentos_, console_, std::move(opcoes));
+}
+
+std::unique_ptr<BancoDados> AberturaInterrompivel::Acompanhada(const OrigemBanco& origem) {
+    auto banco = origem.Abrir();
+    banco->Acompanhar(&andamento_);
+    return banco;
+}
+
 }  // namespace tarvo::host

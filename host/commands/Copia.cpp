@@ -8,7 +8,8 @@
 namespace tarvo::host {
 
 int Copiar(const Argumentos& a, Console& console) {
-    const auto origem = LocalizarBanco(a, console, {.modo = ModoAbertura::SomenteLeitura});
+    AberturaInterrompivel abertura(a, console);
+    const auto origem = abertura.Localizar({.modo = ModoAbertura::SomenteLeitura});
     const auto resumo = CopiarBanco(origem, a.destino, {.IE = a.IE, .NroDRQ = a.NumeroDRQ});
     for (const std::string& aviso : resumo.avisos) {
         console.Avisar(aviso);

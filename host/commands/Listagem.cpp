@@ -7,7 +7,6 @@
 #include "dispatch/Declaracoes.h"
 #include "document/QuadroPagina.h"
 #include "host/commands/AberturaDoBanco.h"
-#include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/ResultadoEmJSON.h"
 
@@ -49,13 +48,8 @@ void EscreverJSON(std::ostream& dados, const Contribuinte* contribuinte,
 }  // namespace
 
 int ListarDeclaracoes(const Argumentos& a, Console& console) {
-    const CapturaDeInterrupcao captura;
-    CancelaSeInterrompido andamento(&console);
-    const auto banco =
-        LocalizarBanco(a, console,
-                       {.modo = ModoAbertura::SomenteLeitura, .acompanhante = &andamento})
-            .Abrir();
-    const Acompanhamento acompanhamento(*banco, &andamento);
+    AberturaInterrompivel abertura(a, console);
+    const auto banco = abertura.Abrir({.modo = ModoAbertura::SomenteLeitura});
     const auto contribuintes = LerContribuintes(*banco);
     DeclaracoesDeCada declaracoes;
     for (auto& declaracao : LerDeclaracoes(*banco)) {

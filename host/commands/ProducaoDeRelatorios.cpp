@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/commands/ProducaoDeRelatorios.h"
 
+#include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/LeitoresDeCampo.h"
 #include "host/commands/AberturaDoBanco.h"
@@ -28,7 +29,7 @@ Data LerRef1(BancoDados& banco, const std::optional<std::int32_t>& NumeroDRQ) {
 class BancoDaChamada {
   public:
     BancoDaChamada(const Argumentos& a, Console& console)
-        : argumentos_(a), console_(console), andamento_(&console) {
+        : argumentos_(a), console_(console), abertura_(a, console) {
         Abrir({});
     }
 
@@ -37,7 +38,8 @@ class BancoDaChamada {
     std::unique_ptr<Relatorio> Construir(const std::string& codigo,
                                          const Configuracoes& configuracoes) {
         const Alvo alvo{argumentos_.IE.value_or(""), argumentos_.NumeroDRQ.value_or(0)};
-        const Ambiente ambiente{.configuracoes = &configuracoes, .andamento = &andamento_};
+        const Ambiente ambiente{.configuracoes = &configuracoes,
+                                .andamento = &abertura_.QuemPergunta()};
         try {
             return ConstruirRelatorio(codigo, *banco_, alvo, ambiente);
         } catch (const Erro& erro) {
@@ -53,24 +55,21 @@ class BancoDaChamada {
     }
 
   private:
-    void Abrir(OpcoesAbertura opcoes) {
-        opcoes.acompanhante = &andamento_;
-        banco_ = LocalizarBanco(argumentos_, console_, opcoes).Abrir();
-        banco_->Acompanhar(&andamento_);
+    void Abrir(const OpcoesAbertura& opcoes) {
+        banco_ = abertura_.Abrir(opcoes);
         // All reports of the call show the same.
         banco_->ManterLeitura(argumentos_.IE.value_or(""), argumentos_.NumeroDRQ.value_or(0));
     }
 
     const Argumentos& argumentos_;
     Console& console_;
-    CancelaSeInterrompido andamento_;
+    AberturaInterrompivel abertura_;
     std::unique_ptr<BancoDados> banco_;
 };
 
 }  // namespace
 
 Producao ParaCadaRelatorio(const Argumentos& a, Console& console, const UsoDoRelatorio& usar) {
-    const CapturaDeInterrupcao captura;
     BancoDaChamada banco(a, console);
     AvisarDanosSeBarato(*banco, a, console);
     const ConfiguracoesIni doUsuario;
@@ -79,15 +78,17 @@ Producao ParaCadaRelatorio(const Argumentos& a, Console& console, const UsoDoRel
     Producao producao;
     for (const auto& codigo : a.todos ? CodigosOferecidos(*banco, *a.NumeroDRQ) : a.codigos) {
         try {
+            if (Interrompido()) {
+                LancarCancelado();
+            }
             const auto relatorio = banco.Construir(codigo, configuracoes);
             AvisarCortes(console, NomeDoArquivo(codigo), usar(codigo, *relatorio));
         } catch (...) {
             DizerErro(console.Erros(), ErroCorrente(), "relatório " + codigo, &configuracoes);
             producao.situacao = Falhou;
-        }
-        if (Interrompido()) {
-            producao.situacao = Falhou;
-            return producao;
+            if (Interrompido()) {
+                return producao;
+            }
         }
     }
     producao.achados =

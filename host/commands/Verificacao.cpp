@@ -93,13 +93,8 @@ class Verificacao {
 }  // namespace
 
 int VerificarBanco(const Argumentos& a, Console& console) {
-    const CapturaDeInterrupcao captura;
-    CancelaSeInterrompido andamento(&console);
-    const auto banco =
-        LocalizarBanco(a, console,
-                       {.modo = ModoAbertura::SomenteLeitura, .acompanhante = &andamento})
-            .Abrir();
-    const Acompanhamento acompanhamento(*banco, &andamento);
+    AberturaInterrompivel abertura(a, console);
+    const auto banco = abertura.Abrir({.modo = ModoAbertura::SomenteLeitura});
     return Verificacao(a, *banco, console).Verificar();
 }
 

@@ -95,6 +95,15 @@ TEST_F(Exportacao, AnEndlessQueryEndsWithTheFirstSignal) {
         EXPECT_THAT(exportacao.Esperar(), Termina(1, HasSubstr("erro 18: relatório 17: ")));
         EXPECT_THAT(Arquivos(Saida()), ElementsAre("01-RelatorioCadastro.json"));
         fs::remove_all(Saida());
+        fs::create_directory(Saida());
+        Programa copia({"copiar", Banco(), Saida("copia.tarvo")});
+        while (Arquivos(Saida()).empty()) {
+            ::usleep(1000);
+        }
+        copia.Sinalizar(sinal);
+        EXPECT_THAT(copia.Esperar(), Termina(1, StartsWith("erro 18: ")));
+        EXPECT_TRUE(fs::is_empty(Saida())) << "nothing of a copy that was not finished";
+        fs::remove(Saida());
     }
 }
 
