@@ -47,17 +47,18 @@ std::size_t TamanhoDoCaractere(std::string_view texto) {
 }
 
 bool EhUtf8(std::string_view texto) {
-    if (std::ranges::all_of(texto, EhAscii)) {
-        return true;
-    }
-    while (!texto.empty()) {
+    for (;;) {
+        const auto* const outro = std::ranges::find_if_not(texto, EhAscii);
+        texto.remove_prefix(static_cast<std::size_t>(outro - texto.begin()));
+        if (texto.empty()) {
+            return true;
+        }
         const std::size_t tamanho = TamanhoDoCaractere(texto);
         if (tamanho == 0) {
             return false;
         }
         texto.remove_prefix(tamanho);
     }
-    return true;
 }
 
 std::string ComoUtf8(std::string texto) {

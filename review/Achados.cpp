@@ -22,7 +22,7 @@ bool Achados::Querido(std::string_view relatorio) const {
 }
 
 void Achados::Linha(std::string_view relatorio, std::string_view tabela, std::string_view motivo,
-                    std::string_view exemplo) {
+                    std::string_view exemplo, std::size_t linhas) {
     if (!Querido(relatorio)) {
         return;
     }
@@ -36,7 +36,7 @@ void Achados::Linha(std::string_view relatorio, std::string_view tabela, std::st
              {}});
         dobrado = dobrados_.end() - 1;
     }
-    ++dobrado->achado.linhas;
+    dobrado->achado.linhas += linhas;
     if (exemplo.empty() || dobrado->letras > LetrasDosExemplos) {
         return;
     }

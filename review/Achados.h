@@ -18,9 +18,10 @@ class Achados {
     Achados(std::string IE, std::optional<std::int32_t> NroDRQ,
             std::function<bool(std::string_view relatorio)> querido = {});
 
-    // One more row. exemplo names it for the user (a code, an invoice's number) and may be empty.
+    // One more row, or more of them that are alike. exemplo names it for the user (a code, an
+    // invoice's number) and may be empty.
     void Linha(std::string_view relatorio, std::string_view tabela, std::string_view motivo,
-               std::string_view exemplo = {});
+               std::string_view exemplo = {}, std::size_t linhas = 1);
     // A whole sentence.
     void Frase(std::string_view relatorio, std::string motivo);
 

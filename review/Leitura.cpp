@@ -20,6 +20,11 @@ std::string Consulta(std::string_view tabela, Colunas colunas, std::string_view 
     return condicao.empty() ? consulta : consulta.append(" where ").append(condicao);
 }
 
+std::string EmTexto(Valor&& valor) {
+    auto* const texto = std::get_if<std::string>(&valor);
+    return texto != nullptr ? std::move(*texto) : TextoCampo(valor);
+}
+
 }  // namespace
 
 Leitura::Leitura(BancoDados& banco, std::string_view tabela, Colunas colunas,
@@ -41,12 +46,12 @@ bool Leitura::Nulo(std::string_view coluna) const {
 }
 
 std::string Leitura::Texto(std::string_view coluna) const {
-    return TextoCampo(Ler(coluna));
+    return EmTexto(Ler(coluna));
 }
 
 std::optional<std::string> Leitura::Chave(std::string_view coluna) const {
-    const Valor valor = Ler(coluna);
-    return EhNulo(valor) ? std::nullopt : std::optional(TextoCampo(valor));
+    Valor valor = Ler(coluna);
+    return EhNulo(valor) ? std::nullopt : std::optional(EmTexto(std::move(valor)));
 }
 
 std::int32_t Leitura::Longo(std::string_view coluna) const {
@@ -65,11 +70,14 @@ void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
                   const std::set<std::string>& valores,
                   const std::function<void(const Leitura&)>& receber) {
     constexpr std::size_t PorConsulta = 64;
+    constexpr std::size_t Passo = 8;
     std::size_t restam = valores.size();
     for (auto valor = valores.begin(); valor != valores.end();) {
         // Few lengths make few queries, which an engine can keep ready: the last value stands there
-        // until one is reached.
-        const std::size_t termos = std::min(PorConsulta, std::bit_ceil(restam));
+        // until one is reached. Each costs a search, so that they lie close.
+        const std::size_t termos =
+            restam < Passo ? std::bit_ceil(restam)
+                           : std::min(PorConsulta, (restam + Passo - 1) / Passo * Passo);
         std::string condicao;
         for (std::size_t i = 0; i < termos; ++i) {
             condicao.append(i == 0 ? "" : " Or ").append(colunas[0]).append(" = ").append(*valor);
@@ -82,6 +90,14 @@ void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
             receber(linha);
         }
     }
+}
+
+void CodigosLidos::Acrescentar(std::optional<std::string> codigo) {
+    const auto [lugar, novo] = lugares_.try_emplace(codigo, codigos_.size());
+    if (novo) {
+        codigos_.push_back({std::move(codigo)});
+    }
+    ++codigos_[lugar->second].linhas;
 }
 
 // The letters of Western European alphabets; others count as they are.

@@ -10,6 +10,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "data/BancoDados.h"
 
@@ -54,6 +56,21 @@ std::string DaDeclaracao(std::int32_t NroDRQ);
 void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
                   const std::set<std::string>& valores,
                   const std::function<void(const Leitura& linha)>& receber);
+
+// The codes of a declaration's rows, each once, in the order in which they came.
+class CodigosLidos {
+  public:
+    struct Codigo {
+        std::optional<std::string> texto;
+        std::size_t linhas = 0;  // that have it
+    };
+    void Acrescentar(std::optional<std::string> codigo);
+    [[nodiscard]] const std::vector<Codigo>& EmOrdem() const { return codigos_; }
+
+  private:
+    std::vector<Codigo> codigos_;
+    std::unordered_map<std::optional<std::string>, std::size_t> lugares_;
+};
 
 // Texts that the database's comparisons take for the same have the same key.
 std::string SemCaixa(std::string_view texto);

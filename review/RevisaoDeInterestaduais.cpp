@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <map>
-#include <vector>
 
-#include "data/Consultas.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 
@@ -39,17 +37,22 @@ constexpr ColunaOculta ColunasOcultas[] = {
     {"OutrosProdutos", false, true, "valor em OutrosProdutos, que só sai nas entradas"},
 };
 
-// A row that its report joins with the state.
-struct Operacao {
-    const Direcao& direcao;
-    std::string CFOP;
-    std::string UF;
-};
-
 struct Estado {
     std::size_t linhas = 0;  // of the catalogue
-    std::string rotulo;      // as the report groups and prints it
+    std::string rotulo;      // as the report groups by it
     bool temNome = false;
+};
+
+using Estados = std::map<std::string, Estado>;  // by code
+using Juntos = std::set<const Estado*>;         // on one printed line
+
+// The rows of one direction and one state, which their report joins with it.
+struct Operacoes {
+    const Direcao& direcao;
+    std::string UF;
+    std::size_t linhas;
+    const Estado* estado = nullptr;  // if there is one
+    const Juntos* juntos = nullptr;
 };
 
 void RevisarColunas(const Contexto& c, const Leitura& linha, const Direcao& direcao,
@@ -66,8 +69,8 @@ void RevisarColunas(const Contexto& c, const Leitura& linha, const Direcao& dire
 }
 
 // Names the rows that no report takes, and hands on the others.
-std::vector<Operacao> LerOperacoes(const Contexto& c) {
-    std::vector<Operacao> operacoes;
+std::vector<Operacoes> LerOperacoes(const Contexto& c) {
+    CodigosLidos gruposComUF;
     for (Leitura linha(c.banco, Tabela, ColunasLidas, DaDeclaracao(c.NroDRQ)); !linha.Fim();
          linha.Proxima()) {
         const std::string CFOP = linha.Texto("CFOP");
@@ -79,58 +82,57 @@ std::vector<Operacao> LerOperacoes(const Contexto& c) {
         const Direcao& direcao = CFOP.starts_with(Entradas.grupo) ? Entradas : Saidas;
         RevisarColunas(c, linha, direcao, CFOP);
         if (const auto UF = linha.Chave("UF")) {
-            operacoes.push_back({direcao, CFOP, *UF});
+            gruposComUF.Acrescentar(direcao.grupo + *UF);
         } else {
             c.achados.Linha(direcao.relatorio, Tabela, "sem UF – não sai", CFOP);
         }
     }
+    std::vector<Operacoes> operacoes;
+    for (const auto& [grupoComUF, linhas] : gruposComUF.EmOrdem()) {
+        operacoes.push_back({grupoComUF->starts_with(Entradas.grupo) ? Entradas : Saidas,
+                             grupoComUF->substr(1), linhas});
+    }
     return operacoes;
 }
 
-using Estados = std::map<std::string, Estado>;  // by code
-
-Estados LerEstados(BancoDados& banco, const std::vector<Operacao>& operacoes) {
-    std::set<std::string> codigos;
-    for (const Operacao& operacao : operacoes) {
-        codigos.insert(TextoSql(operacao.UF));
-    }
+// All of them: they are few.
+Estados LerEstados(BancoDados& banco) {
     Estados estados;
-    LerLinhasCom(banco, "tblEstados", ColunasDoEstado, codigos, [&](const Leitura& linha) {
+    for (Leitura linha(banco, "tblEstados", ColunasDoEstado); !linha.Fim(); linha.Proxima()) {
         Estado& estado = estados[SemCaixa(linha.Texto("Código"))];
         ++estado.linhas;
-        estado.rotulo = linha.Texto("UF") + ". " + linha.Texto("Estado");
+        estado.rotulo = SemCaixa(linha.Texto("UF") + ". " + linha.Texto("Estado"));
         estado.temNome = estado.rotulo != ". ";
-    });
+    }
     return estados;
 }
 
 }  // namespace
 
 void RevisarInterestaduais(const Contexto& c) {
-    const std::vector<Operacao> operacoes = LerOperacoes(c);
-    const Estados estados = LerEstados(c.banco, operacoes);
-    // The codes of each printed line of each report.
-    std::map<std::pair<std::string_view, std::string>, std::set<std::string>> codigosDaLinha;
-    for (const auto& [direcao, CFOP, UF] : operacoes) {
-        if (const auto estado = estados.find(SemCaixa(UF)); estado != estados.end()) {
-            codigosDaLinha[{direcao.relatorio, SemCaixa(estado->second.rotulo)}].insert(
-                estado->first);
+    std::vector<Operacoes> operacoes = LerOperacoes(c);
+    const Estados estados = operacoes.empty() ? Estados() : LerEstados(c.banco);
+    std::map<std::string, Juntos> linhasImpressas;
+    for (Operacoes& iguais : operacoes) {
+        if (const auto estado = estados.find(SemCaixa(iguais.UF)); estado != estados.end()) {
+            iguais.estado = &estado->second;
+            auto& juntos = linhasImpressas[iguais.direcao.grupo + iguais.estado->rotulo];
+            juntos.insert(iguais.estado);
+            iguais.juntos = &juntos;
         }
     }
-    for (const Operacao& operacao : operacoes) {
-        const auto linha = [&](std::string_view motivo) {
-            c.achados.Linha(operacao.direcao.relatorio, Tabela, motivo, operacao.UF);
+    for (const Operacoes& iguais : operacoes) {
+        const auto achar = [&](std::string_view motivo) {
+            c.achados.Linha(iguais.direcao.relatorio, Tabela, motivo, iguais.UF, iguais.linhas);
         };
-        const auto estado = estados.find(SemCaixa(operacao.UF));
-        if (estado == estados.end()) {
-            linha("UF sem linha em tblEstados – não sai nem entra no total");
-        } else if (estado->second.linhas > 1) {
-            linha("UF com mais de uma linha em tblEstados – é somada mais de uma vez");
-        } else if (!estado->second.temNome) {
-            linha("UF sem sigla nem nome em tblEstados");
-        } else if (codigosDaLinha[{operacao.direcao.relatorio, SemCaixa(estado->second.rotulo)}]
-                       .size() > 1) {
-            linha("UFs de mesma sigla e mesmo nome, somadas numa só linha");
+        if (iguais.estado == nullptr) {
+            achar("UF sem linha em tblEstados – não sai nem entra no total");
+        } else if (iguais.estado->linhas > 1) {
+            achar("UF com mais de uma linha em tblEstados – é somada mais de uma vez");
+        } else if (!iguais.estado->temNome) {
+            achar("UF sem sigla nem nome em tblEstados");
+        } else if (iguais.juntos->size() > 1) {
+            achar("UFs de mesma sigla e mesmo nome, somadas numa só linha");
         }
     }
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <map>
-#include <vector>
 
 #include "data/Consultas.h"
 #include "review/Familias.h"
@@ -55,29 +54,44 @@ struct Item {
     std::string nome;
 };
 
-using Chaves = std::vector<std::optional<std::string>>;
+using ChavesDosGrupos = std::map<char, CodigosLidos>;  // by the code's first character
+using Catalogo = std::map<std::string, Item>;          // by code
 
-void RevisarGrupo(const Contexto& c, const Grupo& grupo, const Chaves& chaves) {
-    const Ligacao& ligacao = grupo.ligacao;
+Catalogo LerCatalogo(const Contexto& c, const Ligacao& ligacao, ChavesDosGrupos& chaves) {
     std::set<std::string> codigos;
-    for (const auto& chave : chaves) {
-        if (chave) {
-            codigos.insert(TextoSql(*chave));
+    for (const Grupo& grupo : Grupos) {
+        if (&grupo.ligacao != &ligacao || !c.pedido(grupo.relatorio)) {
+            continue;
+        }
+        for (const auto& [chave, linhas] : chaves[grupo.digito].EmOrdem()) {
+            if (chave) {
+                codigos.insert(TextoSql(*chave));
+            }
         }
     }
-    std::map<std::string, Item> catalogo;
+    Catalogo catalogo;
     LerLinhasCom(c.banco, ligacao.catalogo, ligacao.colunas, codigos, [&](const Leitura& linha) {
         Item& item = catalogo[SemCaixa(linha.Texto(ligacao.colunas[0]))];
         ++item.linhas;
         item.nome = linha.Texto(ligacao.colunas[1]);
     });
-    std::map<std::string, std::size_t> vezes;  // codes of one name
-    for (const auto& [codigo, item] : catalogo) {
-        ++vezes[SemCaixa(item.nome)];
+    return catalogo;
+}
+
+void RevisarGrupo(const Contexto& c, const Grupo& grupo, const CodigosLidos& chaves,
+                  const Catalogo& catalogo) {
+    const Ligacao& ligacao = grupo.ligacao;
+    std::map<std::string, std::set<std::string>> codigosDoNome;
+    for (const auto& [chave, linhas] : chaves.EmOrdem()) {
+        const std::string codigo = SemCaixa(chave.value_or(""));
+        if (const auto item = catalogo.find(codigo); chave && item != catalogo.end()) {
+            codigosDoNome[SemCaixa(item->second.nome)].insert(codigo);
+        }
     }
-    for (const auto& chave : chaves) {
+    for (const auto& lida : chaves.EmOrdem()) {
+        const auto& chave = lida.texto;
         const auto achar = [&](std::string_view motivo) {
-            c.achados.Linha(grupo.relatorio, Tabela, motivo, chave.value_or(""));
+            c.achados.Linha(grupo.relatorio, Tabela, motivo, chave.value_or(""), lida.linhas);
         };
         const auto item = catalogo.find(SemCaixa(chave.value_or("")));
         if (!chave || item == catalogo.end()) {
@@ -86,7 +100,8 @@ void RevisarGrupo(const Contexto& c, const Grupo& grupo, const Chaves& chaves) {
             achar(ligacao.repetida);
         } else if (item->second.nome.empty()) {
             achar(ligacao.semNome);
-        } else if (&ligacao == &PeloMunicipio && vezes[SemCaixa(item->second.nome)] > 1) {
+        } else if (&ligacao == &PeloMunicipio &&
+                   codigosDoNome[SemCaixa(item->second.nome)].size() > 1) {
             achar("municípios de mesmo nome, misturados num só bloco");
         }
     }
@@ -95,7 +110,7 @@ void RevisarGrupo(const Contexto& c, const Grupo& grupo, const Chaves& chaves) {
 }  // namespace
 
 void RevisarMIDAXB(const Contexto& c) {
-    std::map<char, Chaves> chaves;  // by the code's first character
+    ChavesDosGrupos chaves;
     for (Leitura linha(c.banco, Tabela, ColunasLidas, DaDeclaracao(c.NroDRQ)); !linha.Fim();
          linha.Proxima()) {
         const std::string codigo = linha.Texto("CódMIDAX");
@@ -105,12 +120,15 @@ void RevisarMIDAXB(const Contexto& c) {
                             "código que não começa com 1, 2 nem 3 – não sai em relatório algum",
                             codigo);
         } else {
-            chaves[digito].push_back(linha.Chave(Grupos[digito - '1'].ligacao.coluna));
+            chaves[digito].Acrescentar(linha.Chave(Grupos[digito - '1'].ligacao.coluna));
         }
     }
+    const Catalogo municipios = LerCatalogo(c, PeloMunicipio, chaves);
+    const Catalogo itens = LerCatalogo(c, PeloCodigo, chaves);
     for (const Grupo& grupo : Grupos) {
-        if (c.pedido(grupo.relatorio) && !chaves[grupo.digito].empty()) {
-            RevisarGrupo(c, grupo, chaves[grupo.digito]);
+        if (c.pedido(grupo.relatorio)) {
+            RevisarGrupo(c, grupo, chaves[grupo.digito],
+                         &grupo.ligacao == &PeloMunicipio ? municipios : itens);
         }
     }
 }

@@ -30,22 +30,20 @@ class LeitorDeFormato {
     }
 
     FormatoDeConsulta Ler() {
-        bool comparado = false;  // only blanks since a comparison's sign
         while (i_ < consulta_.size()) {
-            const char c = consulta_[i_];
-            if (c == '\'') {
-                LerTexto(comparado);
-            } else if (c == '[') {
-                Copiar(std::min(consulta_.find(']', i_), consulta_.size() - 1) + 1);
-            } else if (comparado && EhDigito(c)) {
-                LerNumero();
-            } else {
-                const bool branco = c == ' ' || (c >= '\t' && c <= '\r');
-                Copiar(i_ + 1);
-                comparado = c == '=' || (comparado && branco);
-                continue;
+            switch (consulta_[i_]) {
+                case '\'':
+                    LerTexto(false);
+                    break;
+                case '[':
+                    Copiar(std::min(consulta_.find(']', i_), consulta_.size() - 1) + 1);
+                    break;
+                case '=':
+                    LerComparado();
+                    break;
+                default:
+                    CopiarAte([](char c) { return c == '\'' || c == '[' || c == '='; });
             }
-            comparado = false;
         }
         return std::move(formato_);
     }
@@ -54,6 +52,23 @@ class LeitorDeFormato {
     void Copiar(std::size_t fim) {
         formato_.texto += consulta_.substr(i_, fim - i_);
         i_ = fim;
+    }
+
+    template <class Condicao>
+    void CopiarAte(Condicao&& condicao) {
+        const auto* const fim = std::find_if(consulta_.begin() + i_, consulta_.end(), condicao);
+        Copiar(static_cast<std::size_t>(fim - consulta_.begin()));
+    }
+
+    // What follows the sign of a comparison.
+    void LerComparado() {
+        CopiarAte([](char c) { return c != '=' && c != ' ' && (c < '\t' || c > '\r'); });
+        const char c = i_ < consulta_.size() ? consulta_[i_] : '\0';
+        if (c == '\'') {
+            LerTexto(true);
+        } else if (EhDigito(c)) {
+            LerNumero();
+        }
     }
 
     void LerTexto(bool comparado) {
