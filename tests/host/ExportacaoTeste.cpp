@@ -96,7 +96,7 @@ TEST_F(Exportacao, AnEndlessQueryEndsWithTheFirstSignal) {
         EXPECT_THAT(Arquivos(Saida()), ElementsAre("01-RelatorioCadastro.json"));
         fs::remove_all(Saida());
         fs::create_directory(Saida());
-        Programa copia({"copiar", Banco(), Saida("copia.tarvo")});
+        Programa copia("copiar " + Banco() + " " + Saida("copia.tarvo"));
         while (Arquivos(Saida()).empty()) {
             ::usleep(1000);
         }
