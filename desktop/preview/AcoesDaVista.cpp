@@ -24,7 +24,8 @@ AcoesDaVista::AcoesDaVista(const AcoesDaVisualizacao& acoes, VistaPaginas& vista
     ligar(Acao::LarguraDaPagina, [this] { vista_.Ajustar(Ajuste::LarguraDaPagina); });
     ligar(Acao::Continuo, [this] { vista_.DefinirContinuo(!vista_.Continuo()); });
     ligar(Acao::LadoALado, [this] { vista_.DefinirLadoALado(!vista_.LadoALado()); });
-    ligar(Acao::CursorDeLeitura, [this] { vista_.DefinirCursor(!vista_.Cursor()); });
+    ligar(Acao::CursorDeLeitura,
+          [this] { vista_.Leitor().DefinirCursor(!vista_.Leitor().Cursor()); });
     ligar(Acao::TelaSeguinte, [this] { vista_.RolarTela(1); });
     ligar(Acao::TelaAnterior, [this] { vista_.RolarTela(-1); });
     ligar(Acao::Primeira, [this] { vista_.IrPara(0); });
@@ -48,7 +49,7 @@ void AcoesDaVista::Atualizar() const {
     acoes_[Acao::LarguraDaPagina].setChecked(vista_.AjusteAtual() == Ajuste::LarguraDaPagina);
     acoes_[Acao::Continuo].setChecked(vista_.Continuo());
     acoes_[Acao::LadoALado].setChecked(vista_.LadoALado());
-    acoes_[Acao::CursorDeLeitura].setChecked(vista_.Cursor().has_value());
+    acoes_[Acao::CursorDeLeitura].setChecked(vista_.Leitor().Cursor().has_value());
     acoes_[Acao::Copiar].setEnabled(!vista_.Selecao().Vazia());
 }
 

@@ -142,7 +142,7 @@ void JanelaVisualizacao::LigarAcoes() {
 void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     const bool fica = grupo_.OQuePermanece() == Permanece::Paginas && Aberta();
     const auto lugar = vista_->Lugar();
-    const bool lendo = vista_->Cursor().has_value();
+    const bool lendo = vista_->Leitor().Cursor().has_value();
     Esvaziar();
     documento_ = std::move(documento);
     pintor_ = std::make_unique<PintorPaginas>(documento_.pdf);
@@ -159,7 +159,7 @@ void JanelaVisualizacao::Mostrar(DocumentoPronto documento) {
     if (fica) {
         vista_->Ir(lugar);
     }
-    vista_->DefinirCursor(lendo);
+    vista_->Leitor().DefinirCursor(lendo);
     vista_->setFocus();
     grupo_.Mostrar(*this);
 }

@@ -2,16 +2,14 @@
 #include "desktop/preview/VistaPaginas.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
-#include "desktop/preview/AcessoPaginas.h"
+#include "desktop/preview/AcessoDaVista.h"
 #include "desktop/preview/DocumentoPronto.h"
-#include "desktop/preview/LeituraDoDocumento.h"
 #include "desktop/preview/PinturaDaVista.h"
 
 namespace tarvo {
@@ -24,7 +22,7 @@ constexpr QSizeF A4(595, 842);    // points
 }  // namespace
 
 VistaPaginas::VistaPaginas(QWidget* pai) : QAbstractScrollArea(pai) {
-    AcessoPaginas::Instalar();  // before anybody asks for the view's interface
+    AcessoDaVista::Instalar();  // before anybody asks for the view's interface
     setObjectName(QStringLiteral("paginas"));
     setAccessibleName(QStringLiteral("Páginas do relatório"));
     setFocusPolicy(Qt::StrongFocus);
@@ -33,16 +31,15 @@ VistaPaginas::VistaPaginas(QWidget* pai) : QAbstractScrollArea(pai) {
     viewport()->setCursor(Qt::IBeamCursor);
     verticalScrollBar()->setSingleStep(PassoDaBarra);
     horizontalScrollBar()->setSingleStep(PassoDaBarra);
+    mouse_.aoMudar = [this] { Mudou(); };
 }
 
 void VistaPaginas::Mostrar(PintorPaginas* pintor, BuscaTexto* busca,
                            const DocumentoPronto* documento) {
     pintor_ = pintor;
     busca_ = busca;
-    documento_ = documento;
-    leitura_.reset();
     selecao_.Mostrar(documento != nullptr ? &documento->celulas : nullptr);
-    cursor_.reset();
+    leitor_.Mostrar(documento);
     disposicao_.paginas = pintor != nullptr ? std::max(1, pintor->Paginas()) : 1;
     disposicao_.atual = 0;
     Redispor();
@@ -230,19 +227,12 @@ void VistaPaginas::wheelEvent(QWheelEvent* evento) {
 void VistaPaginas::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Space) {
         RolarTela((evento->modifiers() & Qt::ShiftModifier) != 0 ? -1 : 1);
-    } else if (!AndarComCursor(evento->key())) {
+    } else if (!leitor_.Andar(evento->key())) {
         QAbstractScrollArea::keyPressEvent(evento);
     }
 }
 
-// --- reading
-
-const std::shared_ptr<LeituraDoDocumento>& VistaPaginas::Leitura() const {
-    if (leitura_ == nullptr && documento_ != nullptr) {
-        leitura_ = std::make_shared<LeituraDoDocumento>(*documento_);
-    }
-    return leitura_;
-}
+// --- reading and selection
 
 QRect VistaPaginas::NaTela(int pagina, const std::optional<QRectF>& area) const {
     const QRect lugar = area ? disposicao_.NoConteudo(pagina, *area).translated(-disposicao_.topo)
@@ -254,98 +244,9 @@ int VistaPaginas::PaginaNaTela(const QPoint& ponto) const {
     return disposicao_.PaginaNaJanela(viewport()->mapFromGlobal(ponto));
 }
 
-void VistaPaginas::DefinirCursor(bool ligado) {
-    cursor_.reset();
-    if (ligado && documento_ != nullptr) {
-        LevarCursorA(PrimeiroTexto(*Leitura(), Pagina()));
-    }
-    Mudou();
-}
-
-void VistaPaginas::LevarCursorA(const LugarDeLeitura& lugar) {
-    cursor_ = lugar;
-    const auto& no = Leitura()->Pagina(lugar.pagina).at(static_cast<std::size_t>(lugar.no));
-    if (!no.texto.isEmpty()) {
-        selecao_.SelecionarArea(lugar.pagina, no.lugar);
-        Revelar(lugar.pagina, no.lugar);
-        AcessoPaginas::DizerCursor(*this);
-    }
-}
-
-bool VistaPaginas::AndarComCursor(int tecla) {
-    const std::pair<int, Passo> passos[] = {{Qt::Key_Right, Passo::Seguinte},
-                                            {Qt::Key_Left, Passo::Anterior},
-                                            {Qt::Key_Down, Passo::Abaixo},
-                                            {Qt::Key_Up, Passo::Acima}};
-    const auto* passo = std::find_if(std::begin(passos), std::end(passos),
-                                     [tecla](const auto& um) { return um.first == tecla; });
-    if (!cursor_ || passo == std::end(passos)) {
-        return false;
-    }
-    // The user may have gone to another page meanwhile.
-    LevarCursorA(cursor_->pagina == Pagina() ? Andar(*Leitura(), *cursor_, passo->second)
-                                             : PrimeiroTexto(*Leitura(), Pagina()));
-    return true;
-}
-
-// --- selection
-
-void VistaPaginas::mousePressEvent(QMouseEvent* evento) {
-    const bool menu = evento->button() == Qt::RightButton;
-    if ((evento->button() != Qt::LeftButton && !menu) || pintor_ == nullptr) {
-        return;
-    }
-    const QPoint ponto = evento->position().toPoint();
-    const int pagina = disposicao_.PaginaNaJanela(ponto);
-    const QPointF lugar = disposicao_.NaPagina(pagina, ponto);
-    // What is selected stays so for the menu that is asked for on it.
-    const auto caixas = selecao_.Caixas(pagina);
-    if (menu && std::ranges::any_of(caixas, [&](const auto& c) { return c.contains(lugar); })) {
-        return;
-    }
-    disposicao_.atual = pagina;
-    selecao_.Comecar(pagina, lugar);
-    Mudou();
-}
-
-void VistaPaginas::mouseMoveEvent(QMouseEvent* evento) {
-    if ((evento->buttons() & Qt::LeftButton) != 0) {
-        EstenderSelecao(evento->position().toPoint());
-        // Beyond the edge the pages come towards the mouse.
-        if (viewport()->rect().contains(evento->position().toPoint())) {
-            rolagem_.stop();
-        } else {
-            rolagem_.start(50, this);
-        }
-    }
-}
-
-void VistaPaginas::mouseReleaseEvent(QMouseEvent*) {
-    rolagem_.stop();
-}
-
-void VistaPaginas::timerEvent(QTimerEvent* evento) {
-    if (evento->timerId() != rolagem_.timerId()) {
-        return QAbstractScrollArea::timerEvent(evento);
-    }
-    const QPoint ponto = viewport()->mapFromGlobal(QCursor::pos());
-    const int alem = ponto.y() < 0 ? ponto.y() : std::max(0, ponto.y() - viewport()->height());
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + alem);
-    EstenderSelecao(ponto);
-}
-
-void VistaPaginas::EstenderSelecao(const QPoint& ponto) {
-    const int pagina = disposicao_.PaginaNaJanela(ponto);
-    if (selecao_.Estender(pagina, disposicao_.NaPagina(pagina, ponto))) {
-        Mudou();
-    }
-}
-
-void VistaPaginas::mouseDoubleClickEvent(QMouseEvent* evento) {
-    if (selecao_.SelecionarCelula(Pagina(),
-                                  disposicao_.NaPagina(Pagina(), evento->position().toPoint()))) {
-        Mudou();
-    }
+void VistaPaginas::SelecionarArea(int pagina, const QRectF& area) {
+    selecao_.SelecionarArea(pagina, area);
+    Revelar(pagina, area);
 }
 
 void VistaPaginas::SelecionarPagina() {

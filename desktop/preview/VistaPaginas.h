@@ -2,20 +2,18 @@
 #pragma once
 
 #include <QAbstractScrollArea>
-#include <QBasicTimer>
 #include <functional>
-#include <memory>
 #include <optional>
 
 #include "desktop/preview/Ampliacao.h"
-#include "desktop/preview/CursorDeLeitura.h"
 #include "desktop/preview/DisposicaoPaginas.h"
+#include "desktop/preview/LeitorDaVista.h"
+#include "desktop/preview/SelecaoComMouse.h"
 #include "desktop/preview/SelecaoDeCelulas.h"
 
 namespace tarvo {
 
 class BuscaTexto;
-class LeituraDoDocumento;
 class PintorPaginas;
 struct DocumentoPronto;
 
@@ -67,12 +65,11 @@ class VistaPaginas final : public QAbstractScrollArea {
     void SelecionarPagina();
     void SelecionarTudo();
 
-    // What is shown, for those who do not see it; null for nothing.
-    [[nodiscard]] const std::shared_ptr<LeituraDoDocumento>& Leitura() const;
-    // The text that the arrow keys read, which is selected and in sight; while there is none they
-    // scroll.
-    [[nodiscard]] const std::optional<LugarDeLeitura>& Cursor() const { return cursor_; }
-    void DefinirCursor(bool ligado);
+    // What lies within that part of a page (points), which comes in sight.
+    void SelecionarArea(int pagina, const QRectF& area);
+
+    [[nodiscard]] LeitorDaVista& Leitor() { return leitor_; }
+    [[nodiscard]] const LeitorDaVista& Leitor() const { return leitor_; }
     // A part of a page (points), or the whole page, on the screen.
     [[nodiscard]] QRect NaTela(int pagina, const std::optional<QRectF>& area) const;
     [[nodiscard]] int PaginaNaTela(const QPoint& ponto) const;
@@ -86,18 +83,10 @@ class VistaPaginas final : public QAbstractScrollArea {
     void scrollContentsBy(int dx, int dy) override;
     void wheelEvent(QWheelEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
-    void mousePressEvent(QMouseEvent* evento) override;
-    void mouseMoveEvent(QMouseEvent* evento) override;
-    void mouseReleaseEvent(QMouseEvent* evento) override;
-    void timerEvent(QTimerEvent* evento) override;
-    void mouseDoubleClickEvent(QMouseEvent* evento) override;
 
   private:
     void Dispor(const DisposicaoPaginas::Ancora& ancora);
     void Redispor();
-    void LevarCursorA(const LugarDeLeitura& lugar);
-    bool AndarComCursor(int tecla);
-    void EstenderSelecao(const QPoint& ponto);
     void AmpliarEm(double ampliacao, const QPoint& ponto);
     void Rolar(const QPoint& topo);
     bool PassarPagina(int sentido);
@@ -105,18 +94,16 @@ class VistaPaginas final : public QAbstractScrollArea {
     void Mudou();
 
     PintorPaginas* pintor_ = nullptr;
-    const DocumentoPronto* documento_ = nullptr;
-    mutable std::shared_ptr<LeituraDoDocumento> leitura_;  // once somebody has asked
-    std::optional<LugarDeLeitura> cursor_;
     BuscaTexto* busca_ = nullptr;
     DisposicaoPaginas disposicao_;
     SelecaoDeCelulas selecao_;
+    SelecaoComMouse mouse_{*this, disposicao_, selecao_};
+    LeitorDaVista leitor_{*this};
     Ajuste ajuste_ = Ajuste::LarguraDaPagina;
     double ampliacao_ = 1.0;
     bool ladoALado_ = false;  // as long as there are two pages
     bool dispondo_ = false;   // scroll bars move because of us, not of the user
     int rodaAcumulada_ = 0;
-    QBasicTimer rolagem_;  // while a selection is drawn beyond the edge
 };
 
 }  // namespace tarvo

@@ -82,7 +82,7 @@ void DialogoImpressao::CriarCampos(QFormLayout& campos,
     campos.addRow({}, inversa_);
     campos.addRow(u"&Cópias:"_s, copias_);
     campos.addRow(u"&Lados:"_s, lados_);
-    campos.addRow(u"&Tamanho:"_s, escala_);
+    campos.addRow(u"Ta&manho:"_s, escala_);
     campos.addRow(aviso_);
     for (QWidget* campo : {static_cast<QWidget*>(paginas_), static_cast<QWidget*>(folhas_),
                            static_cast<QWidget*>(inversa_)}) {

@@ -127,6 +127,14 @@ TEST_F(ImpressaoDaPrevia, WhatTheDialogShowsIsDoneAndWhatTheQueueCannotDoIsHidde
     EXPECT_TRUE(Oferece(dialogo, "copias", true));
     EXPECT_TRUE(Oferece(dialogo, "escala", true));
     EXPECT_EQ(dialogo.findChild<QComboBox*>(u"escala"_s)->currentIndex(), 0) << "100 %";
+    for (const auto& [tecla, campo] : {std::pair{Qt::Key_M, u"escala"_s},
+                                       {Qt::Key_C, u"copias"_s},
+                                       {Qt::Key_G, u"paginas"_s},
+                                       {Qt::Key_T, u"inversa"_s}}) {
+        QTest::keyClick(dialogo.focusWidget(), tecla, Qt::AltModifier);
+        EXPECT_EQ(dialogo.focusWidget()->objectName(), campo);
+    }
+    dialogo.findChild<QCheckBox*>(u"inversa"_s)->setChecked(false);
     Perguntado(u"Direta"_s);  // sends the bytes as they are
     EXPECT_TRUE(Oferece(dialogo, "copias", false));
     EXPECT_TRUE(Oferece(dialogo, "escala", false));
