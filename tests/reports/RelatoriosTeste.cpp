@@ -118,12 +118,12 @@ TEST(CadaRelatorio, StartsAnewForEveryDeclarationAndIsEmptyForOneThatIsMissing) 
     for (const auto& entrada : Catalogo()) {
         SCOPED_TRACE(entrada.codigo);
         const auto relatorio = entrada.criar({.configuracoes = &configuracoes});
-        const auto construir = [&](const char* IE, std::int32_t NumeroDRQ) -> const Conteudo& {
+        const auto construir = [&](const char* IE, std::int32_t NumeroDRQ) {
             relatorio->Construir(*banco, IE, NumeroDRQ);
             return relatorio->Documento();
         };
         const Conteudo primeiro = construir("1", 1);
-        const Conteudo& c = construir("' or 'a'='a", 1);
+        const Conteudo c = construir("' or 'a'='a", 1);
         EXPECT_EQ(c.paginas, std::vector<Pagina>(1));
         EXPECT_FALSE(c.titulo.empty());
         EXPECT_LE(Caracteres(c.tituloResumido), 30U);

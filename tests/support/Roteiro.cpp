@@ -133,7 +133,7 @@ Roteiro::Respostas Roteiro::Ler(const std::string& pedido) {
     const auto ler = [&, &colunas = colunas, &consulta = consulta](TipoRecordset tipo) {
         return OuErro([&] { return LinhasDe(*Banco()->OpenRecordset(consulta, tipo), colunas); });
     };
-    const auto linhas = ler(TipoRecordset::ForwardOnly);
+    auto linhas = ler(TipoRecordset::ForwardOnly);
     EXPECT_EQ(ler(TipoRecordset::Dynaset), linhas) << consulta;
     return linhas;
 }
