@@ -28,6 +28,8 @@ constexpr Traducao Traducoes[] = {
     {"57P", NumeroErro::ServidorInacessivel, "O servidor está parando ou começando"},
     {"08", NumeroErro::ServidorInacessivel, "A ligação com o servidor caiu"},
     {"25006", NumeroErro::BancoSomenteLeitura, "O servidor é somente para leitura"},
+    {"40001", NumeroErro::FalhaDoServidor,
+     "O servidor desistiu da leitura, porque o que ela lia mudou; tente de novo"},
     {"53100", NumeroErro::DiscoCheio, "Disco cheio no servidor"},
     {"53300", NumeroErro::ServidorInacessivel, "O servidor tem ligações demais"},
     {"23", NumeroErro::OperacaoInvalida, "Chave repetida ou ausente"},

@@ -66,6 +66,9 @@ std::vector<LinhaDaLista> Escolher(const std::vector<LinhaDaLista>& linhas, cons
                                                                       : linhas[achada->second]);
         if (achada == lugares.end()) {
             linha.chave = chave;
+            linha.textos[LinhaDaLista::IE] = ParaQt(chave.IE);
+            linha.textos[LinhaDaLista::Numero] =
+                chave.NroDRQ ? QString::number(*chave.NroDRQ) : QString();
         }
     }
     return escolhidas;
@@ -165,7 +168,7 @@ std::string Padrao(const QString& palavra) {
         if (formas != Formas().end()) {
             padrao += u'[' + formas->second + u"][\u0300-\u036F]*"_s;
         } else {
-            padrao += c.isLetterOrNumber() ? QString(c) : u'\\' + QString(c);
+            padrao += c.isLetterOrNumber() || c.isSurrogate() ? QString(c) : u'\\' + QString(c);
         }
     }
     return padrao.toStdString();

@@ -222,9 +222,11 @@ void ListaDeclaracoes::MedirColunas() {
     if (!std::exchange(porMedir_, false)) {
         return;
     }
-    tabela_->resizeColumnsToContents();
     for (int coluna = 0; coluna < ModeloDeclaracoes::Colunas; ++coluna) {
-        tabela_->setColumnWidth(coluna, std::min(tabela_->columnWidth(coluna), LarguraMaxima));
+        if (coluna != ModeloDeclaracoes::RazaoSocial) {
+            tabela_->resizeColumnToContents(coluna);
+            tabela_->setColumnWidth(coluna, std::min(tabela_->columnWidth(coluna), LarguraMaxima));
+        }
     }
     RepartirLargura();
 }

@@ -65,7 +65,8 @@ void ModeloDeclaracoes::Interromper() {
 }
 
 std::chrono::milliseconds ModeloDeclaracoes::Espera() const {
-    return emCurso_ == nullptr ? std::chrono::milliseconds() : emCurso_->espera.load();
+    return emCurso_ == nullptr || emCurso_->interrompido ? std::chrono::milliseconds()
+                                                         : emCurso_->espera.load();
 }
 
 void ModeloDeclaracoes::Perguntar() {
@@ -151,10 +152,9 @@ void ModeloDeclaracoes::LerPagina(int pagina) {
     Correr([chaves = std::vector(chaves.begin(), chaves.end())](
                FonteDaLista& fonte, Acompanhante& quem) { return fonte.Ler(chaves, &quem); },
            [this, pagina](std::vector<LinhaDaLista> linhas) {
-               const int primeira = pagina * PorPagina;
-               const auto& guardadas = Guardar(pagina, std::move(linhas));
-               const int quantas = static_cast<int>(guardadas.size());
-               Q_EMIT dataChanged(index(primeira, 0), index(primeira + quantas - 1, Colunas - 1));
+               Guardar(pagina, std::move(linhas));
+               // Of all rows, so that the view asks again for others that it has missed.
+               Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, Colunas - 1));
                aoLer();
            });
 }
