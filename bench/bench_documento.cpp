@@ -22,10 +22,11 @@ namespace {
 
 constexpr std::size_t Mil = 1000;
 
-std::size_t Renderizar(const Conteudo& conteudo) {
+std::size_t Renderizar(const Conteudo& conteudo, const OpcoesPDF& opcoes = {}) {
     const SecaoPDF secao{&conteudo, conteudo.titulo};
     std::size_t tamanho = 0;
-    RenderizarPDF({&secao, 1}, [&tamanho](std::string_view bytes) { tamanho += bytes.size(); });
+    RenderizarPDF(
+        {&secao, 1}, [&tamanho](std::string_view bytes) { tamanho += bytes.size(); }, opcoes);
     return tamanho;
 }
 
@@ -96,16 +97,18 @@ void RenderizarMilPaginas(benchmark::State& estado) {
 BENCHMARK(RenderizarMilPaginas)->Unit(benchmark::kMillisecond);
 
 // One page, as a small report has it: what the fonts and the file itself cost.
-void RenderizarUmaPagina(benchmark::State& estado) {
+void RenderizarUmaPagina(benchmark::State& estado, const OpcoesPDF& opcoes) {
     DocumentoRelatorio doc;
     PaginasDeExemplo(1).Registrar(doc);
     std::size_t tamanho = 0;
     for ([[maybe_unused]] auto _ : estado) {
-        tamanho = Renderizar(doc.Registrado());
+        tamanho = Renderizar(doc.Registrado(), opcoes);
     }
     estado.counters["bytes"] = static_cast<double>(tamanho);
 }
-BENCHMARK(RenderizarUmaPagina)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RenderizarUmaPagina, marcada, OpcoesPDF{})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RenderizarUmaPagina, sem_estrutura, OpcoesPDF{.semEstrutura = true})
+    ->Unit(benchmark::kMillisecond);
 
 // The peak of memory while 10,000 pages are rendered, beyond what the recorded document takes.
 void MemoriaDeDezMilPaginas(benchmark::State& estado) {
