@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "databases/postgresql/CriacaoDeTabelas.h"
 #include "databases/sqlite/Celula.h"
 
@@ -118,7 +119,7 @@ void DestinoServidor::Tabela(const DefinicaoTabela& tabela,
         nomes += (nomes.empty() ? "" : ", ") + Sessao::Nome(coluna.nome);
     }
     for (const auto& coluna : noServidor->colunas) {
-        if (std::ranges::find(colunas_, coluna.nome, &DefinicaoColuna::nome) == colunas_.end()) {
+        if (!Contem(colunas_, coluna.nome, &DefinicaoColuna::nome)) {
             avisos_.push_back("a origem não tem a coluna " + coluna.nome + " de " +
                               std::string(tabela.nome) + ", que no servidor fica sem valor");
         }

@@ -7,6 +7,7 @@
 #include "data/Consultas.h"
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Procura.h"
 #include "dispatch/Catalogo.h"
 #include "dispatch/frmImpressaoRelatorios.h"
 
@@ -93,7 +94,7 @@ void Relatorios::Executar(BancoDados& banco, const std::string& IE, std::int32_t
         }
         ++produzidos_;
         for (const std::string& aviso : relatorio.Documento().avisos) {
-            if (std::ranges::find(avisos_, aviso) == avisos_.end()) {
+            if (!Contem(avisos_, aviso)) {
                 avisos_.push_back(aviso);
             }
         }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "dispatch/Catalogo.h"
 #include "review/Revisao.h"
 
@@ -12,9 +13,8 @@ namespace tarvo {
 std::vector<std::string> RevisorDosRelatorios::Rever(BancoDados& banco, std::string_view classe,
                                                      const std::string& IE,
                                                      std::optional<std::int32_t> NumeroDRQ) {
-    const auto catalogo = Catalogo();
-    const auto entrada = std::ranges::find(catalogo, classe, &EntradaCatalogo::classe);
-    const std::string_view codigo = entrada != catalogo.end() ? entrada->codigo : "VELO";
+    const auto* const entrada = Achar(Catalogo(), classe, &EntradaCatalogo::classe);
+    const std::string_view codigo = entrada != nullptr ? entrada->codigo : "VELO";
     std::vector<std::string> avisos;
     try {
         for (const Achado& achado : Revisar(banco, {.IE = IE,

@@ -6,6 +6,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Procura.h"
 #include "data/Textos.h"
 #include "reports/LinhasApuracao.h"
 #include "reports/Somas.h"
@@ -30,8 +31,7 @@ FuncaoDaLinha FuncaoDe(std::string_view rotulo, std::string_view total) {
     if (total == TotalDeCreditos) {
         return FuncaoDaLinha::Total;
     }
-    const bool subtotal =
-        std::find(std::begin(Subtotais), std::end(Subtotais), total) != std::end(Subtotais);
+    const bool subtotal = Contem(Subtotais, total);
     return subtotal ? FuncaoDaLinha::Subtotal : FuncaoDaLinha::Dados;
 }
 
@@ -115,8 +115,8 @@ const RegimeApuracao& RelatorioApuracao::LerRegime(BancoDados& banco, std::int32
 }
 
 std::string RelatorioApuracao::Campo(int numero, BancoDados* banco, std::int32_t n) const {
-    const auto campo = std::ranges::find(CamposSomados, numero, &CampoSomado::numero);
-    if (campo == std::end(CamposSomados)) {
+    const auto* const campo = Achar(CamposSomados, numero, &CampoSomado::numero);
+    if (campo == nullptr) {
         throw Erro(NumeroErro::ChamadaInvalida,
                    "A apuração não soma nenhum campo " + std::to_string(numero) + ".");
     }

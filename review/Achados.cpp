@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "data/Legivel.h"
+#include "data/Procura.h"
 
 namespace tarvo::revisao {
 
@@ -41,7 +42,7 @@ void Achados::Linha(std::string_view relatorio, std::string_view tabela, std::st
         return;
     }
     std::string trecho = Legivel(exemplo, LetrasDosExemplos);
-    if (std::ranges::find(dobrado->exemplos, trecho) == dobrado->exemplos.end()) {
+    if (!Contem(dobrado->exemplos, trecho)) {
         dobrado->letras += trecho.size();
         dobrado->exemplos.push_back(std::move(trecho));
     }

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "data/BancoDados.h"
+#include "data/Procura.h"
 
 // How a review reads: plain queries on one table, joined and grouped here, so that any engine that
 // serves the reports serves it.
@@ -33,9 +34,7 @@ class Leitura {
     [[nodiscard]] bool Fim() const { return linhas_->EOF_(); }
     void Proxima() { linhas_->MoveNext(); }
 
-    [[nodiscard]] bool Tem(std::string_view coluna) const {
-        return std::ranges::find(colunas_, coluna) != colunas_.end();
-    }
+    [[nodiscard]] bool Tem(std::string_view coluna) const { return Contem(colunas_, coluna); }
     [[nodiscard]] bool Nulo(std::string_view coluna) const;
     [[nodiscard]] std::string Texto(std::string_view coluna) const;
     [[nodiscard]] std::optional<std::string> Chave(std::string_view coluna) const;

@@ -7,6 +7,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Legivel.h"
+#include "data/Procura.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 
@@ -76,11 +77,10 @@ void RevisarGuia(BancoDados& banco, Achados& achados) {
 }
 
 void ExigirCodigo(const std::string& codigo) {
-    const bool existe =
-        codigo == "01" || codigo == "VELO" ||
-        std::ranges::any_of(Revisores, [&](const auto& revisor) {
-            return std::ranges::find(revisor.relatorios, codigo) != revisor.relatorios.end();
-        });
+    const bool existe = codigo == "01" || codigo == "VELO" ||
+                        std::ranges::any_of(Revisores, [&](const auto& revisor) {
+                            return Contem(revisor.relatorios, codigo);
+                        });
     if (codigo.empty() || !existe) {
         throw Erro(NumeroErro::ChamadaInvalida, "Não há relatório \"" + codigo + "\".");
     }
@@ -93,8 +93,7 @@ std::vector<Achado> Revisar(BancoDados& banco, const PedidoDeRevisao& pedido) {
     const LeituraMantida leitura(banco, pedido.IE, pedido.NroDRQ.value_or(0));
     const bool todos = pedido.relatorios.empty();
     const std::function<bool(std::string_view)> pedidos = [&](std::string_view codigo) {
-        return (todos && codigo != "VELO") ||
-               std::ranges::find(pedido.relatorios, codigo) != pedido.relatorios.end();
+        return (todos && codigo != "VELO") || Contem(pedido.relatorios, codigo);
     };
     const bool daDeclaracao = std::ranges::any_of(Revisores, [&](const Revisor& revisor) {
         return std::ranges::any_of(revisor.relatorios, pedidos);

@@ -7,6 +7,7 @@
 #include "data/Formatos.h"
 #include "data/Legivel.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Procura.h"
 #include "document/QuadroPagina.h"
 #include "reports/ReferenciaAtual.h"
 #include "review/Familias.h"
@@ -123,8 +124,7 @@ void RevisarDados(const Leitura& linha, const Declaracao& d, Achados& achados) {
 void RevisarQuantias(const Leitura& linha, const Declaracao& d,
                      const std::function<bool(std::string_view)>& pedido, Achados& achados) {
     const auto noRegime = [&](const std::array<std::string_view, 2>& regimes) {
-        return regimes[0].empty() ||
-               (!d.regime.empty() && std::ranges::find(regimes, d.regime) != regimes.end());
+        return regimes[0].empty() || (!d.regime.empty() && Contem(regimes, d.regime));
     };
     for (const auto& [relatorio, coluna, regimes, exigida] : Quantias) {
         if (!pedido(relatorio)) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <span>
 
+#include "data/Procura.h"
 #include "data/Textos.h"
 #include "reports/FaixasCFOP.h"
 #include "reports/FormatosCFOP.h"
@@ -29,10 +30,6 @@ constexpr ColunaOculta ColunasOcultas[] = {
     {"ImpRetSubstitutoST", false, "valor em ImpRetSubstitutoST, coluna que só sai desde 2002"},
     {"ImpRetSubstituido", false, "valor em ImpRetSubstituido, coluna que só sai desde 2002"},
 };
-
-bool Contem(std::string_view grupos, char grupo) {
-    return grupos.find(grupo) != std::string_view::npos;
-}
 
 // How the database orders the characters of codes: signs, digits, letters.
 int Posto(char c) {

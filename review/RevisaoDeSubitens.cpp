@@ -7,6 +7,7 @@
 #include "data/Consultas.h"
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Procura.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 
@@ -76,8 +77,7 @@ struct Subitem {
 
 const Familia* FamiliaDe(const Subitem& subitem) {
     const auto familia = std::ranges::find_if(Familias, [&](const Familia& f) {
-        return subitem.opProprias == f.opProprias &&
-               std::ranges::find(f.subitens, subitem.codigo) != f.subitens.end();
+        return subitem.opProprias == f.opProprias && Contem(f.subitens, subitem.codigo);
     });
     return familia == std::end(Familias) ? nullptr : &*familia;
 }
@@ -228,7 +228,7 @@ void RevisarNasApuracoes(const Contexto& c, const std::vector<Subitem>& subitens
         } else if (item == "014" && relatorio == "10" && !temDeducoes) {
             c.achados.Linha(relatorio, Tabela, "dedução, que não sai neste regime tributário",
                             subitem.codigo);
-        } else if (item != "014" && std::ranges::find(Somados, item) == std::end(Somados)) {
+        } else if (item != "014" && !Contem(Somados, item)) {
             c.achados.Linha(relatorio, Tabela,
                             "subitem fora dos itens 002, 003, 007, 008 e 014 – não sai na apuração",
                             subitem.codigo);

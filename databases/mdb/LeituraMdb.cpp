@@ -12,6 +12,7 @@
 #include <new>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "data/Textos.h"
 #include "databases/mdb/Quadros.h"
 #include "databases/sqlite/Tabelas.h"
@@ -166,8 +167,7 @@ class Leitor {
         std::vector<std::string> colunas;
         for (std::size_t c = 0; c < nova->second.colunas; ++c) {
             const auto coluna = conteudo.Tomar<std::uint8_t>();
-            if (coluna >= pedido.colunas.size() ||
-                std::ranges::find(colunas, pedido.colunas[coluna]) != colunas.end()) {
+            if (coluna >= pedido.colunas.size() || Contem(colunas, pedido.colunas[coluna])) {
                 throw ErroDeProtocolo();
             }
             colunas.push_back(pedido.colunas[coluna]);
@@ -289,8 +289,7 @@ bool EhArquivoMdb(const fs::path& arquivo) {
     }
     std::array<char, Marcas[0].size()> inicio{};
     std::ifstream(arquivo, std::ios::binary).read(inicio.data(), inicio.size());
-    return std::ranges::find(Marcas, std::string_view(inicio.data(), inicio.size())) !=
-           Marcas.end();
+    return Contem(Marcas, std::string_view(inicio.data(), inicio.size()));
 }
 
 Leitura LerArquivoMdb(const fs::path& arquivo, const std::string& codificacao, Acompanhante* quem) {

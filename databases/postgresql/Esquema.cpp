@@ -6,6 +6,7 @@
 #include <map>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 
 namespace tarvo::postgresql {
 
@@ -73,8 +74,7 @@ void Recusar(const std::string& semOrdem, const std::string& semPermissao) {
 }  // namespace
 
 const ColunaDoServidor* TabelaDoServidor::Coluna(std::string_view nome) const {
-    const auto achada = std::ranges::find(colunas, nome, &ColunaDoServidor::nome);
-    return achada == colunas.end() ? nullptr : &*achada;
+    return Achar(colunas, nome, &ColunaDoServidor::nome);
 }
 
 std::vector<std::string> TabelaDoServidor::NomesDasColunas() const {
@@ -164,9 +164,7 @@ Esquema::Esquema(Sessao& sessao) {
 }
 
 const TabelaDoServidor* Esquema::Procurar(std::string_view nome) const {
-    const auto achada =
-        std::ranges::find(tabelas_, nome, [](const auto& t) { return t.definicao->nome; });
-    return achada == tabelas_.end() ? nullptr : &*achada;
+    return Achar(tabelas_, nome, [](const auto& t) { return t.definicao->nome; });
 }
 
 std::string Esquema::ResumoDosComuns() const {

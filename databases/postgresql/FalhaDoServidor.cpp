@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "databases/postgresql/FalhaDoServidor.h"
 
+#include "data/Procura.h"
 #include "databases/postgresql/Libpq.h"
 
 #include <algorithm>
@@ -108,7 +109,7 @@ bool FalhaDoServidor::SemPreparadas() const {
 
 bool FalhaDoServidor::EsquemaMudou() const {
     constexpr std::array Estados{"0A000", "42P01", "42703", "42804", "42883"};
-    return std::ranges::find(Estados, estado_) != Estados.end();
+    return Contem(Estados, estado_);
 }
 
 void LancarFalhaDeConexao(pg_conn* conexao) {

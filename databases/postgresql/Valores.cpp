@@ -11,6 +11,7 @@
 #include <type_traits>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 
 namespace tarvo::postgresql {
 
@@ -213,7 +214,7 @@ Pedida PedidaDe(Tipo tipo) {
 
 bool EhNumero(Tipo tipo) {
     constexpr std::array Numeros{Inteiro64, Inteiro16, Inteiro32, Real32, Real64, Numerico};
-    return std::ranges::find(Numeros, tipo) != Numeros.end();
+    return Contem(Numeros, tipo);
 }
 
 Valor LerValor(std::string_view bytes, Tipo tipo) {

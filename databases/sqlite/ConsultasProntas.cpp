@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "data/Textos.h"
 #include "databases/sqlite/Gramatica.h"
 #include "databases/sqlite/Letras.h"
@@ -132,9 +133,8 @@ class LeitorDeFormato {
 
 void PorParametros(Expressao& expressao, const std::vector<LiteralComparado>& literais) {
     if (expressao.operacao == Operacao::Texto || expressao.operacao == Operacao::Numero) {
-        const auto literal =
-            std::ranges::find(literais, expressao.posicao, &LiteralComparado::posicao);
-        expressao.parametro = literal != literais.end() ? literal->parametro : 0;
+        const auto* const literal = Achar(literais, expressao.posicao, &LiteralComparado::posicao);
+        expressao.parametro = literal != nullptr ? literal->parametro : 0;
     }
     for (Expressao& parte : expressao.partes) {
         PorParametros(parte, literais);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Lexico.h"
 
@@ -79,9 +80,8 @@ std::vector<ColunaAchada> Escopo::Candidatas(const Expressao& coluna) const {
 std::optional<ColunaAchada> Escopo::Procurar(const Expressao& coluna) const {
     std::vector<ColunaAchada> candidatas = Candidatas(coluna);
     if (candidatas.size() > 1) {
-        std::erase_if(candidatas, [this](ColunaAchada candidata) {
-            return std::ranges::find(ligacoes_, candidata) != ligacoes_.end();
-        });
+        std::erase_if(candidatas,
+                      [this](ColunaAchada candidata) { return Contem(ligacoes_, candidata); });
         if (candidatas.size() != 1) {
             throw Erro(NumeroErro::ColunaAmbigua,
                        "A coluna \"" + coluna.nome +

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "databases/sqlite/Alfabeto.h"
 
 namespace tarvo::sqlite {
@@ -89,9 +90,9 @@ void RecordsetSQLite::MoveNext() {
 std::size_t RecordsetSQLite::Coluna(std::string_view nome) const {
     ExigirAberto();
     auto& procurados = pronta_->procurados;
-    const auto lembrado =
-        std::ranges::find(procurados, nome, &std::pair<std::string, std::size_t>::first);
-    if (lembrado != procurados.end()) {
+    const auto* const lembrado =
+        Achar(procurados, nome, &std::pair<std::string, std::size_t>::first);
+    if (lembrado != nullptr) {
         return lembrado->second;
     }
     const std::size_t coluna = Procurar(nome);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Escopo.h"
 #include "databases/sqlite/Expressoes.h"
@@ -122,7 +123,7 @@ class TradutorSelecao {
             return;
         }
         const std::string sql = expressoes_.Traduzir(expressao).sql;
-        if (std::ranges::find(agrupadas_, sql) != agrupadas_.end()) {
+        if (Contem(agrupadas_, sql)) {
             return;
         }
         if (expressao.operacao == Operacao::Coluna) {
@@ -174,8 +175,7 @@ class TradutorSelecao {
         for (const Expressao& chave : selecao_.ordem) {
             expressoes_.MarcarTabelas(chave, saida_);
         }
-        if (!selecao_.linhasDistintas || agregada_ ||
-            std::ranges::find(saida_, true) == saida_.end()) {
+        if (!selecao_.linhasDistintas || agregada_ || !Contem(saida_, true)) {
             saida_.assign(escopo_.Quantas(), true);
         }
     }
@@ -234,7 +234,7 @@ class TradutorSelecao {
     [[nodiscard]] std::vector<std::size_t> Desempate() const {
         std::vector<std::size_t> tabelas;
         const auto juntar = [&](std::size_t t) {
-            if (saida_[t] && std::ranges::find(tabelas, t) == tabelas.end()) {
+            if (saida_[t] && !Contem(tabelas, t)) {
                 tabelas.push_back(t);
             }
         };

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <algorithm>
 
+#include "data/Procura.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/DialogoDeSalvar.h"
 #include "desktop/Ligacao.h"
@@ -73,7 +74,7 @@ void GrupoDePrevias::Pedir(Pedido pedido) const {
 
 void GrupoDePrevias::Mostrar(JanelaVisualizacao& previa) {
     std::erase(adiadas_, &previa);
-    if (std::find(abertas_.begin(), abertas_.end(), &previa) == abertas_.end()) {
+    if (!Contem(abertas_, &previa)) {
         abertas_.push_back(&previa);
     }
     if (!emAbas_) {

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "data/Procura.h"
 #include "host/commands/PalavraParecida.h"
 
 namespace tarvo::host {
@@ -103,8 +104,7 @@ class Analisador {
     }
 
     [[nodiscard]] bool EhNome(std::string_view palavra) const {
-        const auto nomes = Nomes();
-        return palavra == "-h" || std::ranges::find(nomes, palavra) != nomes.end();
+        return palavra == "-h" || Contem(Nomes(), palavra);
     }
 
     [[nodiscard]] std::vector<std::string_view> Nomes() const {

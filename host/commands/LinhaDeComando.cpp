@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "data/Procura.h"
 #include "host/commands/AnalisadorDeComando.h"
 #include "host/commands/PalavraParecida.h"
 #include "output/FormatoDeSaida.h"
@@ -120,9 +121,7 @@ const std::vector<DefinicaoDeComando>& Definicoes() {
 }
 
 const DefinicaoDeComando* Procurar(std::string_view nome) {
-    const auto& definicoes = Definicoes();
-    const auto achada = std::ranges::find(definicoes, nome, &DefinicaoDeComando::nome);
-    return achada != definicoes.end() ? &*achada : nullptr;
+    return Achar(Definicoes(), nome, &DefinicaoDeComando::nome);
 }
 
 // The one argument of the program without a command, if it is one of these.

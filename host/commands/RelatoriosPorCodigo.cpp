@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "data/Procura.h"
 #include "data/Textos.h"
 #include "dispatch/Catalogo.h"
 #include "dispatch/Relatorios.h"
@@ -16,9 +17,7 @@ constexpr std::string_view ClasseVELO = "RelatorioVELO";
 
 // nullptr for the slip and for what is no code.
 const EntradaCatalogo* Procurar(std::string_view codigo) {
-    const auto catalogo = Catalogo();
-    const auto achada = std::ranges::find(catalogo, codigo, &EntradaCatalogo::codigo);
-    return achada != catalogo.end() ? &*achada : nullptr;
+    return Achar(Catalogo(), codigo, &EntradaCatalogo::codigo);
 }
 
 std::string EmMaiusculas(std::string_view texto) {
@@ -36,7 +35,7 @@ std::vector<std::string> LerCodigos(std::string_view lista) {
     for (std::size_t inicio = 0; inicio <= lista.size();) {
         const std::size_t virgula = std::min(lista.find(',', inicio), lista.size());
         const auto codigo = EmMaiusculas(SemBrancos(lista.substr(inicio, virgula - inicio)));
-        if (std::ranges::find(codigos, codigo) == codigos.end()) {
+        if (!Contem(codigos, codigo)) {
             codigos.push_back(codigo);
         }
         inicio = virgula + 1;

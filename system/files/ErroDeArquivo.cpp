@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "system/files/Arquivos.h"
 
 namespace tarvo {
@@ -39,8 +40,8 @@ constexpr Motivo Motivos[] = {
 }  // namespace
 
 void LancarErroDeArquivo(const std::filesystem::path& arquivo, int codigo) {
-    const auto* const motivo = std::ranges::find(Motivos, codigo, &Motivo::codigo);
-    const bool conhecido = motivo != std::end(Motivos);
+    const auto* const motivo = Achar(Motivos, codigo, &Motivo::codigo);
+    const bool conhecido = motivo != nullptr;
     throw Erro(conhecido ? motivo->numero : NumeroErro::ErroDispositivo,
                "\"" + arquivo.string() + "\": " +
                    (conhecido ? motivo->texto : std::generic_category().message(codigo)) + ".");
