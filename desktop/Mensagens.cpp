@@ -4,10 +4,12 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 
 #include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"
+#include "desktop/Ligacao.h"
 
 namespace tarvo {
 
@@ -26,13 +28,14 @@ QWidget* JanelaDe(QObject* onde) {
     return QApplication::activeWindow();
 }
 
-void AbrirMensagem(QWidget* janela, QMessageBox::Icon icone, const QString& texto) {
+QMessageBox& AbrirMensagem(QWidget* janela, QMessageBox::Icon icone, const QString& texto) {
     const auto titulo = janela != nullptr ? janela->windowTitle() : u"Relatórios Tarvo"_s;
     auto* mensagem = new QMessageBox(icone, titulo, texto, QMessageBox::Ok, janela);
     // Errors may quote what a database holds; only our own texts are formatted.
     mensagem->setTextFormat(icone == QMessageBox::Information ? Qt::AutoText : Qt::PlainText);
     mensagem->setAttribute(Qt::WA_DeleteOnClose);
     mensagem->open();
+    return *mensagem;
 }
 
 bool JaDiz(const QWidget* janela, const QString& texto) {
@@ -54,13 +57,21 @@ void Dizer(QWidget* janela, const QString& texto) {
     AbrirMensagem(JanelaDe(janela), QMessageBox::Information, texto);
 }
 
-void DizerErro(QObject* onde, const Erro& erro) {
+void DizerErro(QObject* onde, const Erro& erro, const std::function<void()>& deNovo) {
     if (erro.Numero() == NumeroErro::Cancelado) {
         return DizerDePassagem(onde, ParaQt(erro.Descricao()));
     }
     auto* janela = JanelaDe(onde);
-    if (const auto texto = TextoDoErro(erro); !JaDiz(janela, texto)) {
-        AbrirMensagem(janela, QMessageBox::Warning, texto);
+    const auto texto = TextoDoErro(erro);
+    if (JaDiz(janela, texto)) {
+        return;
+    }
+    auto& mensagem = AbrirMensagem(janela, QMessageBox::Warning, texto);
+    if (deNovo) {
+        auto* botao = mensagem.addButton(u"&Tentar de novo"_s, QMessageBox::AcceptRole);
+        mensagem.setStandardButtons(QMessageBox::Cancel);
+        mensagem.setDefaultButton(botao);
+        Ligar(botao, &QPushButton::clicked, janela, deNovo);
     }
 }
 

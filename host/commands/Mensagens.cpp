@@ -24,8 +24,7 @@ constexpr Conselho Conselhos[] = {
      "A senha vem do arquivo ~/.pgpass, da variável PGPASSWORD ou de um arquivo de serviço."},
     {NumeroErro::ServidorInacessivel, "Confira o endereço, a rede e se o servidor está no ar."},
     {NumeroErro::BancoIrreconhecivel,
-     "O arquivo não é um banco de declarações, ou está danificado; recorra a uma cópia de "
-     "segurança."},
+     "Se já foi um banco de declarações, recorra a uma cópia de segurança."},
     {NumeroErro::BancoOcupado, "Feche o outro programa que usa o banco e tente de novo."},
     {NumeroErro::BancoSomenteLeitura,
      "Dê permissão de escrita ao arquivo e à sua pasta, ou trabalhe numa cópia."},

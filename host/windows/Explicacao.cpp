@@ -4,9 +4,12 @@
 #include <sstream>
 #include <string>
 
+#include "desktop/ApoioQt.h"
 #include "host/commands/Mensagens.h"
 
 namespace tarvo::host {
+
+using namespace Qt::StringLiterals;
 
 Erro Explicar(const Erro& erro, std::string_view onde) {
     if (erro.Numero() == NumeroErro::Cancelado) {
@@ -16,9 +19,9 @@ Erro Explicar(const Erro& erro, std::string_view onde) {
     std::ostringstream texto;
     texto << (dito ? "" : std::string(onde) + ": ") << erro.Descricao() << "\n";
     DizerConselho(texto, erro);
-    auto descricao = texto.str();
-    descricao.pop_back();
-    return {erro.Numero(), descricao};
+    auto descricao = ParaQt(texto.str()).replace(u"\n  "_s, u"\n"_s);  // windows indent nothing
+    descricao.chop(1);
+    return {erro.Numero(), descricao.toStdString()};
 }
 
 }  // namespace tarvo::host

@@ -124,13 +124,17 @@ void JanelaPrincipal::Abrir(const std::filesystem::path& arquivo, const LugarNaL
         return;
     }
     const QScopedValueRollback emCurso(ocupada_, true);
-    Proteger(this, [&] {
-        try {
-            Trocar(arquivo, lugar);
-        } catch (...) {
-            throw Explicar(ErroCorrente(), arquivo.string());
+    try {
+        Trocar(arquivo, lugar);
+    } catch (...) {
+        const Erro erro = Explicar(ErroCorrente(), arquivo.string());
+        std::function<void()> deNovo;
+        if (erro.Numero() == NumeroErro::BancoOcupado ||
+            erro.Numero() == NumeroErro::ServidorInacessivel) {
+            deNovo = [this, arquivo, lugar] { Abrir(arquivo, lugar); };
         }
-    });
+        DizerErro(this, erro, deNovo);
+    }
 }
 
 void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo, const LugarNaLista& lugar) {

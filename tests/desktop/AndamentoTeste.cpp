@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <set>
 
+#include "desktop/preview/DocumentoPronto.h"
 #include "tests/desktop/Previas.h"
 
 namespace tarvo {
@@ -50,6 +51,21 @@ TEST_F(Andamento, ALongBuildTellsItsPagesAndCanBeCancelled) {
     EXPECT_EQ(erro.Numero(), NumeroErro::Cancelado);
     EXPECT_EQ(lidos.size(), 3U) << "it goes on until the user wants no more";
     EXPECT_TRUE(Avisos().empty());
+}
+
+// By its work, since time says nothing on a busy machine: a thousand pages are far less than half a
+// second's.
+TEST_F(Andamento, PagesThatAreMadeReadyAskBeforeEachThousand) {
+    constexpr std::size_t Paginas = 4000;
+    apoio::MontarTabela(documento, Paginas);
+    std::size_t perguntas = 0;
+    Preparar(documento.Registrado(), [&] { return ++perguntas != 0; });
+    EXPECT_GE(perguntas, Paginas / 1000);
+    perguntas = 0;
+    EXPECT_EQ(
+        apoio::NumeroDe([&] { Preparar(documento.Registrado(), [&] { return ++perguntas < 2; }); }),
+        NumeroErro::Cancelado);
+    EXPECT_EQ(perguntas, 2U) << "nothing more is made once the answer was no";
 }
 
 TEST_F(Andamento, AnEndlessQueryIsCancelledInItsWindow) {
