@@ -69,7 +69,7 @@ std::chrono::seconds EsperaDe(PGconn* conexao) {
     const ObjetoDeC<LiberarOpcoes> opcoes(PQconninfo(conexao));
     for (const PQconninfoOption* o = opcoes.get(); o != nullptr && o->keyword != nullptr; ++o) {
         if (o->val != nullptr && std::string_view(o->keyword) == "connect_timeout") {
-            const int segundos = std::atoi(o->val);
+            const auto segundos = std::strtol(o->val, nullptr, 10);
             return segundos > 0 ? std::chrono::seconds(segundos) : EsperaPelaConexao;
         }
     }

@@ -127,6 +127,7 @@ void ListaDeclaracoes::DizerNoLugarDaLista(const QString& texto, const QString& 
 void ListaDeclaracoes::Ler(std::shared_ptr<FonteDaLista> fonte, const LugarNaLista& lugar) {
     lida_ = true;
     porMedir_ = true;
+    campoBusca_->setEnabled(true);
     atual_ = {};
     const QSignalBlocker calado(campoBusca_);
     campoBusca_->setText(lugar.filtro);
