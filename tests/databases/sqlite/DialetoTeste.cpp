@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,7 @@ TEST_F(Dialeto, MeansWhatItsRoteiroTells) {
     apoio::Roteiro roteiro;
     roteiro.Ensinar("onde", [&](const std::string& condicao) {
         auto codigos = CodigosOnde(*roteiro.Banco(), condicao);
-        std::ranges::replace(codigos, '\n', ' ');
+        std::replace(codigos.begin(), codigos.end(), '\n', ' ');
         return Respostas{codigos};
     });
     roteiro.Ensinar("excluir", [&](const std::string& comando) {
