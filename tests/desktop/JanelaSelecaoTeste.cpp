@@ -94,16 +94,6 @@ TEST_F(JanelaSelecaoTeste, SaysWhatItIsAndShowsEveryEntryWhole) {
     EXPECT_THAT(Marcadas(), ElementsAre(3U));
 }
 
-TEST_F(JanelaSelecaoTeste, ShowsOnlyTheEntriesThatAreOffered) {
-    dialogo.lstSelecao.Remover(15);
-    Mostrar([&] {
-        ASSERT_EQ(lista->count(), 17);
-        EXPECT_EQ(lista->item(15)->text(), u"16 - Registros de Exportação"_s);
-        Clicar(15);
-    });
-    EXPECT_THAT(Marcadas(), ElementsAre(15U));
-}
-
 TEST_F(JanelaSelecaoTeste, ClickAndSpaceToggleOneEntryEach) {
     Mostrar([&] {
         Clicar(2);
@@ -121,25 +111,22 @@ TEST_F(JanelaSelecaoTeste, ClickAndSpaceToggleOneEntryEach) {
     EXPECT_THAT(Marcadas(), ElementsAre(0U, 17U));
 }
 
-TEST_F(JanelaSelecaoTeste, TypingACodeMovesTheFocusAndMarksNothing) {
-    Mostrar([&] {
-        Clicar(2);
-        QTest::keyClick(lista, Qt::Key_Home);
-        QTest::keyClicks(lista, u"16"_s);
-        EXPECT_EQ(lista->currentRow(), 16);
-        EXPECT_EQ(dialogo.lstSelecao.Foco(), 16U);
-    });
-    EXPECT_THAT(Marcadas(), ElementsAre(2U));
-}
-
-TEST_F(JanelaSelecaoTeste, SaysWhoseDeclarationItIsAsItIsWritten) {
+TEST_F(JanelaSelecaoTeste, SaysWhoseItIsAndTypingACodeFindsAnOfferedEntryAndMarksNothing) {
     dialogo.declaracao = "A <b>&amp; B</b> Ltda., DRQ 7, 01/2003";
+    dialogo.lstSelecao.Remover(15);
     Mostrar([&] {
         const auto* linha = janela->findChild<QLabel*>(u"declaracao"_s);
         EXPECT_TRUE(linha->isVisible());
         EXPECT_EQ(linha->text().toStdString(), dialogo.declaracao);
         EXPECT_EQ(linha->textFormat(), Qt::PlainText);
+        EXPECT_EQ(lista->count(), 17);
+        Clicar(2);
+        QTest::keyClick(lista, Qt::Key_Home);
+        QTest::keyClicks(lista, u"16"_s);
+        EXPECT_EQ(lista->currentRow(), 15);
+        EXPECT_EQ(dialogo.lstSelecao.Foco(), 15U);
     });
+    EXPECT_THAT(Marcadas(), ElementsAre(2U));
 }
 
 TEST_F(JanelaSelecaoTeste, SelectAllAndClearAllShowInTheList) {

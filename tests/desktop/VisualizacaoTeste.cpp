@@ -147,6 +147,9 @@ TEST_F(Visualizacao, APageThatDoesNotExistIsSaidAndNotShown) {
 TEST_F(Visualizacao, AScreenfulSkipsNothingAndReachesTheEnd) {
     Mostrar(4);
     auto& barra = *Paginas().verticalScrollBar();
+    barra.setValue(barra.maximum() / 2);
+    EXPECT_EQ(Situacao(), "Página 3 de 4");
+    barra.setValue(0);
     for (const auto& [tecla, fim] :
          {std::pair{"PgDown", barra.maximum()}, {"PgUp", 0}, {"Space", barra.maximum()}}) {
         int telas = 0;
@@ -168,6 +171,14 @@ TEST_F(Visualizacao, AScreenfulSkipsNothingAndReachesTheEnd) {
     Teclar("PgDown");
     EXPECT_EQ(Situacao(), "Página 2 de 4");
     EXPECT_EQ(barra.value(), 0);
+    Teclar("Ctrl+1");
+    for (const auto& [tecla, situacao] :
+         {std::pair{"Space", "Página 3 de 4"}, {"Shift+Space", "Página 2 de 4"}}) {
+        Teclar(tecla);
+        EXPECT_EQ(Situacao(), situacao);
+    }
+    GirarRoda(-120);
+    EXPECT_EQ(Situacao(), "Página 3 de 4");
 }
 
 TEST_F(Visualizacao, TheTabKeyReachesEveryControlAndComesBack) {
@@ -194,22 +205,6 @@ TEST_F(Visualizacao, TheTabKeyReachesEveryControlAndComesBack) {
         alcancados.join(u';').toStdString(),
         testing::HasSubstr("Imprimir;Salvar como PDF;Painel lateral;campoPagina;Próxima página;"
                            "Última página;Reduzir;campoAmpliacao;Ampliar;"));
-}
-
-TEST_F(Visualizacao, ScrollingTellsThePageAndTurnsItWhenPagesStandAlone) {
-    Mostrar(4);
-    auto* barra = Paginas().verticalScrollBar();
-    barra->setValue(barra->maximum() / 2);
-    EXPECT_EQ(Situacao(), "Página 3 de 4");
-    Teclar("Ctrl+3");
-    Teclar("Ctrl+1");
-    EXPECT_EQ(Situacao(), "Página 3 de 4");
-    Teclar("Space");
-    EXPECT_EQ(Situacao(), "Página 4 de 4");
-    Teclar("Shift+Space");
-    EXPECT_EQ(Situacao(), "Página 3 de 4");
-    GirarRoda(-120);
-    EXPECT_EQ(Situacao(), "Página 4 de 4");
 }
 
 TEST_F(Visualizacao, MagnifiesByKeysWheelAndNumberWithinItsLimits) {
