@@ -16,6 +16,7 @@
 #include "host/commands/Copia.h"
 #include "host/commands/Exportacao.h"
 #include "host/commands/Impressao.h"
+#include "host/commands/Interrupcao.h"
 #include "host/commands/Listagem.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/PalavraParecida.h"
@@ -45,6 +46,7 @@ int Criar(const Argumentos& a) {
     if (postgresql::EhEndereco(a.banco.string())) {
         CriarNoServidor(a.banco.string(), script);
     } else {
+        const CapturaDeInterrupcao captura;  // it takes an instant, and leaves nothing half made
         CriarBanco(a.banco, script);
     }
     return Feito;

@@ -10,7 +10,8 @@ namespace tarvo {
 
 // A folder of this process's own, where what is being written waits until it is whole. Its name is
 // one that nothing bore before, so that nothing of anybody else's can stand in it; it goes at the
-// end with what is left in it. Errors: those of Arquivos.h.
+// end with what is left in it. One that a killed process left is removed only by Retomada: another
+// run could know it by its name alone, which anybody may give. Errors: those of Arquivos.h.
 class PastaDeEspera {
   public:
     // Makes one in that folder: ".tarvo-" and sixteen hexadecimal digits at random.
