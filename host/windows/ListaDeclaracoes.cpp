@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -17,6 +16,7 @@
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"
 #include "host/windows/Explicacao.h"
+#include "host/windows/Recado.h"
 
 namespace tarvo::host {
 
@@ -37,6 +37,7 @@ ListaDeclaracoes::ListaDeclaracoes(QWidget* pai, QAction& relatorios, QAction& a
       abrirBanco_(abrirBanco),
       campoBusca_(new QLineEdit(this)),
       tabela_(new QTableView(this)),
+      recado_(new Recado(this)),
       pilha_(new QStackedWidget(this)) {
     campoBusca_->setObjectName(u"campoBusca"_s);
     campoBusca_->setPlaceholderText(u"Localizar por nome, inscrição, CNPJ, número ou referência"_s);
@@ -58,7 +59,7 @@ ListaDeclaracoes::ListaDeclaracoes(QWidget* pai, QAction& relatorios, QAction& a
           [&relatorios, botao] { botao->setEnabled(relatorios.isEnabled()); });
     CriarTabela();
     pilha_->addWidget(tabela_);
-    pilha_->addWidget(CriarVazio());
+    pilha_->addWidget(recado_);
     auto* cabeca = new QHBoxLayout;
     cabeca->addWidget(campoBusca_, 1);
     cabeca->addWidget(botao);
@@ -97,31 +98,10 @@ void ListaDeclaracoes::CriarTabela() {
           });
 }
 
-QWidget* ListaDeclaracoes::CriarVazio() {
-    auto* folha = new QWidget(this);
-    vazio_ = new QLabel(folha);
-    vazio_->setObjectName(u"vazio"_s);
-    vazio_->setAlignment(Qt::AlignCenter);
-    vazio_->setTextFormat(Qt::PlainText);
-    vazio_->setWordWrap(true);
-    botaoDoVazio_ = new QPushButton(folha);
-    botaoDoVazio_->setObjectName(u"botaoDoVazio"_s);
-    Ligar(botaoDoVazio_, &QPushButton::clicked, this, [this] { acaoDoVazio_(); });
-    auto* colunas = new QVBoxLayout(folha);
-    colunas->addStretch();
-    colunas->addWidget(vazio_);
-    colunas->addWidget(botaoDoVazio_, 0, Qt::AlignHCenter);
-    colunas->addStretch();
-    return folha;
-}
-
 void ListaDeclaracoes::DizerNoLugarDaLista(const QString& texto, const QString& acao,
                                            std::function<void()> fazer) {
-    vazio_->setText(texto);
-    botaoDoVazio_->setText(acao);
-    botaoDoVazio_->setVisible(!acao.isEmpty());
-    acaoDoVazio_ = std::move(fazer);
-    pilha_->setCurrentIndex(1);
+    recado_->Dizer(texto, acao, std::move(fazer));
+    pilha_->setCurrentWidget(recado_);
 }
 
 void ListaDeclaracoes::Ler(std::shared_ptr<FonteDaLista> fonte, const LugarNaLista& lugar) {
@@ -155,19 +135,15 @@ void ListaDeclaracoes::MostrarAchadas() {
         const int linha = ir || mesmas ? LinhaDe(ir.value_or(atual_)) : 0;
         tabela_->selectRow(std::max(linha, 0));
         linha > 0 ? tabela_->scrollTo(tabela_->currentIndex()) : tabela_->scrollToTop();
-        pilha_->setCurrentIndex(0);
-    } else if (!lida_) {
-        DizerNoLugarDaLista(
-            u"Nenhum banco de declarações aberto.\nAbra um, ou solte o arquivo "
-            "dele aqui."_s,
-            abrirBanco_.text(), [this] { abrirBanco_.trigger(); });
-    } else if (!texto_.isEmpty()) {
+        pilha_->setCurrentWidget(tabela_);
+    } else if (lida_ && !texto_.isEmpty()) {
         DizerNoLugarDaLista(
             u"Nada encontrado para \"%1\".\nEsc na busca mostra todas."_s.arg(texto_));
     } else {
-        DizerNoLugarDaLista(modelo_.Procurando()
-                                ? QString()
-                                : u"Este banco não tem contribuintes nem declarações."_s);
+        DizerNoLugarDaLista(lida_ ? u"Este banco não tem contribuintes nem declarações."_s
+                                  : u"Nenhum banco de declarações aberto.\nAbra um, ou solte o "
+                                    "arquivo dele aqui."_s,
+                            abrirBanco_.text(), [this] { abrirBanco_.trigger(); });
     }
     campoBusca_->setEnabled(lida_);
     aoMudar ? aoMudar() : void();
@@ -211,7 +187,7 @@ void ListaDeclaracoes::Desistir() {
     const QSignalBlocker calado(campoBusca_);
     campoBusca_->setText(modelo_.Texto());
     if (modelo_.rowCount() > 0) {
-        pilha_->setCurrentIndex(0);
+        pilha_->setCurrentWidget(tabela_);
     } else {
         DizerNoLugarDaLista(u"A leitura da lista foi cancelada."_s, u"&Ler de novo"_s,
                             [this] { modelo_.Repetir(); });

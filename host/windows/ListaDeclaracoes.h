@@ -9,13 +9,13 @@
 #include "host/windows/ModeloDeclaracoes.h"
 
 class QAction;
-class QLabel;
 class QLineEdit;
-class QPushButton;
 class QStackedWidget;
 class QTableView;
 
 namespace tarvo::host {
+
+class Recado;
 
 // Where the user is in the list.
 struct LugarNaLista {
@@ -54,7 +54,6 @@ class ListaDeclaracoes final : public QWidget {
 
   private:
     void CriarTabela();
-    QWidget* CriarVazio();
     void Procurar(const QString& texto);
     void MostrarAchadas();
     void MostrarEspera();
@@ -79,10 +78,8 @@ class ListaDeclaracoes final : public QWidget {
     QTimer espera_;
     QLineEdit* campoBusca_;
     QTableView* tabela_;
+    Recado* recado_;
     QStackedWidget* pilha_;
-    QLabel* vazio_;
-    QPushButton* botaoDoVazio_;
-    std::function<void()> acaoDoVazio_;
 };
 
 }  // namespace tarvo::host
