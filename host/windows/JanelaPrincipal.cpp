@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -23,6 +22,7 @@
 #include "document/Imagens.h"
 #include "host/windows/AmbienteComJanelas.h"
 #include "host/windows/AvisosDaDeclaracao.h"
+#include "host/windows/BancoAberto.h"
 #include "host/windows/Explicacao.h"
 #include "host/windows/ListaDeclaracoes.h"
 #include "host/windows/MesDeReferencia.h"
@@ -142,29 +142,17 @@ void JanelaPrincipal::Trocar(const std::filesystem::path& arquivo, const LugarNa
     avisos_->Esquecer();
     rodadas_ = std::make_unique<Rodadas>(ambiente_, *this, *avisos_);
     AtualizarEstado();
-    const QString endereco = ParaQt(arquivo.string());
-    const QFileInfo nome(endereco);
-    const bool noServidor = postgresql::EhEndereco(arquivo.string());
-    setWindowTitle((noServidor ? ParaQt(postgresql::Mostrado(arquivo.string())) : nome.fileName()) +
-                   u" — Relatórios Tarvo"_s);
-    AcrescentarRecente(ambiente_.Preferencias(), noServidor ? endereco : nome.absoluteFilePath());
+    setWindowTitle(banco_->Nome() + u" — Relatórios Tarvo"_s);
+    AcrescentarRecente(ambiente_.Preferencias(), banco_->Recente());
     DizerDosDados();
 }
 
 // What is open stays as it was when this one cannot be read.
 void JanelaPrincipal::Ler(const std::filesystem::path& arquivo, const LugarNaLista& lugar) {
     const auto fim = ambiente_.ConcluirAndamentoNoFim();
-    Andamento* const andamento = ambiente_.DosRelatorios().andamento;
-    OrigemBanco origem(arquivo, {.acompanhante = andamento});
-    auto banco = origem.Abrir();
-    banco->Acompanhar(andamento);
-    const std::string endereco = arquivo.string();
-    lista_->Ler(
-        postgresql::EhEndereco(endereco) ? ListarNoServidor(endereco) : ListarNaMemoria(*banco),
-        lugar);
+    auto banco = std::make_unique<BancoAberto>(arquivo, ambiente_.DosRelatorios().andamento);
+    lista_->Ler(banco->Lista(), lugar);
     banco_ = std::move(banco);
-    origem_ = std::move(origem);
-    arquivo_ = arquivo;
     AtualizarEstado();
 }
 
@@ -177,7 +165,7 @@ void JanelaPrincipal::Reabrir() {
 }
 
 void JanelaPrincipal::Reler() {
-    if (!origem_ || ocupada_) {
+    if (banco_ == nullptr || ocupada_) {
         return;
     }
     const QScopedValueRollback emCurso(ocupada_, true);
@@ -187,31 +175,22 @@ void JanelaPrincipal::Reler() {
 }
 
 bool JanelaPrincipal::RelerSeMudou() {
-    if (origem_->LidaEm() && !origem_->Mudou()) {
+    if (!banco_->TemNovidade()) {
         return false;
     }
+    const auto endereco = banco_->Endereco();
     try {
-        Ler(arquivo_, lista_->Lugar());
+        Ler(endereco, lista_->Lugar());
     } catch (...) {
-        throw Explicar(ErroCorrente(), arquivo_.string());
+        throw Explicar(ErroCorrente(), endereco.string());
     }
     DizerDosDados();
     return true;
 }
 
 void JanelaPrincipal::DizerDosDados() {
-    QStringList avisos;
-    for (const std::string& aviso : origem_->Avisos()) {
-        avisos << ParaQt(aviso);
-    }
-    QString texto;
-    if (const auto lidaEm = origem_->LidaEm()) {
-        const auto quando =
-            QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(*lidaEm));
-        texto = u"dados de %1%2, F5 relê"_s.arg(quando.toString(u"HH:mm"_s),
-                                                avisos.isEmpty() ? u""_s : u" (com aviso)"_s);
-    }
-    dados_->setText(texto);
+    const auto avisos = banco_->Avisos();
+    dados_->setText(banco_->Situacao());
     dados_->setToolTip(avisos.join(u'\n'));
     if (!avisos.isEmpty()) {
         DizerDePassagem(this, u"Aviso: "_s + avisos.join(u"; "_s));
@@ -226,14 +205,14 @@ void JanelaPrincipal::AbrirDeclaracao() {
     const QScopedValueRollback emCurso(ocupada_, true);
     const auto IE = linha->IE.empty() ? PerguntarContribuinte() : linha->IE;
     if (!IE.empty()) {
-        rodadas_->Executar(*banco_, {IE, *linha->NroDRQ});
+        rodadas_->Executar(banco_->Banco(), {IE, *linha->NroDRQ});
     }
 }
 
 void JanelaPrincipal::MostrarVELO() {
     if (!ocupada_) {
         const QScopedValueRollback emCurso(ocupada_, true);
-        rodadas_->MostrarVELO(*banco_);
+        rodadas_->MostrarVELO(banco_->Banco());
     }
 }
 
@@ -257,12 +236,12 @@ void JanelaPrincipal::Atender(Pedido pedido) {
         declaracao.IE = linha->IE.empty() ? declaracao.IE : linha->IE;
         declaracao.NroDRQ = *linha->NroDRQ;
     }
-    rodadas_->Repetir(*banco_, declaracao);
+    rodadas_->Repetir(banco_->Banco(), declaracao);
 }
 
 std::string JanelaPrincipal::PerguntarContribuinte() {
     QStringList contribuintes;
-    for (const auto& contribuinte : LerContribuintes(*banco_)) {
+    for (const auto& contribuinte : LerContribuintes(banco_->Banco())) {
         contribuintes << ParaQt(contribuinte.IE) + u"  "_s + ParaQt(contribuinte.razaoSocial);
     }
     const auto escolhido = QInputDialog::getItem(

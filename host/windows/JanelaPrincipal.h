@@ -4,9 +4,8 @@
 #include <QMainWindow>
 #include <filesystem>
 #include <memory>
-#include <optional>
+#include <string>
 
-#include "databases/OrigemBanco.h"
 #include "desktop/LugarDaJanela.h"
 #include "desktop/preview/VisualizadorQt.h"
 #include "host/windows/ListaDeclaracoes.h"
@@ -19,6 +18,7 @@ namespace tarvo::host {
 
 class AmbienteComJanelas;
 class AvisosDaDeclaracao;
+class BancoAberto;
 class Rodadas;
 
 // The host's window: the taxpayers of a database and their declarations; opening one shows the
@@ -61,9 +61,7 @@ class JanelaPrincipal final : public QMainWindow {
 
     AmbienteComJanelas& ambiente_;
     LugarDaJanela lugar_;
-    std::filesystem::path arquivo_;
-    std::optional<OrigemBanco> origem_;
-    std::unique_ptr<BancoDados> banco_;
+    std::unique_ptr<BancoAberto> banco_;
     std::unique_ptr<Rodadas> rodadas_;
     QAction* relatorios_ = nullptr;
     QAction* velo_ = nullptr;
