@@ -7,9 +7,7 @@
 namespace tarvo::host {
 namespace {
 
-using testing::AllOf;
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -26,11 +24,6 @@ class Exportacao : public ComExemplo {
                       const std::string& antes = "exec") {
         return Rodar(Chamada(relatorios, formato), antes);
     }
-    void AlongarBairro() { Executar("update tblContribuinte set Bairro = printf('%.300c', 'W')"); }
-    std::string IE = "250114377019";
-    std::string drq = "101";
-    std::string onde = Saida();
-    std::string outros = "--ref-atual 07/2003";
 };
 
 TEST_F(Exportacao, AFolderThatCannotBeWrittenIsToldAndNothingIsLeft) {

@@ -18,7 +18,6 @@ namespace tarvo::host {
 using testing::AllOf;
 using testing::Contains;
 using testing::Each;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -33,8 +32,7 @@ const std::string DoPrimeiro = " --ie 250114377019";
 class ComLote : public ComExemplo {
   protected:
     [[nodiscard]] std::string Chamada(const std::string& outros) const {
-        return "lote " + Banco() + " --saida " + Saida() + " --ref-atual " + refAtual + " " +
-               outros;
+        return "lote " + Banco() + " --saida " + Saida() + " --ref-atual 07/2003 " + outros;
     }
     Execucao RodarLote(const std::string& outros = "", const std::string& antes = "exec") {
         return Rodar(Chamada(outros), antes);
@@ -103,8 +101,6 @@ class ComLote : public ComExemplo {
         }
         return linhas;
     }
-
-    std::string refAtual = "07/2003";
 };
 
 }  // namespace tarvo::host

@@ -23,8 +23,7 @@ struct Execucao {
 
 // Before a command: unprivileged, where the test runs as root, so that permissions hold.
 extern const std::string ComoNinguem;
-// Before a command: with a limit in the shell's units, "-f 68" as on a disk that is full after 34
-// KB.
+// Before a command: a limit in the shell's units; "-f 68" ends files at 34 KiB, as a full disk.
 inline std::string ComLimite(const std::string& limite) {
     return "ulimit " + limite + "; exec";
 }
