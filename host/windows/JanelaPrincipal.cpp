@@ -50,7 +50,7 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     dados_->setObjectName(u"dados"_s);
     statusBar()->addPermanentWidget(avisos_);
     statusBar()->addPermanentWidget(dados_);
-    ambiente_.AoPedir([this](Pedido pedido) { Proteger(this, [&] { Atender(pedido); }); });
+    ambiente_.AoPedir([this](Pedido pedido) { Atender(pedido); });
     AtualizarEstado();
     lugar_.Colocar(*this);
 }
