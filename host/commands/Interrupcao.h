@@ -46,7 +46,7 @@ class CancelaSeInterrompido final : public Andamento {
 
   private:
     std::function<void(const std::string& aviso)> avisar_;
-    std::atomic<bool> avisou_ = false;  // several threads may ask  // of this wait
+    std::atomic<bool> avisou_ = false;  // of this wait; several threads may ask
 };
 
 }  // namespace tarvo::host
