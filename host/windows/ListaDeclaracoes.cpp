@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int LarguraMaxima = 180;  // of a column but the name's; the tool tip shows what is cut
-constexpr int LarguraDoNome = 220;  // as long as the regime can give way
+constexpr int LarguraDoNome = 160;  // at least
 constexpr int LarguraMinima = 80;
 constexpr auto Paciencia = std::chrono::milliseconds(400);  // before waiting is talked of
 
@@ -85,8 +85,6 @@ void ListaDeclaracoes::CriarTabela() {
     tabela_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     tabela_->horizontalHeader()->setHighlightSections(false);
     tabela_->horizontalHeader()->setResizeContentsPrecision(0);  // by the rows in sight
-    tabela_->horizontalHeader()->setSectionResizeMode(ModeloDeclaracoes::RazaoSocial,
-                                                      QHeaderView::Stretch);
     tabela_->installEventFilter(this);
     Ligar(tabela_, &QTableView::doubleClicked, this, [this] { relatorios_.trigger(); });
     Ligar(tabela_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -208,12 +206,24 @@ void ListaDeclaracoes::MedirColunas() {
     RepartirLargura();
 }
 
-// The name takes the room that the others leave; where they leave too little, the regime gives way.
+// The name takes the room that the others leave. Where they leave too little for a name, the regime
+// gives way; where that does not suffice either, the last columns are reached by scrolling.
 void ListaDeclaracoes::RepartirLargura() {
-    const int falta = LarguraDoNome - tabela_->columnWidth(ModeloDeclaracoes::RazaoSocial);
+    auto& titulos = *tabela_->horizontalHeader();
+    const int nome = ModeloDeclaracoes::RazaoSocial;
+    const auto falta = [&] {
+        const int outras = titulos.length() - titulos.sectionSize(nome);
+        return LarguraDoNome + outras - tabela_->viewport()->width();
+    };
     const int regime = tabela_->columnWidth(ModeloDeclaracoes::Regime);
-    if (falta > 0 && regime > LarguraMinima) {
-        tabela_->setColumnWidth(ModeloDeclaracoes::Regime, std::max(LarguraMinima, regime - falta));
+    if (falta() > 0 && regime > LarguraMinima) {
+        tabela_->setColumnWidth(ModeloDeclaracoes::Regime,
+                                std::max(LarguraMinima, regime - falta()));
+    }
+    const bool cabe = falta() <= 0;
+    titulos.setSectionResizeMode(nome, cabe ? QHeaderView::Stretch : QHeaderView::Interactive);
+    if (!cabe) {
+        tabela_->setColumnWidth(nome, LarguraDoNome);
     }
 }
 
