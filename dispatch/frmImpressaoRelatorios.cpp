@@ -59,10 +59,10 @@ frmImpressaoRelatorios::~frmImpressaoRelatorios() {
 }
 
 void frmImpressaoRelatorios::ExibirModal(JanelaSelecao& janela) {
-    janela_ = &janela;
     visivel_ = true;
     janela.ExibirModal(*this);
     visivel_ = false;
+    janela_ = &janela;  // one that could not be shown has nothing to unload
 }
 
 void frmImpressaoRelatorios::cmdVisualizar() {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "databases/postgresql/Endereco.h"
 
-#include "databases/postgresql/Libpq.h"
-
 #include <map>
 
 #include "data/CodigosDeErros.h"
 #include "data/ObjetoDeC.h"
+#include "databases/postgresql/Libpq.h"
 
 namespace tarvo::postgresql {
 

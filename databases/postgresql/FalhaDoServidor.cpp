@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "databases/postgresql/FalhaDoServidor.h"
 
-#include "data/Procura.h"
-#include "databases/postgresql/Libpq.h"
-
 #include <algorithm>
 #include <array>
+
+#include "data/Procura.h"
+#include "databases/postgresql/Libpq.h"
 
 namespace tarvo::postgresql {
 

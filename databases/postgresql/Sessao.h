@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "databases/postgresql/Libpq.h"
-
 #include <chrono>
 #include <functional>
 #include <set>
@@ -13,6 +11,7 @@
 
 #include "data/Acompanhante.h"
 #include "data/ObjetoDeC.h"
+#include "databases/postgresql/Libpq.h"
 
 namespace tarvo::postgresql {
 
