@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Reads random words, one a line, as the command line: each is understood or refused with a
 // message that a terminal can show, whatever the library behind it thinks of them.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -23,8 +24,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t tam
         const Argumentos a = LerArgumentos(palavras);
         const bool informa = a.comando == Comando::Ajuda || a.comando == Comando::Versao ||
                              a.comando == Comando::RefAtual;
-        if (informa == !a.banco.empty() || (a.NumeroDRQ && *a.NumeroDRQ < 1) ||
-            (a.IE && a.IE->empty())) {
+        const bool diz_em_que_trabalha = !a.banco.empty() || !a.pastas.empty();
+        if (informa == diz_em_que_trabalha || std::ranges::count(a.pastas, "") > 0 ||
+            (a.NumeroDRQ && *a.NumeroDRQ < 1) || (a.IE && a.IE->empty())) {
             std::abort();
         }
     } catch (const UsoErrado& uso) {
