@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "data/CodigosDeErros.h"
+#include "data/ObjetoDeC.h"
 #include "databases/sqlite/FuncoesSql.h"
 #include "system/files/Arquivos.h"
 
@@ -52,6 +53,16 @@ ErroTraduzido TraduzirCodigo(int codigo) {
     }
 }
 
+// SQLite reports lengths that no file can have as a lack of memory, too. It is one only when the
+// largest value that the connection takes would find no room.
+bool FaltaMemoria(sqlite3* db) {
+    if (db == nullptr) {
+        return true;
+    }
+    const auto maiorValor = static_cast<sqlite3_uint64>(sqlite3_limit(db, SQLITE_LIMIT_LENGTH, -1));
+    return ObjetoDeC<sqlite3_free>(sqlite3_malloc64(maiorValor)) == nullptr;
+}
+
 }  // namespace
 
 std::string NomeSql(std::string_view nome) {
@@ -67,7 +78,10 @@ std::string NomeSql(std::string_view nome) {
 
 void LancarErroSQLite(sqlite3* db, int resultado) {
     if ((resultado & 0xFF) == SQLITE_NOMEM) {
-        throw std::bad_alloc();
+        if (FaltaMemoria(db)) {
+            throw std::bad_alloc();
+        }
+        resultado = SQLITE_CORRUPT;
     }
     // SQLite has one code for all files that it cannot open.
     const int sistema = sqlite3_system_errno(db);

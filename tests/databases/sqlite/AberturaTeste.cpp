@@ -126,6 +126,26 @@ TEST_F(Abertura, ADamagedPageIsAnErrorWhenItIsRead) {
               3343);
 }
 
+// SQLite itself calls that a lack of memory.
+TEST_F(Abertura, ALengthThatNoFileCanHaveIsDamageAndNoLackOfMemory) {
+    BancoSQLite::Abrir(banco_)->ExecutarScript(
+        "INSERT INTO tblVELO (Contribuinte) VALUES ('antes'), ('o que segue é a linha "
+        "danificada')");
+    std::string bytes = apoio::BytesDe(banco_);
+    for (const auto& [texto, antes] :
+         {std::pair{"o que segue é", 22}, {"tabletblVELOtblVELO", 10}}) {
+        std::string danificado = bytes;
+        danificado.replace(danificado.find(texto) - antes, 9, 9, '\xFF');
+        Escrever(pasta_ / "danificado", danificado);
+        EXPECT_EQ(NumeroDoErro([&] {
+                      LinhasDe(*BancoSQLite::Abrir(pasta_ / "danificado"), "SELECT * FROM tblVELO",
+                               "Contribuinte");
+                  }),
+                  3343)
+            << texto;
+    }
+}
+
 TEST_F(Abertura, ALockedDatabaseIsAnErrorAfterTheWait) {
     sqlite3* outro = nullptr;
     ASSERT_EQ(sqlite3_open(banco_.c_str(), &outro), SQLITE_OK);
