@@ -18,13 +18,25 @@ constexpr Chave Silencioso{"--silencioso", &LinhaDeComando::silencioso, "só diz
 // The library's own words in our language.
 void Traduzir(CLI::App& app) {
     app.option_defaults()->group(Grupo);
-    app.set_help_flag("-h,--ajuda,--help", "mostra esta ajuda");
     const auto formato = app.get_formatter();
     formato->label("Usage", "Uso");
     formato->label("OPTIONS", "opções");
     formato->label("SUBCOMMAND", "COMANDO");
     formato->label("Positionals", "Argumentos");
     formato->label("REQUIRED", "");
+}
+
+void AcrescentarAjuda(CLI::App& app) {
+    app.set_help_flag("-h,--ajuda,--help", "mostra esta ajuda");
+}
+
+// Without the empty lines of groups whose options the help shows elsewhere.
+std::string Ajuda(const CLI::App& app) {
+    std::string texto = app.help();
+    for (std::size_t vazia = 0; (vazia = texto.find("\n\n\n", vazia)) != std::string::npos;) {
+        texto.erase(vazia, 1);
+    }
+    return texto;
 }
 
 // The library splits the words and writes the help; what is wrong with them is told here, since its
@@ -51,10 +63,13 @@ class Analisador {
             Acrescentar(chave);
         }
         Acrescentar(Silencioso);
+        // Last: the help shows the group of the first option first, which is the one of those that
+        // must be given.
+        AcrescentarAjuda(app_);
     }
 
     LinhaDeComando Analisar(const std::vector<std::string>& palavras) {
-        RecusarValoresVazios(palavras);
+        RecusarValoresColados(palavras);
         LinhaDeComando linha;
         linha.comando = definicao_.comando;
         // It takes them from the back of the list.
@@ -64,7 +79,7 @@ class Analisador {
             app_.parse(deTras);
         } catch (const CLI::CallForHelp&) {
             linha.comando = Comando::Ajuda;
-            linha.ajuda = app_.help();
+            linha.ajuda = Ajuda(app_);
             return linha;
         } catch (const CLI::RequiredError&) {
             // Seen below, after what is unknown.
@@ -80,7 +95,7 @@ class Analisador {
         }
         LerOpcoes(linha);
         if (lista_ != nullptr && std::ranges::count(daLista_, "") != 0) {
-            throw UsoErrado(std::string(definicao_.lista->nome) + " não tem valor");
+            PedirValor(definicao_.lista->nome);
         }
         if (lista_ != nullptr) {
             linha.*definicao_.lista->campo = daLista_;
@@ -120,15 +135,22 @@ class Analisador {
         return nomes;
     }
 
-    // "--ie=" would take the next word for its value.
-    void RecusarValoresVazios(const std::vector<std::string>& palavras) const {
+    // "--ie=" would take the next word for its value, and "--json=false" is left to nobody's guess.
+    void RecusarValoresColados(const std::vector<std::string>& palavras) const {
         for (const auto& palavra : palavras) {
+            const std::size_t igual = palavra.find('=');
+            const std::string nome = palavra.substr(0, igual);
             if (palavra == "--") {
                 return;
             }
-            if (palavra.ends_with('=') &&
-                EhNome(std::string_view(palavra).substr(0, palavra.size() - 1))) {
-                throw UsoErrado(palavra + " não tem valor");
+            if (igual == std::string::npos || !EhNome(nome)) {
+                continue;
+            }
+            if (!Contem(definicao_.opcoes, nome, &Opcao::nome)) {
+                throw UsoErrado(nome + " não aceita um valor");
+            }
+            if (igual + 1 == palavra.size()) {
+                PedirValor(nome);
             }
         }
     }
@@ -140,7 +162,7 @@ class Analisador {
         for (auto sobra = sobras.begin(); sobra != marca; ++sobra) {
             if (sobra->size() > 1 && sobra->starts_with('-')) {
                 const auto nome = sobra->substr(0, sobra->find('='));
-                RecusarPalavra("a opção", nome, PalavraParecida(nome, Nomes()));
+                RecusarPalavra("a opção", nome, PalavraParecida(nome, Nomes()), definicao_.nome);
             }
         }
         if (marca != sobras.end()) {
@@ -181,9 +203,6 @@ class Analisador {
     void LerChaves(LinhaDeComando& linha) const {
         for (const auto& [chave, lida] : chaves_) {
             linha.*chave->campo = lida->count() != 0;
-            if (std::ranges::count(lida->results(), "true") != std::ssize(lida->results())) {
-                throw UsoErrado(std::string(chave->nome) + " não tem valor");
-            }
         }
     }
 
@@ -205,6 +224,7 @@ LinhaDeComando AnalisarComando(const DefinicaoDeComando& definicao,
 std::string AjudaGeral(const std::vector<DefinicaoDeComando>& definicoes) {
     CLI::App app("Relatórios da declaração de ICMS (DRQ)", Programa);
     Traduzir(app);
+    AcrescentarAjuda(app);
     const std::string versao = "mostra o nome e a versão do programa";
     app.add_flag("--versao,--version", versao);
     for (const auto& definicao : definicoes) {

@@ -7,6 +7,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Formatos.h"
+#include "data/Procura.h"
 #include "databases/postgresql/Endereco.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ReferenciaAtual.h"
@@ -37,14 +38,15 @@ std::int32_t LerInteiro(const std::string& texto, const char* opcao, std::int32_
     return valor;
 }
 
-std::optional<Data> LerMes(const std::string& texto) {
+// ou: what else it could have been.
+std::optional<Data> LerMes(const std::string& texto, const char* ou = "") {
     if (texto.empty()) {
         return std::nullopt;
     }
     try {
         return DataDeReferencia(texto);
     } catch (const Erro&) {
-        Recusar("\"" + texto + "\" não é um mês e ano (MM/AAAA)");
+        Recusar("\"" + texto + "\" não é um mês e ano (MM/AAAA)" + ou);
     }
 }
 
@@ -60,8 +62,11 @@ void RecusarSenha(const std::string& banco) {
 
 void LerRelatorios(const std::string& relatorios, Argumentos& a) {
     a.codigos = LerCodigos(relatorios);
-    a.todos = a.codigos == std::vector<std::string>{"TODOS"};
+    a.todos = Contem(a.codigos, "TODOS");
     if (a.todos) {
+        if (a.codigos.size() > 1) {
+            Recusar("todos não se junta a códigos, em --relatorios");
+        }
         a.codigos.clear();
     }
     for (const auto& codigo : a.codigos) {
@@ -214,9 +219,11 @@ Argumentos LerArgumentos(const std::vector<std::string>& argumentos) {
     if (!l.drq.empty()) {
         a.NumeroDRQ = LerInteiro(l.drq, "--drq", 1);
     }
-    a.refDaDeclaracao = l.comando != Comando::RefAtual &&
-                        (l.refAtual == "declaração" || l.refAtual == "declaracao");
-    if (const auto mes = a.refDaDeclaracao ? std::nullopt : LerMes(l.refAtual)) {
+    const bool guardada = l.comando == Comando::RefAtual;
+    a.refDaDeclaracao = !guardada && (l.refAtual == "declaração" || l.refAtual == "declaracao");
+    if (const auto mes = a.refDaDeclaracao
+                             ? std::nullopt
+                             : LerMes(l.refAtual, guardada ? "" : ", nem a palavra declaração")) {
         a.refAtual = FormatarMesAno(*mes);
     }
     LerDoComando(l, a);

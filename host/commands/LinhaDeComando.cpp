@@ -124,6 +124,8 @@ const DefinicaoDeComando* Procurar(std::string_view nome) {
     return Achar(Definicoes(), nome, &DefinicaoDeComando::nome);
 }
 
+constexpr std::string_view OpcoesSemComando[] = {"--ajuda", "--help", "--versao"};
+
 // The one argument of the program without a command, if it is one of these.
 LinhaDeComando SemComando(const std::string& opcao) {
     LinhaDeComando linha;
@@ -132,8 +134,7 @@ LinhaDeComando SemComando(const std::string& opcao) {
     } else if (opcao == "--versao" || opcao == "--version") {
         linha.comando = Comando::Versao;
     } else {
-        static constexpr std::string_view Opcoes[] = {"--ajuda", "--versao"};
-        RecusarPalavra("a opção", opcao, PalavraParecida(opcao, Opcoes));
+        RecusarPalavra("a opção", opcao, PalavraParecida(opcao, OpcoesSemComando));
     }
     return linha;
 }
@@ -164,7 +165,12 @@ LinhaDeComando AnalisarLinhaDeComando(const std::vector<std::string>& argumentos
     }
     if (banco + 1 != argumentos.end()) {
         if (linha.comando == Comando::Janela) {
-            RecusarPalavra("o comando", *banco, ComandoParecido(*banco));
+            const auto parecido = ComandoParecido(*banco);
+            if (parecido.empty()) {
+                throw UsoErrado("não há o comando \"" + *banco +
+                                "\"; sem comando, dá-se só o BANCO");
+            }
+            RecusarPalavra("o comando", *banco, parecido);
         }
         throw UsoErrado("não esperado: " + *(banco + 1));
     }
@@ -177,7 +183,7 @@ std::string_view NomeDoComando(const std::vector<std::string>& argumentos) {
 }
 
 std::string_view ComandoParecido(std::string_view digitado) {
-    std::vector<std::string_view> nomes;
+    std::vector<std::string_view> nomes(std::begin(OpcoesSemComando), std::end(OpcoesSemComando));
     for (const auto& definicao : Definicoes()) {
         nomes.push_back(definicao.nome);
     }

@@ -62,7 +62,8 @@ LinhaDeComando AnalisarLinhaDeComando(const std::vector<std::string>& argumentos
 // The command that the line begins with ("exportar"); empty when it begins with none.
 std::string_view NomeDoComando(const std::vector<std::string>& argumentos);
 
-// The command that was meant by a mistyped one; empty when none is near.
+// The command, or the option without one, that was meant by a mistyped one; empty when none is
+// near.
 std::string_view ComandoParecido(std::string_view digitado);
 
 }  // namespace tarvo::host

@@ -32,7 +32,8 @@ constexpr Conselho Conselhos[] = {
     {NumeroErro::PermissaoNegada, "Confira as permissões do arquivo e da pasta."},
     {NumeroErro::DiscoCheio, "Libere espaço e tente de novo; o que já existia está intacto."},
     {NumeroErro::RegistroAtualAusente,
-     "A declaração não existe; relatorios-tarvo listar BANCO mostra as que existem."},
+     "O contribuinte ou a declaração não existe; relatorios-tarvo listar BANCO mostra os que "
+     "existem."},
     {NumeroErro::TabelaInexistente, "O banco não tem todas as tabelas de um banco de declarações."},
     {NumeroErro::ArquivoJaExiste,
      "Acrescente --retomar para continuar esse lote, ou escolha outra pasta."},

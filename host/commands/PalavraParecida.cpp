@@ -33,30 +33,47 @@ std::size_t Distancia(std::string_view a, std::string_view b) {
     return d.back();
 }
 
+std::string SemHifensNemMaiusculas(std::string_view palavra) {
+    palavra.remove_prefix(std::min(palavra.find_first_not_of('-'), palavra.size()));
+    std::string letras(palavra);
+    std::ranges::transform(letras, letras.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return letras;
+}
+
 }  // namespace
 
 std::string_view PalavraParecida(std::string_view digitada,
                                  std::span<const std::string_view> palavras) {
     constexpr std::size_t MaiorPalavra = 40;
-    std::string_view parecida;
-    if (digitada.size() > MaiorPalavra) {
-        return parecida;
+    const std::string letras = SemHifensNemMaiusculas(digitada);
+    if (letras.empty() || digitada.size() > MaiorPalavra) {
+        return {};
     }
+    std::string_view parecida;
+    std::vector<std::string_view> comEsseComeco;
     // A third of the letters may be wrong.
-    std::size_t menor = digitada.size() / 3 + 1;
+    std::size_t menor = letras.size() / 3 + 1;
     for (const auto palavra : palavras) {
-        const std::size_t distancia = Distancia(digitada, palavra);
+        const std::string outras = SemHifensNemMaiusculas(palavra);
+        const std::size_t distancia = Distancia(letras, outras);
         if (distancia < menor) {
             menor = distancia;
             parecida = palavra;
         }
+        if (outras.starts_with(letras)) {
+            comEsseComeco.push_back(palavra);
+        }
     }
-    return parecida;
+    return parecida.empty() && comEsseComeco.size() == 1 ? comEsseComeco[0] : parecida;
 }
 
-void RecusarPalavra(std::string_view tipo, std::string_view palavra, std::string_view parecida) {
+void RecusarPalavra(std::string_view tipo, std::string_view palavra, std::string_view parecida,
+                    std::string_view comando) {
     std::string motivo = "não há ";
     motivo.append(tipo).append(" \"").append(palavra).append("\"");
+    motivo.append(comando.empty() ? "" : " em ").append(comando);
     if (!parecida.empty()) {
         motivo.append(tipo.starts_with("a ") ? "; a mais parecida é " : "; o mais parecido é ");
         motivo += parecida;

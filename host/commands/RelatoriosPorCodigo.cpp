@@ -34,9 +34,10 @@ std::vector<std::string> LerCodigos(std::string_view lista) {
     std::vector<std::string> codigos;
     for (std::size_t inicio = 0; inicio <= lista.size();) {
         const std::size_t virgula = std::min(lista.find(',', inicio), lista.size());
-        const auto codigo = EmMaiusculas(SemBrancos(lista.substr(inicio, virgula - inicio)));
+        const std::string digitado(SemBrancos(lista.substr(inicio, virgula - inicio)));
+        const std::string codigo = EmMaiusculas(digitado);
         if (!Contem(codigos, codigo)) {
-            codigos.push_back(codigo);
+            codigos.push_back(codigo == "TODOS" || ExisteCodigo(codigo) ? codigo : digitado);
         }
         inicio = virgula + 1;
     }

@@ -16,8 +16,8 @@ namespace tarvo::host {
 
 constexpr std::string_view CodigoVELO = "VELO";
 
-// The codes of a list as the user writes it ("01, 11a,velo"), in capitals, in the order given, each
-// once.
+// The words of a list as the user writes it ("01, 11a,velo"), in the order given, each once; codes,
+// and TODOS, in capitals.
 std::vector<std::string> LerCodigos(std::string_view lista);
 bool ExisteCodigo(std::string_view codigo);
 
