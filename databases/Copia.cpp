@@ -6,6 +6,7 @@
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "databases/sqlite/Alfabeto.h"
+#include "databases/sqlite/Tabelas.h"
 
 namespace tarvo {
 
@@ -23,7 +24,7 @@ bool Tem(const Tabela& tabela, std::string_view coluna) {
 ResumoDaCopia Copia::Copiar() {
     ResumoDaCopia resumo;
     de_->Executar("BEGIN");
-    for (const DefinicaoTabela& definicao : TabelasDoBanco()) {
+    for (const TabelaDoBanco& definicao : TabelasDoBanco()) {
         const auto tabela = esquema_.Procurar(definicao.nome);
         if (!tabela) {
             continue;
@@ -46,19 +47,15 @@ ResumoDaCopia Copia::Copiar() {
 }
 
 // How many rows; nothing for a table without any of the columns.
-std::optional<std::size_t> Copia::CopiarTabela(const DefinicaoTabela& definicao,
+std::optional<std::size_t> Copia::CopiarTabela(const TabelaDoBanco& definicao,
                                                const Tabela& tabela) {
-    auto colunas = ColunasDe(definicao);
-    std::erase_if(colunas, [&](const DefinicaoColuna& uma) { return !Tem(tabela, uma.nome); });
+    auto colunas = definicao.Colunas();
+    std::erase_if(colunas, [&](const ColunaDoBanco& uma) { return !Tem(tabela, uma.nome); });
     if (colunas.empty()) {
         return std::nullopt;
     }
-    std::string nomes;
-    for (const DefinicaoColuna& coluna : colunas) {
-        nomes += (nomes.empty() ? "" : ", ") + NomeSql(coluna.nome);
-    }
     para_.Tabela(definicao, colunas);
-    Instrucao leitura(de_, "SELECT " + nomes + " FROM " + tabela.Sql() +
+    Instrucao leitura(de_, "SELECT " + NomesSql(colunas) + " FROM " + tabela.Sql() +
                                Condicao(definicao, tabela) +
                                (tabela.temRowid ? " ORDER BY rowid" : ""));
     std::size_t linhas = 0;
@@ -75,7 +72,7 @@ std::optional<std::size_t> Copia::CopiarTabela(const DefinicaoTabela& definicao,
 }
 
 // Of the rows, those of the chosen declarations.
-std::string Copia::Condicao(const DefinicaoTabela& definicao, const Tabela& tabela) {
+std::string Copia::Condicao(const TabelaDoBanco& definicao, const Tabela& tabela) {
     if (!selecao_.IE && !selecao_.NroDRQ) {
         return "";
     }
@@ -106,7 +103,7 @@ std::string Copia::Condicao(const DefinicaoTabela& definicao, const Tabela& tabe
     if (Tem(tabela, "NroDRQ")) {
         return " WHERE NroDRQ IN (" + numeros + ")";
     }
-    if (ocorrencias && DonoDe(definicao) == Dono::Subitem) {
+    if (ocorrencias && definicao.dono == Dono::Subitem) {
         return " WHERE \"Código\" IN (SELECT \"Código\" FROM " + ocorrencias->Sql() +
                " WHERE NroDRQ IN (" + numeros + "))";
     }

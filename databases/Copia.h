@@ -5,10 +5,10 @@
 #include <optional>
 #include <span>
 
+#include "data/TabelasDoBanco.h"
 #include "databases/CopiarBanco.h"
 #include "databases/sqlite/Conexao.h"
 #include "databases/sqlite/Esquema.h"
-#include "databases/sqlite/Tabelas.h"
 
 namespace tarvo {
 
@@ -17,8 +17,7 @@ class DestinoDaCopia {
   public:
     virtual ~DestinoDaCopia() = default;
     // Begins a table, of which the source has these columns.
-    virtual void Tabela(const sqlite::DefinicaoTabela& tabela,
-                        std::span<const sqlite::DefinicaoColuna> colunas) = 0;
+    virtual void Tabela(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas) = 0;
     // Its next row: the statement's current one, those columns.
     virtual void Linha(sqlite3_stmt* linha) = 0;
     virtual void TerminarTabela() {}
@@ -33,9 +32,9 @@ class Copia {
     ResumoDaCopia Copiar();
 
   private:
-    std::optional<std::size_t> CopiarTabela(const sqlite::DefinicaoTabela& definicao,
+    std::optional<std::size_t> CopiarTabela(const TabelaDoBanco& definicao,
                                             const sqlite::Tabela& tabela);
-    std::string Condicao(const sqlite::DefinicaoTabela& definicao, const sqlite::Tabela& tabela);
+    std::string Condicao(const TabelaDoBanco& definicao, const sqlite::Tabela& tabela);
 
     std::shared_ptr<sqlite::Conexao> de_;
     DestinoDaCopia& para_;

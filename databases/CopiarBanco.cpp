@@ -10,6 +10,7 @@
 #include "databases/postgresql/Endereco.h"
 #include "databases/sqlite/CriarArquivo.h"
 #include "databases/sqlite/Preenchimento.h"
+#include "databases/sqlite/Tabelas.h"
 
 namespace tarvo {
 
@@ -21,22 +22,9 @@ class DestinoArquivo final : public DestinoDaCopia {
   public:
     explicit DestinoArquivo(Conexao& para) : para_(&para, [](Conexao*) {}) {}
 
-    void Tabela(const DefinicaoTabela& tabela, std::span<const DefinicaoColuna> colunas) override {
-        std::string criacao;
-        std::string nomes;
-        std::string parametros;
-        for (const DefinicaoColuna& coluna : colunas) {
-            const char* const virgula = nomes.empty() ? "" : ", ";
-            criacao += virgula + coluna.definicao;
-            nomes += virgula + NomeSql(coluna.nome);
-            parametros += std::string(virgula) + "?";
-        }
-        if (colunas.size() == ColunasDe(tabela).size()) {
-            criacao = tabela.colunas;
-        }
-        para_->Executar("CREATE TABLE " + NomeSql(tabela.nome) + " (" + criacao + ")");
-        escrita_.emplace(para_, "INSERT INTO " + NomeSql(tabela.nome) + " (" + nomes +
-                                    ") VALUES (" + parametros + ")");
+    void Tabela(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas) override {
+        para_->Executar(CriacaoSql(tabela, colunas));
+        escrita_.emplace(para_, InsercaoSql(tabela, colunas));
     }
 
     void Linha(sqlite3_stmt* linha) override {
@@ -62,9 +50,8 @@ ResumoDaCopia CopiarParaArquivo(const std::shared_ptr<Conexao>& origem,
         para.Acompanhar(quem);
         DestinoArquivo arquivo(para);
         resumo = Copia(origem, arquivo, selecao).Copiar();
-        for (const DefinicaoTabela& tabela : TabelasRefeitas()) {
-            para.Executar("CREATE TABLE " + NomeSql(tabela.nome) + " (" +
-                          std::string(tabela.colunas) + ")");
+        for (const TabelaDoBanco& tabela : TabelasRefeitas()) {
+            para.Executar(CriacaoSql(tabela, tabela.Colunas()));
         }
         CriarIndices(para, Indices::SemChaves);
     });

@@ -9,6 +9,7 @@
 #include "data/Procura.h"
 #include "databases/postgresql/CriacaoDeTabelas.h"
 #include "databases/sqlite/Celula.h"
+#include "databases/sqlite/Tabelas.h"
 
 namespace tarvo {
 
@@ -100,8 +101,7 @@ void DestinoServidor::ExigirVazias() {
     }
 }
 
-void DestinoServidor::Tabela(const DefinicaoTabela& tabela,
-                             std::span<const DefinicaoColuna> colunas) {
+void DestinoServidor::Tabela(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas) {
     const auto* const noServidor = esquema_->Procurar(tabela.nome);
     if (noServidor == nullptr) {
         throw Erro(NumeroErro::TabelaInexistente,
@@ -111,16 +111,16 @@ void DestinoServidor::Tabela(const DefinicaoTabela& tabela,
     colunas_.assign(colunas.begin(), colunas.end());
     linhas_ = 0;
     std::string nomes;
-    for (const DefinicaoColuna& coluna : colunas_) {
+    for (const ColunaDoBanco& coluna : colunas_) {
         if (noServidor->Coluna(coluna.nome) == nullptr) {
             throw Erro(NumeroErro::ColunaDesconhecida,
-                       "o servidor não tem a coluna \"" + coluna.nome + "\".");
+                       "o servidor não tem a coluna \"" + std::string(coluna.nome) + "\".");
         }
         nomes += (nomes.empty() ? "" : ", ") + Sessao::Nome(coluna.nome);
     }
     for (const auto& coluna : noServidor->colunas) {
-        if (!Contem(colunas_, coluna.nome, &DefinicaoColuna::nome)) {
-            avisos_.push_back("a origem não tem a coluna " + coluna.nome + " de " +
+        if (!Contem(colunas_, coluna.nome, &ColunaDoBanco::nome)) {
+            avisos_.push_back("a origem não tem a coluna " + std::string(coluna.nome) + " de " +
                               std::string(tabela.nome) + ", que no servidor fica sem valor");
         }
     }
@@ -138,10 +138,10 @@ void DestinoServidor::Linha(sqlite3_stmt* linha) {
                 bytes_ += "\\N";
                 continue;
             }
-            const std::string texto = TextoDoCampo(celula, TipoDeclarado(colunas_[c].tipo),
-                                                   {tabela_->nome, colunas_[c].nome});
+            const std::string texto =
+                TextoDoCampo(celula, TipoDe(colunas_[c]), {tabela_->nome, colunas_[c].nome});
             if (c == 0) {
-                chave = ", " + colunas_[c].nome + " " + texto;
+                chave = ", " + std::string(colunas_[c].nome) + " " + texto;
             }
             bytes_ += texto;
         }

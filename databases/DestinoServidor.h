@@ -19,8 +19,7 @@ class DestinoServidor final : public DestinoDaCopia {
     enum class Tabelas { Vazias, Novas };
     DestinoServidor(const std::string& endereco, Tabelas tabelas, Acompanhante* quem = nullptr);
 
-    void Tabela(const sqlite::DefinicaoTabela& tabela,
-                std::span<const sqlite::DefinicaoColuna> colunas) override;
+    void Tabela(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas) override;
     void Linha(sqlite3_stmt* linha) override;
     void TerminarTabela() override;
     // Without it nothing is there afterwards.
@@ -36,8 +35,8 @@ class DestinoServidor final : public DestinoDaCopia {
     postgresql::Sessao sessao_;
     std::optional<postgresql::Esquema> esquema_;
     std::vector<std::string> avisos_;
-    const sqlite::DefinicaoTabela* tabela_ = nullptr;
-    std::vector<sqlite::DefinicaoColuna> colunas_;
+    const TabelaDoBanco* tabela_ = nullptr;
+    std::vector<ColunaDoBanco> colunas_;
     std::size_t linhas_ = 0;  // of the table
     std::string bytes_;       // not sent yet
 };

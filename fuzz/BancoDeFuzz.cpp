@@ -26,10 +26,9 @@ constexpr int PassosDaTentativa = 200;
 
 BancoDeFuzz::BancoDeFuzz() {
     sqlite3_open(":memory:", &conexao_);
-    for (const auto& tabelas : {sqlite::TabelasDoBanco(), sqlite::TabelasRefeitas()}) {
+    for (const auto& tabelas : {TabelasDoBanco(), TabelasRefeitas()}) {
         for (const auto& tabela : tabelas) {
-            Executar(conexao_, "CREATE TABLE \"" + std::string(tabela.nome) + "\" (" +
-                                   std::string(tabela.colunas) + ")");
+            Executar(conexao_, sqlite::CriacaoSql(tabela, tabela.Colunas()));
         }
     }
     Executar(conexao_, {std::begin(embutido::linhas), std::end(embutido::linhas)});

@@ -4,8 +4,9 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Procura.h"
+#include "data/TabelasDoBanco.h"
 #include "review/Achados.h"
-#include "review/Esquema.h"
 #include "review/Leitura.h"
 #include "review/Revisao.h"
 
@@ -15,22 +16,24 @@ namespace {
 
 using namespace revisao;
 
-constexpr std::string_view ColunaDono = "IE";  // of tblDRQ, which others' databases may lack
+constexpr std::string_view Declaracoes = "tblDRQ";
+constexpr std::string_view ColunaDono = "IE";  // of theirs, which others' databases may lack
 
 // Reads as the reports do. The error of a value that is not of that type ends it.
-std::string LerComo(TipoDeColuna tipo, const Valor& valor) {
+std::string LerComo(TipoDaColuna tipo, const Valor& valor) {
     switch (tipo) {
-        case TipoDeColuna::Texto:
+        case TipoDaColuna::Texto:
+        case TipoDaColuna::Codigo:
             return TextoCampo(valor);
-        case TipoDeColuna::Longo:
+        case TipoDaColuna::Longo:
             return std::to_string(LongCampo(valor));
-        case TipoDeColuna::Moeda:
+        case TipoDaColuna::Moeda:
             (void)MoedaCampo(valor);
             break;
-        case TipoDeColuna::Data:
+        case TipoDaColuna::Data:
             (void)DataCampo(valor);
             break;
-        case TipoDeColuna::Booleano:
+        case TipoDaColuna::Booleano:
             return BooleanoCampo(valor) ? "-1" : "0";
     }
     return "";
@@ -59,8 +62,11 @@ class RevisaoDoBanco {
     explicit RevisaoDoBanco(BancoDados& banco) : banco_(banco) {}
 
     std::vector<Achado> Revisar() && {
-        for (const TabelaDoEsquema& tabela : TabelasDoEsquema()) {
-            RevisarTabela(tabela);
+        for (const TabelaDoBanco& tabela : TabelasDoBanco()) {
+            RevisarTabela(tabela, true);
+        }
+        for (const TabelaDoBanco& tabela : TabelasRefeitas()) {
+            RevisarTabela(tabela, false);
         }
         if (!temDono_ && chaves_["tblContribuinte"].size() > 1) {
             achados_.Frase(
@@ -76,7 +82,8 @@ class RevisaoDoBanco {
     // there.
     using LinhaLida = std::map<std::string_view, std::string>;
 
-    void RevisarTabela(const TabelaDoEsquema& tabela) {
+    // Without its rows only the table's form counts.
+    void RevisarTabela(const TabelaDoBanco& tabela, bool comLinhas) {
         std::unique_ptr<Recordset> linhas;
         try {
             linhas = banco_.OpenRecordset("SELECT * FROM " + std::string(tabela.nome),
@@ -89,23 +96,27 @@ class RevisaoDoBanco {
             return;
         }
         chaves_[tabela.nome];
-        const std::vector<ColunaDoEsquema> colunas = ColunasQueTem(tabela, *linhas);
-        for (; !tabela.trabalho && !linhas->EOF_(); linhas->MoveNext()) {
+        const std::vector<ColunaDoBanco> colunas = ColunasQueTem(tabela, *linhas);
+        const bool declaracoes = tabela.nome == Declaracoes;
+        temDono_ = temDono_ || (declaracoes && Contem(colunas, ColunaDono, &ColunaDoBanco::nome));
+        auto chave = tabela.Colunas();
+        std::erase_if(chave, [](const ColunaDoBanco& coluna) { return !coluna.chave; });
+        for (; comLinhas && !linhas->EOF_(); linhas->MoveNext()) {
             const LinhaLida linha = LerLinha(tabela, *linhas, colunas);
-            RevisarChave(tabela, linha);
+            RevisarChave(tabela, chave, linha);
             RevisarReferencia(tabela, linha);
-            if (tabela.nome == "tblDRQ" && temDono_) {
+            if (declaracoes && temDono_) {
                 RevisarDono(linha);
             }
         }
     }
 
-    std::vector<ColunaDoEsquema> ColunasQueTem(const TabelaDoEsquema& tabela, Recordset& linhas) {
-        std::vector<ColunaDoEsquema> colunas = tabela.Colunas();
+    std::vector<ColunaDoBanco> ColunasQueTem(const TabelaDoBanco& tabela, Recordset& linhas) {
+        std::vector<ColunaDoBanco> colunas = tabela.Colunas();
         std::string faltam;
-        std::erase_if(colunas, [&](const ColunaDoEsquema& coluna) {
+        std::erase_if(colunas, [&](const ColunaDoBanco& coluna) {
             const bool falta = !TemColuna(linhas, coluna.nome);
-            if (falta) {
+            if (falta && !(tabela.nome == Declaracoes && coluna.nome == ColunaDono)) {
                 faltam.append(faltam.empty() ? "" : ", ").append(coluna.nome);
             }
             return falta;
@@ -113,17 +124,13 @@ class RevisaoDoBanco {
         if (!faltam.empty()) {
             achados_.Frase("", "faltam colunas em " + std::string(tabela.nome) + ": " + faltam);
         }
-        if (tabela.nome == "tblDRQ" && TemColuna(linhas, ColunaDono)) {
-            temDono_ = true;
-            colunas.push_back({ColunaDono, TipoDeColuna::Texto});
-        }
         return colunas;
     }
 
-    LinhaLida LerLinha(const TabelaDoEsquema& tabela, Recordset& linhas,
-                       const std::vector<ColunaDoEsquema>& colunas) {
+    LinhaLida LerLinha(const TabelaDoBanco& tabela, Recordset& linhas,
+                       const std::vector<ColunaDoBanco>& colunas) {
         LinhaLida lida;
-        for (const auto& [nome, tipo] : colunas) {
+        for (const auto& [nome, tipo, chave] : colunas) {
             try {
                 if (const Valor valor = linhas.Fields(nome); !EhNulo(valor)) {
                     lida.emplace(nome, LerComo(tipo, valor));
@@ -139,15 +146,13 @@ class RevisaoDoBanco {
         return lida;
     }
 
-    void RevisarChave(const TabelaDoEsquema& tabela, const LinhaLida& linha) {
+    void RevisarChave(const TabelaDoBanco& tabela, const std::vector<ColunaDoBanco>& colunas,
+                      const LinhaLida& linha) {
         std::string chave;
-        for (const std::string_view coluna : tabela.chave) {
-            if (coluna.empty()) {
-                break;
-            }
-            const auto valor = linha.find(coluna);
+        for (const ColunaDoBanco& coluna : colunas) {
+            const auto valor = linha.find(coluna.nome);
             if (valor == linha.end()) {
-                achados_.Linha("", tabela.nome, "linha sem " + std::string(coluna));
+                achados_.Linha("", tabela.nome, "linha sem " + std::string(coluna.nome));
                 return;
             }
             chave += (chave.empty() ? "" : " ") + valor->second;
@@ -157,11 +162,11 @@ class RevisaoDoBanco {
         }
     }
 
-    void RevisarReferencia(const TabelaDoEsquema& tabela, const LinhaLida& linha) {
-        if (tabela.referencia == Referencia::Nenhuma) {
+    void RevisarReferencia(const TabelaDoBanco& tabela, const LinhaLida& linha) {
+        const bool aDeclaracao = tabela.dono == Dono::Declaracao && tabela.nome != Declaracoes;
+        if (!aDeclaracao && tabela.dono != Dono::Subitem) {
             return;
         }
-        const bool aDeclaracao = tabela.referencia == Referencia::Declaracao;
         const auto valor = linha.find(aDeclaracao ? "NroDRQ" : "Código");
         const auto existentes = chaves_.find(aDeclaracao ? "tblDRQ" : "tblOcorrências");
         if (existentes == chaves_.end()) {

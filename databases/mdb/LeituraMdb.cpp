@@ -13,9 +13,9 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Procura.h"
+#include "data/TabelasDoBanco.h"
 #include "data/Textos.h"
 #include "databases/mdb/Quadros.h"
-#include "databases/sqlite/Tabelas.h"
 #include "system/files/Arquivos.h"
 
 namespace tarvo::mdb {
@@ -40,10 +40,10 @@ struct Pedido {
 
 std::vector<Pedido> Pedidos() {
     std::vector<Pedido> pedidos;
-    for (const auto& tabela : sqlite::TabelasDoBanco()) {
+    for (const auto& tabela : TabelasDoBanco()) {
         Pedido pedido{tabela.nome, {}};
-        for (const auto& coluna : sqlite::ColunasDe(tabela)) {
-            pedido.colunas.push_back(coluna.nome);
+        for (const auto& coluna : tabela.Colunas()) {
+            pedido.colunas.emplace_back(coluna.nome);
         }
         pedidos.push_back(std::move(pedido));
     }

@@ -46,10 +46,10 @@ std::vector<std::int32_t> Codigos(const Expressao& termo) {
     return todos ? codigos : std::vector<std::int32_t>();
 }
 
-const DefinicaoTabela* Definicao(const std::string& nome) {
+const TabelaDoBanco* Definicao(const std::string& nome) {
     static const auto Definicoes = [] {
-        std::map<std::string, const DefinicaoTabela*> definicoes;
-        for (const DefinicaoTabela& definicao : TabelasDoBanco()) {
+        std::map<std::string, const TabelaDoBanco*> definicoes;
+        for (const TabelaDoBanco& definicao : TabelasDoBanco()) {
             definicoes.emplace(SemCaixa(definicao.nome), &definicao);
         }
         return definicoes;
@@ -103,7 +103,7 @@ std::optional<std::set<std::string>> ColunasDe(const Selecao& selecao) {
 }  // namespace
 
 bool Alcance::Tem(Dono dono) const {
-    return std::ranges::any_of(tabelas, [&](const auto* t) { return DonoDe(*t) == dono; });
+    return std::ranges::any_of(tabelas, [&](const auto* t) { return t->dono == dono; });
 }
 
 Alcance AlcanceDe(std::string_view consulta) {
@@ -114,7 +114,7 @@ Alcance AlcanceDe(std::string_view consulta) {
         return alcance;
     }
     for (const TabelaCitada& citada : selecao->tabelas) {
-        if (const DefinicaoTabela* const definicao = Definicao(citada.nome)) {
+        if (const TabelaDoBanco* const definicao = Definicao(citada.nome)) {
             alcance.tabelas.push_back(definicao);
         }
     }

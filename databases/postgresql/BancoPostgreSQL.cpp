@@ -19,8 +19,6 @@ namespace tarvo::postgresql {
 
 namespace {
 
-using sqlite::Dono;
-
 // Condition of the entries' rows, of the entries that a condition on tblOcorrências leaves.
 std::string DosSubitens(const Esquema& esquema, const std::string& condicao) {
     const TabelaDoServidor* const ocorrencias = esquema.Procurar("tblOcorrências");
@@ -159,7 +157,7 @@ class Banco final : public BancoDados {
             pedido.tabelas.push_back(&tabela);
         };
         for (const TabelaDoServidor& tabela : esquema_->Tabelas()) {
-            const Dono dono = DonoDe(*tabela.definicao);
+            const Dono dono = tabela.definicao->dono;
             if (dono == Dono::Contribuinte && carga.IE) {
                 pedir(tabela, tabela.DeIE("$1"), *carga.IE);
             } else if (dono == Dono::Declaracao && carga.NroDRQ) {
@@ -234,7 +232,7 @@ class Banco final : public BancoDados {
     void LerComuns(Sessao& sessao) {
         std::vector<Comando> comandos;
         for (const TabelaDoServidor& tabela : esquema_->Tabelas()) {
-            if (DonoDe(*tabela.definicao) == Dono::Todos) {
+            if (tabela.definicao->dono == Dono::Todos) {
                 comandos.push_back({tabela.Selecao("")});
             }
         }
@@ -269,7 +267,7 @@ class Banco final : public BancoDados {
     [[nodiscard]] std::string CondicaoDe(const Alcance& alcance, const TabelaDoServidor& tabela,
                                          const Sessao& sessao) const {
         const std::string numero = std::to_string(alcance.NroDRQ.value_or(0));
-        switch (DonoDe(*tabela.definicao)) {
+        switch (tabela.definicao->dono) {
             case Dono::Contribuinte:
                 return alcance.IE ? tabela.DeIE(sessao.Texto(*alcance.IE)) : "";
             case Dono::Declaracao:
@@ -345,7 +343,7 @@ std::shared_ptr<sqlite::Conexao> LerTudo(const std::string& endereco,
     std::vector<LinhasDaTabela> linhas;
     for (const TabelaDoServidor& tabela : esquema.Tabelas()) {
         std::string condicao;
-        switch (DonoDe(*tabela.definicao)) {
+        switch (tabela.definicao->dono) {
             case Dono::Contribuinte:
                 condicao = IE ? tabela.DeIE(sessao.Texto(*IE)) : contribuintes;
                 break;

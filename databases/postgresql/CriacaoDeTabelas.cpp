@@ -2,53 +2,44 @@
 #include "databases/postgresql/CriacaoDeTabelas.h"
 
 #include "databases/postgresql/Esquema.h"
-#include "databases/sqlite/Celula.h"
 
 namespace tarvo::postgresql {
 
 namespace {
 
-using namespace sqlite;
-
-std::string TipoNoServidor(const DefinicaoColuna& coluna) {
-    switch (TipoDeclarado(coluna.tipo)) {
-        case TipoColuna::Longo:
+std::string TipoNoServidor(const ColunaDoBanco& coluna) {
+    switch (coluna.tipo) {
+        case TipoDaColuna::Longo:
             return " integer";
-        case TipoColuna::Moeda:
+        case TipoDaColuna::Moeda:
             return " numeric(19,4)";
-        case TipoColuna::Data:
+        case TipoDaColuna::Data:
             return " timestamp";
-        case TipoColuna::Booleano:
+        case TipoDaColuna::Booleano:
             return " boolean";
         default:
             return " text";
     }
 }
 
-bool EhTexto(const DefinicaoColuna& coluna) {
-    return TipoDeclarado(coluna.tipo) == TipoColuna::Texto;
-}
-
 // An index's column: texts are looked for without regard to case.
-std::string Indexada(const DefinicaoColuna& coluna) {
+std::string Indexada(const ColunaDoBanco& coluna) {
     const std::string nome = Sessao::Nome(coluna.nome);
-    return EhTexto(coluna) ? SemCaixaNoServidor(nome) : nome;
+    return coluna.EhTexto() ? SemCaixaNoServidor(nome) : nome;
 }
 
-std::string CriacaoDe(const DefinicaoTabela& tabela) {
+std::string CriacaoDe(const TabelaDoBanco& tabela) {
     const std::string nome = Sessao::Nome(tabela.nome);
     std::string colunas;
     std::string chave;
     std::string indice;
-    for (const DefinicaoColuna& coluna : ColunasDe(tabela)) {
-        // The columns of a key are those that cannot be Null.
-        const bool daChave = coluna.definicao.find("NOT NULL") != std::string::npos;
+    for (const ColunaDoBanco& coluna : tabela.Colunas()) {
         colunas += Sessao::Nome(coluna.nome) + TipoNoServidor(coluna) +
-                   (daChave ? " NOT NULL" : "") + ", ";
-        if (daChave) {
+                   (coluna.chave ? " NOT NULL" : "") + ", ";
+        if (coluna.chave) {
             chave += (chave.empty() ? "" : ", ") + Indexada(coluna);
         }
-        if (coluna.nome == tabela.indice) {
+        if (coluna.nome == tabela.Indice()) {
             indice = "CREATE INDEX ON " + nome + " (" + Indexada(coluna) + ");\n";
         }
     }
@@ -61,7 +52,7 @@ std::string CriacaoDe(const DefinicaoTabela& tabela) {
 
 std::string CriacaoDeTabelas() {
     std::string sql;
-    for (const DefinicaoTabela& tabela : TabelasDoBanco()) {
+    for (const TabelaDoBanco& tabela : TabelasDoBanco()) {
         sql += CriacaoDe(tabela);
     }
     // The order in which declarations are listed.

@@ -35,8 +35,9 @@ Espelho::Espelho(const CopiaPrivada& modelo, const Esquema& esquema, Acompanhant
     for (const TabelaDoServidor& tabela : esquema.Tabelas()) {
         const std::string_view nome = tabela.definicao->nome;
         Destino destino;
-        destino.dono = DonoDe(*tabela.definicao);
-        destino.insercao = std::make_unique<Insercao>(conexao_, nome, tabela.Definicoes());
+        destino.dono = tabela.definicao->dono;
+        destino.insercao =
+            std::make_unique<Insercao>(conexao_, *tabela.definicao, tabela.Definicoes());
         destino.exclusao = std::make_unique<Instrucao>(conexao_, "DELETE FROM " + NomeSql(nome));
         destinos_.emplace(nome, std::move(destino));
     }
@@ -87,7 +88,7 @@ std::shared_ptr<const CopiaPrivada> Modelo(const Esquema& esquema,
         auto linhas = comuns.begin();
         for (const TabelaDoServidor& tabela : esquema.Tabelas()) {
             destino.Tabela(tabela.definicao->nome, tabela.NomesDasColunas());
-            if (DonoDe(*tabela.definicao) != Dono::Todos) {
+            if (tabela.definicao->dono != Dono::Todos) {
                 continue;
             }
             for (int i = 0; i < PQntuples(linhas->get()); ++i) {

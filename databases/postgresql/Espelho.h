@@ -28,14 +28,14 @@ class Espelho {
     void Comecar() { conexao_->Executar("SAVEPOINT carga"); }
     void Terminar() { conexao_->Executar("RELEASE carga"); }
     // Takes out all rows of these tables, and puts the server's in.
-    void Esvaziar(sqlite::Dono dono);
+    void Esvaziar(Dono dono);
     void Encher(const TabelaDoServidor& tabela, const Resultado& linhas);
     // The entries of tblOcorrências.
     [[nodiscard]] std::set<std::int32_t> Codigos() const;
 
   private:
     struct Destino {
-        sqlite::Dono dono;
+        Dono dono;
         std::unique_ptr<sqlite::Insercao> insercao;
         std::unique_ptr<sqlite::Instrucao> exclusao;
         bool temLinhas = false;

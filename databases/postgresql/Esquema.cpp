@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view Ordem = "ordem";
 
 // All columns of the tables of these names, the types of domains as what they are made of.
-constexpr const char* ColunasQueHa =
+constexpr const char* ConsultaDasColunas =
     "SELECT c.relname, a.attname, coalesce(nullif(t.typbasetype, 0), t.oid)::bigint,"
     " has_column_privilege(c.oid, a.attnum, 'SELECT')"
     " FROM pg_catalog.pg_class c"
@@ -28,7 +28,8 @@ struct ColunaQueHa {
     Tipo tipo;
     bool legivel;
 };
-using TabelasQueHa = std::map<std::string, std::map<std::string, ColunaQueHa>, std::less<>>;
+using ColunasQueHa = std::map<std::string, ColunaQueHa, std::less<>>;
+using TabelasQueHa = std::map<std::string, ColunasQueHa, std::less<>>;
 
 std::string TextoEm(const PGresult* linhas, int linha, int coluna) {
     return {PQgetvalue(linhas, linha, coluna),
@@ -37,7 +38,7 @@ std::string TextoEm(const PGresult* linhas, int linha, int coluna) {
 
 TabelasQueHa LerTabelas(Sessao& sessao) {
     constexpr Tipo Inteiro64 = 20;
-    const Resultado resultado = sessao.Consultar({ColunasQueHa});
+    const Resultado resultado = sessao.Consultar({ConsultaDasColunas});
     const PGresult* const linhas = resultado.get();
     TabelasQueHa tabelas;
     for (int i = 0; i < PQntuples(linhas); ++i) {
@@ -80,13 +81,13 @@ const ColunaDoServidor* TabelaDoServidor::Coluna(std::string_view nome) const {
 std::vector<std::string> TabelaDoServidor::NomesDasColunas() const {
     std::vector<std::string> nomes;
     for (const auto& coluna : colunas) {
-        nomes.push_back(coluna.nome);
+        nomes.emplace_back(coluna.nome);
     }
     return nomes;
 }
 
-std::vector<sqlite::DefinicaoColuna> TabelaDoServidor::Definicoes() const {
-    auto definicoes = sqlite::ColunasDe(*definicao);
+std::vector<ColunaDoBanco> TabelaDoServidor::Definicoes() const {
+    auto definicoes = definicao->Colunas();
     std::erase_if(definicoes, [&](const auto& uma) { return Coluna(uma.nome) == nullptr; });
     return definicoes;
 }
@@ -129,21 +130,21 @@ Esquema::Esquema(Sessao& sessao) {
     const TabelasQueHa tabelas = LerTabelas(sessao);
     std::string semOrdem;
     std::string semPermissao;
-    for (const sqlite::DefinicaoTabela& definicao : sqlite::TabelasDoBanco()) {
+    for (const TabelaDoBanco& definicao : TabelasDoBanco()) {
         const auto ha = tabelas.find(definicao.nome);
         if (ha == tabelas.end()) {
             continue;
         }
         TabelaDoServidor tabela{&definicao, {}};
         bool legivel = true;
-        for (const auto& coluna : sqlite::ColunasDe(definicao)) {
+        for (const auto& coluna : definicao.Colunas()) {
             if (const auto achada = ha->second.find(coluna.nome); achada != ha->second.end()) {
                 tabela.colunas.push_back(
                     {coluna.nome, PedidaDe(achada->second.tipo), EhNumero(achada->second.tipo)});
                 legivel = legivel && achada->second.legivel;
             }
         }
-        const auto ordem = ha->second.find(std::string(Ordem));
+        const auto ordem = ha->second.find(Ordem);
         if (!legivel || (ordem != ha->second.end() && !ordem->second.legivel)) {
             Listar(semPermissao, definicao.nome);
         } else if (ordem == ha->second.end()) {
@@ -170,7 +171,7 @@ const TabelaDoServidor* Esquema::Procurar(std::string_view nome) const {
 std::string Esquema::ResumoDosComuns() const {
     std::string sql;
     for (const TabelaDoServidor& tabela : tabelas_) {
-        if (sqlite::DonoDe(*tabela.definicao) == sqlite::Dono::Todos) {
+        if (tabela.definicao->dono == Dono::Todos) {
             sql += (sql.empty() ? "" : " || ") +
                    ("(SELECT coalesce(md5(string_agg(t::text, E'\\n' ORDER BY ordem)), '') FROM " +
                     Sessao::Nome(tabela.definicao->nome) + " t)");

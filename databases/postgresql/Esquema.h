@@ -6,27 +6,27 @@
 #include <string_view>
 #include <vector>
 
+#include "data/TabelasDoBanco.h"
 #include "databases/postgresql/Sessao.h"
 #include "databases/postgresql/Valores.h"
-#include "databases/sqlite/Tabelas.h"
 
 // The declaration tables that a server has, and how they are asked for.
 namespace tarvo::postgresql {
 
 struct ColunaDoServidor {
-    std::string nome;
+    std::string_view nome;
     Pedida pedida;
     bool numero = false;  // compares with numbers
 };
 
 struct TabelaDoServidor {
-    const sqlite::DefinicaoTabela* definicao = nullptr;
+    const TabelaDoBanco* definicao = nullptr;
     std::vector<ColunaDoServidor> colunas;  // those of the definition, in its order
 
     [[nodiscard]] const ColunaDoServidor* Coluna(std::string_view nome) const;
     [[nodiscard]] std::vector<std::string> NomesDasColunas() const;
     // The definitions of its columns.
-    [[nodiscard]] std::vector<sqlite::DefinicaoColuna> Definicoes() const;
+    [[nodiscard]] std::vector<ColunaDoBanco> Definicoes() const;
     // The types in which the columns' values come.
     [[nodiscard]] std::vector<Tipo> Tipos() const;
     // "SELECT columns FROM table WHERE condition ORDER BY ordem"; condicao may be empty.

@@ -79,8 +79,9 @@ class Banco final : public BancoSQLite {
           esquema_(std::make_shared<Esquema>(conexao_)),
           consultas_(conexao_, esquema_) {
         if (tabelasDeTrabalho == TabelasDeTrabalho::Privadas) {
-            for (const DefinicaoTabela& tabela : TabelasRefeitas()) {
-                conexao_->CriarTemporaria(std::string(tabela.nome), std::string(tabela.colunas));
+            for (const TabelaDoBanco& tabela : TabelasRefeitas()) {
+                conexao_->CriarTemporaria(std::string(tabela.nome),
+                                          Definicao(tabela, tabela.Colunas()));
             }
         }
     }

@@ -6,6 +6,8 @@
 
 #include "data/CodigosDeErros.h"
 #include "databases/sqlite/Abertura.h"
+#include "databases/sqlite/Preenchimento.h"
+#include "databases/sqlite/Tabelas.h"
 #include "system/files/Arquivos.h"
 #include "system/files/PastaDeEspera.h"
 
@@ -55,4 +57,20 @@ void CriarArquivo(const fs::path& arquivo, const std::function<void(Conexao&)>& 
     Publicar(novo, arquivo);
 }
 
+void CriarTabelas(Conexao& conexao) {
+    for (const auto tabelas : {TabelasDoBanco(), TabelasRefeitas()}) {
+        for (const TabelaDoBanco& tabela : tabelas) {
+            conexao.Executar(CriacaoSql(tabela, tabela.Colunas()));
+        }
+    }
+    CriarIndices(conexao, Indices::SemChaves);
+}
+
 }  // namespace tarvo::sqlite
+
+void tarvo::CriarBanco(const std::filesystem::path& arquivo, std::string_view script) {
+    sqlite::CriarArquivo(arquivo, [&](sqlite::Conexao& conexao) {
+        sqlite::CriarTabelas(conexao);
+        conexao.Executar(std::string(script));
+    });
+}

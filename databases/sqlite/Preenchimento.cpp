@@ -7,21 +7,18 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Procura.h"
 #include "data/Utf8.h"
 #include "databases/sqlite/Alfabeto.h"
+#include "databases/sqlite/Tabelas.h"
 
 namespace tarvo::sqlite {
 
 namespace {
 
-const DefinicaoTabela* Procurar(std::string_view nome) {
-    const std::string procurado = SemCaixa(nome);
-    for (const DefinicaoTabela& tabela : TabelasDoBanco()) {
-        if (SemCaixa(tabela.nome) == procurado) {
-            return &tabela;
-        }
-    }
-    return nullptr;
+template <class Tabelas>
+auto* Procurar(const Tabelas& tabelas, std::string_view nome) {
+    return Achar(tabelas, SemCaixa(nome), [](const auto& uma) { return SemCaixa(uma.nome); });
 }
 
 bool Existe(Conexao& conexao, std::string_view tabela, std::string_view coluna) {
@@ -53,32 +50,19 @@ int VincularConvertido(sqlite3_stmt* instrucao, int parametro, const Valor& valo
     }
 }
 
-std::string InsercaoSql(std::string_view tabela, std::span<const DefinicaoColuna> colunas) {
-    std::string nomes;
-    std::string parametros;
-    for (const DefinicaoColuna& coluna : colunas) {
-        const char* const virgula = nomes.empty() ? "" : ", ";
-        nomes += virgula + NomeSql(coluna.nome);
-        parametros += std::string(virgula) + "?";
-    }
-    return "INSERT INTO " + NomeSql(tabela) + " (" + nomes + ") VALUES (" + parametros + ")";
-}
-
 }  // namespace
 
-Insercao::Insercao(const std::shared_ptr<Conexao>& conexao, std::string_view tabela,
-                   std::span<const DefinicaoColuna> colunas)
-    : conexao_(conexao), tabela_(tabela), insercao_(conexao, InsercaoSql(tabela, colunas)) {
-    for (const DefinicaoColuna& coluna : colunas) {
-        tipos_.push_back(TipoDeclarado(coluna.tipo));
-    }
+Insercao::Insercao(const std::shared_ptr<Conexao>& conexao, const TabelaDoBanco& tabela,
+                   std::span<const ColunaDoBanco> colunas)
+    : conexao_(conexao), tabela_(tabela.nome), insercao_(conexao, InsercaoSql(tabela, colunas)) {
+    std::ranges::transform(colunas, std::back_inserter(tipos_), TipoDe);
 }
 
 void Insercao::Linha(std::span<const Valor> valores) {
     if (valores.size() != tipos_.size()) {
-        throw Erro(NumeroErro::OperacaoInvalida, "A linha tem " + std::to_string(valores.size()) +
-                                                     " valores; a tabela \"" + tabela_ + "\", " +
-                                                     std::to_string(tipos_.size()) + " colunas.");
+        throw Erro(NumeroErro::OperacaoInvalida,
+                   "A linha tem " + std::to_string(valores.size()) + " valores; a tabela \"" +
+                       std::string(tabela_) + "\", " + std::to_string(tipos_.size()) + " colunas.");
     }
     for (std::size_t c = 0; c < valores.size(); ++c) {
         conexao_->Conferir(VincularConvertido(insercao_.Ponteiro(), static_cast<int>(c) + 1,
@@ -87,38 +71,29 @@ void Insercao::Linha(std::span<const Valor> valores) {
     insercao_.Executar();
 }
 
-Preenchimento::Preenchimento(std::shared_ptr<Conexao> conexao) : conexao_(std::move(conexao)) {}
-
-Preenchimento::~Preenchimento() = default;
-
 void Preenchimento::Tabela(std::string_view nome, std::span<const std::string> colunas) {
-    const DefinicaoTabela* definicao = Procurar(nome);
+    const auto* const definicao = Procurar(TabelasDoBanco(), nome);
     if (definicao == nullptr) {
         throw Erro(NumeroErro::TabelaInexistente,
                    "Um banco de declarações não tem a tabela \"" + std::string(nome) + "\".");
     }
-    const auto doEsquema = ColunasDe(*definicao);
-    std::vector<DefinicaoColuna> escolhidas;
-    std::string criacao;
+    const auto doEsquema = definicao->Colunas();
+    std::vector<ColunaDoBanco> escolhidas;
     for (const std::string& coluna : colunas) {
-        const auto achada = std::ranges::find_if(doEsquema, [&](const DefinicaoColuna& uma) {
-            return SemCaixa(uma.nome) == SemCaixa(coluna);
-        });
-        if (achada == doEsquema.end()) {
+        const auto* const achada = Procurar(doEsquema, coluna);
+        if (achada == nullptr) {
             throw Erro(NumeroErro::ColunaDesconhecida,
                        "A tabela \"" + std::string(definicao->nome) + "\" não tem a coluna \"" +
                            coluna + "\".");
         }
-        criacao += (escolhidas.empty() ? "" : ", ") + NomeSql(achada->nome) + " " + achada->tipo +
-                   (achada->semCaixa ? " COLLATE NOCASE" : "");
-        escolhidas.push_back(*achada);
+        escolhidas.push_back({achada->nome, achada->tipo});
     }
     if (escolhidas.empty() || Existe(*conexao_, definicao->nome, escolhidas.front().nome)) {
         throw Erro(NumeroErro::OperacaoInvalida, "A tabela \"" + std::string(definicao->nome) +
                                                      "\" já foi informada, ou vem sem colunas.");
     }
-    conexao_->Executar("CREATE TABLE " + NomeSql(definicao->nome) + " (" + criacao + ")");
-    insercao_.emplace(conexao_, definicao->nome, escolhidas);
+    conexao_->Executar(CriacaoSql(*definicao, escolhidas));
+    insercao_.emplace(conexao_, *definicao, escolhidas);
 }
 
 void Preenchimento::Linha(std::span<const Valor> valores) {
@@ -129,16 +104,18 @@ void Preenchimento::Linha(std::span<const Valor> valores) {
 }
 
 void CriarIndices(Conexao& conexao, Indices quais) {
-    for (const DefinicaoTabela& tabela : TabelasDoBanco()) {
-        for (const DefinicaoColuna& coluna : ColunasDe(tabela)) {
-            // CFOP finds, of all declarations, those with one: see the queries on tblZFM_ALC.
-            const bool procurada = (coluna.chave && quais == Indices::ComChaves) ||
-                                   coluna.nome == tabela.indice ||
+    for (const TabelaDoBanco& tabela : TabelasDoBanco()) {
+        for (const ColunaDoBanco& coluna : tabela.Colunas()) {
+            // True or False would find half of the rows. CFOP finds, of all declarations, those
+            // with one: see the queries on tblZFM_ALC.
+            const bool procurada = (coluna.chave && coluna.tipo != TipoDaColuna::Booleano &&
+                                    quais == Indices::ComChaves) ||
+                                   coluna.nome == tabela.Indice() ||
                                    (tabela.nome == "tblDetalhesCFOPs" && coluna.nome == "CFOP");
             if (procurada && Existe(conexao, tabela.nome, coluna.nome)) {
                 conexao.Executar("CREATE INDEX IF NOT EXISTS " +
-                                 NomeSql("idx" + std::string(tabela.nome) + coluna.nome) + " ON " +
-                                 NomeSql(tabela.nome) + " (" + NomeSql(coluna.nome) + ")");
+                                 NomeSql("idx" + std::string(tabela.nome).append(coluna.nome)) +
+                                 " ON " + NomeSql(tabela.nome) + " (" + NomeSql(coluna.nome) + ")");
             }
         }
     }

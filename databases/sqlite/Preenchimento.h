@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "data/TabelasDoBanco.h"
 #include "data/Valor.h"
 #include "databases/sqlite/Celula.h"
 #include "databases/sqlite/Conexao.h"
-#include "databases/sqlite/Tabelas.h"
 
 // Rows from elsewhere into an empty SQLite database.
 namespace tarvo::sqlite {
@@ -21,15 +21,15 @@ namespace tarvo::sqlite {
 // when a report reads it.
 class Insercao {
   public:
-    // colunas: of that table's definition.
-    Insercao(const std::shared_ptr<Conexao>& conexao, std::string_view tabela,
-             std::span<const DefinicaoColuna> colunas);
+    // colunas: of that table.
+    Insercao(const std::shared_ptr<Conexao>& conexao, const TabelaDoBanco& tabela,
+             std::span<const ColunaDoBanco> colunas);
     // A value for each of the columns, in their order; error 3219 for another number.
     void Linha(std::span<const Valor> valores);
 
   private:
     std::shared_ptr<Conexao> conexao_;
-    std::string tabela_;
+    std::string_view tabela_;
     std::vector<TipoColuna> tipos_;
     Instrucao insercao_;
 };
@@ -39,10 +39,7 @@ class Insercao {
 // ones are its own.
 class Preenchimento {
   public:
-    explicit Preenchimento(std::shared_ptr<Conexao> conexao);
-    ~Preenchimento();
-    Preenchimento(const Preenchimento&) = delete;
-    Preenchimento& operator=(const Preenchimento&) = delete;
+    explicit Preenchimento(std::shared_ptr<Conexao> conexao) : conexao_(std::move(conexao)) {}
 
     // Begins a table, the rows that follow are its. Names are found without regard to case. Errors:
     // 3078 for a table that the schema does not have, 3061 for such a column, 3219 for one that was

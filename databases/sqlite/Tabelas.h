@@ -3,35 +3,24 @@
 
 #include <span>
 #include <string>
-#include <string_view>
-#include <vector>
 
-// The tables of a declaration database as CriarBanco makes them.
+#include "data/TabelasDoBanco.h"
+#include "databases/sqlite/Celula.h"
+
+// The tables of a declaration database in SQLite's dialect.
 namespace tarvo::sqlite {
 
-struct DefinicaoTabela {
-    std::string_view nome;
-    std::string_view colunas;  // what stands between the parentheses of CREATE TABLE
-    std::string_view indice;   // the column by which one declaration's rows are found; may be empty
-};
+TipoColuna TipoDe(const ColunaDoBanco& coluna);
 
-// One of its columns.
-struct DefinicaoColuna {
-    std::string nome;
-    std::string tipo;       // as declared
-    bool semCaixa = false;  // compares without regard to case
-    bool chave = false;     // rows of other tables are found by it
-    std::string definicao;  // the column in CREATE TABLE, with its constraints
-};
-std::vector<DefinicaoColuna> ColunasDe(const DefinicaoTabela& tabela);
+// The names, separated by commas.
+std::string NomesSql(std::span<const ColunaDoBanco> colunas);
 
-std::span<const DefinicaoTabela> TabelasDoBanco();
+// What stands between the parentheses of CREATE TABLE, for these of the table's columns.
+std::string Definicao(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas);
 
-// Whose a table's rows are, and by which column those of one are found: a taxpayer's by IE, a
-// declaration's by NroDRQ, an entry's of tblOcorrências by Código; or everybody's.
-enum class Dono { Contribuinte, Declaracao, Subitem, Todos };
-Dono DonoDe(const DefinicaoTabela& tabela);
-// The four that reports empty and refill.
-std::span<const DefinicaoTabela> TabelasRefeitas();
+std::string CriacaoSql(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas);
+
+// With a parameter for each of the columns.
+std::string InsercaoSql(const TabelaDoBanco& tabela, std::span<const ColunaDoBanco> colunas);
 
 }  // namespace tarvo::sqlite

@@ -17,15 +17,15 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-TipoMdb TipoDe(const std::string& coluna, sqlite::TipoColuna tipo) {
+TipoMdb TipoDe(const std::string& coluna, TipoDaColuna tipo) {
     switch (tipo) {
-        case sqlite::TipoColuna::Longo:
+        case TipoDaColuna::Longo:
             return TipoMdb::Longo;
-        case sqlite::TipoColuna::Moeda:
+        case TipoDaColuna::Moeda:
             return TipoMdb::Moeda;
-        case sqlite::TipoColuna::Data:
+        case TipoDaColuna::Data:
             return TipoMdb::Data;
-        case sqlite::TipoColuna::Booleano:
+        case TipoDaColuna::Booleano:
             return TipoMdb::Booleano;
         default:
             return coluna == "Observação" || coluna == "FLegal" || coluna == "Ocorrência"
@@ -57,12 +57,12 @@ class OutrosBancos : public ComExemplo {
     std::string ComoMdb(const std::string& semColuna = "") {
         EscritorMdb escritor;
         const auto banco = BancoSQLite::Abrir(Banco());
-        for (const auto& tabela : sqlite::TabelasDoBanco()) {
+        for (const auto& tabela : TabelasDoBanco()) {
             std::vector<mdb::ColunaMdb> colunas;
-            for (const auto& coluna : sqlite::ColunasDe(tabela)) {
-                if (semColuna != std::string(tabela.nome) + "." + coluna.nome) {
+            for (const auto& coluna : tabela.Colunas()) {
+                if (semColuna != std::string(tabela.nome).append(".").append(coluna.nome)) {
                     colunas.push_back(
-                        {coluna.nome, TipoDe(coluna.nome, sqlite::TipoDeclarado(coluna.tipo))});
+                        {std::string(coluna.nome), TipoDe(std::string(coluna.nome), coluna.tipo)});
                 }
             }
             escritor.Tabela(std::string(tabela.nome), colunas);

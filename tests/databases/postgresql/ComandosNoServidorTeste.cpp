@@ -18,8 +18,8 @@ using testing::HasSubstr;
 std::string Despejo(const std::string& banco) {
     std::string texto;
     const auto aberto = BancoSQLite::Abrir(banco);
-    for (const auto& tabela : sqlite::TabelasDoBanco()) {
-        const int colunas = static_cast<int>(sqlite::ColunasDe(tabela).size());
+    for (const auto& tabela : TabelasDoBanco()) {
+        const int colunas = static_cast<int>(tabela.Colunas().size());
         for (const auto& linha :
              apoio::Linhas(*aberto, "select * from [" + std::string(tabela.nome) + "]", colunas)) {
             texto += linha + "\n";
@@ -29,22 +29,21 @@ std::string Despejo(const std::string& banco) {
 }
 
 // As SQL writes it; a key is the row's own.
-template <class Coluna>
-std::string ValorSorteado(std::mt19937& sorte, const Coluna& coluna, int linha) {
+std::string ValorSorteado(std::mt19937& sorte, const ColunaDoBanco& coluna, int linha) {
     const auto um = [&](std::vector<const char*> lista) {
         return std::string(lista[sorte() % lista.size()]);
     };
-    if (sorte() % 9 == 0 && coluna.definicao.find("NOT NULL") == std::string::npos) {
+    if (sorte() % 9 == 0 && !coluna.chave) {
         return "NULL";
     }
-    switch (sqlite::TipoDeclarado(coluna.tipo)) {
-        case sqlite::TipoColuna::Longo:
+    switch (coluna.tipo) {
+        case TipoDaColuna::Longo:
             return std::to_string(900 + (coluna.chave ? linha : static_cast<int>(sorte() % 15)));
-        case sqlite::TipoColuna::Moeda:
+        case TipoDaColuna::Moeda:
             return std::to_string(static_cast<std::int64_t>(sorte()) * 1000 - 5);
-        case sqlite::TipoColuna::Data:
+        case TipoDaColuna::Data:
             return um({"'2003-07-01'", "'0100-01-01'", "'2002-01-31 23:59:59'"});
-        case sqlite::TipoColuna::Booleano:
+        case TipoDaColuna::Booleano:
             return um({"-1", "0", "7"});
         default:
             return coluna.chave ? "'" + std::to_string(linha) + "'"
@@ -81,10 +80,10 @@ class ComandosNoServidor : public ComExemplo {
     // Rows of all kinds, which refer to each other or to nothing.
     void Sortear(unsigned semente) {
         std::mt19937 sorte(semente);
-        for (const auto& tabela : sqlite::TabelasDoBanco()) {
+        for (const auto& tabela : TabelasDoBanco()) {
             for (int linha = 0; linha < 15; ++linha) {
                 std::string valores;
-                for (const auto& coluna : sqlite::ColunasDe(tabela)) {
+                for (const auto& coluna : tabela.Colunas()) {
                     valores += (valores.empty() ? "" : ", ") + ValorSorteado(sorte, coluna, linha);
                 }
                 Executar("INSERT OR IGNORE INTO \"" + std::string(tabela.nome) + "\" VALUES (" +
