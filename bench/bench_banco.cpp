@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <string>
 
 #include "data/LeitoresDeCampo.h"

@@ -157,4 +157,16 @@ bool BooleanoCampo(const Valor& valor) {
                       valor);
 }
 
+bool TemColuna(Recordset& linhas, std::string_view nome) {
+    try {
+        (void)linhas.Fields(nome);
+        return true;
+    } catch (const Erro& erro) {
+        if (erro.Numero() == NumeroErro::ItemNaoEncontrado) {
+            return false;
+        }
+        throw;
+    }
+}
+
 }  // namespace tarvo

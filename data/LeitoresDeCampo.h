@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
+#include "data/BancoDados.h"
 #include "data/Publico.h"
 #include "data/Valor.h"
 
@@ -22,5 +24,8 @@ TARVO_PUBLICO Moeda MoedaCampo(const Valor& valor);
 TARVO_PUBLICO Data DataCampo(const Valor& valor);
 // Zero is False, any other number True.
 TARVO_PUBLICO bool BooleanoCampo(const Valor& valor);
+
+// Whether the rows have that column, which databases of others may lack.
+TARVO_PUBLICO bool TemColuna(Recordset& linhas, std::string_view nome);
 
 }  // namespace tarvo

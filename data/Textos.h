@@ -2,7 +2,9 @@
 #pragma once
 
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,10 +32,27 @@ inline std::string ComZeros(std::int64_t valor, std::size_t digitos) {
     return texto;
 }
 
+// The whole number that the text is; nothing for any other text, and for one that does not fit.
+template <class Inteiro>
+std::optional<Inteiro> LerInteiro(std::string_view texto) {
+    Inteiro valor{};
+    const auto* const fim = texto.data() + texto.size();
+    const auto lido = std::from_chars(texto.data(), fim, valor);
+    return lido.ec == std::errc() && lido.ptr == fim ? std::optional(valor) : std::nullopt;
+}
+
+// Whether two names are the same without regard to case; letters beyond ASCII compare as they are.
+constexpr bool MesmoNome(std::string_view a, std::string_view b) {
+    const auto minuscula = [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    return std::ranges::equal(a, b, {}, minuscula, minuscula);
+}
+
 // Without the blanks at both ends.
-constexpr std::string_view SemBrancos(std::string_view texto) {
-    texto.remove_prefix(std::min(texto.find_first_not_of(' '), texto.size()));
-    return texto.substr(0, texto.find_last_not_of(' ') + 1);
+constexpr std::string_view SemBrancos(std::string_view texto, std::string_view brancos = " ") {
+    texto.remove_prefix(std::min(texto.find_first_not_of(brancos), texto.size()));
+    return texto.substr(0, texto.find_last_not_of(brancos) + 1);
 }
 
 // Whether the byte continues a character of UTF-8, where every other byte begins one.

@@ -5,7 +5,6 @@
 #include <QThread>
 #include <QTimer>
 #include <clocale>
-#include <string>
 
 #include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"

@@ -11,19 +11,6 @@ namespace tarvo {
 
 namespace {
 
-// Databases of others may lack the column that says whose a declaration is.
-bool TemColuna(Recordset& recordset, const char* nome) {
-    try {
-        (void)recordset.Fields(nome);
-        return true;
-    } catch (const Erro& erro) {
-        if (erro.Numero() == NumeroErro::ItemNaoEncontrado) {
-            return false;
-        }
-        throw;
-    }
-}
-
 bool TemLinha(BancoDados& banco, const std::string& consulta) {
     return !banco.OpenRecordset(consulta, TipoRecordset::ForwardOnly)->EOF_();
 }

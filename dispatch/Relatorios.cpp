@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dispatch/Relatorios.h"
 
-#include <algorithm>
-
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
 #include "data/Formatos.h"
@@ -106,10 +104,6 @@ Data Relatorios::Referencia(BancoDados& banco, std::int32_t NumeroDRQ) {
     const auto declaracao =
         banco.OpenRecordset(ConsultaRef1(NumeroDRQ), TipoRecordset::ForwardOnly);
     return DataCampo(declaracao->Fields("Ref1"));
-}
-
-int Relatorios::AnoDaReferencia(BancoDados& banco, std::int32_t NumeroDRQ) {
-    return Referencia(banco, NumeroDRQ).Ano();
 }
 
 void Relatorios::Oferecer(frmImpressaoRelatorios& dialogo, std::int32_t opcoes, int ano) const {

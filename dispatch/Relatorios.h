@@ -61,8 +61,6 @@ class TARVO_PUBLICO Relatorios {
     // The declaration's first reference date; a Null date is in 1899. Error 3021 when there is no
     // such declaration.
     static Data Referencia(BancoDados& banco, std::int32_t NumeroDRQ);
-    // Its year.
-    static int AnoDaReferencia(BancoDados& banco, std::int32_t NumeroDRQ);
 
   private:
     void Oferecer(frmImpressaoRelatorios& dialogo, std::int32_t opcoes, int ano) const;

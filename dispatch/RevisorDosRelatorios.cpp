@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dispatch/RevisorDosRelatorios.h"
 
-#include <algorithm>
-
 #include "data/CodigosDeErros.h"
 #include "data/Procura.h"
 #include "dispatch/Catalogo.h"

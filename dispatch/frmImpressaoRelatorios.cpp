@@ -7,22 +7,6 @@ void ListaSelecao::Acrescentar(std::string_view rotulo, bool selecionada) {
     entradas_.push_back({rotulo, acrescentadas_++, selecionada});
 }
 
-std::string_view ListaSelecao::Rotulo(std::size_t posicao) const {
-    return entradas_.at(posicao).rotulo;
-}
-
-std::size_t ListaSelecao::Relatorio(std::size_t posicao) const {
-    return entradas_.at(posicao).relatorio;
-}
-
-bool ListaSelecao::Selecionada(std::size_t posicao) const {
-    return entradas_.at(posicao).selecionada;
-}
-
-void ListaSelecao::Selecionar(std::size_t posicao, bool selecionada) {
-    entradas_.at(posicao).selecionada = selecionada;
-}
-
 std::uint32_t ListaSelecao::Oferecidas() const {
     std::uint32_t bits = 0;
     for (const auto& entrada : entradas_) {

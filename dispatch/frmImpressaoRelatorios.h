@@ -26,11 +26,19 @@ class TARVO_PUBLICO ListaSelecao {
     // Below the others. rotulo outlives the list.
     void Acrescentar(std::string_view rotulo, bool selecionada = false);
     [[nodiscard]] std::size_t Quantidade() const { return entradas_.size(); }
-    [[nodiscard]] std::string_view Rotulo(std::size_t posicao) const;
+    [[nodiscard]] std::string_view Rotulo(std::size_t posicao) const {
+        return entradas_.at(posicao).rotulo;
+    }
     // Which of all that were ever added the entry is, counted from 0.
-    [[nodiscard]] std::size_t Relatorio(std::size_t posicao) const;
-    [[nodiscard]] bool Selecionada(std::size_t posicao) const;
-    void Selecionar(std::size_t posicao, bool selecionada);
+    [[nodiscard]] std::size_t Relatorio(std::size_t posicao) const {
+        return entradas_.at(posicao).relatorio;
+    }
+    [[nodiscard]] bool Selecionada(std::size_t posicao) const {
+        return entradas_.at(posicao).selecionada;
+    }
+    void Selecionar(std::size_t posicao, bool selecionada) {
+        entradas_.at(posicao).selecionada = selecionada;
+    }
     // The reports that are offered, and those that are selected: bit i is the entry that was added
     // as the i-th, counted from 0.
     [[nodiscard]] std::uint32_t Oferecidas() const;

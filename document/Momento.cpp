@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "document/Momento.h"
 
-#include <charconv>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
@@ -21,10 +20,8 @@ std::optional<std::time_t> MomentoFixado() {
     }
     const std::string_view valor(texto);
     constexpr std::time_t FimDoCalendario = 253402300799;  // 31/12/9999 23:59:59
-    std::time_t segundos = 0;
-    const auto [fim, erro] = std::from_chars(valor.data(), valor.data() + valor.size(), segundos);
-    if (erro != std::errc() || fim != valor.data() + valor.size() || segundos < 0 ||
-        segundos > FimDoCalendario) {
+    const auto segundos = LerInteiro<std::time_t>(valor);
+    if (!segundos || *segundos < 0 || *segundos > FimDoCalendario) {
         throw Erro(NumeroErro::ChamadaInvalida,
                    "SOURCE_DATE_EPOCH=\"" + std::string(valor) + "\" não é um número de segundos.");
     }

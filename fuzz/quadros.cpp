@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <cstdint>
-#include <cstdlib>
 
 #include "databases/mdb/Quadros.h"
 

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <sstream>
 
+#include "data/Textos.h"
 #include "output/json/DocumentoJSON.h"
 #include "output/png/PaginasPNG.h"
 #include "output/tables/PlanilhaXLSX.h"
@@ -100,13 +101,6 @@ ResultadoDaSaida GravarUmArquivo(std::span<const DocumentoDeSaida> documentos,
     }
     resultado.arquivos = {{.caminho = arquivo, .bytes = tamanho}};
     return resultado;
-}
-
-bool MesmoNome(std::string_view a, std::string_view b) {
-    const auto minuscula = [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    };
-    return std::ranges::equal(a, b, {}, minuscula, minuscula);
 }
 
 }  // namespace

@@ -39,18 +39,6 @@ std::string LerComo(TipoDaColuna tipo, const Valor& valor) {
     return "";
 }
 
-bool TemColuna(Recordset& linhas, std::string_view nome) {
-    try {
-        (void)linhas.Fields(nome);
-        return true;
-    } catch (const Erro& erro) {
-        if (erro.Numero() == NumeroErro::ItemNaoEncontrado) {
-            return false;
-        }
-        throw;
-    }
-}
-
 bool EhDeConversao(NumeroErro numero) {
     return numero == NumeroErro::ConversaoDeDado || numero == NumeroErro::TipoIncompativel ||
            numero == NumeroErro::Estouro;

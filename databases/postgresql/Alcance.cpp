@@ -2,9 +2,9 @@
 #include "databases/postgresql/Alcance.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 
+#include "data/Textos.h"
 #include "databases/sqlite/Alfabeto.h"
 #include "databases/sqlite/Gramatica.h"
 
@@ -13,13 +13,6 @@ namespace tarvo::postgresql {
 namespace {
 
 using namespace sqlite;
-
-std::optional<std::int32_t> Numero(const std::string& texto) {
-    std::int32_t numero = 0;
-    const auto [fim, erro] = std::from_chars(texto.data(), texto.data() + texto.size(), numero);
-    const bool inteiro = erro == std::errc() && fim == texto.data() + texto.size();
-    return inteiro ? std::optional(numero) : std::nullopt;
-}
 
 // "column = literal" of that column.
 const Expressao* Igualado(const Expressao& termo, std::string_view coluna, Operacao literal) {
@@ -35,7 +28,8 @@ std::vector<std::int32_t> Codigos(const Expressao& termo) {
     std::vector<std::int32_t> codigos;
     const auto tomar = [&](const Expressao& um) {
         const Expressao* const literal = Igualado(um, "código", Operacao::Numero);
-        const auto numero = literal == nullptr ? std::nullopt : Numero(literal->nome);
+        const auto numero =
+            literal == nullptr ? std::nullopt : LerInteiro<std::int32_t>(literal->nome);
         if (numero) {
             codigos.push_back(*numero);
         }
@@ -61,7 +55,7 @@ const TabelaDoBanco* Definicao(const std::string& nome) {
 void Restringir(Alcance& alcance, const std::vector<Expressao>& termos) {
     for (const Expressao& termo : termos) {
         if (const auto* literal = Igualado(termo, "nrodrq", Operacao::Numero)) {
-            const auto numero = Numero(literal->nome);
+            const auto numero = LerInteiro<std::int32_t>(literal->nome);
             alcance.varias =
                 alcance.varias || !numero || (alcance.NroDRQ && *alcance.NroDRQ != *numero);
             alcance.NroDRQ = numero;

@@ -11,7 +11,6 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
-#include <functional>
 
 #include "desktop/ApoioQt.h"
 #include "desktop/Ligacao.h"

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/preview/CelulasDeTexto.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "data/Formatos.h"
 #include "desktop/ApoioQt.h"
 #include "document/Imagens.h"

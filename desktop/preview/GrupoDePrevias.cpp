@@ -6,7 +6,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
-#include <algorithm>
 
 #include "data/Procura.h"
 #include "desktop/ApoioQt.h"

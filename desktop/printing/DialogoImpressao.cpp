@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
-#include <algorithm>
 
 #include "desktop/ApoioQt.h"
 #include "desktop/SegundoPlano.h"

@@ -2,39 +2,31 @@
 #include "desktop/printing/EscolhaDePaginas.h"
 
 #include <algorithm>
-#include <charconv>
 #include <numeric>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 
 namespace tarvo {
 
 namespace {
 
-std::string_view SemEspacos(std::string_view texto) {
-    const auto inicio = texto.find_first_not_of(" \t");
-    return inicio == std::string_view::npos
-               ? std::string_view()
-               : texto.substr(inicio, texto.find_last_not_of(" \t") - inicio + 1);
-}
+constexpr std::string_view Brancos = " \t";
 
 // A page's number; padrao where nothing stands, 0 for what is none.
 int LerPagina(std::string_view texto, int padrao) {
-    texto = SemEspacos(texto);
-    int pagina = 0;
-    const auto* fim = texto.data() + texto.size();
-    const auto lido = std::from_chars(texto.data(), fim, pagina);
-    return texto.empty() ? padrao : lido.ec == std::errc() && lido.ptr == fim ? pagina : 0;
+    texto = SemBrancos(texto, Brancos);
+    return texto.empty() ? padrao : LerInteiro<int>(texto).value_or(0);
 }
 
 }  // namespace
 
 std::optional<std::vector<int>> LerPaginas(std::string_view texto, int total) {
     std::vector<int> paginas;
-    if (SemEspacos(texto).empty()) {
+    if (SemBrancos(texto, Brancos).empty()) {
         texto = "1-";
     }
     while (true) {

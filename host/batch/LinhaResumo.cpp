@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <istream>
 #include <span>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "system/files/Arquivos.h"
 
 namespace tarvo::host {
@@ -54,10 +54,10 @@ std::string_view SemFimDeLinha(std::string_view registro) {
 }
 
 template <class Inteiro>
-bool LerNumero(const std::string& texto, Inteiro& numero) {
-    const char* const fim = texto.data() + texto.size();
-    const auto lido = std::from_chars(texto.data(), fim, numero);
-    return lido.ec == std::errc() && lido.ptr == fim;
+bool Ler(const std::string& texto, Inteiro& numero) {
+    const auto lido = LerInteiro<Inteiro>(texto);
+    numero = lido.value_or(0);
+    return lido.has_value();
 }
 
 }  // namespace
@@ -77,9 +77,9 @@ std::string Escrita(const LinhaResumo& l) {
 std::optional<LinhaResumo> Lida(std::string_view registro) {
     const auto celulas = SepararCelulas(registro);
     LinhaResumo l;
-    if (celulas.size() != Colunas.size() || !LerNumero(celulas[1], l.NroDRQ) ||
-        !LerNumero(celulas[5], l.bytes) || !LerNumero(celulas[6], l.paginas) ||
-        !LerNumero(celulas[7], l.cortados) || !LerNumero(celulas[8], l.erro)) {
+    if (celulas.size() != Colunas.size() || !Ler(celulas[1], l.NroDRQ) ||
+        !Ler(celulas[5], l.bytes) || !Ler(celulas[6], l.paginas) || !Ler(celulas[7], l.cortados) ||
+        !Ler(celulas[8], l.erro)) {
         return std::nullopt;
     }
     const auto texto = [&](std::size_t coluna) { return TextoDaCelula(celulas[coluna]); };

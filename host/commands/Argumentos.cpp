@@ -2,12 +2,12 @@
 #include "host/commands/Argumentos.h"
 
 #include <algorithm>
-#include <charconv>
 #include <thread>
 
 #include "data/CodigosDeErros.h"
 #include "data/Formatos.h"
 #include "data/Procura.h"
+#include "data/Textos.h"
 #include "databases/postgresql/Endereco.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ReferenciaAtual.h"
@@ -28,14 +28,12 @@ void Exigir(const std::string& valor, const char* nome) {
 
 std::int32_t LerInteiro(const std::string& texto, const char* opcao, std::int32_t minimo,
                         std::int32_t maximo = INT32_MAX) {
-    std::int32_t valor = 0;
-    const auto [fim, erro] = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
-    if (erro != std::errc() || fim != texto.data() + texto.size() || valor < minimo ||
-        valor > maximo) {
+    const auto valor = tarvo::LerInteiro<std::int32_t>(texto);
+    if (!valor || *valor < minimo || *valor > maximo) {
         Recusar(std::string(opcao) + " pede um número inteiro de " + std::to_string(minimo) +
                 " a " + std::to_string(maximo) + ", não \"" + texto + "\"");
     }
-    return valor;
+    return *valor;
 }
 
 // ou: what else it could have been.

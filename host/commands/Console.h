@@ -2,7 +2,6 @@
 #pragma once
 
 #include <ostream>
-#include <string>
 #include <string_view>
 
 namespace tarvo::host {

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/commands/Interrupcao.h"
 
-#include <atomic>
 #include <cstddef>
-
-#include "host/commands/Console.h"
 
 namespace tarvo::host {
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/commands/LinhaDeComando.h"
 
-#include <algorithm>
-
 #include "data/Procura.h"
 #include "host/commands/AnalisadorDeComando.h"
 #include "host/commands/PalavraParecida.h"

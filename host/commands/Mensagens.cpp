@@ -2,10 +2,8 @@
 #include "host/commands/Mensagens.h"
 
 #include <ostream>
-#include <string>
 
 #include "data/Legivel.h"
-#include "host/commands/Console.h"
 #include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {

@@ -8,7 +8,6 @@
 #include "host/commands/Avisos.h"
 #include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
-#include "host/commands/Mensagens.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "system/settings/ConfiguracoesIni.h"

@@ -49,7 +49,7 @@ bool ExisteCodigo(std::string_view codigo) {
 }
 
 std::vector<std::string> CodigosOferecidos(BancoDados& banco, std::int32_t NumeroDRQ) {
-    const int ano = Relatorios::AnoDaReferencia(banco, NumeroDRQ);
+    const int ano = Relatorios::Referencia(banco, NumeroDRQ).Ano();
     std::vector<std::string> codigos;
     for (const auto& entrada : Catalogo()) {
         if (entrada.desde <= ano) {

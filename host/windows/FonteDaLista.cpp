@@ -4,7 +4,6 @@
 #include <QCollator>
 #include <algorithm>
 #include <map>
-#include <numeric>
 
 #include "desktop/ApoioQt.h"
 #include "desktop/preview/BuscaTexto.h"

@@ -5,7 +5,6 @@
 #include <QStringList>
 #include <array>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>

@@ -24,7 +24,6 @@
 #include "host/windows/AvisosDaDeclaracao.h"
 #include "host/windows/BancoAberto.h"
 #include "host/windows/Explicacao.h"
-#include "host/windows/ListaDeclaracoes.h"
 #include "host/windows/MesDeReferencia.h"
 #include "host/windows/Recentes.h"
 #include "host/windows/Rodadas.h"

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/windows/Rodadas.h"
 
-#include <charconv>
-
+#include "data/Textos.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "host/windows/AmbienteComJanelas.h"
 #include "host/windows/AvisosDaDeclaracao.h"
@@ -27,14 +26,12 @@ Rodadas::Rodadas(AmbienteComJanelas& ambiente, QWidget& janela, AvisosDaDeclarac
       velo_(ambiente.DosRelatorios()) {}
 
 std::int32_t Rodadas::Selecao::Marcas() const {
-    std::int32_t marcas = 0;
     try {
-        const auto lidas = ambiente_.Preferencias().Ler(Aplicacao, Secao, Chave, "0");
-        std::from_chars(lidas.data(), lidas.data() + lidas.size(), marcas);
+        const auto lidas = ambiente_.Preferencias().Ler(Aplicacao, Secao, Chave, "");
+        return LerInteiro<std::int32_t>(lidas).value_or(0);
     } catch (const Erro&) {
         return 0;
     }
-    return marcas;
 }
 
 void Rodadas::Selecao::ExibirModal(frmImpressaoRelatorios& dialogo) {

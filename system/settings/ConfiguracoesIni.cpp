@@ -5,7 +5,6 @@
 #include <pwd.h>
 #include <sys/file.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <optional>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "system/files/Arquivos.h"
 #include "system/files/Descritor.h"
 
@@ -21,21 +21,7 @@ namespace tarvo {
 namespace {
 
 std::string_view Aparar(std::string_view texto) {
-    constexpr std::string_view Brancos = " \t\r\n";
-    const auto inicio = texto.find_first_not_of(Brancos);
-    if (inicio == std::string_view::npos) {
-        return {};
-    }
-    return texto.substr(inicio, texto.find_last_not_of(Brancos) - inicio + 1);
-}
-
-// Names are ASCII; letters beyond it compare as they stand.
-bool MesmoNome(std::string_view a, std::string_view b) {
-    const auto minuscula = [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return minuscula(x) == minuscula(y); });
+    return SemBrancos(texto, " \t\r\n");
 }
 
 // Lines with their ends.
@@ -51,7 +37,7 @@ std::vector<std::string> Linhas(std::string_view texto) {
 
 std::optional<std::string_view> Secao(std::string_view linha) {
     constexpr std::string_view MarcaUtf8 = "\xEF\xBB\xBF";
-    if (linha.substr(0, MarcaUtf8.size()) == MarcaUtf8) {
+    if (linha.starts_with(MarcaUtf8)) {
         linha.remove_prefix(MarcaUtf8.size());
     }
     linha = Aparar(linha);

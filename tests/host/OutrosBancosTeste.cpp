@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <fstream>
 
 #include "databases/sqlite/Celula.h"

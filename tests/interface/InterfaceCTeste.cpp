@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
-#include <cmath>
 #include <future>
 #include <sstream>
 

@@ -3,7 +3,6 @@
 #include <fstream>
 #include <set>
 
-#include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
 #include "data/Textos.h"
 #include "dispatch/Catalogo.h"
@@ -88,7 +87,7 @@ TEST(QueriesSent, AreThoseOfTheGuide) {
         }
     }
     RelatorioVELO().Construir(gravador);
-    Relatorios::AnoDaReferencia(gravador, 101);
+    Relatorios::Referencia(gravador, 101);
     EXPECT_EQ(gravador.formas, FormasDoGuia());
 }
 
