@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/Comandos.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <ostream>
 
@@ -11,16 +13,11 @@
 #include "host/batch/JuncaoDeResumos.h"
 #include "host/batch/Lote.h"
 #include "host/commands/Argumentos.h"
+#include "host/commands/ComandosDoBanco.h"
 #include "host/commands/Console.h"
-#include "host/commands/ContinuacaoComJanelas.h"
-#include "host/commands/Copia.h"
-#include "host/commands/Exportacao.h"
-#include "host/commands/Impressao.h"
 #include "host/commands/Interrupcao.h"
-#include "host/commands/Listagem.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/PalavraParecida.h"
-#include "host/commands/Verificacao.h"
 #include "host/example/Exemplo.h"
 #include "reports/ReferenciaAtual.h"
 #include "system/settings/ConfiguracoesIni.h"
@@ -69,6 +66,27 @@ void ConferirBanco(const Argumentos& a) {
         }
         throw;
     }
+}
+
+// Replaces this process by the program with the windows, which stands beside this one or in its
+// libexec folder, with the same arguments. It is a program of its own so that commands without a
+// window load no GUI library. Returns only by error 445, when that program is not installed.
+[[noreturn]] void ContinuarComJanelas(const std::vector<std::string>& argumentos) {
+    constexpr const char* Nome = "relatorios-tarvo-janela";
+    std::error_code ignorado;
+    const auto pasta = std::filesystem::read_symlink("/proc/self/exe", ignorado).parent_path();
+    std::vector<char*> lista{const_cast<char*>(Nome)};
+    for (const auto& argumento : argumentos) {
+        lista.push_back(const_cast<char*>(argumento.c_str()));
+    }
+    lista.push_back(nullptr);
+    for (const auto& lugar :
+         {pasta / Nome, pasta.parent_path() / TARVO_LIBEXECDIR / "relatoriostarvo" / Nome}) {
+        execv(lugar.c_str(), lista.data());
+    }
+    throw Erro(NumeroErro::AcaoNaoSuportada,
+               "As janelas não fazem parte desta instalação (pacote relatorios-tarvo-desktop); "
+               "exportar e imprimir funcionam.");
 }
 
 int Despachar(const Argumentos& a, const std::vector<std::string>& argumentos, std::ostream& saida,

@@ -23,7 +23,7 @@
 #include "host/batch/SelecaoLote.h"
 #include "host/batch/TrabalhadorLote.h"
 #include "host/commands/AberturaDoBanco.h"
-#include "host/commands/Danos.h"
+#include "host/commands/Avisos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/Mensagens.h"
 #include "output/pdf/RenderizadorPDF.h"

@@ -8,7 +8,6 @@
 #include "host/batch/HashDeDados.h"
 #include "host/commands/Avisos.h"
 #include "host/commands/Mensagens.h"
-#include "host/commands/RelatoriosPorCodigo.h"
 #include "host/commands/ResultadoEmJSON.h"
 #include "reports/ConfiguracoesDaChamada.h"
 #include "reports/ReferenciaAtual.h"

@@ -12,6 +12,7 @@
 #include "host/batch/SelecaoLote.h"
 #include "host/commands/Argumentos.h"
 #include "host/commands/Interrupcao.h"
+#include "host/commands/RelatoriosPorCodigo.h"
 #include "review/Achado.h"
 
 namespace tarvo::host {

@@ -9,11 +9,18 @@
 
 #include "data/Data.h"
 #include "host/batch/Parte.h"
-#include "host/commands/GravacaoDeRelatorios.h"
 #include "host/commands/LinhaDeComando.h"
+#include "output/FormatoDeSaida.h"
 
 // The command line, read and checked.
 namespace tarvo::host {
+
+// Where a command writes its files, and as what.
+struct SaidaEmArquivos {
+    std::filesystem::path pasta;
+    const FormatoDeSaida* formato = nullptr;
+    OpcoesDeSaida opcoes;
+};
 
 struct Argumentos {
     Comando comando = Comando::Ajuda;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/commands/Argumentos.h"
 #include "host/commands/Console.h"
 #include "output/FormatoDeSaida.h"
 #include "review/Revisao.h"
@@ -21,6 +22,12 @@ void AvisarCortes(Console& console, const std::string& nome,
 // the pages away.
 std::vector<Achado> RevisarComAvisos(BancoDados& banco, const PedidoDeRevisao& pedido,
                                      Console& console);
+
+// Looks at the whole database and says as warnings what is damaged in it: it may be read without an
+// error and give pages with rows missing.
+void AvisarDanos(BancoDados& banco, Console& console);
+// The same, where that costs little beside the reports that are asked for.
+void AvisarDanosSeBarato(BancoDados& banco, const Argumentos& argumentos, Console& console);
 
 // Those that concern one of these reports.
 std::vector<Achado> AchadosDe(const std::vector<std::string>& codigos, std::vector<Achado> achados);

@@ -4,6 +4,8 @@
 #include <ostream>
 #include <string_view>
 
+#include "data/Legivel.h"
+
 namespace tarvo::host {
 
 // Where a command speaks to people: lines on the standard output, unless that is for data, and
@@ -20,9 +22,13 @@ class Console {
     Console(std::ostream& saida, std::ostream& erros, const Modo& modo)
         : saida_(saida), erros_(erros), modo_(modo) {}
 
-    void Dizer(std::string_view linha);
+    void Dizer(std::string_view linha) { Saida() << Legivel(linha) << "\n"; }
     // "aviso: …"
-    void Avisar(std::string_view aviso);
+    void Avisar(std::string_view aviso) {
+        if (!modo_.silencioso) {
+            erros_ << "aviso: " << Legivel(aviso) << "\n";
+        }
+    }
 
     // For lines that a command writes itself; where there shall be none, it writes nothing.
     std::ostream& Saida() { return modo_.silencioso || modo_.dados ? nada_ : saida_; }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/commands/Copia.h"
+#include "host/commands/ComandosDoBanco.h"
 
 #include "databases/CopiarBanco.h"
 #include "host/commands/AberturaDoBanco.h"

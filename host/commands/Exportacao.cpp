@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/commands/Exportacao.h"
+#include "host/commands/ComandosDoBanco.h"
 
 #include <unistd.h>
 
@@ -37,7 +37,9 @@ int ExportarRelatorios(const Argumentos& a, Console& console) {
             if (a.naSaidaPadrao) {
                 return EscreverNaSaidaPadrao(relatorio, a.saida, console).cortados;
             }
-            auto resultado = GravarRelatorio(codigo, relatorio, a.saida);
+            const DocumentoDeSaida documento = DocumentoDe(relatorio);
+            auto resultado = Gravar({&documento, 1}, *a.saida.formato, a.saida.pasta,
+                                    NomeDoArquivo(codigo), a.saida.opcoes);
             if (a.json) {
                 return gravados.emplace_back(codigo, std::move(resultado)).second.cortados;
             }

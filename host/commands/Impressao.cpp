@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/commands/Impressao.h"
+#include "host/commands/ComandosDoBanco.h"
 
 #include "desktop/printing/FilaImpressao.h"
 #include "host/commands/ProducaoDeRelatorios.h"

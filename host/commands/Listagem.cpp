@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/commands/Listagem.h"
+#include "host/commands/ComandosDoBanco.h"
 
 #include <map>
 #include <ostream>

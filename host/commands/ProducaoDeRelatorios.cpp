@@ -6,7 +6,6 @@
 #include "data/LeitoresDeCampo.h"
 #include "host/commands/AberturaDoBanco.h"
 #include "host/commands/Avisos.h"
-#include "host/commands/Danos.h"
 #include "host/commands/Interrupcao.h"
 #include "host/commands/RelatoriosPorCodigo.h"
 #include "reports/ConfiguracoesDaChamada.h"

@@ -71,6 +71,11 @@ std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDado
     return relatorio;
 }
 
+DocumentoDeSaida DocumentoDe(const Relatorio& relatorio) {
+    const Conteudo& conteudo = relatorio.Documento();
+    return {relatorio.Identidade().classe, &conteudo, conteudo.titulo};
+}
+
 std::string NomeDoArquivo(std::string_view codigo) {
     const EntradaCatalogo* entrada = Procurar(codigo);
     return std::string(codigo).append("-").append(entrada != nullptr ? entrada->classe

@@ -9,6 +9,7 @@
 
 #include "data/BancoDados.h"
 #include "document/Relatorio.h"
+#include "output/FormatoDeSaida.h"
 
 // The reports that the command can build, by their codes: the entries of the selection list, and
 // the payment slip.
@@ -40,6 +41,9 @@ struct Alvo {
 // caller. What ambiente points to outlives it.
 std::unique_ptr<Relatorio> ConstruirRelatorio(std::string_view codigo, BancoDados& banco,
                                               const Alvo& alvo, const Ambiente& ambiente);
+
+// Its document as an output takes it.
+DocumentoDeSaida DocumentoDe(const Relatorio& relatorio);
 
 // "10-RelatorioApuracaoOpProp": the name of a report's files without their ending.
 std::string NomeDoArquivo(std::string_view codigo);

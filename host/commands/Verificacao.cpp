@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/commands/Verificacao.h"
+#include "host/commands/ComandosDoBanco.h"
 
 #include <ostream>
 
