@@ -50,12 +50,12 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
         }
         // The reports that the dialog leads to are one run.
         selecao_.aoExibir = [this](const frmImpressaoRelatorios& dialogo) {
-            visualizadores_.ComecarRodada();
-            visualizadores_.NomearRodada(dialogo.nomeDeArquivo);
+            visualizadores_.Previas().Comecar();
+            visualizadores_.Previas().nomeDeArquivo = dialogo.nomeDeArquivo;
         };
         selecao_.aoDescarregar = [this] {
             // Without an event loop of the host's nobody would serve a message.
-            visualizadores_.ConcluirRodada(nullptr, QThread::currentThread()->loopLevel() > 0);
+            visualizadores_.Previas().Concluir(nullptr, QThread::currentThread()->loopLevel() > 0);
         };
     }
 
@@ -68,19 +68,19 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
 
     void AoPedir(std::function<void(Pedido)> acao) override {
         if (acao == nullptr) {
-            return visualizadores_.AoPedir(nullptr);
+            return visualizadores_.Previas().AoPedir(nullptr);
         }
         // What the host shows again in answer keeps its window.
-        visualizadores_.AoPedir([this, acao = std::move(acao)](Pedido pedido) {
-            visualizadores_.ComecarRodada(pedido == Pedido::Atualizar ? Permanece::Paginas
-                                                                      : Permanece::Janelas);
+        visualizadores_.Previas().AoPedir([this, acao = std::move(acao)](Pedido pedido) {
+            visualizadores_.Previas().Comecar(pedido == Pedido::Atualizar ? Permanece::Paginas
+                                                                          : Permanece::Janelas);
             try {
                 acao(pedido);
             } catch (...) {
-                visualizadores_.ConcluirRodada(nullptr);
+                visualizadores_.Previas().Concluir(nullptr);
                 throw;
             }
-            visualizadores_.ConcluirRodada(nullptr);
+            visualizadores_.Previas().Concluir(nullptr);
         });
     }
 
@@ -92,10 +92,10 @@ class AreaDeTrabalhoQt final : public AreaDeTrabalho {
         if (tempo.count() > 0) {
             prazo.start(tempo);
         }
-        while (!venceu && visualizadores_.Abertas() > 0) {
+        while (!venceu && visualizadores_.Previas().Abertas() > 0) {
             Atender(QEventLoop::WaitForMoreEvents);
         }
-        return visualizadores_.Abertas();
+        return visualizadores_.Previas().Abertas();
     }
 
     void ImprimirEm(const Conteudo& conteudo, const std::string& impressora) override {

@@ -7,9 +7,8 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"
-#include "system/settings/ConfiguracoesIni.h"
+#include "desktop/Habitos.h"
 
 namespace tarvo {
 
@@ -17,21 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Passo = 28;                        // pixels between two windows of a kind
-constexpr QMargins Moldura(4, 30, 4, 6);         // that a window manager may put around a window
-constexpr int Ajustes = 40;                      // by which it may move one on its own
-constexpr std::string_view Aplicacao = "Tarvo";  // in the store
-constexpr std::string_view Chave = "Lugar";      // "x y largura altura normal|maximizada"
-
-QStringList Ler(const ConfiguracoesIni* configuracoes, std::string_view secao) {
-    try {
-        return configuracoes != nullptr
-                   ? ParaQt(configuracoes->Ler(Aplicacao, secao, Chave, "")).split(u' ')
-                   : QStringList();
-    } catch (const Erro&) {
-        return {};
-    }
-}
+constexpr int Passo = 28;                    // pixels between two windows of a kind
+constexpr QMargins Moldura(4, 30, 4, 6);     // that a window manager may put around a window
+constexpr int Ajustes = 40;                  // by which it may move one on its own
+constexpr std::string_view Chave = "Lugar";  // "x y largura altura normal|maximizada"
 
 }  // namespace
 
@@ -66,7 +54,8 @@ void LugarDaJanela::Colocar(QWidget& janela) {
     QSize tamanho = padrao_;
     bool maximizada = false;
     preferido_ = area.center() - QPoint(padrao_.width() / 2, padrao_.height() / 2);
-    if (const auto lido = Ler(configuracoes_, secao_); lido.size() == 5) {
+    const auto lido = ParaQt(LerHabito(configuracoes_, secao_, Chave)).split(u' ');
+    if (lido.size() == 5) {
         preferido_ = {lido[0].toInt(), lido[1].toInt()};
         tamanho = QSize(lido[2].toInt(), lido[3].toInt()).expandedTo({200, 150});
         maximizada = lido[4] == u"maximizada"_s;
@@ -85,9 +74,6 @@ void LugarDaJanela::Colocar(QWidget& janela) {
 }
 
 void LugarDaJanela::Gravar(const QWidget& janela) const {
-    if (configuracoes_ == nullptr) {
-        return;
-    }
     const bool maximizada = janela.isMaximized();
     const bool livre = !maximizada && !janela.isFullScreen();
     const QSize tamanho = livre ? janela.size() : janela.normalGeometry().size();
@@ -98,13 +84,7 @@ void LugarDaJanela::Gravar(const QWidget& janela) const {
                            .arg(tamanho.width())
                            .arg(tamanho.height())
                            .arg(maximizada ? u"maximizada"_s : u"normal"_s);
-    try {
-        if (Ler(configuracoes_, secao_).join(u' ') != texto) {
-            configuracoes_->Gravar(Aplicacao, secao_, Chave, texto.toStdString());
-        }
-    } catch (const Erro&) {
-        return;
-    }
+    GravarHabito(configuracoes_, secao_, Chave, texto.toStdString());
 }
 
 }  // namespace tarvo

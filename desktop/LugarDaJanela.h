@@ -23,8 +23,7 @@ class LugarDaJanela {
 
     // Before the window is shown. Others of its kind are the visible windows of its object name.
     void Colocar(QWidget& janela);
-    // Keeps size and state, and the place when the user has chosen one. A store that cannot be
-    // written stays as it is: losing a window's place is no error.
+    // Keeps size and state, and the place when the user has chosen one.
     void Gravar(const QWidget& janela) const;
 
     // The first place from preferido on, each a step further down and to the right and around the

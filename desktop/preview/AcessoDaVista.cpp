@@ -70,7 +70,7 @@ QAccessibleInterface* AcessoDaVista::Acesso(int pagina, int no) const {
         QAccessibleInterface* acesso = nullptr;
         if (tipo == TipoElemento::Tabela) {
             acesso = new AcessoDaTabela(*this, leitura_, pagina, no);
-        } else if (tipo == TipoElemento::Celula || tipo == TipoElemento::CelulaDeTitulo) {
+        } else if (ECelula(tipo)) {
             acesso = new AcessoDaCelula(*this, leitura_, pagina, no);
         } else {
             acesso = new AcessoDoNo(*this, leitura_, pagina, no);

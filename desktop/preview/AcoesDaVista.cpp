@@ -12,8 +12,9 @@ AcoesDaVista::AcoesDaVista(const AcoesDaVisualizacao& acoes, VistaPaginas& vista
     const auto ligar = [this](Acao acao, auto fazer) {
         Ligar(&acoes_[acao], &QAction::triggered, &vista_, fazer);
     };
-    ligar(Acao::SelecionarPagina, [this] { vista_.SelecionarPagina(); });
-    ligar(Acao::SelecionarTudo, [this] { vista_.SelecionarTudo(); });
+    ligar(Acao::SelecionarPagina,
+          [this] { vista_.SelecionarPaginas(vista_.Pagina(), vista_.Pagina()); });
+    ligar(Acao::SelecionarTudo, [this] { vista_.SelecionarPaginas(0, vista_.Paginas() - 1); });
     const auto ampliarUmPasso = [this](int sentido) {
         vista_.Ampliar(Ampliacao::Passo(vista_.AmpliacaoAtual(), sentido));
     };

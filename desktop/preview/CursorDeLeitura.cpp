@@ -31,10 +31,6 @@ std::optional<LugarDeLeitura> Procurar(LeituraDoDocumento& leitura, LugarDeLeitu
     }
 }
 
-bool ECelula(const No& no) {
-    return no.tipo == TipoElemento::Celula || no.tipo == TipoElemento::CelulaDeTitulo;
-}
-
 }  // namespace
 
 LugarDeLeitura PrimeiroTexto(LeituraDoDocumento& leitura, int pagina) {
@@ -46,10 +42,10 @@ LugarDeLeitura PrimeiroTexto(LeituraDoDocumento& leitura, int pagina) {
 LugarDeLeitura Andar(LeituraDoDocumento& leitura, const LugarDeLeitura& de, Passo passo) {
     const int sentido = passo == Passo::Seguinte || passo == Passo::Abaixo ? 1 : -1;
     const auto& aqui = leitura.Pagina(de.pagina)[static_cast<std::size_t>(de.no)];
-    const bool porLinha = (passo == Passo::Abaixo || passo == Passo::Acima) && ECelula(aqui);
+    const bool porLinha = (passo == Passo::Abaixo || passo == Passo::Acima) && ECelula(aqui.tipo);
     const int coluna = porLinha ? leitura.Coluna(aqui.elemento) : 0;
     const auto serve = [&](const LugarDeLeitura& lugar, const No& no) {
-        if (!porLinha || !ECelula(no)) {
+        if (!porLinha || !ECelula(no.tipo)) {
             return true;
         }
         const bool outraLinha = lugar.pagina != de.pagina || no.pai != aqui.pai;

@@ -22,8 +22,7 @@ namespace tarvo {
 using namespace Qt::StringLiterals;
 
 GrupoDePrevias::GrupoDePrevias(ConfiguracoesIni* preferencias)
-    : preferencias_(preferencias),
-      emAbas_(preferencias != nullptr && PreferenciasDaVista::Ler(*preferencias).emAbas) {}
+    : preferencias_(preferencias), emAbas_(PreferenciasDaVista::Ler(preferencias).emAbas) {}
 
 GrupoDePrevias::~GrupoDePrevias() = default;
 
@@ -98,11 +97,9 @@ void GrupoDePrevias::DefinirEmAbas(bool emAbas, JanelaVisualizacao& naFrente) {
         return;
     }
     emAbas_ = emAbas;
-    if (preferencias_ != nullptr) {
-        auto preferidas = PreferenciasDaVista::Ler(*preferencias_);
-        preferidas.emAbas = emAbas;
-        preferidas.Gravar(*preferencias_);
-    }
+    auto preferidas = PreferenciasDaVista::Ler(preferencias_);
+    preferidas.emAbas = emAbas;
+    preferidas.Gravar(preferencias_);
     for (auto* previa : abertas_) {
         if (!emAbas) {
             abas_->Retirar(*previa);

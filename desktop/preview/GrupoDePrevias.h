@@ -30,10 +30,12 @@ class GrupoDePrevias {
     GrupoDePrevias(const GrupoDePrevias&) = delete;
     GrupoDePrevias& operator=(const GrupoDePrevias&) = delete;
 
-    void Comecar(Permanece permanece);
+    // Between the two, documents are one run: printed together, saved together under one name, and
+    // shown in the windows that permanece leaves.
+    void Comecar(Permanece permanece = Permanece::Nada);
     // Says over janela what was printed where, unless dizer is false, and closes the previews that
     // the run has not shown again.
-    void Concluir(QWidget* janela, bool dizer);
+    void Concluir(QWidget* janela, bool dizer = true);
     [[nodiscard]] Permanece OQuePermanece() const { return permanece_; }
     // Between the two, one that is to be hidden waits for the end of the run; true when it does.
     bool Adiar(JanelaVisualizacao& previa);

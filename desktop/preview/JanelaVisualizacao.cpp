@@ -248,10 +248,7 @@ void JanelaVisualizacao::Salvar() {
 // --- the user's preferences
 
 void JanelaVisualizacao::LerPreferencias() {
-    if (preferencias_ == nullptr) {
-        return;
-    }
-    const auto preferidas = PreferenciasDaVista::Ler(*preferencias_);
+    const auto preferidas = PreferenciasDaVista::Ler(preferencias_);
     vista_->DefinirContinuo(preferidas.continuo);
     if (preferidas.ajuste == Ajuste::Livre) {
         vista_->Ampliar(preferidas.ampliacao);
@@ -266,15 +263,13 @@ void JanelaVisualizacao::GravarPreferencias() {
     if (isWindow()) {
         lugar_.Gravar(*this);
     }
-    if (preferencias_ != nullptr) {
-        PreferenciasDaVista{.ajuste = vista_->AjusteAtual(),
-                            .ampliacao = vista_->AmpliacaoAtual(),
-                            .continuo = vista_->Continuo(),
-                            .ladoALado = vista_->LadoALado(),
-                            .painel = acoes_[Acao::Painel].isChecked(),
-                            .emAbas = grupo_.EmAbas()}
-            .Gravar(*preferencias_);
-    }
+    PreferenciasDaVista{.ajuste = vista_->AjusteAtual(),
+                        .ampliacao = vista_->AmpliacaoAtual(),
+                        .continuo = vista_->Continuo(),
+                        .ladoALado = vista_->LadoALado(),
+                        .painel = acoes_[Acao::Painel].isChecked(),
+                        .emAbas = grupo_.EmAbas()}
+        .Gravar(preferencias_);
 }
 
 void JanelaVisualizacao::closeEvent(QCloseEvent* evento) {

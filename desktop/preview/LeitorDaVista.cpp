@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/preview/LeitorDaVista.h"
 
-#include <algorithm>
-#include <iterator>
-
+#include "data/Procura.h"
 #include "desktop/preview/AcessoDaVista.h"
 #include "desktop/preview/DocumentoPronto.h"
 #include "desktop/preview/LeituraDoDocumento.h"
@@ -45,9 +43,8 @@ bool LeitorDaVista::Andar(int tecla) {
                                             {Qt::Key_Left, Passo::Anterior},
                                             {Qt::Key_Down, Passo::Abaixo},
                                             {Qt::Key_Up, Passo::Acima}};
-    const auto* passo = std::find_if(std::begin(passos), std::end(passos),
-                                     [tecla](const auto& um) { return um.first == tecla; });
-    if (!cursor_ || passo == std::end(passos)) {
+    const auto* const passo = Achar(passos, tecla, &std::pair<int, Passo>::first);
+    if (!cursor_ || passo == nullptr) {
         return false;
     }
     // The user may have gone to another page meanwhile.

@@ -13,10 +13,6 @@ namespace {
 
 constexpr auto SemTexto = std::numeric_limits<std::size_t>::max();
 
-bool ECelula(TipoElemento tipo) {
-    return tipo == TipoElemento::Celula || tipo == TipoElemento::CelulaDeTitulo;
-}
-
 // By element: what it is read as a part of, or itself. A label is read with its value, a cell with
 // all that it holds.
 std::vector<std::uint32_t> LidosEm(const std::vector<Elemento>& elementos) {

@@ -15,6 +15,10 @@ namespace tarvo {
 
 struct DocumentoPronto;
 
+constexpr bool ECelula(TipoElemento tipo) {
+    return tipo == TipoElemento::Celula || tipo == TipoElemento::CelulaDeTitulo;
+}
+
 // A document page by page as it is read by those who do not see it: its elements in the reader's
 // order, tables as a grid. Worked out when somebody asks.
 class LeituraDoDocumento {

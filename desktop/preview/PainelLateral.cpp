@@ -152,8 +152,4 @@ void PainelLateral::MostrarAvisos() {
     avisos_->setFocus();
 }
 
-void PainelLateral::Focar() {
-    abas_->currentWidget()->setFocus();
-}
-
 }  // namespace tarvo

@@ -28,8 +28,6 @@ class PainelLateral final : public QDockWidget {
     void Atualizar();
     // Brings the panel and in it the warnings into sight, ready for the keyboard.
     void MostrarAvisos();
-    // Puts the focus into what the panel shows.
-    void Focar();
 
     // To be set before the panel is used: a place was chosen (page from 0, points).
     std::function<void(int pagina, const QRectF& lugar)> aoEscolher;

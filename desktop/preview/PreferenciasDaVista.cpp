@@ -3,61 +3,43 @@
 
 #include <string>
 
-#include "data/CodigosDeErros.h"
-#include "system/settings/ConfiguracoesIni.h"
+#include "desktop/Habitos.h"
 
 namespace tarvo {
 
 namespace {
 
-constexpr std::string_view Aplicacao = "Tarvo";
 constexpr std::string_view Secao = "Visualizacao";
-
-std::string Ler(const ConfiguracoesIni& configuracoes, std::string_view chave) {
-    try {
-        return configuracoes.Ler(Aplicacao, Secao, chave, "");
-    } catch (const Erro&) {
-        return {};
-    }
-}
 
 }  // namespace
 
-PreferenciasDaVista PreferenciasDaVista::Ler(const ConfiguracoesIni& configuracoes) {
+PreferenciasDaVista PreferenciasDaVista::Ler(const ConfiguracoesIni* configuracoes) {
+    const auto ler = [&](std::string_view chave) { return LerHabito(configuracoes, Secao, chave); };
     PreferenciasDaVista lidas;
-    const auto ampliacao = tarvo::Ler(configuracoes, "Ampliacao");
+    const auto ampliacao = ler("Ampliacao");
     if (ampliacao == "pagina") {
         lidas.ajuste = Ajuste::PaginaInteira;
     } else if (const auto livre = Ampliacao::LerPercentual(QString::fromStdString(ampliacao))) {
         lidas.ajuste = Ajuste::Livre;
         lidas.ampliacao = *livre;
     }
-    lidas.continuo = tarvo::Ler(configuracoes, "Continuo") != "0";
-    lidas.ladoALado = tarvo::Ler(configuracoes, "LadoALado") == "1";
-    lidas.painel = tarvo::Ler(configuracoes, "Painel") == "1";
-    lidas.emAbas = tarvo::Ler(configuracoes, "EmAbas") == "1";
+    lidas.continuo = ler("Continuo") != "0";
+    lidas.ladoALado = ler("LadoALado") == "1";
+    lidas.painel = ler("Painel") == "1";
+    lidas.emAbas = ler("EmAbas") == "1";
     return lidas;
 }
 
-void PreferenciasDaVista::Gravar(ConfiguracoesIni& configuracoes) const {
+void PreferenciasDaVista::Gravar(ConfiguracoesIni* configuracoes) const {
     const std::string escolhida = ajuste == Ajuste::PaginaInteira ? "pagina"
                                   : ajuste == Ajuste::LarguraDaPagina
                                       ? "largura"
                                       : Ampliacao::Percentual(ampliacao).toStdString();
-    try {
-        const auto gravar = [&](std::string_view chave, const std::string& valor) {
-            if (tarvo::Ler(configuracoes, chave) != valor) {
-                configuracoes.Gravar(Aplicacao, Secao, chave, valor);
-            }
-        };
-        gravar("Ampliacao", escolhida);
-        gravar("Continuo", continuo ? "1" : "0");
-        gravar("LadoALado", ladoALado ? "1" : "0");
-        gravar("Painel", painel ? "1" : "0");
-        gravar("EmAbas", emAbas ? "1" : "0");
-    } catch (const Erro&) {
-        return;
-    }
+    GravarHabito(configuracoes, Secao, "Ampliacao", escolhida);
+    GravarHabito(configuracoes, Secao, "Continuo", continuo ? "1" : "0");
+    GravarHabito(configuracoes, Secao, "LadoALado", ladoALado ? "1" : "0");
+    GravarHabito(configuracoes, Secao, "Painel", painel ? "1" : "0");
+    GravarHabito(configuracoes, Secao, "EmAbas", emAbas ? "1" : "0");
 }
 
 }  // namespace tarvo

@@ -16,10 +16,9 @@ struct PreferenciasDaVista {
     bool painel = false;  // to be seen
     bool emAbas = false;  // previews in one window with a tab each
 
-    // What is missing or unreadable has its default.
-    static PreferenciasDaVista Ler(const ConfiguracoesIni& configuracoes);
-    // A store that cannot be written stays as it is: losing the user's habits is no error.
-    void Gravar(ConfiguracoesIni& configuracoes) const;
+    // What is not remembered has its default.
+    static PreferenciasDaVista Ler(const ConfiguracoesIni* configuracoes);
+    void Gravar(ConfiguracoesIni* configuracoes) const;
 };
 
 }  // namespace tarvo

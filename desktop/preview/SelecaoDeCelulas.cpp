@@ -14,7 +14,7 @@ namespace {
 
 // A rectangle without extent touches no cell.
 constexpr QSizeF Ponta(0.01, 0.01);
-constexpr double LarguraDaPagina = 1e4;  // points, beyond any paper
+constexpr double FimDaPagina = 1e4;  // points, beyond any paper
 
 }  // namespace
 
@@ -63,7 +63,6 @@ void SelecaoDeCelulas::SelecionarPaginas(int primeira, int ultima, const QSizeF&
 
 // Between two pages the columns go on: to the end of the first and from the top of the last.
 QRectF SelecaoDeCelulas::Area(int pagina) const {
-    constexpr double FimDaPagina = 1e4;  // points, beyond any paper
     const bool emOrdem = inicio_.pagina <= fim_.pagina;
     const Lugar& primeiro = emOrdem ? inicio_ : fim_;
     const Lugar& ultimo = emOrdem ? fim_ : inicio_;
@@ -97,7 +96,7 @@ std::vector<std::size_t> SelecaoDeCelulas::Celulas(int pagina) const {
         return celulas;
     }
     if (vazia_) {
-        const QRectF linha(0, inicio_.ponto.y(), LarguraDaPagina, Ponta.height());
+        const QRectF linha(0, inicio_.ponto.y(), FimDaPagina, Ponta.height());
         return pagina == inicio_.pagina ? celulas_->Tocadas(pagina, linha) : celulas;
     }
     const auto [primeira, ultima] = std::minmax(inicio_.pagina, fim_.pagina);

@@ -249,16 +249,9 @@ void VistaPaginas::SelecionarArea(int pagina, const QRectF& area) {
     Revelar(pagina, area);
 }
 
-void VistaPaginas::SelecionarPagina() {
+void VistaPaginas::SelecionarPaginas(int primeira, int ultima) {
     if (pintor_ != nullptr) {
-        selecao_.SelecionarPaginas(Pagina(), Pagina(), pintor_->Pontos());
-        Mudou();
-    }
-}
-
-void VistaPaginas::SelecionarTudo() {
-    if (pintor_ != nullptr) {
-        selecao_.SelecionarPaginas(0, Paginas() - 1, pintor_->Pontos());
+        selecao_.SelecionarPaginas(primeira, ultima, pintor_->Pontos());
         Mudou();
     }
 }

@@ -62,8 +62,7 @@ class VistaPaginas final : public QAbstractScrollArea {
     void DefinirLadoALado(bool ladoALado);
 
     [[nodiscard]] const SelecaoDeCelulas& Selecao() const { return selecao_; }
-    void SelecionarPagina();
-    void SelecionarTudo();
+    void SelecionarPaginas(int primeira, int ultima);
 
     // What lies within that part of a page (points), which comes in sight.
     void SelecionarArea(int pagina, const QRectF& area);

@@ -22,16 +22,8 @@ class FabricaVisualizadoresQt final : public FabricaVisualizadores {
 
     // Whether a preview has something on its way to the printer.
     [[nodiscard]] static bool Imprimindo();
-    // Between the two, documents are one run: printed together, saved together under the name that
-    // it is given, and shown in the windows that permanece leaves.
-    void ComecarRodada(Permanece permanece = Permanece::Nada) { grupo_.Comecar(permanece); }
-    void NomearRodada(const std::string& nomeDeArquivo) { grupo_.nomeDeArquivo = nomeDeArquivo; }
-    // Says over janela what was printed where, unless dizer is false.
-    void ConcluirRodada(QWidget* janela, bool dizer = true) { grupo_.Concluir(janela, dizer); }
-    // What the previews ask of the host from now on; without it they do not offer it.
-    void AoPedir(std::function<void(Pedido)> acao) { grupo_.AoPedir(std::move(acao)); }
-    // Previews that are open.
-    [[nodiscard]] std::size_t Abertas() const { return grupo_.Abertas(); }
+    // Those that are open.
+    [[nodiscard]] GrupoDePrevias& Previas() { return grupo_; }
 
   private:
     ConfiguracoesIni* preferencias_;

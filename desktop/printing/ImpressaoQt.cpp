@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <climits>
 
+#include "data/Procura.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/SegundoPlano.h"
 #include "desktop/printing/EscolhaDePaginas.h"
@@ -56,9 +57,8 @@ void ImpressaoQt::Imprimir(const DocumentoImpresso& documento, Pergunta pergunta
 }
 
 void ImpressaoQt::Escolher(const std::vector<Impressora>& impressoras, Pergunta pergunta) {
-    const auto padrao = std::find_if(impressoras.begin(), impressoras.end(),
-                                     [](const Impressora& uma) { return uma.padrao; });
-    if (pergunta == Pergunta::SemImpressoraPadrao && padrao != impressoras.end()) {
+    const auto* const padrao = Achar(impressoras, true, &Impressora::padrao);
+    if (pergunta == Pergunta::SemImpressoraPadrao && padrao != nullptr) {
         opcoes_ = {.impressora = padrao->nome};
         EnviarPaginas({});
     } else {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,12 +35,7 @@ class AmbienteComJanelas {
         daChamada_ = ConfiguracoesDaChamada(preferencias_, std::move(mes));
     }
 
-    // What the previews ask of the host, as FabricaVisualizadoresQt has it.
-    void AoPedir(std::function<void(Pedido)> acao) { visualizadores_.AoPedir(std::move(acao)); }
-    void NomearRodada(const std::string& nomeDeArquivo) {
-        visualizadores_.NomearRodada(nomeDeArquivo);
-    }
-    [[nodiscard]] static bool Imprimindo() { return FabricaVisualizadoresQt::Imprimindo(); }
+    [[nodiscard]] GrupoDePrevias& Previas() { return visualizadores_.Previas(); }
 
     // Takes the progress window away when the returned object goes, however the build has ended.
     struct Concluir {
@@ -58,21 +52,21 @@ class AmbienteComJanelas {
         // mes: of the declaration, the proposal for the reference month.
         Rodada(AmbienteComJanelas& ambiente, QWidget* janela, std::string mes,
                Permanece permanece = Permanece::Nada)
-            : visualizadores_(ambiente.visualizadores_),
+            : previas_(ambiente.Previas()),
               janela_(janela),
               fim_(ambiente.ConcluirAndamentoNoFim()) {
             ambiente.configuracoes_.Propor(std::move(mes));
-            visualizadores_.ComecarRodada(permanece);
+            previas_.Comecar(permanece);
         }
         ~Rodada() {
             fim_.reset();
-            Proteger(janela_, [this] { visualizadores_.ConcluirRodada(janela_); });
+            Proteger(janela_, [this] { previas_.Concluir(janela_); });
         }
         Rodada(const Rodada&) = delete;
         Rodada& operator=(const Rodada&) = delete;
 
       private:
-        FabricaVisualizadoresQt& visualizadores_;
+        GrupoDePrevias& previas_;
         QWidget* janela_;
         std::unique_ptr<AndamentoQt, Concluir> fim_;
     };

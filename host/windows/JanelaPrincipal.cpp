@@ -49,13 +49,13 @@ JanelaPrincipal::JanelaPrincipal(AmbienteComJanelas& ambiente)
     dados_->setObjectName(u"dados"_s);
     statusBar()->addPermanentWidget(avisos_);
     statusBar()->addPermanentWidget(dados_);
-    ambiente_.AoPedir([this](Pedido pedido) { Atender(pedido); });
+    ambiente_.Previas().AoPedir([this](Pedido pedido) { Atender(pedido); });
     AtualizarEstado();
     lugar_.Colocar(*this);
 }
 
 JanelaPrincipal::~JanelaPrincipal() {
-    ambiente_.AoPedir(nullptr);
+    ambiente_.Previas().AoPedir(nullptr);
 }
 
 void JanelaPrincipal::CriarMenusELista() {
@@ -265,7 +265,7 @@ void JanelaPrincipal::closeEvent(QCloseEvent* evento) {
                                      u"Um relatório ainda está a caminho da impressora. Fechar e "
                                      "desistir dele?"_s) == QMessageBox::Yes;
     };
-    if (ocupada_ || (AmbienteComJanelas::Imprimindo() && !fechar())) {
+    if (ocupada_ || (FabricaVisualizadoresQt::Imprimindo() && !fechar())) {
         evento->ignore();
         return;
     }

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "desktop/ApoioQt.h"
-#include "system/settings/ConfiguracoesIni.h"
+#include "desktop/Habitos.h"
 
 namespace tarvo::host {
 
@@ -21,61 +21,38 @@ std::string Chave(int numero) {
 
 QStringList LerRecentes(const ConfiguracoesIni& preferencias) {
     QStringList recentes;
-    try {
-        for (int i = 1; i <= Quantos; ++i) {
-            const auto arquivo = preferencias.Ler("Tarvo", "Recentes", Chave(i), "");
-            if (!arquivo.empty()) {
-                recentes << ParaQt(arquivo);
-            }
-        }
-    } catch (const Erro&) {
-        recentes.clear();
+    for (int i = 1; i <= Quantos; ++i) {
+        recentes << ParaQt(LerHabito(&preferencias, "Recentes", Chave(i)));
     }
+    recentes.removeAll(QString());
     return recentes;
 }
 
 void AcrescentarRecente(ConfiguracoesIni& preferencias, const QString& arquivo) {
-    try {
-        const auto antes = LerRecentes(preferencias);
-        auto recentes = antes;
-        recentes.removeAll(arquivo);
-        recentes.prepend(arquivo);
-        for (int i = 0; i < std::min<qsizetype>(recentes.size(), Quantos); ++i) {
-            if (i >= antes.size() || antes[i] != recentes[i]) {
-                preferencias.Gravar("Tarvo", "Recentes", Chave(i + 1), recentes[i].toStdString());
-            }
-        }
-    } catch (const Erro&) {
-        return;
+    auto recentes = LerRecentes(preferencias);
+    recentes.removeAll(arquivo);
+    recentes.prepend(arquivo);
+    for (int i = 0; i < std::min<qsizetype>(recentes.size(), Quantos); ++i) {
+        GravarHabito(&preferencias, "Recentes", Chave(i + 1), recentes[i].toStdString());
     }
 }
 
 LugarNaLista LerLugar(const ConfiguracoesIni& preferencias) {
-    try {
-        const auto ler = [&](std::string_view chave) {
-            return ParaQt(preferencias.Ler("Tarvo", "JanelaPrincipal", chave, ""));
-        };
-        LugarNaLista lugar{.filtro = ler("Filtro"), .IE = ler("IE").toStdString(), .NroDRQ = {}};
-        bool numero = false;
-        const int NroDRQ = ler("NroDRQ").toInt(&numero);
-        lugar.NroDRQ = numero ? std::optional(NroDRQ) : std::nullopt;
-        return lugar;
-    } catch (const Erro&) {
-        return {};
-    }
+    const auto ler = [&](std::string_view chave) {
+        return LerHabito(&preferencias, "JanelaPrincipal", chave);
+    };
+    return {.filtro = ParaQt(ler("Filtro")),
+            .IE = ler("IE"),
+            .NroDRQ = LerInteiro<std::int32_t>(ler("NroDRQ"))};
 }
 
 void GravarLugar(ConfiguracoesIni& preferencias, const LugarNaLista& lugar) {
-    try {
-        const auto gravar = [&](std::string_view chave, const std::string& valor) {
-            preferencias.Gravar("Tarvo", "JanelaPrincipal", chave, valor);
-        };
-        gravar("Filtro", lugar.filtro.toStdString());
-        gravar("IE", lugar.IE);
-        gravar("NroDRQ", lugar.NroDRQ ? std::to_string(*lugar.NroDRQ) : "");
-    } catch (const Erro&) {
-        return;
-    }
+    const auto gravar = [&](std::string_view chave, const std::string& valor) {
+        GravarHabito(&preferencias, "JanelaPrincipal", chave, valor);
+    };
+    gravar("Filtro", lugar.filtro.toStdString());
+    gravar("IE", lugar.IE);
+    gravar("NroDRQ", lugar.NroDRQ ? std::to_string(*lugar.NroDRQ) : "");
 }
 
 }  // namespace tarvo::host

@@ -11,14 +11,12 @@ class ConfiguracoesIni;
 
 namespace tarvo::host {
 
-// What the host's window remembers of the user.
-
-// The databases that the user opened last, the latest first; none from a store that cannot be read.
+// What the host's window remembers of the user (see Habitos.h): the databases that were opened
+// last, the latest first.
 QStringList LerRecentes(const ConfiguracoesIni& preferencias);
-// A store that cannot be written keeps what it has.
 void AcrescentarRecente(ConfiguracoesIni& preferencias, const QString& arquivo);
 
-// Where the user was in the list when the window was closed last, the same way.
+// Where the user was in the list when the window was closed last.
 LugarNaLista LerLugar(const ConfiguracoesIni& preferencias);
 void GravarLugar(ConfiguracoesIni& preferencias, const LugarNaLista& lugar);
 

@@ -2,6 +2,7 @@
 #include "host/windows/Rodadas.h"
 
 #include "data/Textos.h"
+#include "desktop/Habitos.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
 #include "host/windows/AmbienteComJanelas.h"
 #include "host/windows/AvisosDaDeclaracao.h"
@@ -11,7 +12,6 @@ namespace tarvo::host {
 
 namespace {
 
-constexpr std::string_view Aplicacao = "Tarvo";  // in the store
 constexpr std::string_view Secao = "Selecao";
 constexpr std::string_view Chave = "Marcas";  // the mask of the ticked reports, decimal
 
@@ -26,16 +26,11 @@ Rodadas::Rodadas(AmbienteComJanelas& ambiente, QWidget& janela, AvisosDaDeclarac
       velo_(ambiente.DosRelatorios()) {}
 
 std::int32_t Rodadas::Selecao::Marcas() const {
-    try {
-        const auto lidas = ambiente_.Preferencias().Ler(Aplicacao, Secao, Chave, "");
-        return LerInteiro<std::int32_t>(lidas).value_or(0);
-    } catch (const Erro&) {
-        return 0;
-    }
+    return LerInteiro<std::int32_t>(LerHabito(&ambiente_.Preferencias(), Secao, Chave)).value_or(0);
 }
 
 void Rodadas::Selecao::ExibirModal(frmImpressaoRelatorios& dialogo) {
-    ambiente_.NomearRodada(dialogo.nomeDeArquivo);
+    ambiente_.Previas().nomeDeArquivo = dialogo.nomeDeArquivo;
     if (repetir) {
         return dialogo.cmdVisualizar();
     }
@@ -46,12 +41,8 @@ void Rodadas::Selecao::ExibirModal(frmImpressaoRelatorios& dialogo) {
     // What this declaration does not offer stays ticked for the others.
     const auto antes = static_cast<std::uint32_t>(Marcas());
     const auto marcas = (antes & ~dialogo.lstSelecao.Oferecidas()) | dialogo.lstSelecao.Marcadas();
-    try {
-        if (marcas != antes) {
-            ambiente_.Preferencias().Gravar(Aplicacao, Secao, Chave, std::to_string(marcas));
-        }
-    } catch (const Erro&) {
-        return;  // losing the ticks is no error
+    if (marcas != antes) {
+        GravarHabito(&ambiente_.Preferencias(), Secao, Chave, std::to_string(marcas));
     }
 }
 

@@ -71,7 +71,7 @@ TEST_F(ImpressaoDaPrevia, AsksFirstWhenTold) {
 }
 
 TEST_F(ImpressaoDaPrevia, WithoutADefaultPrinterARunAsksOnceAndSaysWhatWentWhere) {
-    fabrica.ComecarRodada();
+    fabrica.Previas().Comecar();
     documento.DefinirTituloResumido("primeiro");
     QTimer::singleShot(0, [] {
         auto& dialogo = Perguntado(u"Direta"_s);
@@ -82,7 +82,7 @@ TEST_F(ImpressaoDaPrevia, WithoutADefaultPrinterARunAsksOnceAndSaysWhatWentWhere
     Imprimir(false);
     documento.DefinirTituloResumido("segundo");
     Imprimir(false);
-    fabrica.ConcluirRodada(nullptr);
+    fabrica.Previas().Concluir(nullptr);
     EXPECT_FALSE(servico->Chegada("primeiro").empty());
     EXPECT_FALSE(servico->Chegada("segundo").empty());
     const auto ditas = apoio::Abertas<QMessageBox>();
@@ -91,10 +91,10 @@ TEST_F(ImpressaoDaPrevia, WithoutADefaultPrinterARunAsksOnceAndSaysWhatWentWhere
                 AllOf(HasSubstr("primeiro (Direta)"), HasSubstr("segundo (Direta)")));
     ditas[0]->close();
     // The next run asks again.
-    fabrica.ComecarRodada();
+    fabrica.Previas().Comecar();
     QTimer::singleShot(0, [] { Perguntado(u"Direta"_s).reject(); });
     EXPECT_EQ(ErroDe([&] { Imprimir(false); }).Numero(), NumeroErro::Cancelado);
-    fabrica.ConcluirRodada(nullptr);
+    fabrica.Previas().Concluir(nullptr);
     EXPECT_TRUE(apoio::Abertas<QMessageBox>().empty());
 }
 

@@ -52,13 +52,13 @@ TEST_F(RodadaDePrevias, ARunInTabsIsOneWindowThatIsRememberedPrintedAndSavedWhol
     Teclar("Ctrl+T");
     const auto comAbas = [] { return apoio::Abertas<QMainWindow>("visualizacoesEmAbas"); };
     EXPECT_TRUE(Esperar([&] { return comAbas().size() == 1 && Abertas().empty(); }));
-    fabrica.ComecarRodada();
-    fabrica.NomearRodada("DRQ-25/01-2003-07");
+    fabrica.Previas().Comecar();
+    fabrica.Previas().nomeDeArquivo = "DRQ-25/01-2003-07";
     DocumentoRelatorio outro(ambiente);
     MontarTabela(outro, 3);
     outro.DefinirTitulo("Relatório de Zeladoria");
     outro.Exibir();
-    fabrica.ConcluirRodada(nullptr);
+    fabrica.Previas().Concluir(nullptr);
     auto& janela = *comAbas().front();
     auto& abas = *janela.findChild<QTabWidget*>(u"abas"_s);
     ASSERT_EQ(abas.count(), 2);
@@ -92,7 +92,7 @@ TEST_F(RodadaDePrevias, ARunInTabsIsOneWindowThatIsRememberedPrintedAndSavedWhol
     EXPECT_TRUE(Esperar([&] { return comAbas().size() == 1; }));
     comAbas().front()->close();
     EXPECT_TRUE(comAbas().empty());
-    EXPECT_EQ(fabrica.Abertas(), 0U);
+    EXPECT_EQ(fabrica.Previas().Abertas(), 0U);
 }
 
 TEST_F(RodadaDePrevias, WhatAHostShowsInAnswerToItsUserStaysInItsWindow) {
