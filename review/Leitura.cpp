@@ -92,6 +92,33 @@ void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
     }
 }
 
+void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
+                  const std::set<std::int32_t>& numeros,
+                  const std::function<void(const Leitura&)>& receber) {
+    constexpr std::uint64_t LugaresPorNumero = 2;
+    if (numeros.empty()) {
+        return;
+    }
+    const std::string coluna(colunas[0]);
+    const std::int64_t primeiro = *numeros.begin();
+    const std::int64_t ultimo = *numeros.rbegin();
+    if (static_cast<std::uint64_t>(ultimo - primeiro) >= LugaresPorNumero * numeros.size()) {
+        std::set<std::string> valores;
+        for (const std::int32_t numero : numeros) {
+            valores.insert(std::to_string(numero));
+        }
+        return LerLinhasCom(banco, tabela, colunas, valores, receber);
+    }
+    for (Leitura linha(banco, tabela, colunas,
+                       coluna + " >= " + std::to_string(primeiro) + " And " + coluna +
+                           " <= " + std::to_string(ultimo) + " order by " + coluna);
+         !linha.Fim(); linha.Proxima()) {
+        if (numeros.contains(linha.Longo(colunas[0]))) {
+            receber(linha);
+        }
+    }
+}
+
 void CodigosLidos::Acrescentar(std::optional<std::string> codigo) {
     const auto [lugar, novo] = lugares_.try_emplace(codigo, codigos_.size());
     if (novo) {

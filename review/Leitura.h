@@ -55,6 +55,11 @@ std::string DaDeclaracao(std::int32_t NroDRQ);
 void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
                   const std::set<std::string>& valores,
                   const std::function<void(const Leitura& linha)>& receber);
+// The same for numbers. Those that lie close, as the ones that a declaration's entries got together
+// do, are read as one range: a search for all instead of one for each.
+void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
+                  const std::set<std::int32_t>& numeros,
+                  const std::function<void(const Leitura& linha)>& receber);
 
 // The codes of a declaration's rows, each once, in the order in which they came.
 class CodigosLidos {

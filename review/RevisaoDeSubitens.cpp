@@ -163,10 +163,10 @@ void RevisarLinha(const Contexto& c, const TabelaDeDetalhes& tabela, const Leitu
 // Supporting rows know their entry by its number alone: where another declaration has it too,
 // whose they are cannot be told.
 void RevisarNumeros(const Contexto& c, const std::vector<Subitem>& subitens) {
-    std::set<std::string> numeros;
+    std::set<std::int32_t> numeros;
     for (const Subitem& subitem : subitens) {
         if (subitem.temDetalhes && subitem.impressoes > 0) {
-            numeros.insert(std::to_string(subitem.numero));
+            numeros.insert(subitem.numero);
         }
     }
     LerLinhasCom(c.banco, Tabela, ColunasDoNumero, numeros, [&](const Leitura& linha) {
@@ -239,9 +239,9 @@ void RevisarNasApuracoes(const Contexto& c, const std::vector<Subitem>& subitens
 // The entries and their supporting rows in the detail reports.
 void RevisarNosDetalhamentos(const Contexto& c, std::vector<Subitem>& subitens) {
     ContarImpressoes(c, subitens);
-    std::set<std::string> numeros;
+    std::set<std::int32_t> numeros;
     for (const Subitem& subitem : subitens) {
-        numeros.insert(std::to_string(subitem.numero));
+        numeros.insert(subitem.numero);
     }
     for (const TabelaDeDetalhes& tabela : TabelasDeDetalhes) {
         LerLinhasCom(c.banco, tabela.nome, tabela.colunas, numeros,

@@ -163,27 +163,10 @@ TipoColuna TipoDeclarado(std::string_view declaracao) {
     return tipo == "boolean" ? TipoColuna::Booleano : TipoColuna::Livre;
 }
 
+// What SQLite asks of its user, a lock on the value, is there: a connection has one thread at a
+// time.
 Celula LerCelula(sqlite3_stmt* instrucao, int coluna) {
-    Celula celula{sqlite3_column_type(instrucao, coluna), 0, 0, {}};
-    switch (celula.classe) {
-        case SQLITE_INTEGER:
-            celula.inteiro = sqlite3_column_int64(instrucao, coluna);
-            break;
-        case SQLITE_FLOAT:
-            celula.real = sqlite3_column_double(instrucao, coluna);
-            break;
-        case SQLITE_TEXT:
-            celula.texto = Texto(sqlite3_column_text(instrucao, coluna),
-                                 sqlite3_column_bytes(instrucao, coluna));
-            break;
-        case SQLITE_BLOB:
-            celula.texto = Bytes(sqlite3_column_blob(instrucao, coluna),
-                                 sqlite3_column_bytes(instrucao, coluna));
-            break;
-        default:
-            break;
-    }
-    return celula;
+    return LerCelula(sqlite3_column_value(instrucao, coluna));
 }
 
 Celula LerCelula(sqlite3_value* valor) {
