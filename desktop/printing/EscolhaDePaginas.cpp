@@ -3,11 +3,7 @@
 
 #include <algorithm>
 #include <numeric>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
-#include <qpdf/QPDFWriter.hh>
 
-#include "data/CodigosDeErros.h"
 #include "data/Textos.h"
 
 namespace tarvo {
@@ -58,28 +54,6 @@ std::vector<int> Filtrar(std::vector<int> paginas, Folhas folhas, bool inversa) 
         std::reverse(paginas.begin(), paginas.end());
     }
     return paginas;
-}
-
-std::string EscolherPaginas(std::string_view pdf, const std::vector<int>& paginas) {
-    try {
-        QPDF inteiro;
-        inteiro.processMemoryFile("", pdf.data(), pdf.size());
-        auto todas = QPDFPageDocumentHelper(inteiro).getAllPages();
-        QPDF escolhido;
-        escolhido.emptyPDF();
-        QPDFPageDocumentHelper destino(escolhido);
-        for (const int pagina : paginas) {
-            destino.addPage(todas.at(static_cast<std::size_t>(pagina - 1)), false);
-        }
-        QPDFWriter escrita(escolhido);
-        escrita.setOutputMemory();
-        escrita.write();
-        const auto bytes = escrita.getBufferSharedPointer();
-        return {reinterpret_cast<const char*>(bytes->getBuffer()), bytes->getSize()};
-    } catch (const std::exception& excecao) {
-        throw Erro(NumeroErro::ErroInterno,
-                   std::string("As páginas não puderam ser separadas: ") + excecao.what());
-    }
 }
 
 }  // namespace tarvo

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,9 +17,5 @@ std::optional<std::vector<int>> LerPaginas(std::string_view texto, int total);
 
 // Those of the pages that are asked for, the last one first when inversa.
 std::vector<int> Filtrar(std::vector<int> paginas, Folhas folhas, bool inversa);
-
-// A PDF with these pages of pdf, each of which exists, and in this order. Error 51 when pdf cannot
-// be read.
-std::string EscolherPaginas(std::string_view pdf, const std::vector<int>& paginas);
 
 }  // namespace tarvo

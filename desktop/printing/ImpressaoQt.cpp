@@ -12,7 +12,7 @@
 #include "data/Procura.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/SegundoPlano.h"
-#include "desktop/printing/EscolhaDePaginas.h"
+#include "desktop/printing/RecorteDoPDF.h"
 
 namespace tarvo {
 
