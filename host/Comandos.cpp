@@ -49,10 +49,11 @@ int Criar(const Argumentos& a) {
     return Feito;
 }
 
-// A database that is missing is said before anything that windows lack.
+// A file that is missing is said before anything that windows lack. A server is asked by the
+// windows, which show that they wait for it.
 void ConferirBanco(const Argumentos& a) {
     std::error_code ignorado;
-    if (std::filesystem::exists(a.banco, ignorado)) {
+    if (std::filesystem::exists(a.banco, ignorado) || postgresql::EhEndereco(a.banco.string())) {
         return;
     }
     try {

@@ -112,11 +112,12 @@ bool FalhaDoServidor::EsquemaMudou() const {
     return Contem(Estados, estado_);
 }
 
-void LancarFalhaDeConexao(pg_conn* conexao) {
+void LancarFalhaDeConexao(pg_conn* conexao, const std::string& antes) {
     std::string detalhe = PQerrorMessage(conexao);
     const std::string estado = TirarEstado(detalhe);
     throw FalhaDoServidor(
-        estado.empty() && PQconnectionNeedsPassword(conexao) == 1 ? "28P01" : estado, detalhe);
+        estado.empty() && PQconnectionNeedsPassword(conexao) == 1 ? "28P01" : estado,
+        antes + detalhe);
 }
 
 void LancarFalha(pg_conn* conexao, const pg_result* resultado) {

@@ -29,8 +29,8 @@ class FalhaDoServidor : public Erro {
     std::string estado_;
 };
 
-// Of a connection that could not be made.
-[[noreturn]] void LancarFalhaDeConexao(pg_conn* conexao);
+// Of a connection that could not be made. antes: what is told before libpq's words.
+[[noreturn]] void LancarFalhaDeConexao(pg_conn* conexao, const std::string& antes);
 // Of a result; of the connection, where there is no result.
 [[noreturn]] void LancarFalha(pg_conn* conexao, const pg_result* resultado);
 

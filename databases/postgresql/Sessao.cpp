@@ -5,11 +5,8 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <cstdlib>
 #include <future>
 #include <memory>
-#include <new>
 #include <thread>
 
 #include "databases/postgresql/FalhaDoServidor.h"
@@ -21,7 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto EntrePerguntas = 50ms;
-constexpr auto EsperaPelaConexao = 15s;  // unless the address says another connect_timeout
+constexpr auto EsperaPorCancelamento = 300ms;
 
 // The same for the same text alone: other programs may have prepared others on a connection that
 // several share.
@@ -38,102 +35,21 @@ std::array<const char*, 4> Ponteiros(const Comando& comando) {
     return ponteiros;
 }
 
-using Conexao = ObjetoDeC<LiberarConexao>;
-using Relogio = Sessao::Relogio;
-
-Conexao Comecar(const std::string& endereco) {
-    // What the address says holds over the first four: a server that is gone without a word is
-    // noticed within a minute. Texts come as UTF-8 whatever it says.
-    constexpr std::array Nomes{"keepalives_idle",
-                               "keepalives_interval",
-                               "keepalives_count",
-                               "fallback_application_name",
-                               "dbname",
-                               "client_encoding",
-                               static_cast<const char*>(nullptr)};
-    const std::array Valores{"30",
-                             "10",
-                             "3",
-                             "relatorios-tarvo",
-                             endereco.c_str(),
-                             "UTF8",
-                             static_cast<const char*>(nullptr)};
-    Conexao conexao(PQconnectStartParams(Nomes.data(), Valores.data(), 1));
-    if (!conexao) {
-        throw std::bad_alloc();
-    }
-    return conexao;
-}
-
-std::chrono::seconds EsperaDe(PGconn* conexao) {
-    const ObjetoDeC<LiberarOpcoes> opcoes(PQconninfo(conexao));
-    for (const PQconninfoOption* o = opcoes.get(); o != nullptr && o->keyword != nullptr; ++o) {
-        if (o->val != nullptr && std::string_view(o->keyword) == "connect_timeout") {
-            const auto segundos = std::strtol(o->val, nullptr, 10);
-            return segundos > 0 ? std::chrono::seconds(segundos) : EsperaPelaConexao;
-        }
-    }
-    return EsperaPelaConexao;
-}
-
-// To its end, good or bad, or until nobody waits for it any more.
-Conexao Ligar(const std::string& endereco, const std::atomic<bool>& desistiu) {
-    const auto inicio = Relogio::now();
-    Conexao conexao = Comecar(endereco);
-    const auto espera = EsperaDe(conexao.get());
-    // The server's code stands in its words then, which are in its language.
-    PQsetErrorVerbosity(conexao.get(), PQERRORS_VERBOSE);
-    for (auto situacao = PGRES_POLLING_WRITING;
-         situacao != PGRES_POLLING_OK && situacao != PGRES_POLLING_FAILED && !desistiu;) {
-        if (PQstatus(conexao.get()) == CONNECTION_BAD) {
-            break;
-        }
-        if (Relogio::now() - inicio > espera) {
-            throw FalhaDoServidor(
-                "", "ele não respondeu em " + std::to_string(espera.count()) + " segundos");
-        }
-        const auto eventos = situacao == PGRES_POLLING_READING ? POLLIN : POLLOUT;
-        pollfd soquete{
-            .fd = PQsocket(conexao.get()), .events = static_cast<short>(eventos), .revents = 0};
-        ::poll(&soquete, 1, static_cast<int>(EntrePerguntas.count()));
-        situacao = PQconnectPoll(conexao.get());
-    }
-    return conexao;
-}
-
 }  // namespace
 
 Sessao::Sessao(const std::string& endereco, Acompanhante* const& quem, Relogio::time_point desde)
     : quem_(quem) {
-    Conectar(endereco, desde);
+    conexao_ = Ligar(endereco, [&] {
+        Perguntar(std::chrono::duration_cast<std::chrono::milliseconds>(Relogio::now() - desde));
+    });
+    if (PQsetnonblocking(conexao_.get(), 1) != 0) {
+        LancarFalha(conexao_.get(), nullptr);
+    }
     PQsetNoticeProcessor(
         conexao_.get(), [](void*, const char*) {}, nullptr);
 }
 
 Sessao::~Sessao() = default;
-
-// On a thread of its own: nothing ends libpq's search for a server's name but the answer.
-void Sessao::Conectar(const std::string& endereco, Relogio::time_point desde) {
-    const auto desistiu = std::make_shared<std::atomic<bool>>(false);
-    std::packaged_task<Conexao()> tarefa(
-        [endereco, desistiu] { return Ligar(endereco, *desistiu); });
-    auto resposta = tarefa.get_future();
-    std::thread(std::move(tarefa)).detach();
-    try {
-        while (resposta.wait_for(EntrePerguntas) != std::future_status::ready) {
-            const auto espera = Relogio::now() - desde;
-            Perguntar(std::chrono::duration_cast<std::chrono::milliseconds>(espera));
-        }
-    } catch (...) {
-        *desistiu = true;
-        throw;
-    }
-    conexao_ = resposta.get();
-    if (PQstatus(conexao_.get()) != CONNECTION_OK || PQsetnonblocking(conexao_.get(), 1) != 0) {
-        LancarFalhaDeConexao(conexao_.get());
-    }
-    PQsetErrorVerbosity(conexao_.get(), PQERRORS_DEFAULT);
-}
 
 void Sessao::Perguntar(std::chrono::milliseconds aguardando) {
     const auto agora = Relogio::now();
@@ -161,7 +77,7 @@ void Sessao::Cancelar() {
         PQcancel(pedido.get(), erro.data(), static_cast<int>(erro.size()));
         feito->set_value();
     }).detach();
-    espera.wait_for(2s);
+    espera.wait_for(EsperaPorCancelamento);
 }
 
 void Sessao::Esperar(short eventos) {

@@ -12,6 +12,7 @@
 #include "data/Acompanhante.h"
 #include "data/ObjetoDeC.h"
 #include "databases/postgresql/Libpq.h"
+#include "databases/postgresql/Ligacao.h"
 
 namespace tarvo::postgresql {
 
@@ -59,7 +60,6 @@ class Sessao {
     [[nodiscard]] std::string Texto(const std::string& texto) const;
 
   private:
-    void Conectar(const std::string& endereco, Relogio::time_point desde);
     void Enviado(int estado);
     void EnviarComando(const Comando& comando, bool preparar);
     // The next result; nullptr at the end of a statement's.
@@ -73,7 +73,7 @@ class Sessao {
 
     Acompanhante* const& quem_;
     Relogio::time_point ultimaPergunta_;
-    ObjetoDeC<LiberarConexao> conexao_;
+    Conexao conexao_;
     std::set<std::string> preparadas_;
 };
 

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include "data/Acompanhante.h"
 #include "data/LeitoresDeCampo.h"
 #include "databases/AbrirBanco.h"
 #include "databases/CriarNoServidor.h"
@@ -16,6 +21,39 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+
+// A port of this machine on which connections are taken and nothing is ever said; with nobody's
+// turn to come, they are not even taken.
+class PortaMuda {
+  public:
+    explicit PortaMuda(bool cheia = false) : soquete_(::socket(AF_INET, SOCK_STREAM, 0)) {
+        sockaddr_in lugar{};
+        lugar.sin_family = AF_INET;
+        lugar.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
+        auto* const este = reinterpret_cast<sockaddr*>(&lugar);
+        socklen_t tamanho = sizeof lugar;
+        ::bind(soquete_, este, tamanho);
+        ::listen(soquete_, cheia ? 0 : 9);
+        ::getsockname(soquete_, este, &tamanho);
+        numero = std::to_string(::ntohs(lugar.sin_port));
+        while (cheia && esperando_.size() < 3) {
+            esperando_.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
+            ::connect(esperando_.back(), este, tamanho);
+        }
+    }
+    ~PortaMuda() {
+        std::ranges::for_each(esperando_, ::close);
+        ::close(soquete_);
+    }
+    PortaMuda(const PortaMuda&) = delete;
+    PortaMuda& operator=(const PortaMuda&) = delete;
+
+    std::string numero;
+
+  private:
+    int soquete_;
+    std::vector<int> esperando_;
+};
 
 class BancoPostgreSQL : public testing::Test {
   protected:
@@ -142,6 +180,35 @@ TEST_F(BancoPostgreSQL, WhatItCannotReadItRefusesWithTheWayOutAndWithoutThePassw
     recusa("postgresql://leitor:segredo@[x/y", NumeroErro::ChamadaInvalida, "postgresql://USUÁRIO");
     recusa("postgresql://leitor@x/y?password=segredo&z=1", NumeroErro::ChamadaInvalida, "USUÁRIO");
     EXPECT_TRUE(postgresql::TemSenha("postgresql://x/y?password=segredo&z=1"));
+}
+
+TEST_F(BancoPostgreSQL, PassesOverServersThatDoNotAnswerAndStopsWaitingWhenTold) {
+    Criar();
+    const PortaMuda muda;
+    const PortaMuda cheia(true);
+    const std::string mudas = "127.0.0.1:" + muda.numero + ",127.0.0.1:" + cheia.numero;
+    const std::string pasta = endereco.substr(endereco.find("host=") + 5);
+    const std::string banco = endereco.substr(endereco.find("@/") + 1);
+    const std::string espera = "?connect_timeout=1";
+    const auto ligado = AbrirBanco("postgresql://dono@/" + banco.substr(1, banco.find('?') - 1) +
+                                   espera + "&host=127.0.0.1,127.0.0.1," + pasta +
+                                   "&port=" + muda.numero + "," + cheia.numero + ",5432");
+    EXPECT_EQ(LerDeclaracoes(*ligado).size(), 0U);
+    const Erro erro = ErroDe([&] { AbrirBanco("postgresql://dono@" + mudas + "/x" + espera); });
+    EXPECT_EQ(erro.Numero(), NumeroErro::ServidorInacessivel);
+    EXPECT_THAT(erro.Descricao(), AllOf(HasSubstr(muda.numero + " não respondeu em 1 s"),
+                                        HasSubstr("port " + cheia.numero + " failed")));
+    EXPECT_EQ(apoio::NumeroDe([&] { AbrirBanco("postgresql://x/y?connect_timeout=1s"); }),
+              NumeroErro::ChamadaInvalida);
+    struct : Acompanhante {
+        bool Continuar(std::chrono::milliseconds /*aguardando*/) override { return false; }
+    } cancela;
+    const auto inicio = std::chrono::steady_clock::now();
+    EXPECT_EQ(apoio::NumeroDe([&] {
+                  AbrirBanco("postgresql://dono@" + mudas + "/x", {.acompanhante = &cancela});
+              }),
+              NumeroErro::Cancelado);
+    EXPECT_LT(std::chrono::steady_clock::now() - inicio, std::chrono::milliseconds(500));
 }
 
 TEST_F(BancoPostgreSQL, ATimeLimitOfTheServersIsAnErrorAndTheNextQueryRuns) {
