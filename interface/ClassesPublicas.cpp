@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/CodigosDeErros.h"
+#include "data/Procura.h"
 #include "reports/RelatorioApuracaoOpProp.h"
 #include "reports/RelatorioApuracaoSubTrib.h"
 #include "reports/RelatorioCadastro.h"
@@ -56,12 +57,12 @@ constexpr ClassePublica Classes[] = {
 }  // namespace
 
 ObjetoPublico CriarObjeto(std::string_view nome, const Ambiente& ambiente, JanelaSelecao* janela) {
-    if (nome.starts_with(Biblioteca)) {
-        for (const auto& classe : Classes) {
-            if (nome.substr(Biblioteca.size()) == classe.nome) {
-                return classe.criar(ambiente, janela);
-            }
-        }
+    const auto* const classe =
+        nome.starts_with(Biblioteca)
+            ? Achar(Classes, nome.substr(Biblioteca.size()), &ClassePublica::nome)
+            : nullptr;
+    if (classe != nullptr) {
+        return classe->criar(ambiente, janela);
     }
     throw Erro(NumeroErro::NaoPodeCriarObjeto,
                "Não há classe pública \"" + std::string(nome) + "\".");

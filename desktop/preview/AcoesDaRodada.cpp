@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/preview/AcoesDaRodada.h"
 
-#include <QMenu>
 #include <QTimer>
 
 #include "desktop/Ligacao.h"
@@ -11,11 +10,10 @@
 
 namespace tarvo {
 
-AcoesDaRodada::AcoesDaRodada(const AcoesDaVisualizacao& acoes, JanelaVisualizacao& janela,
-                             GrupoDePrevias& grupo)
-    : acoes_(acoes), grupo_(grupo) {
+void LigarAcoesDaRodada(const AcoesDaVisualizacao& acoes, JanelaVisualizacao& janela,
+                        GrupoDePrevias& grupo) {
     const auto ligar = [&](Acao acao, auto fazer) {
-        Ligar(&acoes_[acao], &QAction::triggered, &janela, fazer);
+        Ligar(&acoes[acao], &QAction::triggered, &janela, fazer);
     };
     ligar(Acao::ImprimirTodos, [&] { grupo.ImprimirTodos(&janela); });
     ligar(Acao::SalvarTodos, [&] { grupo.SalvarTodos(&janela); });
@@ -34,14 +32,14 @@ AcoesDaRodada::AcoesDaRodada(const AcoesDaVisualizacao& acoes, JanelaVisualizaca
     pedir(Acao::ProximaDeclaracao, Pedido::ProximaDeclaracao);
 }
 
-void AcoesDaRodada::Atualizar() const {
+void AtualizarAcoesDaRodada(const AcoesDaVisualizacao& acoes, const GrupoDePrevias& grupo) {
     for (const auto acao : {Acao::ImprimirTodos, Acao::SalvarTodos, Acao::SalvarCadaUm}) {
-        acoes_[acao].setEnabled(grupo_.Abertas() > 1);
+        acoes[acao].setEnabled(grupo.Abertas() > 1);
     }
     for (const auto acao : {Acao::Atualizar, Acao::DeclaracaoAnterior, Acao::ProximaDeclaracao}) {
-        acoes_[acao].setVisible(grupo_.Atende());
+        acoes[acao].setVisible(grupo.Atende());
     }
-    acoes_[Acao::EmAbas].setChecked(grupo_.EmAbas());
+    acoes[Acao::EmAbas].setChecked(grupo.EmAbas());
 }
 
 }  // namespace tarvo

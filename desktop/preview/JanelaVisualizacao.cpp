@@ -12,6 +12,8 @@
 #include "desktop/ApoioQt.h"
 #include "desktop/DialogoDeSalvar.h"
 #include "desktop/Ligacao.h"
+#include "desktop/preview/AcoesDaRodada.h"
+#include "desktop/preview/AcoesDaVista.h"
 #include "desktop/preview/BarraDeBusca.h"
 #include "desktop/preview/BarraDeFerramentas.h"
 #include "desktop/preview/BuscaTexto.h"
@@ -32,8 +34,6 @@ JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias, GrupoDePr
       lugar_(preferencias, "Visualizacao", {900, 1000}),
       acoes_(*this),
       vista_(new VistaPaginas(this)),
-      acoesDaVista_(acoes_, *vista_),
-      acoesDaRodada_(acoes_, *this, grupo),
       acoesDasTabelas_(acoes_, *this, *vista_, documento_),
       barraDeFerramentas_(new BarraDeFerramentas(this, acoes_, *vista_)),
       barraDeBusca_(
@@ -51,6 +51,8 @@ JanelaVisualizacao::JanelaVisualizacao(ConfiguracoesIni* preferencias, GrupoDePr
     CriarPainel();
     CriarImpressao();
     LigarAcoes();
+    LigarAcoesDaVista(acoes_, *vista_);
+    LigarAcoesDaRodada(acoes_, *this, grupo_);
     vista_->aoMudar = [this] { AtualizarEstado(); };
     barraDeBusca_->paginaAtual = [this] { return vista_->Pagina(); };
     barraDeBusca_->aoFechar = [this] { vista_->setFocus(); };
@@ -215,8 +217,8 @@ void JanelaVisualizacao::AtualizarEstado() {
     }
     situacaoPagina_->setText(u"Página %1 de %2"_s.arg(vista_->Pagina() + 1).arg(vista_->Paginas()));
     painel_->Marcar(vista_->Pagina());
-    acoesDaVista_.Atualizar();
-    acoesDaRodada_.Atualizar();
+    AtualizarAcoesDaVista(acoes_, *vista_);
+    AtualizarAcoesDaRodada(acoes_, grupo_);
     acoes_[Acao::Imprimir].setEnabled(!impressao_->EmCurso());
     acoes_[Acao::TelaCheia].setChecked(window()->isFullScreen());
     barraDeFerramentas_->Atualizar();

@@ -5,8 +5,6 @@
 #include <memory>
 
 #include "desktop/LugarDaJanela.h"
-#include "desktop/preview/AcoesDaRodada.h"
-#include "desktop/preview/AcoesDaVista.h"
 #include "desktop/preview/AcoesDaVisualizacao.h"
 #include "desktop/preview/AcoesDasTabelas.h"
 #include "desktop/preview/DocumentoPronto.h"
@@ -71,8 +69,6 @@ class JanelaVisualizacao final : public QMainWindow {
     std::unique_ptr<PintorPaginas> pintor_;
     AcoesDaVisualizacao acoes_;
     VistaPaginas* vista_;
-    AcoesDaVista acoesDaVista_;
-    AcoesDaRodada acoesDaRodada_;
     AcoesDasTabelas acoesDasTabelas_;
     BarraDeFerramentas* barraDeFerramentas_;
     BarraDeBusca* barraDeBusca_;

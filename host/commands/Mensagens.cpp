@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "data/Legivel.h"
+#include "data/Procura.h"
 #include "reports/ReferenciaAtual.h"
 
 namespace tarvo::host {
@@ -46,10 +47,8 @@ void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view co
 }
 
 void DizerConselho(std::ostream& erros, const Erro& erro, const Configuracoes* configuracoes) {
-    for (const auto& conselho : Conselhos) {
-        if (conselho.numero == erro.Numero()) {
-            erros << "  " << conselho.texto << "\n";
-        }
+    if (const auto* const conselho = Achar(Conselhos, erro.Numero(), &Conselho::numero)) {
+        erros << "  " << conselho->texto << "\n";
     }
     // The CFOP summaries need a setting that a new user has not made yet.
     if (erro.Numero() == NumeroErro::TipoIncompativel && configuracoes != nullptr) {

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -38,12 +39,8 @@ bool EhBanco(const fs::path& arquivo) {
     const ssize_t lidos =
         entrada.Valor() < 0 ? 0 : ::read(entrada.Valor(), comeco.data(), comeco.size());
     const std::string_view lido(comeco.data(), lidos < 0 ? 0 : static_cast<std::size_t>(lidos));
-    for (const std::string_view esperado : ComecosDeBancos) {
-        if (lido.starts_with(esperado)) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(ComecosDeBancos,
+                               [&](auto esperado) { return lido.starts_with(esperado); });
 }
 
 [[noreturn]] void Recusar(const fs::path& arquivo, const char* motivo) {
