@@ -138,17 +138,13 @@ std::string HashDaDeclaracao(BancoDados& banco, const std::string& IE, std::int3
     hash.AcrescentarTexto(comuns);
     AcrescentarLinhas(hash, banco, ConsultaContribuinte(IE));
     for (const std::string tabela : TabelasDaDeclaracao) {
-        std::string consulta = "select * from ";
-        consulta.append(tabela).append(" where ").append(daDeclaracao);
-        AcrescentarLinhas(hash, banco, consulta);
+        AcrescentarLinhas(hash, banco, "select * from " + tabela + " where " + daDeclaracao);
     }
     for (const std::string tabela : TabelasDasOcorrencias) {
-        std::string consulta = "select ";
-        consulta.append(tabela).append(".* from ").append(tabela);
-        consulta.append(", tblOcorrências where ").append(tabela);
-        consulta.append(".Código = tblOcorrências.Código and tblOcorrências.");
-        consulta.append(daDeclaracao);
-        AcrescentarLinhas(hash, banco, consulta);
+        AcrescentarLinhas(hash, banco,
+                          "select " + tabela + ".* from " + tabela + ", tblOcorrências where " +
+                              tabela + ".Código = tblOcorrências.Código and tblOcorrências." +
+                              daDeclaracao);
     }
     return hash.EmHexadecimal();
 }

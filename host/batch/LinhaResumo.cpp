@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <concepts>
 #include <istream>
 #include <span>
+#include <tuple>
+#include <utility>
 
 #include "data/CodigosDeErros.h"
 #include "data/Textos.h"
@@ -40,10 +43,6 @@ std::string Celula(std::string texto) {
     return citada + '"';
 }
 
-std::string TextoDaCelula(std::string_view celula) {
-    return std::string(celula.substr(celula.starts_with(Texto) ? 1 : 0));
-}
-
 std::string_view SemFimDeLinha(std::string_view registro) {
     for (const char fim : {'\n', '\r'}) {
         if (registro.ends_with(fim)) {
@@ -53,46 +52,47 @@ std::string_view SemFimDeLinha(std::string_view registro) {
     return registro;
 }
 
-template <class Inteiro>
-bool Ler(const std::string& texto, Inteiro& numero) {
-    const auto lido = LerInteiro<Inteiro>(texto);
+std::string Celula(std::integral auto numero) {
+    return std::to_string(numero);
+}
+
+bool Ler(std::string_view celula, std::string& texto) {
+    texto = celula.substr(celula.starts_with(Texto) ? 1 : 0);
+    return true;
+}
+
+template <std::integral Inteiro>
+bool Ler(std::string_view celula, Inteiro& numero) {
+    const auto lido = LerInteiro<Inteiro>(celula);
     numero = lido.value_or(0);
     return lido.has_value();
+}
+
+// In the order of the columns.
+auto Celulas(auto& l) {
+    return std::tie(l.IE, l.NroDRQ, l.referencia, l.relatorio, l.arquivo, l.bytes, l.paginas,
+                    l.cortados, l.erro, l.descricao, l.refAtual, l.opcoes, l.dados, l.conteudo);
 }
 
 }  // namespace
 
 std::string Escrita(const LinhaResumo& l) {
     std::string linha;
-    for (const auto& celula :
-         {Celula(l.IE), std::to_string(l.NroDRQ), Celula(l.referencia), Celula(l.relatorio),
-          Celula(l.arquivo), std::to_string(l.bytes), std::to_string(l.paginas),
-          std::to_string(l.cortados), std::to_string(l.erro), Celula(l.descricao),
-          Celula(l.refAtual), Celula(l.opcoes), Celula(l.dados)}) {
-        linha += celula + ';';
-    }
-    return linha + Celula(l.conteudo) + "\r\n";
+    std::apply([&](const auto&... campos) { ((linha += Celula(campos) + ';'), ...); }, Celulas(l));
+    linha.pop_back();
+    return linha + "\r\n";
 }
 
 std::optional<LinhaResumo> Lida(std::string_view registro) {
     const auto celulas = SepararCelulas(registro);
-    LinhaResumo l;
-    if (celulas.size() != Colunas.size() || !Ler(celulas[1], l.NroDRQ) ||
-        !Ler(celulas[5], l.bytes) || !Ler(celulas[6], l.paginas) || !Ler(celulas[7], l.cortados) ||
-        !Ler(celulas[8], l.erro)) {
+    if (celulas.size() != Colunas.size()) {
         return std::nullopt;
     }
-    const auto texto = [&](std::size_t coluna) { return TextoDaCelula(celulas[coluna]); };
-    l.IE = texto(0);
-    l.referencia = texto(2);
-    l.relatorio = texto(3);
-    l.arquivo = texto(4);
-    l.descricao = texto(9);
-    l.refAtual = texto(10);
-    l.opcoes = texto(11);
-    l.dados = texto(12);
-    l.conteudo = texto(13);
-    return l;
+    LinhaResumo l;
+    auto celula = celulas.begin();
+    const bool lida =
+        std::apply([&](auto&... campos) { return (Ler(*celula++, campos) && ...); }, Celulas(l));
+    return lida ? std::optional(std::move(l)) : std::nullopt;
 }
 
 std::string Cabecalho() {

@@ -8,7 +8,7 @@ import datetime
 import decimal
 import os
 from collections.abc import Iterable, Sequence
-from typing import Any, NamedTuple, Optional, Union
+from typing import NamedTuple, Optional, Union
 
 from . import _biblioteca as c
 
@@ -49,31 +49,19 @@ class Banco(c.Identificado):
 
     def contribuintes(self) -> list[Contribuinte]:
         """The taxpayers in the order of their names."""
-        lista: list[Contribuinte] = []
-
-        def ver(contribuinte: Any) -> bool:
-            um = contribuinte.contents
-            lista.append(Contribuinte(um.ie.decode(), um.razao_social.decode(), um.cnpj.decode()))
-            return True
-
-        retorno = c.Retorno(c.VerContribuinte, ver)
-        retorno.chamar("listar_contribuintes", self.identificador, retorno.em_c, None)
-        return lista
+        return c.listar(
+            c.VerContribuinte,
+            lambda um: Contribuinte(um.ie.decode(), um.razao_social.decode(), um.cnpj.decode()),
+            "listar_contribuintes", self.identificador)
 
     def declaracoes(self) -> list[Declaracao]:
         """The declarations in the order of reference and number."""
-        lista: list[Declaracao] = []
-
-        def ver(declaracao: Any) -> bool:
-            uma = declaracao.contents
-            lista.append(Declaracao(None if uma.ie is None else uma.ie.decode(), uma.numero_drq,
-                                    uma.referencia.decode(), uma.regime.decode(), uma.tipo.decode(),
-                                    bool(uma.consistente)))
-            return True
-
-        retorno = c.Retorno(c.VerDeclaracao, ver)
-        retorno.chamar("listar_declaracoes", self.identificador, retorno.em_c, None)
-        return lista
+        return c.listar(
+            c.VerDeclaracao,
+            lambda uma: Declaracao(None if uma.ie is None else uma.ie.decode(), uma.numero_drq,
+                                   uma.referencia.decode(), uma.regime.decode(), uma.tipo.decode(),
+                                   bool(uma.consistente)),
+            "listar_declaracoes", self.identificador)
 
     def existe_contribuinte(self, ie: str) -> bool:
         """Whether the database has that taxpayer."""
@@ -91,18 +79,12 @@ class Banco(c.Identificado):
         ref_atual: "07/2003", by which the CFOP summaries choose their table; without it the
         declaration's own month. Erro 5 for another code, 13 for no month.
         """
-        lista: list[Achado] = []
-
-        def ver(achado: Any) -> bool:
-            um = achado.contents
-            lista.append(Achado(um.relatorio.decode(), um.tabela.decode(), um.linhas, um.motivo.decode()))
-            return True
-
-        retorno = c.Retorno(c.VerAchado, ver)
-        retorno.chamar("revisar", self.identificador, ie.encode(), numero,
-                       None if relatorio is None else relatorio.encode(),
-                       None if ref_atual is None else ref_atual.encode(), retorno.em_c, None)
-        return lista
+        return c.listar(
+            c.VerAchado,
+            lambda um: Achado(um.relatorio.decode(), um.tabela.decode(), um.linhas, um.motivo.decode()),
+            "revisar", self.identificador, ie.encode(), numero,
+            None if relatorio is None else relatorio.encode(),
+            None if ref_atual is None else ref_atual.encode())
 
 
 class BancoEmMemoria(Banco):

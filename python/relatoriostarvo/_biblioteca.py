@@ -8,6 +8,9 @@ from ctypes import POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_ui
 from typing import Any, Callable, TypeVar
 
 
+_Item = TypeVar("_Item")
+
+
 class Erro(Exception):
     """What the library refused: its number, and a Portuguese text for the user."""
 
@@ -129,6 +132,18 @@ class Retorno:
         excecao, self._excecao = self._excecao, None
         if excecao is not None:
             raise excecao
+
+
+def listar(tipo: Any, ler: Callable[[Any], _Item], nome: str, *argumentos: Any) -> list[_Item]:
+    """What tarvo_NOME shows one after the other, as ler reads it."""
+    lista: list[_Item] = []
+
+    def ver(item: Any) -> bool:
+        lista.append(ler(item.contents))
+        return True
+    retorno = Retorno(tipo, ver)
+    retorno.chamar(nome, *argumentos, retorno.em_c, None)
+    return lista
 
 
 _Identificado = TypeVar("_Identificado", bound="Identificado")
