@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "data/Publico.h"
+
 // The tables of a declaration database as reports and hosts expect them.
 namespace tarvo {
 
@@ -30,7 +32,7 @@ struct ColunaDoBanco {
 // declaration's by NroDRQ, an entry's of tblOcorrências by Código; or everybody's.
 enum class Dono { Contribuinte, Declaracao, Subitem, Todos };
 
-struct TabelaDoBanco {
+struct TARVO_PUBLICO TabelaDoBanco {
     std::string_view nome;
     Dono dono = Dono::Todos;
     std::string_view definicao;  // "name type, name type"; a column of the key has "*" behind it
@@ -40,9 +42,9 @@ struct TabelaDoBanco {
 };
 
 // Tables that others refer to stand before those.
-std::span<const TabelaDoBanco> TabelasDoBanco();
+TARVO_PUBLICO std::span<const TabelaDoBanco> TabelasDoBanco();
 
 // The four that reports empty and refill.
-std::span<const TabelaDoBanco> TabelasRefeitas();
+TARVO_PUBLICO std::span<const TabelaDoBanco> TabelasRefeitas();
 
 }  // namespace tarvo
