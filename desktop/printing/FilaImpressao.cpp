@@ -105,6 +105,7 @@ void DefinirOpcoes(const OpcoesDeImpressao& pedidas, Opcoes& opcoes) {
     opcoes.Acrescentar("print-scaling", pedidas.ajustar ? "fit" : "none");
     if (pedidas.copias > 1) {
         opcoes.Acrescentar("copies", std::to_string(pedidas.copias));
+        opcoes.Acrescentar("multiple-document-handling", "separate-documents-collated-copies");
     }
     constexpr const char* NomesDosLados[] = {"", "one-sided", "two-sided-long-edge",
                                              "two-sided-short-edge"};

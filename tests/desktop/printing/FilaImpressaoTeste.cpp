@@ -87,8 +87,22 @@ TEST_F(FilaImpressao, OnlyAQueueThatPreparesThePagesDoesOptions) {
     const auto laser = ConsultarRecursos("Laser");
     EXPECT_TRUE(laser.copias);
     EXPECT_TRUE(laser.escala);
+    EXPECT_TRUE(laser.frenteEVerso);
     const auto direta = ConsultarRecursos("Direta");
     EXPECT_FALSE(direta.copias || direta.frenteEVerso || direta.escala);
+}
+
+TEST_F(FilaImpressao, OptionsReachTheQueueAndCopiesAreOneAfterTheOther) {
+    const auto opcoes = [](OpcoesDeImpressao pedidas) {
+        pedidas.impressora = "Laser";
+        return servico->Opcoes(
+            EnviarTrabalho({.pdf = Pdf(2, 0), .titulo = "opções", .opcoes = pedidas}));
+    };
+    EXPECT_THAT(opcoes({}), AllOf(HasSubstr("none"), Not(HasSubstr("sided-"))));
+    EXPECT_THAT(opcoes({.copias = 3, .lados = Lados::FrenteEVersoBordaCurta, .ajustar = true}),
+                AllOf(HasSubstr(std::string("copies\0\4\0\0\0\3", 12)),
+                      HasSubstr("separate-documents-collated-copies"),
+                      HasSubstr("two-sided-short-edge"), HasSubstr("fit")));
 }
 
 TEST_F(FilaImpressao, TheUsersDefaultPrinterIsTakenWhenNoneIsNamed) {

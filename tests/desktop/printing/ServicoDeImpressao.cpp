@@ -61,6 +61,12 @@ std::filesystem::path ServicoDeImpressao::Chegada(const std::string& nomeDoTraba
     return chegada;
 }
 
+std::string ServicoDeImpressao::Opcoes(int trabalho) const {
+    const auto numero = std::to_string(100'000 + trabalho).substr(1);
+    EXPECT_TRUE(Aguardar([&] { return !BytesDe(pasta_ / "fila" / ("c" + numero)).empty(); }));
+    return BytesDe(pasta_ / "fila" / ("c" + numero));
+}
+
 std::ptrdiff_t ServicoDeImpressao::Trabalhos() const {
     const auto lista = SaidaDe("lpstat -W all -o");
     return std::count(lista.begin(), lista.end(), '\n');

@@ -21,6 +21,8 @@ class ServicoDeImpressao {
 
     // The file that the printer got as that job; waits for it. Fails the test after 30 s.
     [[nodiscard]] std::filesystem::path Chegada(const std::string& nomeDoTrabalho) const;
+    // What the queue holds of the job's options, as bytes.
+    [[nodiscard]] std::string Opcoes(int trabalho) const;
     // How many jobs the service has ever taken.
     [[nodiscard]] std::ptrdiff_t Trabalhos() const;
 
