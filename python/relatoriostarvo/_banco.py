@@ -65,7 +65,7 @@ class Banco(c.Identificado):
 
     def existe_contribuinte(self, ie: str) -> bool:
         """Whether the database has that taxpayer."""
-        return bool(c.obter(ctypes.c_int32, "existe_contribuinte", self.identificador, ie.encode()))
+        return bool(c.obter(ctypes.c_int32, "existe_contribuinte", self.identificador, ie))
 
     def existe_declaracao(self, numero: int) -> bool:
         """Whether the database has that declaration."""
@@ -82,9 +82,7 @@ class Banco(c.Identificado):
         return c.listar(
             c.VerAchado,
             lambda um: Achado(um.relatorio.decode(), um.tabela.decode(), um.linhas, um.motivo.decode()),
-            "revisar", self.identificador, ie.encode(), numero,
-            None if relatorio is None else relatorio.encode(),
-            None if ref_atual is None else ref_atual.encode())
+            "revisar", self.identificador, ie, numero, relatorio, ref_atual)
 
 
 class BancoEmMemoria(Banco):
@@ -97,8 +95,8 @@ class BancoEmMemoria(Banco):
         A Decimal is an amount, a date or datetime a date, None a Null. ValueError for a row of
         another length, Erro 3078, 3061 and 3219 for unknown names or a table that is there.
         """
-        nomes = (ctypes.c_char_p * len(colunas))(*(coluna.encode() for coluna in colunas))
-        c.chamar("comecar_tabela", self.identificador, tabela.encode(), nomes, len(colunas))
+        nomes = (ctypes.c_char_p * len(colunas))(*(c.em_c(ctypes.c_char_p, coluna) for coluna in colunas))
+        c.chamar("comecar_tabela", self.identificador, tabela, nomes, len(colunas))
         for linha in linhas:
             if len(linha) != len(colunas):
                 raise ValueError(f"{tabela}: {len(linha)} valores para {len(colunas)} colunas")
@@ -134,18 +132,18 @@ def _valor(valor: ValorDeCampo) -> c.Valor:
     if isinstance(valor, bool):
         return c.Valor(None, valor, 5)
     if isinstance(valor, str):
-        return c.Valor(valor.encode(), 0, 1)
+        return c.Valor(c.em_c(ctypes.c_char_p, valor), 0, 1)
     if isinstance(valor, int):
-        if not -2**31 <= valor < 2**31:
-            raise c.Erro(6, f"Estouro: {valor}")
-        return c.Valor(None, valor, 2)
+        return c.Valor(None, c.em_c(ctypes.c_int32, valor), 2)
     if isinstance(valor, decimal.Decimal):
-        unidades = valor.scaleb(4)
-        if unidades != unidades.to_integral_value() or not -2**63 <= unidades < 2**63:
+        contexto = decimal.Context(prec=40, traps=[])
+        unidades = valor.scaleb(4, contexto)
+        inteiras = unidades.to_integral_value(context=contexto)
+        if contexto.flags[decimal.Inexact] or unidades != inteiras or not -2**63 <= unidades < 2**63:
             raise c.Erro(6, f"Estouro: {valor} não é uma quantia com até quatro decimais")
         return c.Valor(None, int(unidades), 3)
     if isinstance(valor, datetime.datetime):
-        return c.Valor(valor.strftime("%Y-%m-%d %H:%M:%S").encode(), 0, 4)
+        return c.Valor(valor.replace(microsecond=0, tzinfo=None).isoformat(" ").encode(), 0, 4)
     if isinstance(valor, datetime.date):
         return c.Valor(valor.isoformat().encode(), 0, 4)
     raise TypeError(f"{type(valor).__name__} não é um valor de campo")

@@ -4,6 +4,7 @@
 from __future__ import annotations
 
 import ctypes
+import operator
 from ctypes import POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_uint32, c_uint64, c_void_p
 from typing import Any, Callable, TypeVar
 
@@ -15,9 +16,12 @@ class Erro(Exception):
     """What the library refused: its number, and a Portuguese text for the user."""
 
     def __init__(self, numero: int, texto: str) -> None:
-        super().__init__(f"erro {numero}: {texto}")
+        super().__init__(numero, texto)
         self.numero = numero
         self.texto = texto
+
+    def __str__(self) -> str:
+        return f"erro {self.numero}: {self.texto}"
 
 
 class Valor(ctypes.Structure):
@@ -92,9 +96,27 @@ def versao() -> tuple[int, int, int]:
     return numero // 10000, numero // 100 % 100, numero % 100
 
 
+def em_c(tipo: Any, valor: Any) -> Any:
+    """An argument as the library takes it; ctypes alone would cut a text at its null character and
+    an integer to its lower bits."""
+    if tipo is c_int32:
+        inteiro = operator.index(valor)
+        if not -2**31 <= inteiro < 2**31:
+            raise Erro(6, f"Estouro: {inteiro}")
+        return inteiro
+    if tipo is c_char_p and isinstance(valor, (str, bytes)):
+        texto = valor.encode() if isinstance(valor, str) else valor
+        if b"\0" in texto:
+            raise ValueError(f"um caractere nulo em {valor!r}")
+        return texto
+    if tipo is c_char_p and valor is not None and not isinstance(valor, ctypes.Array):
+        raise TypeError(f"{type(valor).__name__} não é um texto")
+    return valor
+
+
 def chamar(nome: str, *argumentos: Any) -> None:
     """Calls tarvo_NOME and raises the error that it returns."""
-    numero = getattr(_tarvo, f"tarvo_{nome}")(*argumentos)
+    numero = getattr(_tarvo, f"tarvo_{nome}")(*map(em_c, _ASSINATURAS[nome], argumentos))
     if numero != 0:
         raise Erro(numero, _tarvo.tarvo_erro_texto().decode())
 
@@ -165,6 +187,9 @@ class Identificado:
         if self._identificador:
             chamar("liberar", self._identificador)
             self._identificador = 0
+
+    def __reduce__(self) -> Any:
+        raise TypeError(f"{type(self).__name__} não se copia nem vai a outro processo")
 
     def __enter__(self: _Identificado) -> _Identificado:
         return self

@@ -4,6 +4,7 @@
 from __future__ import annotations
 
 import ctypes
+import io
 import os
 from collections.abc import Callable, Sequence
 from typing import Any, BinaryIO, NamedTuple, Optional
@@ -14,7 +15,7 @@ from ._banco import Banco, Caminho
 # Told of each page; False cancels.
 Andamento = Callable[[int], Optional[bool]]
 
-FORMATOS = {"pdf": 1, "json": 2, "csv": 3, "xlsx": 4}
+FORMATOS = {"pdf": 1, "json": 2, "csv": 3, "xlsx": 4, "pdf_sem_estrutura": 5}
 
 
 class TextoCortado(NamedTuple):
@@ -25,12 +26,13 @@ class TextoCortado(NamedTuple):
 
 
 class _Objeto(c.Identificado):
-    """An object of the public class that bears the name of the Python class."""
+    """An object of the public class that bears the name of the Python class, or of the class of this
+    module that a program derives its own from."""
 
     def __init__(self) -> None:
         super().__init__(0)
-        nome = f"RelatoriosTarvo.{type(self).__name__}"
-        self._identificador = c.obter(ctypes.c_uint64, "criar", nome.encode())
+        nome = next(classe.__name__ for classe in type(self).__mro__ if classe.__module__ == __name__)
+        self._identificador = c.obter(ctypes.c_uint64, "criar", f"RelatoriosTarvo.{nome}")
 
     def _construir(self, nome: str, *argumentos: Any, andamento: Andamento | None) -> None:
         if andamento is None:
@@ -88,7 +90,14 @@ class Relatorio(_Objeto):
         """The same into an open binary file, piece by piece."""
 
         def receber(bytes_: Any, tamanho: int) -> bool:
-            saida.write(ctypes.string_at(bytes_, tamanho))
+            resto = ctypes.string_at(bytes_, tamanho)
+            while resto:  # a file without a buffer may take less than it is given
+                escritos = saida.write(resto)
+                if escritos is None and not isinstance(saida, io.RawIOBase):
+                    escritos = len(resto)
+                if not escritos:
+                    raise OSError("a saída não recebe mais bytes")
+                resto = resto[escritos:]
             return True
 
         retorno = c.Retorno(c.Receber, receber)
@@ -104,7 +113,7 @@ class Relatorio(_Objeto):
 
     def imprimir(self, impressora: str = "") -> None:
         """Prints at once; without a name on the user's default printer. Erro 482 no printer."""
-        c.chamar("imprimir_em", self.identificador, impressora.encode())
+        c.chamar("imprimir_em", self.identificador, impressora)
 
 
 class _RelatorioDeDeclaracao(Relatorio):
@@ -115,13 +124,13 @@ class _RelatorioDeDeclaracao(Relatorio):
         exception, cancels (Erro 18, or the exception). After an error the object holds what was
         drawn so far. Errors of the database and of its values.
         """
-        self._construir("construir", banco.identificador, ie.encode(), numero, andamento=andamento)
+        self._construir("construir", banco.identificador, ie, numero, andamento=andamento)
 
 
 class _ResumoCFOPs(_RelatorioDeDeclaracao):
     def definir_ref_atual(self, mes_ano: str | None) -> None:
         """The reference month ("07/2003") in place of the user's setting; None for the setting."""
-        c.chamar("definir_ref_atual", self.identificador, None if mes_ano is None else mes_ano.encode())
+        c.chamar("definir_ref_atual", self.identificador, mes_ano)
 
 
 class RelatorioResumoCFOPsEnt(_ResumoCFOPs):
@@ -167,7 +176,7 @@ class RelatorioCadastro(Relatorio):
 
     def construir(self, banco: Banco, ie: str, andamento: Andamento | None = None) -> None:
         """Builds the report of a taxpayer; otherwise as the other reports."""
-        self._construir("construir_cadastro", banco.identificador, ie.encode(), andamento=andamento)
+        self._construir("construir_cadastro", banco.identificador, ie, andamento=andamento)
 
 
 class RelatorioVELO(Relatorio):
@@ -184,13 +193,13 @@ class Relatorios(_Objeto):
     def executar(self, banco: Banco, ie: str, numero: int, opcoes: int = 0) -> None:
         """Shows the dialog, and shows or prints what its user chose. Bit i of opcoes ticks entry i.
         Erro 445 without a desktop."""
-        c.chamar("executar", self.identificador, banco.identificador, ie.encode(), numero, opcoes)
+        c.chamar("executar", self.identificador, banco.identificador, ie, numero, opcoes)
 
 
 def exportar(relatorios: Sequence[Relatorio], arquivo: Caminho, formato: str | None = None) -> None:
     """Writes the documents of several reports to one file, in their order. Errors as one's own."""
     if formato is None:
-        formato = os.fspath(arquivo).rpartition(".")[2].lower()
+        formato = os.path.splitext(os.fsdecode(arquivo))[1][1:].lower()
     c.chamar("exportar_reunidos", _identificadores(relatorios), len(relatorios), _formato(formato),
              os.fsencode(arquivo))
 

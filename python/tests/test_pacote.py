@@ -6,6 +6,7 @@ import decimal
 import io
 import os
 import pathlib
+import pickle
 import tempfile
 import unittest
 
@@ -13,6 +14,16 @@ import relatoriostarvo as tarvo
 
 EXEMPLO = pathlib.Path(os.environ["BANCO"])
 IE, DRQ = "250114377019", 101
+
+
+class AosPoucos(io.RawIOBase):
+    """A file that takes a thousand bytes at a time."""
+
+    recebido = b""
+
+    def write(self, trecho):
+        self.recebido += trecho[:1000]
+        return len(trecho[:1000])
 
 
 class Bancos(unittest.TestCase):
@@ -36,6 +47,20 @@ class Bancos(unittest.TestCase):
         with self.assertRaises(tarvo.Erro) as erro:
             tarvo.criar(EXEMPLO)
         self.assertEqual(erro.exception.numero, 3204)
+
+    def test_no_argument_is_cut_to_what_the_library_could_take(self):
+        with tarvo.abrir(EXEMPLO) as banco, tarvo.RelatorioPagamentos() as relatorio:
+            for errado, excecao in (((IE + "\0", DRQ), ValueError), ((IE, str(DRQ)), TypeError), ((7, DRQ), TypeError)):
+                with self.assertRaises(excecao):
+                    relatorio.construir(banco, *errado)
+            with self.assertRaises(tarvo.Erro) as erro:
+                banco.existe_declaracao(2**32 + DRQ)
+            copia = pickle.loads(pickle.dumps(erro.exception))
+            self.assertEqual((copia.numero, str(copia)), (6, str(erro.exception)))
+            with self.assertRaises(ValueError):
+                tarvo.criar("a\0b")
+            with self.assertRaises(TypeError):  # two owners would release one database
+                pickle.dumps(banco)
 
     def test_a_store_of_the_programs_own_is_filled_with_pythons_values(self):
         with tarvo.em_memoria() as banco, tarvo.RelatorioPagamentos() as relatorio:
@@ -77,6 +102,10 @@ class Exportacao(unittest.TestCase):
             apuracao.exportar(self.pasta / "apuracao.xlsx")
             self.assertTrue((self.pasta / "apuracao.xlsx").read_bytes().startswith(b"PK"))
             self.assertEqual(apuracao.textos_cortados, [])
+            inteira, aos_poucos = io.BytesIO(), AosPoucos()
+            apuracao.escrever(inteira, "json")
+            apuracao.escrever(aos_poucos, "json")
+            self.assertEqual(aos_poucos.recebido, inteira.getvalue())
             with self.assertRaises(ValueError):
                 apuracao.exportar(self.pasta / "apuracao.doc")
             with self.assertRaises(tarvo.Erro) as erro:
