@@ -49,6 +49,11 @@ constexpr bool MesmoNome(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, minuscula, minuscula);
 }
 
+// "1 falha", "2 falhas"
+inline std::string Contados(std::size_t quantos, const char* um, const char* varios) {
+    return std::to_string(quantos).append(" ").append(quantos == 1 ? um : varios);
+}
+
 // Without the blanks at both ends.
 constexpr std::string_view SemBrancos(std::string_view texto, std::string_view brancos = " ") {
     texto.remove_prefix(std::min(texto.find_first_not_of(brancos), texto.size()));

@@ -103,19 +103,15 @@ void BarraDeBusca::Fechar() {
     aoFechar();
 }
 
-void BarraDeBusca::Avancar() {
-    isVisible() ? busca_->Avancar() : Abrir();
-}
-
-void BarraDeBusca::Recuar() {
-    isVisible() ? busca_->Recuar() : Abrir();
+void BarraDeBusca::Mover(int sentido) {
+    isVisible() ? busca_->Mover(sentido) : Abrir();
 }
 
 bool BarraDeBusca::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::KeyPress) {
         const auto& tecla = *static_cast<QKeyEvent*>(evento);
         if (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) {
-            (tecla.modifiers() & Qt::ShiftModifier) == 0 ? Avancar() : Recuar();
+            Mover((tecla.modifiers() & Qt::ShiftModifier) == 0 ? 1 : -1);
             return true;
         }
     }

@@ -29,9 +29,8 @@ class BarraDeBusca final : public QWidget {
     void Abrir();
     // Hides the bar and forgets what was found.
     void Fechar();
-    // The next or the preceding hit; opens the bar when it is closed.
-    void Avancar();
-    void Recuar();
+    // To the next or, negative, the preceding hit; opens the bar when it is closed.
+    void Mover(int sentido);
 
     // To be set before the bar is used. A search begins at paginaAtual (from 0); aoMudar as
     // BuscaTexto has it.

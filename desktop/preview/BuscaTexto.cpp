@@ -124,7 +124,8 @@ std::optional<BuscaTexto::Achado> BuscaTexto::Atual() const {
     if (!atual_) {
         return std::nullopt;
     }
-    return achados_[static_cast<std::size_t>(atual_->first)][atual_->second];
+    return achados_[static_cast<std::size_t>(atual_->first)].at(
+        static_cast<std::size_t>(atual_->second));
 }
 
 int BuscaTexto::Ordem() const {
@@ -135,35 +136,19 @@ int BuscaTexto::Ordem() const {
     for (int p = 0; p < atual_->first; ++p) {
         antes += achados_[static_cast<std::size_t>(p)].size();
     }
-    return static_cast<int>(antes + atual_->second) + 1;
+    return static_cast<int>(antes) + static_cast<int>(atual_->second) + 1;
 }
 
-void BuscaTexto::Avancar() {
+void BuscaTexto::Mover(int sentido) {
     if (!atual_) {
         return;
     }
     auto& [pagina, indice] = *atual_;
-    if (++indice == achados_[static_cast<std::size_t>(pagina)].size()) {
-        indice = 0;
-        do {
-            pagina = (pagina + 1) % Paginas();
-        } while (achados_[static_cast<std::size_t>(pagina)].empty());
+    const auto achados = [&] { return std::ssize(achados_[static_cast<std::size_t>(pagina)]); };
+    for (indice += sentido; indice < 0 || indice >= achados();) {
+        pagina = (pagina + Paginas() + sentido) % Paginas();
+        indice = sentido > 0 ? 0 : achados() - 1;
     }
-    Avisar(true);
-}
-
-void BuscaTexto::Recuar() {
-    if (!atual_) {
-        return;
-    }
-    auto& [pagina, indice] = *atual_;
-    if (indice == 0) {
-        do {
-            pagina = (pagina + Paginas() - 1) % Paginas();
-        } while (achados_[static_cast<std::size_t>(pagina)].empty());
-        indice = achados_[static_cast<std::size_t>(pagina)].size();
-    }
-    --indice;
     Avisar(true);
 }
 

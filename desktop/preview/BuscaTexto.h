@@ -39,9 +39,9 @@ class BuscaTexto {
     [[nodiscard]] std::optional<Achado> Atual() const;
     // The current hit's number among the hits so far, from 1; 0 without one.
     [[nodiscard]] int Ordem() const;
-    // Makes the following or preceding hit the current one, around the ends.
-    void Avancar();
-    void Recuar();
+    // Makes the following hit the current one, or the preceding one when sentido is negative;
+    // around the ends.
+    void Mover(int sentido);
     // Where the hits of a page and the current hit stand, in points from the page's top-left
     // corner. A page's places are found once they were asked for; aoMudar tells when.
     QList<QPolygonF> Marcas(int pagina);
@@ -72,7 +72,7 @@ class BuscaTexto {
     int lidas_ = 0;
     int total_ = 0;
     std::vector<std::vector<Achado>> achados_;  // by page
-    std::optional<std::pair<int, std::size_t>> atual_;
+    std::optional<std::pair<int, std::ptrdiff_t>> atual_;
     struct Marcadas {
         std::size_t achados = 0;  // of the page's hits, those whose places are known
         QList<QPolygonF> lugares;

@@ -129,8 +129,8 @@ void JanelaVisualizacao::LigarAcoes() {
     ligar(Acao::Fechar, [this] { close(); });
     ligar(Acao::Copiar, [this] { QApplication::clipboard()->setText(vista_->Selecao().Texto()); });
     ligar(Acao::Localizar, [this] { barraDeBusca_->Abrir(); });
-    ligar(Acao::LocalizarProximo, [this] { barraDeBusca_->Avancar(); });
-    ligar(Acao::LocalizarAnterior, [this] { barraDeBusca_->Recuar(); });
+    ligar(Acao::LocalizarProximo, [this] { barraDeBusca_->Mover(1); });
+    ligar(Acao::LocalizarAnterior, [this] { barraDeBusca_->Mover(-1); });
     ligar(Acao::TelaCheia, [this] {
         window()->setWindowState(window()->windowState() ^ Qt::WindowFullScreen);
         AtualizarEstado();

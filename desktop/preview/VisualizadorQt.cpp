@@ -2,6 +2,7 @@
 #include "desktop/preview/VisualizadorQt.h"
 
 #include <QApplication>
+#include <QScopeGuard>
 #include <algorithm>
 #include <memory>
 
@@ -10,14 +11,6 @@
 namespace tarvo {
 
 namespace {
-
-class CursorDeEspera {
-  public:
-    CursorDeEspera() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~CursorDeEspera() { QApplication::restoreOverrideCursor(); }
-    CursorDeEspera(const CursorDeEspera&) = delete;
-    CursorDeEspera& operator=(const CursorDeEspera&) = delete;
-};
 
 class VisualizadorQt final : public Visualizador {
   public:
@@ -46,7 +39,8 @@ class VisualizadorQt final : public Visualizador {
 
   private:
     DocumentoPronto Renderizar(const Conteudo& conteudo) {
-        const CursorDeEspera cursor;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto fim = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
         auto documento = Preparar(conteudo, [this] { return andamento_.Preparando(); });
         andamento_.Concluir();
         return documento;

@@ -7,12 +7,12 @@
 
 #include <array>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <type_traits>
 
 #include "data/CodigosDeErros.h"
 #include "data/Consultas.h"
+#include "data/ObjetoDeC.h"
 #include "system/files/Descritor.h"
 
 namespace tarvo::host {
@@ -64,10 +64,7 @@ class Hash {
     }
 
   private:
-    struct Liberar {
-        void operator()(XXH3_state_t* estado) const noexcept { XXH3_freeState(estado); }
-    };
-    std::unique_ptr<XXH3_state_t, Liberar> estado_{XXH3_createState()};
+    ObjetoDeC<XXH3_freeState> estado_{XXH3_createState()};
 };
 
 void AcrescentarValor(Hash& hash, const Valor& valor) {

@@ -4,7 +4,8 @@
 #include <map>
 
 #include "data/CodigosDeErros.h"
-#include "host/batch/Contagens.h"
+#include "data/Textos.h"
+#include "host/batch/SelecaoLote.h"
 #include "host/batch/SituacaoDaParte.h"
 #include "host/commands/Mensagens.h"
 #include "host/commands/ResultadoEmJSON.h"

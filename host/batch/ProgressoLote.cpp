@@ -3,7 +3,8 @@
 
 #include <utility>
 
-#include "host/batch/Contagens.h"
+#include "data/Textos.h"
+#include "host/batch/SelecaoLote.h"
 #include "host/commands/Mensagens.h"
 
 namespace tarvo::host {

@@ -84,4 +84,17 @@ std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao) {
            std::to_string(std::abs(std::int64_t{declaracao.NroDRQ}));
 }
 
+std::string Listados(const std::set<std::string>& nomes) {
+    constexpr std::size_t PorNome = 20;
+    std::string lista;
+    std::size_t quantos = 0;
+    for (const auto& nome : nomes) {
+        if (quantos == PorNome) {
+            return lista + " e mais " + std::to_string(nomes.size() - PorNome);
+        }
+        lista += (quantos++ == 0 ? "" : ", ") + nome;
+    }
+    return lista;
+}
+
 }  // namespace tarvo::host

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,5 +28,8 @@ std::vector<DeclaracaoDoLote> EscolherDeclaracoes(BancoDados& banco, const Argum
 // "250114377019-101": one part of a path, whatever the registration holds, and another one for
 // every other declaration. It begins with a letter, a digit or "_".
 std::string NomeDaDeclaracao(const DeclaracaoDoLote& declaracao);
+
+// The first twenty by name, and how many more.
+std::string Listados(const std::set<std::string>& nomes);
 
 }  // namespace tarvo::host

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 #include "host/commands/Avisos.h"
 #include "host/commands/ProducaoDeRelatorios.h"
 #include "host/commands/RelatoriosPorCodigo.h"
@@ -43,8 +44,8 @@ int ExportarRelatorios(const Argumentos& a, Console& console) {
             if (a.json) {
                 return gravados.emplace_back(codigo, std::move(resultado)).second.cortados;
             }
-            console.Dizer(NomeDoArquivo(codigo) + "  " + std::to_string(resultado.paginas) +
-                          (resultado.paginas == 1 ? " página" : " páginas"));
+            console.Dizer(NomeDoArquivo(codigo) + "  " +
+                          Contados(resultado.paginas, "página", "páginas"));
             return std::move(resultado.cortados);
         });
     for (const auto& [codigo, resultado] : gravados) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
+#include <QScopeGuard>
 #include <optional>
 #include <string>
 #include <utility>
@@ -38,11 +38,8 @@ class AmbienteComJanelas {
     [[nodiscard]] GrupoDePrevias& Previas() { return visualizadores_.Previas(); }
 
     // Takes the progress window away when the returned object goes, however the build has ended.
-    struct Concluir {
-        void operator()(AndamentoQt* andamento) const { andamento->Concluir(); }
-    };
-    [[nodiscard]] std::unique_ptr<AndamentoQt, Concluir> ConcluirAndamentoNoFim() {
-        return std::unique_ptr<AndamentoQt, Concluir>(&andamento_);
+    [[nodiscard]] auto ConcluirAndamentoNoFim() {
+        return qScopeGuard([this] { andamento_.Concluir(); });
     }
 
     // One run, from the choice of the reports to the last of them. However it has ended, its
@@ -52,23 +49,20 @@ class AmbienteComJanelas {
         // mes: of the declaration, the proposal for the reference month.
         Rodada(AmbienteComJanelas& ambiente, QWidget* janela, std::string mes,
                Permanece permanece = Permanece::Nada)
-            : previas_(ambiente.Previas()),
-              janela_(janela),
-              fim_(ambiente.ConcluirAndamentoNoFim()) {
-            ambiente.configuracoes_.Propor(std::move(mes));
-            previas_.Comecar(permanece);
+            : ambiente_(ambiente), janela_(janela) {
+            ambiente_.configuracoes_.Propor(std::move(mes));
+            ambiente_.Previas().Comecar(permanece);
         }
         ~Rodada() {
-            fim_.reset();
-            Proteger(janela_, [this] { previas_.Concluir(janela_); });
+            ambiente_.andamento_.Concluir();
+            Proteger(janela_, [this] { ambiente_.Previas().Concluir(janela_); });
         }
         Rodada(const Rodada&) = delete;
         Rodada& operator=(const Rodada&) = delete;
 
       private:
-        GrupoDePrevias& previas_;
+        AmbienteComJanelas& ambiente_;
         QWidget* janela_;
-        std::unique_ptr<AndamentoQt, Concluir> fim_;
     };
 
   private:
