@@ -27,7 +27,7 @@ constexpr Traducao Traducoes[] = {
     {"42P07", NumeroErro::BancoJaExiste, "O servidor já tem a tabela"},
     {"57014", NumeroErro::FalhaDoServidor, "O servidor interrompeu a consulta"},
     {"57P", NumeroErro::ServidorInacessivel, "O servidor está parando ou começando"},
-    {"08", NumeroErro::ServidorInacessivel, "A ligação com o servidor caiu"},
+    {"08", NumeroErro::ServidorInacessivel, "A conexão com o servidor caiu"},
     {"25006", NumeroErro::BancoSomenteLeitura, "O servidor é somente para leitura"},
     {"40001", NumeroErro::FalhaDoServidor,
      "O servidor desistiu da leitura, porque o que ela lia mudou; tente de novo"},
@@ -40,7 +40,7 @@ constexpr Traducao Traducoes[] = {
 
 const Traducao& Traduzir(std::string_view estado) {
     static constexpr Traducao SemResposta{"", NumeroErro::ServidorInacessivel,
-                                          "Não há ligação com o servidor"};
+                                          "Não há conexão com o servidor"};
     if (estado.empty()) {
         return SemResposta;
     }
