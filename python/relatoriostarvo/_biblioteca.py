@@ -5,6 +5,8 @@ from __future__ import annotations
 
 import ctypes
 import operator
+import sys
+import threading
 from ctypes import POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_uint32, c_uint64, c_void_p
 from typing import Any, Callable, TypeVar
 
@@ -139,18 +141,33 @@ class Retorno:
 
     def _chamado(self, _contexto: Any, *argumentos: Any) -> int:
         try:
-            return 0 if self._funcao(*argumentos) else 1
+            return 0 if self._excecao is None and self._funcao(*argumentos) else 1
         except BaseException as excecao:  # pylint: disable=broad-exception-caught
             self._excecao = excecao
             return 1
 
     def chamar(self, nome: str, *argumentos: Any) -> None:
         """Calls tarvo_NOME, which may call the function."""
+        anterior = sys.unraisablehook
+
+        # Ctrl+C as the function is entered, before its try.
+        def perdida(excecao: Any) -> None:
+            if excecao.object == self._chamado:
+                self._excecao = excecao.exc_value
+            else:
+                anterior(excecao)
+
+        no_principal = threading.current_thread() is threading.main_thread()  # signals go there
         try:
+            if no_principal:
+                sys.unraisablehook = perdida
             chamar(nome, *argumentos)
         except Erro:
             if self._excecao is None:
                 raise
+        finally:
+            if no_principal:
+                sys.unraisablehook = anterior
         excecao, self._excecao = self._excecao, None
         if excecao is not None:
             raise excecao

@@ -35,16 +35,13 @@ class _Objeto(c.Identificado):
         self._identificador = c.obter(ctypes.c_uint64, "criar", f"RelatoriosTarvo.{nome}")
 
     def _construir(self, nome: str, *argumentos: Any, andamento: Andamento | None) -> None:
-        if andamento is None:
-            c.chamar(nome, self.identificador, *argumentos)
-            return
-        contadas = andamento
         ditas = 0
 
+        # Without an andamento too: here Python sees Ctrl+C in the middle of a query or a wait.
         def contar(paginas: int) -> bool:
             nonlocal ditas
             novas, ditas = paginas - ditas, paginas
-            return contadas(novas) is not False
+            return andamento is None or andamento(novas) is not False
 
         retorno = c.Retorno(c.Andamento, contar)
         c.chamar("definir_andamento", self.identificador, retorno.em_c, None)
@@ -53,7 +50,8 @@ class _Objeto(c.Identificado):
         finally:
             c.chamar("definir_andamento", self.identificador, c.Andamento(0), None)
         # The library tells of a page when the next one begins: here of the last.
-        andamento(c.obter(ctypes.c_size_t, "paginas", self.identificador) - ditas)
+        if andamento is not None:
+            andamento(c.obter(ctypes.c_size_t, "paginas", self.identificador) - ditas)
 
 
 class Relatorio(_Objeto):

@@ -7,7 +7,11 @@ import io
 import os
 import pathlib
 import pickle
+import shutil
+import signal
+import sqlite3
 import tempfile
+import time
 import unittest
 
 import relatoriostarvo as tarvo
@@ -121,6 +125,20 @@ class Exportacao(unittest.TestCase):
             relatorio.construir(banco, "1")
             relatorio.escrever(io.BytesIO())
             self.assertEqual(relatorio.textos_cortados, [tarvo.TextoCortado(1, "longa " * 100)])
+
+    def test_ctrl_c_ends_a_build_that_waits_for_its_turn(self):
+        arquivo = self.pasta / "banco.tarvo"
+        shutil.copy(EXEMPLO, arquivo)
+        outro = sqlite3.connect(arquivo, isolation_level=None)
+        self.addCleanup(outro.close)
+        outro.execute("BEGIN IMMEDIATE")
+        signal.signal(signal.SIGALRM, signal.default_int_handler)
+        signal.setitimer(signal.ITIMER_REAL, 0.2)
+        comeco = time.monotonic()
+        with tarvo.abrir(arquivo, somente_leitura=False, tabelas_privadas=False) as banco, \
+                tarvo.RelatorioApuracaoOpProp() as relatorio, self.assertRaises(KeyboardInterrupt):
+            relatorio.construir(banco, IE, DRQ)
+        self.assertLess(time.monotonic() - comeco, 30)
 
     def test_progress_counts_pages_and_an_exception_in_it_comes_through(self):
         with tarvo.abrir(EXEMPLO) as banco, tarvo.RelatorioApuracaoOpProp() as relatorio:
