@@ -9,7 +9,7 @@
 #include "output/json/DocumentoJSON.h"
 #include "output/tables/PlanilhaXLSX.h"
 #include "output/tables/TabelasCSV.h"
-#include "system/files/Arquivos.h"
+#include "system/files/GravacaoSegura.h"
 
 // The calls about the documents that objects hold, as pages, files and bytes.
 
@@ -93,16 +93,13 @@ class Reunidos {
     std::vector<SecaoPDF> secoes_;
 };
 
-OpcoesPDF OpcoesDe(std::int32_t formato) {
-    return {.semEstrutura = formato == TARVO_PDF_SEM_ESTRUTURA};
-}
-
 void Escrever(const Reunidos& reunidos, std::int32_t formato, const DestinoPDF& destino) {
     switch (formato) {
         case TARVO_PDF:
         case TARVO_PDF_SEM_ESTRUTURA:
-            reunidos.Distribuir(
-                RenderizarPDF(reunidos.Secoes(), destino, OpcoesDe(formato)).cortados);
+            reunidos.Distribuir(RenderizarPDF(reunidos.Secoes(), destino,
+                                              {.semEstrutura = formato == TARVO_PDF_SEM_ESTRUTURA})
+                                    .cortados);
             return;
         case TARVO_JSON:
             destino(ComoJSON(reunidos.Unico("JSON")));
@@ -119,13 +116,9 @@ void Escrever(const Reunidos& reunidos, std::int32_t formato, const DestinoPDF& 
 }
 
 void Gravar(const Reunidos& reunidos, std::int32_t formato, const std::filesystem::path& arquivo) {
-    if (formato == TARVO_PDF || formato == TARVO_PDF_SEM_ESTRUTURA) {
-        reunidos.Distribuir(GravarPDF(reunidos.Secoes(), arquivo, OpcoesDe(formato)).cortados);
-    } else {
-        std::string bytes;
-        Escrever(reunidos, formato, [&](std::string_view parte) { bytes += parte; });
-        GravarArquivo(arquivo, bytes);
-    }
+    GravacaoSegura gravacao(arquivo);
+    Escrever(reunidos, formato, [&](std::string_view bytes) { gravacao.Escrever(bytes); });
+    gravacao.Confirmar();
 }
 
 }  // namespace

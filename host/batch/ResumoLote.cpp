@@ -65,11 +65,7 @@ ResumoLote::ResumoLote(const fs::path& pasta, const Parte& parte, bool retomar, 
 
 // Another batch may have put a new file in its place until it was locked.
 void ResumoLote::Travar() {
-    saida_.emplace(
-        ::open(arquivo_.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0666));
-    if (saida_->Valor() < 0) {
-        LancarErroDeArquivo(arquivo_, errno);
-    }
+    saida_.emplace(AbrirDescritor(arquivo_, O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW));
     constexpr const char* EmUso = "outro lote está trabalhando com este resumo";
     tarvo::Travar(*saida_, Trava::Exclusiva, arquivo_, EmUso);
     struct stat travado {};

@@ -13,6 +13,14 @@
 
 namespace tarvo {
 
+int AbrirDescritor(const std::filesystem::path& arquivo, int como) {
+    const int aberto = ::open(arquivo.c_str(), como | O_CLOEXEC, 0666);
+    if (aberto < 0) {
+        LancarErroDeArquivo(arquivo, errno);
+    }
+    return aberto;
+}
+
 void ExigirDescritores(const std::filesystem::path& para, std::size_t quantos) {
     std::deque<Descritor> abertos;
     while (abertos.size() < quantos) {
@@ -63,8 +71,8 @@ void GravarArquivo(const std::filesystem::path& arquivo, std::string_view bytes)
 }
 
 void EsperarPeloDisco(const std::filesystem::path& pasta) {
-    const Descritor aberta(::open(pasta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (aberta.Valor() < 0 || ::syncfs(aberta.Valor()) != 0) {
+    const Descritor aberta(AbrirDescritor(pasta, O_RDONLY | O_DIRECTORY));
+    if (::syncfs(aberta.Valor()) != 0) {
         LancarErroDeArquivo(pasta, errno);
     }
 }

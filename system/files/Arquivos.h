@@ -20,6 +20,9 @@ struct ArquivoGravado {
 // memory, 57 anything else.
 [[noreturn]] void LancarErroDeArquivo(const std::filesystem::path& arquivo, int codigo);
 
+// An open file, or folder, for a Descritor; como: flags of open. It is closed in other programs.
+[[nodiscard]] int AbrirDescritor(const std::filesystem::path& arquivo, int como);
+
 // Before a library that does not tell why it cannot read: error 67 unless so many more files may be
 // open at once.
 void ExigirDescritores(const std::filesystem::path& para, std::size_t quantos);

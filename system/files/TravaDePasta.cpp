@@ -24,10 +24,7 @@ void Travar(const Descritor& aberto, Trava trava, const std::filesystem::path& c
 }
 
 TravaDePasta::TravaDePasta(const std::filesystem::path& pasta, Trava trava, const char* seOcupada)
-    : pasta_(::open(pasta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (pasta_.Valor() < 0) {
-        LancarErroDeArquivo(pasta, errno);
-    }
+    : pasta_(AbrirDescritor(pasta, O_RDONLY | O_DIRECTORY)) {
     Travar(pasta_, trava, pasta, seOcupada);
 }
 

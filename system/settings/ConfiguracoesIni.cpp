@@ -5,7 +5,6 @@
 #include <pwd.h>
 #include <sys/file.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <optional>
 #include <utility>
@@ -155,10 +154,7 @@ void ConfiguracoesIni::Gravar(std::string_view aplicacao, std::string_view secao
     RecusarSeConter(valor, "\r\n");
     CriarPasta(pasta_);
     // Held until the new file stands, so that two programs do not undo each other's keys.
-    const Descritor pasta(::open(pasta_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (pasta.Valor() < 0) {
-        LancarErroDeArquivo(pasta_, errno);
-    }
+    const Descritor pasta(AbrirDescritor(pasta_, O_RDONLY | O_DIRECTORY));
     static_cast<void>(::flock(pasta.Valor(), LOCK_EX));
     auto destino = Arquivo(aplicacao);
     // Users keep their settings elsewhere behind a link of their own: it stays one.
