@@ -72,16 +72,20 @@ void GrupoDePrevias::Pedir(Pedido pedido) const {
 
 void GrupoDePrevias::Mostrar(JanelaVisualizacao& previa) {
     std::erase(adiadas_, &previa);
+    const bool fica = permanece_ != Permanece::Nada && Contem(abertas_, &previa);
     if (!Contem(abertas_, &previa)) {
         abertas_.push_back(&previa);
     }
     if (!emAbas_) {
-        return previa.MostrarEmJanela();
+        if (!fica) {
+            previa.MostrarEmJanela();
+        }
+        return;
     }
     if (abas_ == nullptr) {
         abas_ = std::make_unique<JanelaDeAbas>(preferencias_);
     }
-    abas_->Mostrar(previa);
+    abas_->Mostrar(previa, !fica);
 }
 
 void GrupoDePrevias::Retirar(JanelaVisualizacao& previa) {

@@ -40,7 +40,8 @@ class GrupoDePrevias {
     // Between the two, one that is to be hidden waits for the end of the run; true when it does.
     bool Adiar(JanelaVisualizacao& previa);
 
-    // Puts it on the screen, in a tab or a window, in front of the others.
+    // Puts it on the screen, in a tab or a window, in front of the others; one whose window the run
+    // has left stays where it is.
     void Mostrar(JanelaVisualizacao& previa);
     // It shows nothing any more.
     void Retirar(JanelaVisualizacao& previa);

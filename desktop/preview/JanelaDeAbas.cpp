@@ -38,7 +38,7 @@ JanelaDeAbas::~JanelaDeAbas() {
     }
 }
 
-void JanelaDeAbas::Mostrar(JanelaVisualizacao& previa) {
+void JanelaDeAbas::Mostrar(JanelaVisualizacao& previa, bool naFrente) {
     if (abas_->count() == 0) {
         lugar_.Colocar(*this);
     }
@@ -49,12 +49,18 @@ void JanelaDeAbas::Mostrar(JanelaVisualizacao& previa) {
     abas_->setTabText(qual, previa.TituloResumido().replace(u'&', u"&&"_s));
     abas_->setTabToolTip(qual, previa.windowTitle());
     abas_->setTabIcon(qual, previa.windowIcon());
-    abas_->setCurrentIndex(qual);
-    setWindowTitle(previa.windowTitle());
-    setWindowIcon(previa.windowIcon());
-    show();
-    raise();
-    activateWindow();
+    if (naFrente) {
+        abas_->setCurrentIndex(qual);
+    }
+    if (abas_->currentIndex() == qual) {
+        setWindowTitle(previa.windowTitle());
+        setWindowIcon(previa.windowIcon());
+    }
+    if (naFrente) {
+        show();
+        raise();
+        activateWindow();
+    }
 }
 
 void JanelaDeAbas::Retirar(JanelaVisualizacao& previa) {

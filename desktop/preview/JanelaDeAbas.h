@@ -19,8 +19,8 @@ class JanelaDeAbas final : public QMainWindow {
     explicit JanelaDeAbas(ConfiguracoesIni* preferencias);
     ~JanelaDeAbas() override;
 
-    // In front of the others; the one that is there already gets its new title.
-    void Mostrar(JanelaVisualizacao& previa);
+    // In front of the others or where it is; one that is there already gets its new title.
+    void Mostrar(JanelaVisualizacao& previa, bool naFrente);
     // Hidden and without a window.
     void Retirar(JanelaVisualizacao& previa);
 

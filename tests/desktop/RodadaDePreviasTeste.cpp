@@ -111,6 +111,14 @@ TEST_F(RodadaDePrevias, WhatAHostShowsInAnswerToItsUserStaysInItsWindow) {
     teclar(Qt::Key_End);
     MontarTabela(outro, 1);
     outro.Exibir();
+    // The one in which it was asked stays in front.
+    area.AoPedir([&](Pedido) {
+        um->Exibir();
+        outro.Exibir();
+    });
+    teclar(Qt::Key_F5);
+    QTest::qWait(100);
+    EXPECT_TRUE(janela->isActiveWindow());
     area.AoPedir([&](Pedido) {
         outro.Ocultar();
         um->Ocultar();
