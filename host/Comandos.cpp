@@ -32,7 +32,7 @@ int RefAtual(const Argumentos& a, Console& console) {
     if (a.refAtual) {
         configuracoes.Gravar(Aplicacao, Secao, Chave, *a.refAtual);
     } else {
-        const std::string atual = configuracoes.Ler(Aplicacao, Secao, Chave, "");
+        const std::string atual = LerRefAtual(configuracoes);
         console.Dizer(atual.empty() ? "não definido" : atual);
     }
     return Feito;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "reports/ReferenciaAtual.h"
 
-#include <string>
-
 #include "data/CodigosDeErros.h"
 
 namespace tarvo {
@@ -16,12 +14,8 @@ Data DataDeReferencia(std::string_view mesAno) {
 }
 
 bool ReferenciaUsaCFOPsNovos(const Configuracoes* configuracoes) {
-    const std::string mesAno =
-        configuracoes == nullptr
-            ? ""
-            : configuracoes->Ler(AjusteRefAtual::Aplicacao, AjusteRefAtual::Secao,
-                                 AjusteRefAtual::Chave, "");
-    return DataDeReferencia(mesAno) > DataDeReferencia("12/2002");
+    return DataDeReferencia(configuracoes == nullptr ? "" : LerRefAtual(*configuracoes)) >
+           DataDeReferencia("12/2002");
 }
 
 }  // namespace tarvo

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "data/Data.h"
@@ -15,6 +16,12 @@ constexpr std::string_view Aplicacao = "Tarvo";
 constexpr std::string_view Secao = "pRef";
 constexpr std::string_view Chave = "RefAtual";
 }  // namespace AjusteRefAtual
+
+// As it stands; empty when it is not set.
+inline std::string LerRefAtual(const Configuracoes& configuracoes) {
+    using namespace AjusteRefAtual;
+    return configuracoes.Ler(Aplicacao, Secao, Chave, "");
+}
 
 // Day 20 of a month given as "1/2003", "01/2003" or "01/03" (years 00 to 29 are 20xx, 30 to 99 are
 // 19xx). Error 13 for any other text.

@@ -66,8 +66,7 @@ std::optional<std::string> MesDoResumo(const Configuracoes* configuracoes) {
     if (configuracoes == nullptr) {
         return std::nullopt;
     }
-    using namespace AjusteRefAtual;
-    std::string mes = configuracoes->Ler(Aplicacao, Secao, Chave, "");
+    std::string mes = LerRefAtual(*configuracoes);
     try {
         (void)DataDeReferencia(mes);
         return mes;

@@ -27,11 +27,6 @@ bool EncerraOLote(NumeroErro numero) {
            numero == NumeroErro::SenhaRecusada || numero == NumeroErro::FonteAusente;
 }
 
-std::string LerRefAtual(const Configuracoes& configuracoes) {
-    using namespace AjusteRefAtual;
-    return configuracoes.Ler(Aplicacao, Secao, Chave, "");
-}
-
 // Notes the reference month when a report asks for it: that report's pages depend on it.
 class ConfiguracoesAnotadas final : public Configuracoes {
   public:

@@ -51,11 +51,9 @@ void DizerConselho(std::ostream& erros, const Erro& erro, const Configuracoes* c
         erros << "  " << conselho->texto << "\n";
     }
     // The CFOP summaries need a setting that a new user has not made yet.
-    if (erro.Numero() == NumeroErro::TipoIncompativel && configuracoes != nullptr) {
-        using namespace AjusteRefAtual;
-        if (configuracoes->Ler(Aplicacao, Secao, Chave, "").empty()) {
-            erros << "  Informe o mês: relatorios-tarvo ref-atual MM/AAAA, ou --ref-atual\n";
-        }
+    if (erro.Numero() == NumeroErro::TipoIncompativel && configuracoes != nullptr &&
+        LerRefAtual(*configuracoes).empty()) {
+        erros << "  Informe o mês: relatorios-tarvo ref-atual MM/AAAA, ou --ref-atual\n";
     }
 }
 

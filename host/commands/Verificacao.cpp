@@ -59,10 +59,9 @@ class Verificacao {
     }
 
     void VerificarDeclaracao(const std::string& IE, const Declaracao& d) {
-        using namespace AjusteRefAtual;
         const ConfiguracoesDaChamada configuracoes(doUsuario_, MesDaChamada(a_, d.ref1));
         // Without a month of the user's, the declaration's own decides.
-        const bool temMes = !configuracoes.Ler(Aplicacao, Secao, Chave, "").empty();
+        const bool temMes = !LerRefAtual(configuracoes).empty();
         Dizer(Revisar(
             banco_,
             {.IE = IE, .NroDRQ = d.NroDRQ, .configuracoes = temMes ? &configuracoes : nullptr}));

@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "host/windows/ComandosComJanelas.h"
 
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <algorithm>
+#include <cstdlib>
 #include <ostream>
 
+#include "data/CodigosDeErros.h"
 #include "desktop/ApoioQt.h"
 #include "desktop/EstiloVisivel.h"
 #include "desktop/dialog/JanelaSelecaoQt.h"
@@ -14,12 +20,45 @@
 #include "host/commands/Mensagens.h"
 #include "host/windows/AmbienteComJanelas.h"
 #include "host/windows/JanelaPrincipal.h"
-#include "host/windows/Tela.h"
 #include "slip/RelatorioVELO.h"
 
 namespace tarvo::host {
 
 namespace {
+
+bool Definida(const char* variavel) {
+    const char* valor = std::getenv(variavel);
+    return valor != nullptr && *valor != '\0';
+}
+
+// A display that is named but does not answer makes the library abort: let a child process try.
+bool TelaResponde() {
+    const pid_t filho = fork();
+    if (filho == 0) {
+        const int nada = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        dup2(nada, STDERR_FILENO);
+        int argc = 1;
+        char nome[] = "tela";
+        char* argv[] = {nome, nullptr};
+        const QGuiApplication tentativa(argc, argv);
+        _exit(0);
+    }
+    int situacao = 0;
+    return filho > 0 && waitpid(filho, &situacao, 0) == filho && WIFEXITED(situacao) &&
+           WEXITSTATUS(situacao) == 0;
+}
+
+// Error 445 when this session has no display that windows could be opened on, for which the GUI
+// library would abort the program.
+void ExigirTela() {
+    const bool nomeada =
+        Definida("QT_QPA_PLATFORM") || Definida("DISPLAY") || Definida("WAYLAND_DISPLAY");
+    if (!nomeada || !TelaResponde()) {
+        throw Erro(NumeroErro::AcaoNaoSuportada,
+                   "Não há tela nesta sessão para abrir janelas. Os comandos exportar e imprimir "
+                   "funcionam sem tela.");
+    }
+}
 
 // Until the last window is closed; at once when none is open.
 void EsperarPelasJanelas() {

@@ -253,7 +253,7 @@ void JanelaPrincipal::DefinirRefAtual() {
     using namespace AjusteRefAtual;
     auto& preferencias = ambiente_.Preferencias();
     const auto mes = PerguntarMes(this, u"Mês e ano (MM/AAAA) que os resumos dos CFOPs usam:"_s,
-                                  ParaQt(preferencias.Ler(Aplicacao, Secao, Chave, "")));
+                                  ParaQt(LerRefAtual(preferencias)));
     if (mes) {
         preferencias.Gravar(Aplicacao, Secao, Chave, *mes);
     }
