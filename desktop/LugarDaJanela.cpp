@@ -16,10 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Passo = 28;                    // pixels between two windows of a kind
-constexpr QMargins Moldura(4, 30, 4, 6);     // that a window manager may put around a window
-constexpr int Ajustes = 40;                  // by which it may move one on its own
-constexpr std::string_view Chave = "Lugar";  // "x y largura altura normal|maximizada"
+constexpr int Passo = 28;                 // pixels between two windows of a kind
+constexpr QMargins Moldura(4, 30, 4, 6);  // that a window manager may put around a window
+constexpr int Ajustes = 40;               // by which it may move one on its own
+constexpr int Longe = 100'000;            // pixels, beyond any screen
+constexpr std::string_view ChaveAntiga = "Geometria";  // of 1.0, as Qt writes it
+constexpr std::string_view Chave = "Lugar";            // "x y largura altura normal|maximizada"
 
 }  // namespace
 
@@ -56,9 +58,15 @@ void LugarDaJanela::Colocar(QWidget& janela) {
     preferido_ = area.center() - QPoint(padrao_.width() / 2, padrao_.height() / 2);
     const auto lido = ParaQt(LerHabito(configuracoes_, secao_, Chave)).split(u' ');
     if (lido.size() == 5) {
-        preferido_ = {lido[0].toInt(), lido[1].toInt()};
-        tamanho = QSize(lido[2].toInt(), lido[3].toInt()).expandedTo({200, 150});
+        const auto numero = [&](int qual) { return std::clamp(lido[qual].toInt(), -Longe, Longe); };
+        preferido_ = {numero(0), numero(1)};
+        tamanho = QSize(numero(2), numero(3)).expandedTo({200, 150});
         maximizada = lido[4] == u"maximizada"_s;
+    } else if (const auto antiga = LerHabito(configuracoes_, secao_, ChaveAntiga);
+               janela.restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(antiga)))) {
+        preferido_ = janela.normalGeometry().topLeft();
+        tamanho = janela.normalGeometry().size();
+        maximizada = janela.isMaximized();
     }
     tamanho = tamanho.boundedTo(area.marginsRemoved(Moldura).size());
     std::vector<QPoint> outras;

@@ -33,7 +33,7 @@ BarraDeBusca::BarraDeBusca(QWidget* pai, QAction& proximo, QAction& anterior)
     auto* fila = new QHBoxLayout(this);
     fila->setContentsMargins(6, 3, 6, 3);
     fila->addWidget(rotulo);
-    fila->addWidget(campo_, 1);
+    fila->addWidget(campo_, 4);
     for (auto* acao : {&anterior, &proximo}) {
         auto* botao = new QToolButton(this);
         botao->setDefaultAction(acao);

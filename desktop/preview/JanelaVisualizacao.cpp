@@ -106,7 +106,7 @@ void JanelaVisualizacao::CriarPainel() {
 }
 
 void JanelaVisualizacao::CriarImpressao() {
-    impressao_ = new ImpressaoQt(this);
+    impressao_ = new ImpressaoQt(this, preferencias_);
     impressao_->aoMudar = [this](const QString& situacao) { statusBar()->showMessage(situacao); };
     impressao_->aoTerminar = [this](const std::optional<Erro>& erro) {
         AtualizarEstado();

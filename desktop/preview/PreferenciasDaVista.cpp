@@ -25,7 +25,8 @@ PreferenciasDaVista PreferenciasDaVista::Ler(const ConfiguracoesIni* configuraco
     }
     lidas.continuo = ler("Continuo") != "0";
     lidas.ladoALado = ler("LadoALado") == "1";
-    lidas.painel = ler("Painel") == "1";
+    const auto painel = ler("Painel");
+    lidas.painel = (painel.empty() ? ler("Miniaturas") : painel) == "1";  // its name in 1.0
     lidas.emAbas = ler("EmAbas") == "1";
     return lidas;
 }

@@ -51,6 +51,12 @@ DialogoImpressao::~DialogoImpressao() {
     *cancelar_ = true;
 }
 
+void DialogoImpressao::Preferir(const QString& impressora) {
+    if (const int qual = impressora_->findText(impressora); qual >= 0) {
+        impressora_->setCurrentIndex(qual);
+    }
+}
+
 void DialogoImpressao::CriarCampos(QFormLayout& campos,
                                    const std::vector<Impressora>& impressoras) {
     for (const auto& impressora : impressoras) {

@@ -38,6 +38,8 @@ class DialogoImpressao final : public QDialog {
                      Alcance alcance);
     ~DialogoImpressao() override;
 
+    // Proposes this printer, if it is there, instead of the user's default.
+    void Preferir(const QString& impressora);
     [[nodiscard]] EscolhaDeImpressao Escolha() const;
 
   private:

@@ -11,6 +11,7 @@
 
 #include "data/Procura.h"
 #include "desktop/ApoioQt.h"
+#include "desktop/Habitos.h"
 #include "desktop/SegundoPlano.h"
 #include "desktop/printing/RecorteDoPDF.h"
 
@@ -20,13 +21,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr std::string_view Secao = "Impressao";
+constexpr std::string_view Chave = "Impressora";
+
 Erro ErroCancelado() {
     return {NumeroErro::Cancelado, "Impressão cancelada."};
 }
 
 }  // namespace
 
-ImpressaoQt::ImpressaoQt(QWidget* janela) : QObject(janela), janela_(janela) {}
+ImpressaoQt::ImpressaoQt(QWidget* janela, ConfiguracoesIni* preferencias)
+    : QObject(janela), janela_(janela), preferencias_(preferencias) {}
 
 ImpressaoQt::~ImpressaoQt() {
     if (cancelar_ != nullptr) {
@@ -72,9 +77,11 @@ void ImpressaoQt::AbrirDialogo(const std::vector<Impressora>& impressoras, Pergu
     dialogo_ = new DialogoImpressao(
         janela_, impressoras, documento_.paginas,
         pergunta == Pergunta::Sempre ? Alcance::UmDocumento : Alcance::VariosDocumentos);
+    dialogo_->Preferir(ParaQt(LerHabito(preferencias_, Secao, Chave)));
     Ligar(dialogo_.data(), &QDialog::rejected, this, [this] { Terminar(ErroCancelado()); });
     Ligar(dialogo_.data(), &QDialog::accepted, this, [this] {
         const auto escolha = dialogo_->Escolha();
+        GravarHabito(preferencias_, Secao, Chave, escolha.opcoes.impressora);
         opcoes_ = escolha.opcoes;
         EnviarPaginas(escolha.paginas);
     });

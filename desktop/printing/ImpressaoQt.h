@@ -15,6 +15,8 @@
 
 namespace tarvo {
 
+class ConfiguracoesIni;
+
 // A document on its way to the printer.
 struct DocumentoImpresso {
     std::shared_ptr<const std::string> pdf;
@@ -30,7 +32,8 @@ enum class Pergunta { Sempre, UmaVez, SemImpressoraPadrao };
 // thread. One printing at a time; releasing the object gives it up.
 class ImpressaoQt final : public QObject {
   public:
-    explicit ImpressaoQt(QWidget* janela);
+    // preferencias, which may be null, remembers the printer that the user has chosen.
+    explicit ImpressaoQt(QWidget* janela, ConfiguracoesIni* preferencias = nullptr);
     ~ImpressaoQt() override;
 
     // Looks for the printers, asks when it is to ask, and prints: on the user's default printer
@@ -64,6 +67,7 @@ class ImpressaoQt final : public QObject {
     void Terminar(const std::optional<Erro>& erro);
 
     QWidget* janela_;
+    ConfiguracoesIni* preferencias_;
     DocumentoImpresso documento_;
     OpcoesDeImpressao opcoes_;
     std::shared_ptr<std::atomic<bool>> cancelar_;

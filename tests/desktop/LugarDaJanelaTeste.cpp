@@ -57,8 +57,20 @@ TEST_F(LugarDaJanelaTeste, IsNeverLargerThanTheScreen) {
     auto lugar = Lugar({9000, 9000});
     const auto janela = Abrir(lugar);
     EXPECT_TRUE(tela.contains(janela->frameGeometry()));
-    ini.Gravar("Tarvo", "Especie", "Lugar", "-5000 99999 7000 1 normal");
+    ini.Gravar("Tarvo", "Especie", "Lugar", "-2147483648 2147483647 2147483647 1 normal");
     EXPECT_TRUE(tela.contains(Abrir(lugar)->frameGeometry()));
+}
+
+TEST_F(LugarDaJanelaTeste, TakesOverWhatAnOlderVersionKept) {
+    QWidget antiga;
+    antiga.setGeometry(30, 40, 360, 240);
+    ini.Gravar("Tarvo", "Especie", "Geometria", antiga.saveGeometry().toBase64().toStdString());
+    auto lugar = Lugar({400, 300});
+    const auto nova = Abrir(lugar);
+    EXPECT_EQ(nova->size(), QSize(360, 240));
+    EXPECT_LT((nova->pos() - QPoint(30, 40)).manhattanLength(), 10) << "but for a frame";
+    ini.Gravar("Tarvo", "Especie", "Geometria", "!\xFF");
+    EXPECT_EQ(Abrir(lugar)->size(), QSize(400, 300));
 }
 
 TEST_F(LugarDaJanelaTeste, KeepsSizeAndStateAndTheUsersPlace) {
