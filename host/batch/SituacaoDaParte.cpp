@@ -47,6 +47,7 @@ struct Linhas {
 SituacaoDaParte LerSituacao(const std::filesystem::path& pasta, const Parte& parte) {
     SituacaoDaParte s{.parte = parte, .pasta = pasta};
     const std::filesystem::path arquivo = pasta / NomeDoResumo(parte);
+    ExigirArquivoComum(arquivo);
     std::ifstream entrada(arquivo, std::ios::binary);
     if (!entrada.is_open()) {
         LancarErroDeArquivo(arquivo, errno);

@@ -30,7 +30,16 @@ void ExigirDescritores(const std::filesystem::path& para, std::size_t quantos) {
     }
 }
 
+void ExigirArquivoComum(const std::filesystem::path& arquivo) {
+    std::error_code ignorado;
+    const auto estado = std::filesystem::status(arquivo, ignorado);
+    if (std::filesystem::exists(estado) && !std::filesystem::is_regular_file(estado)) {
+        LancarErroDeArquivo(arquivo, std::filesystem::is_directory(estado) ? EISDIR : ENXIO);
+    }
+}
+
 std::string LerArquivo(const std::filesystem::path& arquivo) {
+    ExigirArquivoComum(arquivo);
     const Descritor entrada(::open(arquivo.c_str(), O_RDONLY | O_CLOEXEC));
     if (entrada.Valor() < 0) {
         if (errno == ENOENT || errno == ENOTDIR) {

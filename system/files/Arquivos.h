@@ -27,6 +27,10 @@ struct ArquivoGravado {
 // open at once.
 void ExigirDescritores(const std::filesystem::path& para, std::size_t quantos);
 
+// Before a file is opened to be read, when there is one: error 75 unless it is a regular one. A
+// pipe would keep its reader waiting, a device might never end.
+void ExigirArquivoComum(const std::filesystem::path& arquivo);
+
 // Empty when there is no such file.
 std::string LerArquivo(const std::filesystem::path& arquivo);
 

@@ -22,6 +22,7 @@ constexpr Motivo Motivos[] = {
     {ENAMETOOLONG, NumeroErro::CaminhoNaoEncontrado, "o nome é longo demais"},
     {ELOOP, NumeroErro::CaminhoNaoEncontrado, "os links do caminho formam um laço"},
     {EEXIST, NumeroErro::DestinoRecusado, "o que tem esse nome não é uma pasta"},
+    {ENXIO, NumeroErro::DestinoRecusado, "o que tem esse nome não é um arquivo comum"},
     {EISDIR, NumeroErro::DestinoRecusado, "é uma pasta"},
     {EACCES, NumeroErro::PermissaoNegada, "sem permissão"},
     {EPERM, NumeroErro::PermissaoNegada, "sem permissão"},

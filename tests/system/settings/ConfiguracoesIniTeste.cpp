@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "system/settings/ConfiguracoesIni.h"
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <thread>
@@ -86,8 +88,12 @@ TEST_F(ConfiguracoesIniTeste, RefusesWhatALineCannotHoldAndFoldersThatAreNone) {
     EXPECT_EQ(NumeroDe([&] { ConfiguracoesIni(Arquivo()).Gravar("Tarvo", "a", "b", "c"); }),
               NumeroErro::DestinoRecusado);
     std::filesystem::create_directory(pasta / "Outra.ini");
-    EXPECT_EQ(NumeroDe([&] { static_cast<void>(configuracoes.Ler("Outra", "a", "b", "")); }),
-              NumeroErro::DestinoRecusado);
+    ASSERT_EQ(::mkfifo((pasta / "Cano.ini").c_str(), 0600), 0);
+    for (const char* nome : {"Outra", "Cano"}) {
+        EXPECT_EQ(NumeroDe([&] { static_cast<void>(configuracoes.Ler(nome, "a", "b", "")); }),
+                  NumeroErro::DestinoRecusado)
+            << nome;
+    }
 }
 
 TEST_F(ConfiguracoesIniTeste, TwoWritersAtOnceLoseNoKey) {
