@@ -11,18 +11,19 @@ namespace {
 
 constexpr std::size_t TamanhoSaida = std::size_t{256} * 1024;
 constexpr int ObjetosPorFluxo = 200;
-constexpr std::size_t ColunasTabela = 8;  // type 1, place 5, index 2 bytes
+constexpr std::size_t ColunasTabela = sizeof(std::uint64_t);
+
+constexpr std::uint64_t NoArquivo(std::uint64_t lugar) {
+    return (std::uint64_t{1} << 56U) | (lugar << 16U);
+}
+constexpr std::uint64_t NoFluxo(int fluxo, std::size_t indice) {
+    return (std::uint64_t{2} << 56U) | (static_cast<std::uint64_t>(fluxo) << 16U) | indice;
+}
 
 // A mixing of 64-bit words, good enough to tell files apart.
 std::uint64_t Misturar(std::uint64_t estado, std::uint64_t palavra) {
     estado = (estado ^ palavra) * 0x9E3779B97F4A7C15U;
     return estado ^ (estado >> 29U);
-}
-
-void AnexarGrande(std::string& saida, std::uint64_t valor, int bytes) {
-    for (int i = bytes - 1; i >= 0; --i) {
-        saida.push_back(static_cast<char>(valor >> static_cast<unsigned>(8 * i)));
-    }
 }
 
 }  // namespace
@@ -43,8 +44,7 @@ void EscritorPDF::Objeto(int numero, std::string_view corpo) {
     if (quantos_ == 0) {
         numeroDoFluxo_ = Reservar();
     }
-    auto& lugar = lugares_.at(static_cast<std::size_t>(numero));
-    lugar = {static_cast<std::uint64_t>(numeroDoFluxo_), static_cast<std::uint16_t>(quantos_), 2};
+    LugarDe(numero) = NoFluxo(numeroDoFluxo_, static_cast<std::size_t>(quantos_));
     AnexarInteiro(indices_, numero);
     indices_.push_back(' ');
     AnexarInteiro(indices_, static_cast<std::int64_t>(objetos_.size()));
@@ -70,10 +70,9 @@ void EscritorPDF::ObjetoEmFileira(int numero, std::string_view corpo) {
 
 void EscritorPDF::FecharFileira(ObjetosEmFileira& fileira) {
     const int fluxo = Reservar();
-    std::uint16_t indice = 0;
+    std::size_t indice = 0;
     for (const int numero : fileira.Numeros()) {
-        lugares_.at(static_cast<std::size_t>(numero)) = {static_cast<std::uint64_t>(fluxo),
-                                                         indice++, 2};
+        LugarDe(numero) = NoFluxo(fluxo, indice++);
     }
     const bool muitos = fileira.Numeros().size() == ObjetosEmFileira::Maximo;
     Fluxo(fluxo, fileira.Dicionario(), fileira.Dados(), muitos ? Empenho::Tempo : Empenho::Tamanho);
@@ -135,7 +134,7 @@ void EscritorPDF::EscreverFluxo(int numero, std::string_view dicionario, std::st
 }
 
 void EscritorPDF::Abrir(int numero) {
-    lugares_.at(static_cast<std::size_t>(numero)) = {escritos_, 0, 1};
+    LugarDe(numero) = NoArquivo(escritos_);
     std::string cabeca;
     AnexarInteiro(cabeca, numero);
     Escrever(cabeca += " 0 obj\n");
@@ -146,7 +145,7 @@ void EscritorPDF::Terminar(int raiz, int informacao) {
     FecharFluxoDeObjetos();
     const int numero = Reservar();
     const auto inicio = escritos_;
-    lugares_.back() = {inicio, 0, 1};
+    LugarDe(numero) = NoArquivo(inicio);
     const std::string identificador = Identificador();
     std::string dicionario = "/Type/XRef/Size " + std::to_string(lugares_.size()) + "/W[1 5 2]" +
                              "/DecodeParms<</Predictor 12/Columns " +
@@ -162,20 +161,17 @@ void EscritorPDF::Terminar(int raiz, int informacao) {
 
 // Rows as differences to the row above (predictor "up"), which compress to next to nothing.
 std::string EscritorPDF::TabelaDeLugares() const {
+    constexpr char Acima = 2;
     std::string tabela;
     tabela.reserve(lugares_.size() * (ColunasTabela + 1));
-    std::string anterior(ColunasTabela, '\0');
-    std::string linha;
-    for (const auto& lugar : lugares_) {
-        linha.clear();
-        AnexarGrande(linha, lugar.tipo, 1);
-        AnexarGrande(linha, lugar.lugar, 5);
-        AnexarGrande(linha, lugar.indice, 2);
-        tabela.push_back(2);
-        for (std::size_t i = 0; i < ColunasTabela; ++i) {
-            tabela.push_back(static_cast<char>(linha[i] - anterior[i]));
+    Lugar anterior = 0;
+    for (const Lugar lugar : lugares_) {
+        tabela.push_back(Acima);
+        for (unsigned bits = 64; bits > 0;) {
+            bits -= 8;
+            tabela.push_back(static_cast<char>((lugar >> bits) - (anterior >> bits)));
         }
-        anterior.swap(linha);
+        anterior = lugar;
     }
     return tabela;
 }

@@ -42,13 +42,11 @@ class EscritorPDF {
     void Terminar(int raiz, int informacao);
 
   private:
-    // Where an object is: a place in the file, or an object stream and the index in it.
-    struct Lugar {
-        std::uint64_t lugar = 0;
-        std::uint16_t indice = 0;
-        std::uint8_t tipo = 0;  // 0 free, 1 place in the file, 2 in an object stream
-    };
+    // Where an object is, as the table of places says it: its kind (0 free, 1 in the file, 2 in an
+    // object stream) in one byte, the place or the stream's number in five, the index in it in two.
+    using Lugar = std::uint64_t;
 
+    Lugar& LugarDe(int numero) { return lugares_.at(static_cast<std::size_t>(numero)); }
     void Escrever(std::string_view bytes);
     void Esvaziar();
     void Abrir(int numero);

@@ -55,18 +55,18 @@ std::string_view ObjetosEmFileira::Dados() {
         linhas_.resize((i + 1) * (largura_ / EntradasPorFileira), ' ');
     }
     linhas_.resize(FileirasDoIndice() * largura_, ' ');
-    linhas_ += corpos_;
 
-    dados_.resize(linhas_.size() / largura_ * (largura_ + 1));
+    dados_.resize((linhas_.size() + corpos_.size()) / largura_ * (largura_ + 1));
     char* saida = dados_.data();
-    for (const char* linha = linhas_.data(); linha < linhas_.data() + linhas_.size();
-         linha += largura_) {
-        *saida++ = Acima;
-        if (linha == linhas_.data()) {
-            saida = std::copy_n(linha, largura_, saida);
-        } else {
-            saida = std::transform(linha, linha + largura_, linha - largura_, saida,
+    const std::string nada(largura_, '\0');
+    const char* acima = nada.data();
+    for (const std::string* const parte : {&linhas_, &corpos_}) {
+        for (std::size_t i = 0; i < parte->size(); i += largura_) {
+            const char* const linha = parte->data() + i;
+            *saida++ = Acima;
+            saida = std::transform(linha, linha + largura_, acima, saida,
                                    [](char a, char b) { return static_cast<char>(a - b); });
+            acima = linha;
         }
     }
     return dados_;

@@ -37,7 +37,7 @@ class ObjetosEmFileira {
     std::size_t largura_;
     std::vector<int> numeros_;
     std::string corpos_;
-    std::string linhas_;
+    std::string linhas_;  // of the index
     std::string dados_;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "output/pdf/structure/ArvoreDeEstrutura.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "output/pdf/file/Sintaxe.h"
@@ -21,10 +22,11 @@ void ArvoreDeEstrutura::IniciarDocumento(const Conteudo& conteudo) {
     conteudo_ = &conteudo;
     colocados_ = Colocar(conteudo.estrutura);
     nos_.assign(colocados_.size(), {});
-    paginas_.clear();
-    partes_.clear();
-    retratos_.clear();
-    vaos_.clear();
+    std::size_t partes = 0;  // at most
+    for (const auto& donos : conteudo.estrutura.donos) {
+        partes += donos.size() - static_cast<std::size_t>(std::ranges::count(donos, Nada));
+    }
+    partes_.reserve(partes);
     temTitulo_ = false;
 }
 
@@ -32,7 +34,7 @@ std::size_t ArvoreDeEstrutura::AcrescentarPagina(int objeto, const ConteudoMarca
     const auto pagina = static_cast<std::uint32_t>(paginas_.size());
     paginas_.push_back({objeto, partes_.size()});
     for (const std::uint32_t dono : marcado.donos) {
-        partes_.push_back({.dono = dono, .pagina = pagina});
+        partes_.push_back({.dono = dono});
     }
     for (const auto& retrato : marcado.retratos) {
         retratos_.try_emplace(retrato.dono, retrato);
@@ -44,7 +46,6 @@ void ArvoreDeEstrutura::EncerrarDocumento() {
     Ligar();
     No& raiz = nos_.front();
     raiz.numero = sozinho_ ? documento_ : escritor_.Reservar();
-    raiz.numeroDoPai = sozinho_ ? raiz_ : documento_;
     if (!sozinho_) {
         AnexarReferencia(filhosDaRaiz_, raiz.numero);
         filhosDaRaiz_ += ' ';
@@ -56,6 +57,14 @@ void ArvoreDeEstrutura::EncerrarDocumento() {
     }
     EscreverPais();
     paginasAnteriores_ += paginas_.size();
+    // Its memory is given back before the file's ending takes its own.
+    colocados_ = std::vector<Colocacao>();
+    nos_ = std::vector<No>();
+    paginas_ = std::vector<PaginaMarcada>();
+    ultima_ = 0;
+    partes_ = std::vector<Parte>();
+    retratos_.clear();
+    vaos_.clear();
 }
 
 int ArvoreDeEstrutura::Terminar() {
@@ -122,10 +131,10 @@ void ArvoreDeEstrutura::Escrever(std::uint32_t i) {
     }
     // What neighbours share stands first, and next to each other what tells them apart.
     corpo_ = "<</P ";
-    AnexarReferencia(corpo_, no.numeroDoPai);
+    AnexarReferencia(corpo_, NumeroDoPai(i));
     if (no.conteudo != Nada) {
         corpo_ += "/Pg ";
-        AnexarReferencia(corpo_, paginas_[partes_[no.conteudo].pagina].objeto);
+        AnexarReferencia(corpo_, paginas_[PaginaDe(no.conteudo)].objeto);
     }
     corpo_ += "/S/";
     corpo_ += i == Estrutura::Raiz && !sozinho_ ? "Part" : NomeDe(etiqueta);
@@ -133,6 +142,14 @@ void ArvoreDeEstrutura::Escrever(std::uint32_t i) {
     AnexarFilhos(i);
     corpo_ += ">>";
     escritor_.ObjetoEmFileira(no.numero, corpo_);
+}
+
+int ArvoreDeEstrutura::NumeroDoPai(std::uint32_t i) const {
+    if (i == Estrutura::Raiz) {
+        return sozinho_ ? raiz_ : documento_;
+    }
+    const auto& [etiqueta, pai] = colocados_[i];
+    return etiqueta == Etiqueta::LI ? static_cast<int>(nos_[i].irmao) : nos_[pai].numero;
 }
 
 void ArvoreDeEstrutura::IgualarTabela(std::uint32_t tabela) {
@@ -168,14 +185,13 @@ void ArvoreDeEstrutura::AnexarFilhos(std::uint32_t i) {
         ++quantos;
     };
     for (auto p = no.conteudo; p != Nada; p = partes_[p].seguinte) {
-        AnexarParte(partes_[no.conteudo], p);
+        AnexarParte(no.conteudo, p);
         ++quantos;
     }
     for (auto f = no.filho; f != Nada;) {
         if (colocados_[f].etiqueta == Etiqueta::LI) {
             acrescentar(EscreverLista(f, no.numero));
         } else {
-            nos_[f].numeroDoPai = no.numero;
             acrescentar(nos_[f].numero);
             f = nos_[f].irmao;
         }
@@ -189,16 +205,29 @@ void ArvoreDeEstrutura::AnexarFilhos(std::uint32_t i) {
     corpo_ += quantos == 1 ? "" : "]";
 }
 
+// Mostly the one that was asked for before.
+std::size_t ArvoreDeEstrutura::PaginaDe(std::uint32_t parte) {
+    const auto contem = [&](std::size_t pagina) {
+        return paginas_[pagina].primeira <= parte &&
+               (pagina + 1 == paginas_.size() || parte < paginas_[pagina + 1].primeira);
+    };
+    if (!contem(ultima_)) {
+        const auto depois = std::ranges::upper_bound(paginas_, parte, {}, &PaginaMarcada::primeira);
+        ultima_ = static_cast<std::size_t>(depois - paginas_.begin()) - 1;
+    }
+    return ultima_;
+}
+
 // primeira: the element's first part, whose page the element names.
-void ArvoreDeEstrutura::AnexarParte(const Parte& primeira, std::uint32_t p) {
-    const Parte& parte = partes_[p];
-    const auto& pagina = paginas_[parte.pagina];
-    const auto numero = static_cast<std::int64_t>(p - pagina.primeira);
-    if (parte.pagina == primeira.pagina) {
+void ArvoreDeEstrutura::AnexarParte(std::uint32_t primeira, std::uint32_t parte) {
+    const std::size_t daPrimeira = PaginaDe(primeira);
+    const std::size_t pagina = PaginaDe(parte);
+    const auto numero = static_cast<std::int64_t>(parte - paginas_[pagina].primeira);
+    if (pagina == daPrimeira) {
         AnexarInteiro(filhos_, numero);
     } else {
         filhos_ += "<</Type/MCR/Pg ";
-        AnexarReferencia(filhos_, pagina.objeto);
+        AnexarReferencia(filhos_, paginas_[pagina].objeto);
         filhos_ += "/MCID ";
         AnexarInteiro(filhos_, numero);
         filhos_ += ">>";
@@ -210,9 +239,10 @@ void ArvoreDeEstrutura::AnexarParte(const Parte& primeira, std::uint32_t p) {
 int ArvoreDeEstrutura::EscreverLista(std::uint32_t& item, int pai) {
     const int numero = escritor_.Reservar();
     std::string lista = "<</S/L/P " + Referencia(pai) + "/K[";
-    for (; item != Nada && colocados_[item].etiqueta == Etiqueta::LI; item = nos_[item].irmao) {
-        nos_[item].numeroDoPai = numero;
-        AnexarReferencia(lista, nos_[item].numero);
+    while (item != Nada && colocados_[item].etiqueta == Etiqueta::LI) {
+        No& no = nos_[item];
+        item = std::exchange(no.irmao, static_cast<std::uint32_t>(numero));
+        AnexarReferencia(lista, no.numero);
         lista += ' ';
     }
     lista.back() = ']';

@@ -52,16 +52,15 @@ class ArvoreDeEstrutura {
   private:
     static constexpr std::uint32_t Nada = Estrutura::Decoracao;
 
+    // A document of thousands of pages has millions of these two.
     struct No {
-        int numero = 0;  // of its object
-        int numeroDoPai = 0;
+        int numero = 0;                 // of its object
         std::uint32_t filho = Nada;     // the first that is written
-        std::uint32_t irmao = Nada;     // the next that is
+        std::uint32_t irmao = Nada;     // the next that is; of a list's, written, the list's number
         std::uint32_t conteudo = Nada;  // its first marked part
     };
     struct Parte {
         std::uint32_t dono = 0;
-        std::uint32_t pagina = 0;       // of this document
         std::uint32_t seguinte = Nada;  // of the same element
     };
     struct PaginaMarcada {
@@ -77,7 +76,9 @@ class ArvoreDeEstrutura {
     }
     void Escrever(std::uint32_t i);
     void AnexarFilhos(std::uint32_t i);
-    void AnexarParte(const Parte& primeira, std::uint32_t p);
+    [[nodiscard]] int NumeroDoPai(std::uint32_t i) const;
+    [[nodiscard]] std::size_t PaginaDe(std::uint32_t parte);
+    void AnexarParte(std::uint32_t primeira, std::uint32_t parte);
     int EscreverLista(std::uint32_t& item, int pai);
     void AnexarAtributos(std::uint32_t i, Etiqueta etiqueta);
     const std::string& Classe(Etiqueta etiqueta, std::uint32_t celula);
@@ -98,6 +99,7 @@ class ArvoreDeEstrutura {
     std::vector<Colocacao> colocados_;
     std::vector<No> nos_;
     std::vector<PaginaMarcada> paginas_;
+    std::size_t ultima_ = 0;  // of the pages, that was asked for
     std::vector<Parte> partes_;
     std::map<std::uint32_t, ConteudoMarcado::Retrato> retratos_;
     std::map<std::uint32_t, Vao> vaos_;  // of cells that cover other than was recorded
