@@ -60,6 +60,24 @@ bool TemRodape(const Conteudo& conteudo, std::size_t pagina) {
                  "T 11.3333 25.4 5.6667 0.3 DM Arial 6 |Página %%p de %%P"};
 }
 
+// Of the head only the frames between the government's lines and the taxpayer's fields.
+Lista SemQuadro(const Conteudo& conteudo, std::size_t pagina) {
+    const auto achar = [](const Lista& lista, std::string_view fim) {
+        return std::ranges::find_if(lista, [&](const auto& uma) { return uma.ends_with(fim); });
+    };
+    Lista operacoes = Curtas(conteudo, pagina);
+    if (operacoes.empty()) {
+        return operacoes;
+    }
+    operacoes.erase(achar(operacoes, "|Razão Social") - 1, achar(operacoes, "|Referência") + 2);
+    operacoes.erase(operacoes.begin(), achar(operacoes, "|Secretaria da Fazenda") + 2);
+    if (TemRodape(conteudo, pagina)) {
+        operacoes.resize(operacoes.size() - 4);
+        operacoes.emplace_back("rodapé");
+    }
+    return operacoes;
+}
+
 template <class Acao>
 Lista OuErro(Acao&& acao) {
     try {
@@ -151,6 +169,9 @@ void Roteiro::EnsinarDoDocumento() {
         const auto [pagina, ultimas] = Palavras<std::size_t, std::size_t>(pedido);
         const auto operacoes = Curtas(documento, pagina - 1);
         return ultimas == 0 ? operacoes : Ultimas(operacoes, ultimas);
+    });
+    Ensinar("corpo", [this](const std::string& pedido) {
+        return SemQuadro(documento, std::stoul(pedido) - 1);
     });
     Ensinar("linhas", [this](const std::string& pedido) {
         const auto [pagina, y] = Palavras<std::size_t, double>(pedido);

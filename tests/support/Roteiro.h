@@ -28,6 +28,7 @@ namespace tarvo::apoio {
 // and of the document that a test's own commands build last (pages from 1):
 //   identidade           its title, short title, icon, orientation and margins
 //   pagina P [N]         the operations of a page (see Curtas), or its last N
+//   corpo P              the same but the footer and what all page heads have in common
 //   linhas P Y           its rows of cells from Y on, each as its top and its texts
 //   fim Y CORPO          each page's rows, of the first one from Y and of others from CORPO on, and
 //                        whether the page ends with the footer
