@@ -7,9 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "output/pdf/file/PerfilCor.h"
+#include "embutido/sRGB.h"
 #include "output/pdf/file/Sintaxe.h"
-#include "output/pdf/file/TextoDeObjeto.h"
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
@@ -135,7 +134,9 @@ Metadados EscreverMetadados(EscritorPDF& escritor, const Propriedades& proprieda
     // Left uncompressed, so that programs that know nothing of PDF find it.
     escritor.FluxoAberto(m.xmp, "/Type/Metadata/Subtype/XML", PacoteXMP(propriedades, momento));
     const int perfil = escritor.Reservar();
-    static const std::string srgb(Compressor::DoFio().Comprimir(PerfilSRGB()));
+    // An ICC profile (version 4) of sRGB: its primaries adapted to D50 and its transfer curve.
+    static const std::string srgb(Compressor::DoFio().Comprimir(
+        {reinterpret_cast<const char*>(embutido::sRGB), sizeof embutido::sRGB}));
     escritor.FluxoComprimido(perfil, "/N 3", srgb);
     escritor.Objeto(m.intencao,
                     "<</Type/OutputIntent/S/GTS_PDFA1/OutputConditionIdentifier(sRGB)"

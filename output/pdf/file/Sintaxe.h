@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "output/pdf/text/Comprimentos.h"
 
@@ -74,5 +75,9 @@ inline void AnexarUTF16Hex(std::string& saida, char32_t c) {
     AnexarHex(saida, U16_LEAD(c), 4);
     AnexarHex(saida, U16_TRAIL(c), 4);
 }
+
+// A text string of a PDF object or a content stream: the characters themselves where each is one
+// byte of PDFDocEncoding, otherwise UTF-16 in hexadecimal.
+void AnexarTexto(std::string& saida, std::string_view utf8);
 
 }  // namespace tarvo::pdf

@@ -2,7 +2,6 @@
 #include "output/pdf/file/Sumario.h"
 
 #include "output/pdf/file/Sintaxe.h"
-#include "output/pdf/file/TextoDeObjeto.h"
 
 namespace tarvo::pdf {
 

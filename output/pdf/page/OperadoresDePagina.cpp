@@ -2,7 +2,6 @@
 #include "output/pdf/page/OperadoresDePagina.h"
 
 #include "output/pdf/file/Sintaxe.h"
-#include "output/pdf/file/TextoDeObjeto.h"
 #include "output/pdf/page/Cor.h"
 #include "output/pdf/text/Composicao.h"
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "output/pdf/file/Sintaxe.h"
-#include "output/pdf/file/TextoDeObjeto.h"
 
 namespace tarvo::pdf {
 

@@ -13,7 +13,6 @@
 #include "data/Textos.h"
 #include "output/pdf/text/Comprimentos.h"
 #include "output/pdf/text/Haste.h"
-#include "output/pdf/text/Lingua.h"
 #include "output/pdf/text/TabelaOS2.h"
 #include "output/pdf/text/TextoUnicode.h"
 #include "system/files/Arquivos.h"

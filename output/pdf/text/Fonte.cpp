@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "output/pdf/text/Lingua.h"
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "output/pdf/file/TextoDeObjeto.h"
+#include "output/pdf/file/Sintaxe.h"
 
 #include <algorithm>
 
-#include "output/pdf/file/Sintaxe.h"
 #include "output/pdf/text/TextoUnicode.h"
 
 namespace tarvo::pdf {
@@ -35,12 +34,6 @@ void AnexarTexto(std::string& saida, std::string_view utf8) {
         AnexarUTF16Hex(saida, c);
     }
     saida += '>';
-}
-
-std::string TextoDeObjeto(std::string_view utf8) {
-    std::string texto;
-    AnexarTexto(texto, utf8);
-    return texto;
 }
 
 }  // namespace tarvo::pdf
