@@ -9,6 +9,7 @@
 #include "document/CicloPaginas.h"
 #include "document/QuadroPagina.h"
 #include "document/TabelaEmDesenho.h"
+#include "reports/FamiliasDeSubitens.h"
 
 namespace tarvo {
 
@@ -27,13 +28,10 @@ struct CaixaLinha {
 struct DescricaoDetSubitens {
     IdentidadeRelatorio identidade;
     std::string_view titulo;  // two lines
-    std::span<const std::string_view> subitens;
-    bool opProprias;
-    std::string_view tabela;  // of the supporting rows
+    const FamiliaDeSubitens& familia;
     std::string_view ordem;
     std::span<const CaixaLinha> caixas;
-    std::string_view subitemSemNota;  // the sub-item whose rows carry no invoice number
-    std::span<const CaixaLinha> caixasSemNota;
+    std::span<const CaixaLinha> caixasSemNota = {};  // of the sub-item without invoice numbers
     std::string_view rotuloValor;
     std::string_view rotuloSubtotal = "Subtotal";
     std::string_view rotuloTotal = "Total";
@@ -56,7 +54,6 @@ constexpr double LimiteSubitem = 22.6;
 constexpr double LimiteLinha = 24.4;
 constexpr double LimiteSoma = 24.0;
 
-constexpr std::string_view SubitensCredAcum[] = {"007.04", "007.05", "007.06", "007.07"};
 constexpr CaixaLinha CaixasCredAcum[] = {
     {Meia, Quarto, "Inscrição Estadual do Remetente", "IERemetente"}};
 constexpr DescricaoDetSubitens CredAcum{
@@ -67,16 +64,11 @@ constexpr DescricaoDetSubitens CredAcum{
     .titulo =
         "Recebimento de Crédito Acumulado\r\n"
         "(Subitens 007.04 a 007.07) - Operações Próprias",
-    .subitens = SubitensCredAcum,
-    .opProprias = true,
-    .tabela = "tblIEsRemetente",
+    .familia = familias::CredAcum,
     .ordem = "IERemetente",
     .caixas = CaixasCredAcum,
-    .subitemSemNota = {},
-    .caixasSemNota = {},
     .rotuloValor = "Valor da Nota Fiscal"};
 
-constexpr std::string_view SubitensCredAcVE[] = {"002.20", "002.21", "007.40", "007.41"};
 constexpr CaixaLinha CaixasCredAcVE[] = {{Meia, Quarto, "Visto Eletrônico", "CodAutorização"}};
 constexpr DescricaoDetSubitens CredAcVE{
     .identidade = {.classe = "RelatorioDetRecCredAcVE",
@@ -86,18 +78,13 @@ constexpr DescricaoDetSubitens CredAcVE{
     .titulo =
         "Crédito Acumulado com Visto Eletrônico\r\n"
         "(Subitens 002.20, 002.21, 007.40 e 007.41) - Operações Próprias",
-    .subitens = SubitensCredAcVE,
-    .opProprias = true,
-    .tabela = "tblRecibosCredito",
+    .familia = familias::CredAcVE,
     .ordem = "CodAutorização",
     .caixas = CaixasCredAcVE,
-    .subitemSemNota = {},
-    .caixasSemNota = {},
     .rotuloValor = "Valor",
     .rotuloSubtotal = "Total",
     .rotuloTotal = "Total Geral"};
 
-constexpr std::string_view SubitensCentrRecImp[] = {"002.18", "002.19", "007.29", "007.30"};
 constexpr CaixaLinha CaixasCentrRecImp[] = {{Meia, Quarto, "Inscrição Estadual", "IERemetente"}};
 constexpr DescricaoDetSubitens CentrRecImp{
     .identidade = {.classe = "RelatorioDetCentrRecImp",
@@ -107,16 +94,11 @@ constexpr DescricaoDetSubitens CentrRecImp{
     .titulo =
         "Centralização do Imposto\r\n"
         "(Subitens 002.18, 002.19, 007.29 e 007.30) - Operações Próprias",
-    .subitens = SubitensCentrRecImp,
-    .opProprias = true,
-    .tabela = "tblIEsRemetente",
+    .familia = familias::CentrRecImp,
     .ordem = "IERemetente",
     .caixas = CaixasCentrRecImp,
-    .subitemSemNota = {},
-    .caixasSemNota = {},
     .rotuloValor = "Valor da Transferência"};
 
-constexpr std::string_view SubitensSubstitui[] = {"002.10", "002.11"};
 constexpr CaixaLinha InicioPeriodo{Terco + Quarto, Terco, "Início do Período", "DataInicio",
                                    FormatoCaixa::MesAno};
 constexpr CaixaLinha FinalPeriodo{2 * Terco + Quarto, Terco, "Final do Período", "DataFim",
@@ -138,16 +120,12 @@ constexpr DescricaoDetSubitens ResSubstitui{
     .titulo =
         "Ressarcimento do ICMS Retido por ST\r\n"
         "(Subitens 002.10 e 002.11) - Operações Próprias",
-    .subitens = SubitensSubstitui,
-    .opProprias = true,
-    .tabela = "tblIESubstituto",
+    .familia = familias::ResSubstitui,
     .ordem = "IESubstituto, NF",
     .caixas = CaixasSubstitui,
-    .subitemSemNota = "002.11",
     .caixasSemNota = CaixasSubstituiSemNota,
     .rotuloValor = "Valor do Ressarcimento"};
 
-constexpr std::string_view SubitensSubstitut[] = {"007.01", "007.02"};
 constexpr CaixaLinha CaixasSubstitut[] = {
     {2 * Terco, Quarto, "Inscrição Estadual do Substituído", "IESubstituido"},
     {2 * Terco + Quarto, Terco, "Nota Fiscal", "NF"}};
@@ -159,17 +137,14 @@ constexpr DescricaoDetSubitens ResSubstitut{
                              "ST-11",
                    .tituloResumido = "Ressarc. ICMS Ret. ST - ST-11"},
     .titulo = "Ressarcimento do ICMS Retido por ST\r\n(Subitens 007.01 e 007.02) - ST-11",
-    .subitens = SubitensSubstitut,
-    .opProprias = false,
-    .tabela = "tblIESubstituido",
+    .familia = familias::ResSubstitut,
     .ordem = "IESubstituido, NF",
     .caixas = CaixasSubstitut,
-    .subitemSemNota = "007.02",
     .caixasSemNota = CaixasSubstitutSemNota,
     .rotuloValor = "Valor do Ressarcimento"};
 
 std::string ConsultaEntradas(const DescricaoDetSubitens& d, std::int32_t NumeroDRQ) {
-    const std::string opProprias = d.opProprias ? "TRUE" : "FALSE";
+    const std::string opProprias = d.familia.opProprias ? "TRUE" : "FALSE";
     std::string consulta =
         "select tblOcorrências.CódSubItem, tblOcorrências.NroDRQ, tblOcorrências.Código, "
         "tblOcorrências.Valor, tblOcorrências.OpPróprias, tblQuadroOcorrências.Ocorrência, "
@@ -178,7 +153,7 @@ std::string ConsultaEntradas(const DescricaoDetSubitens& d, std::int32_t NumeroD
         "(tblQuadroOcorrências.OpPróprias = " +
         opProprias + ") and ((";
     std::string_view separador;
-    for (const auto subitem : d.subitens) {
+    for (const auto subitem : d.familia.subitens) {
         consulta.append(separador).append("tblOcorrências.CódSubItem = ");
         consulta += TextoSql(subitem);
         separador = " Or ";
@@ -190,7 +165,7 @@ std::string ConsultaEntradas(const DescricaoDetSubitens& d, std::int32_t NumeroD
 
 std::string ConsultaLinhas(const DescricaoDetSubitens& d, std::int32_t codigo) {
     std::string consulta = "select * from ";
-    consulta.append(d.tabela).append(" where Código = ").append(std::to_string(codigo));
+    consulta.append(d.familia.tabela).append(" where Código = ").append(std::to_string(codigo));
     return consulta.append(" order by ").append(d.ordem);
 }
 
@@ -262,7 +237,7 @@ void RelatorioDetSubitens::ImprimirSubitem(double y, std::string_view subitem,
 
 void RelatorioDetSubitens::ImprimirLinha(TabelaEmDesenho& tabela, double y,
                                          std::string_view subitem, Recordset& linha) {
-    const bool semNota = subitem == descricao_.subitemSemNota;
+    const bool semNota = subitem == descricao_.familia.subitemSemNota;
     const auto caixas = semNota ? descricao_.caixasSemNota : descricao_.caixas;
     tabela.ComecarTitulos();
     const Trecho trecho(Desenho(), LinhaDe(FuncaoDaLinha::Dados));

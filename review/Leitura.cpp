@@ -119,6 +119,20 @@ void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
     }
 }
 
+Catalogo::Catalogo(BancoDados& banco, std::string_view tabela, Colunas colunas,
+                   const std::set<std::string>& codigos) {
+    LerLinhasCom(banco, tabela, colunas, codigos, [&](const Leitura& linha) {
+        Item& item = itens_[SemCaixa(linha.Texto(colunas[0]))];
+        ++item.linhas;
+        item.nome = linha.Texto(colunas[1]);
+    });
+}
+
+const Catalogo::Item* Catalogo::Procurar(const std::optional<std::string>& codigo) const {
+    const auto item = codigo ? itens_.find(SemCaixa(*codigo)) : itens_.end();
+    return item == itens_.end() ? nullptr : &item->second;
+}
+
 void CodigosLidos::Acrescentar(std::optional<std::string> codigo) {
     const auto [lugar, novo] = lugares_.try_emplace(codigo, codigos_.size());
     if (novo) {

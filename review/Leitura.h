@@ -61,6 +61,24 @@ void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
                   const std::set<std::int32_t>& numeros,
                   const std::function<void(const Leitura& linha)>& receber);
 
+// The rows of a catalogue that have one of those codes, which stand as a query says them.
+class Catalogo {
+  public:
+    struct Item {
+        std::size_t linhas = 0;  // that have the code
+        std::string nome;
+    };
+
+    // colunas: its key and the name.
+    Catalogo(BancoDados& banco, std::string_view tabela, Colunas colunas,
+             const std::set<std::string>& codigos);
+    // nullptr for a code that is Null or not there.
+    [[nodiscard]] const Item* Procurar(const std::optional<std::string>& codigo) const;
+
+  private:
+    std::unordered_map<std::string, Item> itens_;  // by code, without case
+};
+
 // The codes of a declaration's rows, each once, in the order in which they came.
 class CodigosLidos {
   public:

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 #include "data/CodigosDeErros.h"
 #include "data/Legivel.h"

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <array>
 
 #include "data/CodigosDeErros.h"

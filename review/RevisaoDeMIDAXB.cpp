@@ -49,13 +49,7 @@ struct Grupo {
 constexpr Grupo Grupos[] = {
     {'1', "07", PeloMunicipio}, {'2', "08", PeloMunicipio}, {'3', "09", PeloCodigo}};
 
-struct Item {
-    std::size_t linhas = 0;  // of the catalogue
-    std::string nome;
-};
-
 using ChavesDosGrupos = std::map<char, CodigosLidos>;  // by the code's first character
-using Catalogo = std::map<std::string, Item>;          // by code
 
 Catalogo LerCatalogo(const Contexto& c, const Ligacao& ligacao, ChavesDosGrupos& chaves) {
     std::set<std::string> codigos;
@@ -69,13 +63,7 @@ Catalogo LerCatalogo(const Contexto& c, const Ligacao& ligacao, ChavesDosGrupos&
             }
         }
     }
-    Catalogo catalogo;
-    LerLinhasCom(c.banco, ligacao.catalogo, ligacao.colunas, codigos, [&](const Leitura& linha) {
-        Item& item = catalogo[SemCaixa(linha.Texto(ligacao.colunas[0]))];
-        ++item.linhas;
-        item.nome = linha.Texto(ligacao.colunas[1]);
-    });
-    return catalogo;
+    return {c.banco, ligacao.catalogo, ligacao.colunas, codigos};
 }
 
 void RevisarGrupo(const Contexto& c, const Grupo& grupo, const CodigosLidos& chaves,
@@ -83,9 +71,8 @@ void RevisarGrupo(const Contexto& c, const Grupo& grupo, const CodigosLidos& cha
     const Ligacao& ligacao = grupo.ligacao;
     std::map<std::string, std::set<std::string>> codigosDoNome;
     for (const auto& [chave, linhas] : chaves.EmOrdem()) {
-        const std::string codigo = SemCaixa(chave.value_or(""));
-        if (const auto item = catalogo.find(codigo); chave && item != catalogo.end()) {
-            codigosDoNome[SemCaixa(item->second.nome)].insert(codigo);
+        if (const auto* const item = catalogo.Procurar(chave)) {
+            codigosDoNome[SemCaixa(item->nome)].insert(SemCaixa(*chave));
         }
     }
     for (const auto& lida : chaves.EmOrdem()) {
@@ -93,15 +80,14 @@ void RevisarGrupo(const Contexto& c, const Grupo& grupo, const CodigosLidos& cha
         const auto achar = [&](std::string_view motivo) {
             c.achados.Linha(grupo.relatorio, Tabela, motivo, chave.value_or(""), lida.linhas);
         };
-        const auto item = catalogo.find(SemCaixa(chave.value_or("")));
-        if (!chave || item == catalogo.end()) {
+        const auto* const item = catalogo.Procurar(chave);
+        if (item == nullptr) {
             achar(ligacao.semLinha);
-        } else if (item->second.linhas > 1) {
+        } else if (item->linhas > 1) {
             achar(ligacao.repetida);
-        } else if (item->second.nome.empty()) {
+        } else if (item->nome.empty()) {
             achar(ligacao.semNome);
-        } else if (&ligacao == &PeloMunicipio &&
-                   codigosDoNome[SemCaixa(item->second.nome)].size() > 1) {
+        } else if (&ligacao == &PeloMunicipio && codigosDoNome[SemCaixa(item->nome)].size() > 1) {
             achar("municípios de mesmo nome, misturados num só bloco");
         }
     }

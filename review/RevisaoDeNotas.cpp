@@ -22,11 +22,6 @@ struct Nota {
     std::optional<std::string> municipio;
 };
 
-struct Municipio {
-    std::size_t linhas = 0;  // of the catalogue
-    bool temNome = false;
-};
-
 // How many groups of the report a CFOP heads: one for each detail line that has it.
 std::map<std::string, std::size_t> LerGrupos(const Contexto& c) {
     std::map<std::string, std::size_t> grupos;
@@ -39,21 +34,14 @@ std::map<std::string, std::size_t> LerGrupos(const Contexto& c) {
     return grupos;
 }
 
-std::map<std::string, Municipio> LerMunicipios(BancoDados& banco, const std::vector<Nota>& notas) {
+Catalogo LerMunicipios(BancoDados& banco, const std::vector<Nota>& notas) {
     std::set<std::string> codigos;
     for (const Nota& nota : notas) {
         if (nota.municipio) {
             codigos.insert(TextoSql(*nota.municipio));
         }
     }
-    std::map<std::string, Municipio> municipios;
-    LerLinhasCom(banco, "tblMunicípiosZFM_ALC", ColunasDoMunicipio, codigos,
-                 [&](const Leitura& linha) {
-                     Municipio& municipio = municipios[SemCaixa(linha.Texto("CódMunicípio"))];
-                     ++municipio.linhas;
-                     municipio.temNome = !linha.Texto("Município").empty();
-                 });
-    return municipios;
+    return {banco, "tblMunicípiosZFM_ALC", ColunasDoMunicipio, codigos};
 }
 
 }  // namespace
@@ -77,22 +65,22 @@ void RevisarNotas(const Contexto& c) {
     const auto municipios = LerMunicipios(c.banco, notas);
     for (const Nota& nota : notas) {
         const auto grupo = grupos.find(SemCaixa(nota.CFOP.value_or("")));
-        const auto municipio = municipios.find(SemCaixa(nota.municipio.value_or("")));
+        const auto* const municipio = municipios.Procurar(nota.municipio);
         if (!nota.CFOP || !nota.CFOP->starts_with('6')) {
             achar(nota, "nota cujo CFOP não começa com 6 – não sai");
         } else if (grupo == grupos.end()) {
             achar(nota, "nota cujo CFOP não está entre os da declaração – não sai");
-        } else if (!nota.municipio || municipio == municipios.end()) {
+        } else if (municipio == nullptr) {
             achar(nota, "nota de município sem linha em tblMunicípiosZFM_ALC – não sai");
         } else if (grupo->second > 1) {
             achar(nota,
                   "nota cujo CFOP a declaração tem mais de uma vez – sai e soma mais de uma vez");
-        } else if (municipio->second.linhas > 1) {
+        } else if (municipio->linhas > 1) {
             achar(
                 nota,
                 "nota de município com mais de uma linha em tblMunicípiosZFM_ALC – sai mais de uma "
                 "vez");
-        } else if (!municipio->second.temNome) {
+        } else if (municipio->nome.empty()) {
             achar(nota, "nota de município sem nome em tblMunicípiosZFM_ALC");
         }
     }

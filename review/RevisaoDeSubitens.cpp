@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <map>
-#include <span>
 #include <vector>
 
 #include "data/Consultas.h"
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
 #include "data/Procura.h"
+#include "reports/FamiliasDeSubitens.h"
 #include "review/Familias.h"
 #include "review/Leitura.h"
 
@@ -19,29 +18,6 @@ constexpr std::string_view Tabela = "tblOcorrências";
 constexpr std::string_view ColunasLidas[] = {"CódSubItem", "Código", "Valor", "OpPróprias"};
 constexpr std::string_view ColunasDoNumero[] = {"Código", "NroDRQ"};
 constexpr std::string_view ColunasDoQuadro[] = {"CódSubItem", "OpPróprias"};
-
-// What a detail report takes.
-struct Familia {
-    std::string_view relatorio;
-    bool opProprias;
-    std::string_view tabela;  // of the supporting rows
-    std::span<const std::string_view> subitens;
-    std::string_view subitemSemNota = {};  // whose rows print no invoice number
-};
-
-constexpr std::string_view Subitens11[] = {"007.04", "007.05", "007.06", "007.07"};
-constexpr std::string_view Subitens11A[] = {"002.20", "002.21", "007.40", "007.41"};
-constexpr std::string_view Subitens12[] = {"002.18", "002.19", "007.29", "007.30"};
-constexpr std::string_view Subitens13[] = {"002.10", "002.11"};
-constexpr std::string_view Subitens15[] = {"007.01", "007.02"};
-
-constexpr Familia Familias[] = {
-    {"11", true, "tblIEsRemetente", Subitens11},
-    {"11A", true, "tblRecibosCredito", Subitens11A},
-    {"12", true, "tblIEsRemetente", Subitens12},
-    {"13", true, "tblIESubstituto", Subitens13, "002.11"},
-    {"15", false, "tblIESubstituido", Subitens15, "007.02"},
-};
 
 struct TabelaDeDetalhes {
     std::string_view nome;
@@ -65,21 +41,20 @@ struct Subitem {
     std::int32_t numero = 0;
     Moeda declarado;
     std::optional<bool> opProprias;
-    const Familia* familia = nullptr;  // whose report prints it
-    std::size_t impressoes = 0;        // in that report
-    Moeda detalhado;                   // what its supporting rows add up to there
-    bool temDetalhes = false;          // there
+    const FamiliaDeSubitens* familia = nullptr;  // whose report prints it
+    std::size_t impressoes = 0;                  // in that report
+    Moeda detalhado;                             // what its supporting rows add up to there
+    bool temDetalhes = false;                    // there
 
     [[nodiscard]] bool DetalhadoEm(std::string_view tabela) const {
         return familia != nullptr && familia->tabela == tabela;
     }
 };
 
-const Familia* FamiliaDe(const Subitem& subitem) {
-    const auto familia = std::ranges::find_if(Familias, [&](const Familia& f) {
-        return subitem.opProprias == f.opProprias && Contem(f.subitens, subitem.codigo);
+const FamiliaDeSubitens* FamiliaDe(const Subitem& subitem) {
+    return Achar(familias::Todas, true, [&](const FamiliaDeSubitens& familia) {
+        return subitem.opProprias == familia.opProprias && Contem(familia.subitens, subitem.codigo);
     });
-    return familia == std::end(Familias) ? nullptr : &*familia;
 }
 
 std::vector<Subitem> LerSubitens(const Contexto& c) {
@@ -264,7 +239,7 @@ void RevisarSubitens(const Contexto& c) {
     if (c.pedido("10") || c.pedido("14")) {
         RevisarNasApuracoes(c, subitens);
     }
-    if (std::ranges::any_of(Familias, c.pedido, &Familia::relatorio)) {
+    if (std::ranges::any_of(familias::Todas, c.pedido, &FamiliaDeSubitens::relatorio)) {
         RevisarNosDetalhamentos(c, subitens);
     }
 }
