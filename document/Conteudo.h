@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -92,10 +91,10 @@ constexpr double AlturaA4 = 29.7;
 
 // Whose document it is, as its files say of themselves; what a document does not have is empty.
 struct Identificacao {
-    std::string contribuinte;  // name
-    std::string IE;
-    std::string declaracao;  // number
-    std::string referencia;  // "07/2003", "01 a 12/2003"
+    std::string contribuinte = {};  // name
+    std::string IE = {};
+    std::string declaracao = {};  // number
+    std::string referencia = {};  // "07/2003", "01 a 12/2003"
     friend bool operator==(const Identificacao&, const Identificacao&) = default;
 };
 

@@ -2,8 +2,6 @@
 #include "document/GradeDaTabela.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <utility>
 
 namespace tarvo {
 

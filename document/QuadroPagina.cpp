@@ -13,34 +13,21 @@ namespace {
 
 using namespace Alinhamento;
 
-constexpr EstiloTexto RotuloPequeno{.recuoX = 0.1,
-                                    .recuoTopo = 0.05,
-                                    .recuoBase = 0.05,
-                                    .horizontal = Esquerda,
-                                    .vertical = Topo,
-                                    .tamanho = 6,
-                                    .negrito = true};
-
-constexpr EstiloTexto ComRotuloDeTotal() {
-    EstiloTexto estilo = RotuloPequeno;
-    estilo.tamanho = 9;
-    estilo.cor = Cor::Teal;
-    return estilo;
-}
-
-constexpr EstiloTexto ComRotuloRegular() {
-    EstiloTexto estilo = RotuloPequeno;
-    estilo.negrito = false;
-    return estilo;
-}
-
-constexpr EstiloTexto ValorMultilinha(double tamanho) {
-    return {.recuoX = 0.2,
-            .recuoTopo = 0.3,
-            .horizontal = Esquerda,
+constexpr EstiloTexto Rotulo(double tamanho, bool negrito = true, std::int32_t cor = Cor::Preto) {
+    return {.recuoTopo = 0.05,
+            .recuoBase = 0.05,
             .vertical = Topo,
             .tamanho = tamanho,
-            .multilinha = true};
+            .negrito = negrito,
+            .cor = cor};
+}
+
+constexpr EstiloTexto RotuloPequeno = Rotulo(6);
+constexpr EstiloTexto RotuloDeTotal = Rotulo(9, true, Cor::Teal);
+
+constexpr EstiloTexto ValorMultilinha(double tamanho) {
+    return {
+        .recuoX = 0.2, .recuoTopo = 0.3, .vertical = Topo, .tamanho = tamanho, .multilinha = true};
 }
 
 constexpr EstiloTexto ValorDeTotal(bool negrito) {
@@ -48,7 +35,6 @@ constexpr EstiloTexto ValorDeTotal(bool negrito) {
             .recuoTopo = 0.05,
             .recuoBase = 0.05,
             .horizontal = Direita,
-            .vertical = Meio,
             .tamanho = 9,
             .negrito = negrito};
 }
@@ -77,14 +63,13 @@ const EstiloCampo CampoPequeno{
     {.recuoX = 0.2, .recuoTopo = 0.05, .recuoBase = 0.05, .vertical = Base, .tamanho = 6}};
 const EstiloCampo CampoMultilinha{RotuloPequeno, ValorMultilinha(8)};
 const EstiloCampo CampoMultilinhaPequeno{RotuloPequeno, ValorMultilinha(6)};
-const EstiloCampo CampoValor{ComRotuloRegular(),
+const EstiloCampo CampoValor{Rotulo(6, false),
                              {.recuoX = 0.2, .horizontal = Direita, .vertical = Base}};
-const EstiloCampo CampoTotal{ComRotuloDeTotal(), ValorDeTotal(false)};
-const EstiloCampo CampoTotalNegrito{ComRotuloDeTotal(), ValorDeTotal(true)};
+const EstiloCampo CampoTotal{RotuloDeTotal, ValorDeTotal(false)};
+const EstiloCampo CampoTotalNegrito{RotuloDeTotal, ValorDeTotal(true)};
 const EstiloTexto TituloQuadro{
     .horizontal = Centro, .tamanho = 14, .negrito = true, .cor = Cor::Teal, .multilinha = true};
-const EstiloTexto CelulaTitulo{.recuoX = 0.1,
-                               .recuoTopo = 0.05,
+const EstiloTexto CelulaTitulo{.recuoTopo = 0.05,
                                .recuoBase = 0.05,
                                .horizontal = Centro,
                                .vertical = Topo,
@@ -97,16 +82,7 @@ const EstiloTexto CelulaRotulo{.recuoX = 0.2, .fonte = "Courier New", .negrito =
 const EstiloTexto CelulaTextoFixo{.recuoX = 0.2, .fonte = "Courier New"};
 
 std::string_view TipoDaDRQ(std::int32_t tipo) {
-    switch (tipo) {
-        case 1:
-            return "Normal";
-        case 2:
-            return "Substitutiva";
-        case 3:
-            return "Coligida";
-        default:
-            return "";
-    }
+    return tipo == 1 ? "Normal" : tipo == 2 ? "Substitutiva" : tipo == 3 ? "Coligida" : "";
 }
 
 std::string_view RegimeTributario(std::string_view codigo) {

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 #include <utility>
 
 #include "data/CodigosDeErros.h"

@@ -55,6 +55,4 @@ constexpr TipoApuracao OperacoesProprias{
 RelatorioApuracaoOpProp::RelatorioApuracaoOpProp(const Ambiente& ambiente)
     : RelatorioApuracao(OperacoesProprias, ambiente) {}
 
-RelatorioApuracaoOpProp::~RelatorioApuracaoOpProp() = default;
-
 }  // namespace tarvo

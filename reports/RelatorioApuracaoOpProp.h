@@ -11,7 +11,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioApuracaoOpProp final : public RelatorioApuracao {
   public:
     explicit RelatorioApuracaoOpProp(const Ambiente& ambiente = {});
-    ~RelatorioApuracaoOpProp() override;
 };
 
 }  // namespace tarvo

@@ -38,6 +38,4 @@ constexpr TipoApuracao SubstituicaoTributaria{
 RelatorioApuracaoSubTrib::RelatorioApuracaoSubTrib(const Ambiente& ambiente)
     : RelatorioApuracao(SubstituicaoTributaria, ambiente) {}
 
-RelatorioApuracaoSubTrib::~RelatorioApuracaoSubTrib() = default;
-
 }  // namespace tarvo

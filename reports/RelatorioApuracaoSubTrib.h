@@ -14,7 +14,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioApuracaoSubTrib final : public RelatorioApuracao {
   public:
     explicit RelatorioApuracaoSubTrib(const Ambiente& ambiente = {});
-    ~RelatorioApuracaoSubTrib() override;
 
     // Single fields of the assessment as printed ("1.234,56"): "0,00" when the declaration has
     // nothing to add up, the empty text when scit_db is null. They need no Construir and change

@@ -53,8 +53,6 @@ constexpr CelulaCadastro Celulas[] = {
 RelatorioCadastro::RelatorioCadastro(const Ambiente& ambiente)
     : RelatorioDeclaracao(Cadastro, ambiente) {}
 
-RelatorioCadastro::~RelatorioCadastro() = default;
-
 void RelatorioCadastro::Desenhar(BancoDados& banco, const std::string& IE,
                                  std::int32_t /*NumeroDRQ*/) {
     const auto contribuinte =
@@ -63,9 +61,7 @@ void RelatorioCadastro::Desenhar(BancoDados& banco, const std::string& IE,
     if (!contribuinte->EOF_()) {
         Desenho().DefinirIdentificacao(
             {.contribuinte = TextoCampo(contribuinte->Fields("RazãoSocial")),
-             .IE = TextoCampo(contribuinte->Fields("IE")),
-             .declaracao = "",
-             .referencia = ""});
+             .IE = TextoCampo(contribuinte->Fields("IE"))});
         ImprimirTopo(Desenho(), Cabecalho, 0, 0, nullptr);
         ImprimirCadastro(*contribuinte, 0, 4.2);
         ImprimirRodape(Desenho(), 0, YRodape);

@@ -13,7 +13,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioCadastro final : public RelatorioDeclaracao {
   public:
     explicit RelatorioCadastro(const Ambiente& ambiente = {});
-    ~RelatorioCadastro() override;
 
     using RelatorioDeclaracao::Construir;
     // The declaration plays no part.

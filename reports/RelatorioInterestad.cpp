@@ -6,7 +6,6 @@
 #include <span>
 #include <vector>
 
-#include "data/Consultas.h"
 #include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
 #include "document/CicloPaginas.h"
@@ -226,7 +225,5 @@ RelatorioEntInterestad::RelatorioEntInterestad(const Ambiente& ambiente)
 
 RelatorioSaiInterestad::RelatorioSaiInterestad(const Ambiente& ambiente)
     : RelatorioInterestad(Saidas, ambiente) {}
-
-RelatorioSaiInterestad::~RelatorioSaiInterestad() = default;
 
 }  // namespace tarvo

@@ -92,8 +92,6 @@ std::string ConsultaNotas(std::int32_t NumeroDRQ, std::string_view CFOP) {
 RelatorioNotasSaiZFMALC::RelatorioNotasSaiZFMALC(const Ambiente& ambiente)
     : RelatorioDeConsulta(Notas, ambiente) {}
 
-RelatorioNotasSaiZFMALC::~RelatorioNotasSaiZFMALC() = default;
-
 std::string RelatorioNotasSaiZFMALC::Consulta(std::int32_t NumeroDRQ) const {
     return ConsultaGrupos(NumeroDRQ);
 }

@@ -16,7 +16,6 @@ class TabelaEmDesenho;
 class TARVO_PUBLICO RelatorioNotasSaiZFMALC final : public RelatorioDeConsulta {
   public:
     explicit RelatorioNotasSaiZFMALC(const Ambiente& ambiente = {});
-    ~RelatorioNotasSaiZFMALC() override;
 
   private:
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;

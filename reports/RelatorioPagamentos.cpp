@@ -53,8 +53,6 @@ double ValorParaSoma(const Valor& valor) {
 RelatorioPagamentos::RelatorioPagamentos(const Ambiente& ambiente)
     : RelatorioDeConsulta(Pagamentos, ambiente) {}
 
-RelatorioPagamentos::~RelatorioPagamentos() = default;
-
 std::string RelatorioPagamentos::Consulta(std::int32_t NumeroDRQ) const {
     return ConsultaDaDeclaracao("tblPagamento", NumeroDRQ) + " order by opPróprias, data";
 }

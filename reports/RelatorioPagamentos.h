@@ -17,7 +17,6 @@ class TabelaEmDesenho;
 class TARVO_PUBLICO RelatorioPagamentos final : public RelatorioDeConsulta {
   public:
     explicit RelatorioPagamentos(const Ambiente& ambiente = {});
-    ~RelatorioPagamentos() override;
 
     // Draws a group's total line with its top-left corner at (x, y), cm, on the current page.
     // Error 6 when totOp is outside the range of Moeda.

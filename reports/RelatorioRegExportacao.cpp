@@ -29,8 +29,6 @@ constexpr EstiloTexto CelulaRegistro{.recuoX = 0, .horizontal = Alinhamento::Cen
 RelatorioRegExportacao::RelatorioRegExportacao(const Ambiente& ambiente)
     : RelatorioDeConsulta(Registros, ambiente) {}
 
-RelatorioRegExportacao::~RelatorioRegExportacao() = default;
-
 std::string RelatorioRegExportacao::Consulta(std::int32_t NumeroDRQ) const {
     return ConsultaDaDeclaracao("tblRegistroExportação", NumeroDRQ) + " order by RE";
 }

@@ -16,7 +16,6 @@ class TabelaEmDesenho;
 class TARVO_PUBLICO RelatorioRegExportacao final : public RelatorioDeConsulta {
   public:
     explicit RelatorioRegExportacao(const Ambiente& ambiente = {});
-    ~RelatorioRegExportacao() override;
 
   private:
     [[nodiscard]] std::string Consulta(std::int32_t NumeroDRQ) const override;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,17 +12,73 @@
 #include "data/LeitoresDeCampo.h"
 #include "data/Textos.h"
 #include "document/TabelaEmDesenho.h"
+#include "reports/FaixasCFOP.h"
+#include "reports/FormatoDeTabela.h"
 #include "reports/FormatosCFOP.h"
 #include "reports/ReferenciaAtual.h"
+#include "reports/RelatorioResumoCFOPsEnt.h"
+#include "reports/RelatorioResumoCFOPsSai.h"
 #include "reports/Somas.h"
 #include "reports/TabelaDeTrabalho.h"
-#include "reports/TipoResumo.h"
 
 namespace tarvo {
+
+// What differs between the CFOP summaries.
+struct TipoResumo {
+    IdentidadeRelatorio identidade;
+    FormatoDeTabela formato;
+    const std::span<const FaixaCFOP>& faixasAntigas;
+    const std::span<const FaixaCFOP>& faixasNovas;
+    std::string_view grupos;  // CFOP groups of the total, one digit each
+    std::string_view tituloComImposto;
+    std::string_view tituloSemImposto;
+    std::string_view tituloImposto;
+};
 
 namespace {
 
 using namespace Alinhamento;
+
+// The pages of the CFOP summaries: landscape, 14 lines.
+constexpr FormatoDeTabela FormatoDeResumo(std::string_view tabela, std::string_view titulo) {
+    return {.tabela = tabela,
+            .cabecalho = {.titulo = titulo, .largura = LarguraPaisagem},
+            .yPrimeiraLinha = 7.7,
+            .yUltimaLinha = 15.7,
+            .yRodape = 16.3};
+}
+
+constexpr TipoResumo Entradas{
+    .identidade = {.classe = "RelatorioResumoCFOPsEnt",
+                   .titulo = "Relatório de Resumo dos CFOPs para as Operações / Prestações de "
+                             "Entrada (Grupos 1, 2 e 3)",
+                   .tituloResumido = "Resumo CFOPs Oper. Entrada",
+                   .orientacao = 1},
+    .formato =
+        FormatoDeResumo("tblResumoCFOPsEntradas", "Resumo por CFOPs - Entradas (Grupos 1, 2 e 3)"),
+    .faixasAntigas = FaixasCFOP::EntradasAntigas,
+    .faixasNovas = FaixasCFOP::EntradasNovas,
+    .grupos = "123",
+    .tituloComImposto = "Operações com Crédito do Imposto",
+    .tituloSemImposto = "Operações sem Crédito do Imposto",
+    .tituloImposto = "Imposto Creditado",
+};
+
+constexpr TipoResumo Saidas{
+    .identidade = {.classe = "RelatorioResumoCFOPsSai",
+                   .titulo = "Relatório de Resumo dos CFOPs para as Operações / Prestações de "
+                             "Saída (Grupos 5, 6 e 7)",
+                   .tituloResumido = "Resumo CFOPs Oper. Saída",
+                   .orientacao = 1},
+    .formato =
+        FormatoDeResumo("tblResumoCFOPsSaídas", "Resumo por CFOPs - Saídas (Grupos 5, 6 e 7)"),
+    .faixasAntigas = FaixasCFOP::SaidasAntigas,
+    .faixasNovas = FaixasCFOP::SaidasNovas,
+    .grupos = "567",
+    .tituloComImposto = "Operações com Débito do Imposto",
+    .tituloSemImposto = "Operações sem Débito do Imposto",
+    .tituloImposto = "Imposto Debitado",
+};
 
 // The amounts of a detail line, under the same names in the CFOP details and the work tables.
 constexpr std::array<std::string_view, 9> Colunas{
@@ -190,5 +247,11 @@ void RelatorioResumoCFOPs::ImprimirLinha(Recordset& linha, Recordset& identifica
         ++i;
     }
 }
+
+RelatorioResumoCFOPsEnt::RelatorioResumoCFOPsEnt(const Ambiente& ambiente)
+    : RelatorioResumoCFOPs(Entradas, ambiente) {}
+
+RelatorioResumoCFOPsSai::RelatorioResumoCFOPsSai(const Ambiente& ambiente)
+    : RelatorioResumoCFOPs(Saidas, ambiente) {}
 
 }  // namespace tarvo

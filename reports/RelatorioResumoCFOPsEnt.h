@@ -10,7 +10,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioResumoCFOPsEnt final : public RelatorioResumoCFOPs {
   public:
     explicit RelatorioResumoCFOPsEnt(const Ambiente& ambiente = {});
-    ~RelatorioResumoCFOPsEnt() override;
 };
 
 }  // namespace tarvo

@@ -10,7 +10,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioResumoCFOPsSai final : public RelatorioResumoCFOPs {
   public:
     explicit RelatorioResumoCFOPsSai(const Ambiente& ambiente = {});
-    ~RelatorioResumoCFOPsSai() override;
 };
 
 }  // namespace tarvo

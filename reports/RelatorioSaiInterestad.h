@@ -10,7 +10,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioSaiInterestad final : public RelatorioInterestad {
   public:
     explicit RelatorioSaiInterestad(const Ambiente& ambiente = {});
-    ~RelatorioSaiInterestad() override;
 };
 
 }  // namespace tarvo

@@ -310,8 +310,6 @@ class Guia {
 
 RelatorioVELO::RelatorioVELO(const Ambiente& ambiente) : Relatorio(VELO, ambiente) {}
 
-RelatorioVELO::~RelatorioVELO() = default;
-
 void RelatorioVELO::Construir(BancoDados& banco) {
     const Acompanhamento acompanhamento(banco, AmbienteDoRelatorio().andamento);
     const LeituraMantida leitura(banco, "", 0);
@@ -320,7 +318,6 @@ void RelatorioVELO::Construir(BancoDados& banco) {
     if (!dados->EOF_()) {
         Desenho().DefinirIdentificacao({.contribuinte = TextoCampo(dados->Fields("Contribuinte")),
                                         .IE = TextoCampo(dados->Fields("IE")),
-                                        .declaracao = "",
                                         .referencia = TextoCampo(dados->Fields("Referência"))});
         Guia(Desenho(), *dados, 0, YViaContribuinte, true).Imprimir("VIA CONTRIBUINTE");
         Guia(Desenho(), *dados, 0, YViaBanco, false).Imprimir("VIA BANCO");

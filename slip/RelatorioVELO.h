@@ -12,7 +12,6 @@ namespace tarvo {
 class TARVO_PUBLICO RelatorioVELO final : public Relatorio {
   public:
     explicit RelatorioVELO(const Ambiente& ambiente = {});
-    ~RelatorioVELO() override;
 
     void Construir(BancoDados& banco);
 };
