@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "data/Consultas.h"
 
+#include "data/Textos.h"
+
 namespace tarvo {
 
 std::string TextoSql(std::string_view valor) {
-    std::string texto = "'";
-    for (const char c : valor) {
-        texto += c;
-        if (c == '\'') {
-            texto += c;
-        }
-    }
-    return texto + "'";
+    return EntreAspas(valor, '\'');
 }
 
 std::string ConsultaContribuinte(std::string_view IE) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <compare>
-#include <cstdint>
 #include <optional>
 #include <string_view>
 

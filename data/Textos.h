@@ -60,6 +60,20 @@ constexpr std::string_view SemBrancos(std::string_view texto, std::string_view b
     return texto.substr(0, texto.find_last_not_of(brancos) + 1);
 }
 
+// Between two such quotes, with those inside it doubled.
+inline std::string EntreAspas(std::string_view texto, char aspas) {
+    std::string citado(1, aspas);
+    for (const char c : texto) {
+        citado.append(c == aspas ? 2 : 1, c);
+    }
+    return citado += aspas;
+}
+
+// Of ASCII; others as they are.
+constexpr char Minuscula(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 // Whether the byte continues a character of UTF-8, where every other byte begins one.
 constexpr bool ContinuaCaractere(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;

@@ -2,13 +2,11 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <span>
 
 #include "data/TabelasDoBanco.h"
 #include "databases/CopiarBanco.h"
 #include "databases/sqlite/Conexao.h"
-#include "databases/sqlite/Esquema.h"
 
 namespace tarvo {
 
@@ -23,23 +21,8 @@ class DestinoDaCopia {
     virtual void TerminarTabela() {}
 };
 
-// One copying, as one moment of the source sees it.
-class Copia {
-  public:
-    Copia(std::shared_ptr<sqlite::Conexao> de, DestinoDaCopia& para, const SelecaoDaCopia& selecao)
-        : de_(std::move(de)), para_(para), esquema_(de_), selecao_(selecao) {}
-
-    ResumoDaCopia Copiar();
-
-  private:
-    std::optional<std::size_t> CopiarTabela(const TabelaDoBanco& definicao,
-                                            const sqlite::Tabela& tabela);
-    std::string Condicao(const TabelaDoBanco& definicao, const sqlite::Tabela& tabela);
-
-    std::shared_ptr<sqlite::Conexao> de_;
-    DestinoDaCopia& para_;
-    sqlite::Esquema esquema_;
-    const SelecaoDaCopia& selecao_;
-};
+// Copies the chosen declarations, as one moment of the source sees them.
+ResumoDaCopia Copiar(const std::shared_ptr<sqlite::Conexao>& de, DestinoDaCopia& para,
+                     const SelecaoDaCopia& selecao);
 
 }  // namespace tarvo

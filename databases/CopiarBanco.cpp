@@ -49,7 +49,7 @@ ResumoDaCopia CopiarParaArquivo(const std::shared_ptr<Conexao>& origem,
     CriarArquivo(destino, [&](Conexao& para) {
         para.Acompanhar(quem);
         DestinoArquivo arquivo(para);
-        resumo = Copia(origem, arquivo, selecao).Copiar();
+        resumo = Copiar(origem, arquivo, selecao);
         for (const TabelaDoBanco& tabela : TabelasRefeitas()) {
             para.Executar(CriacaoSql(tabela, tabela.Colunas()));
         }
@@ -62,7 +62,7 @@ ResumoDaCopia CopiarParaServidor(const std::shared_ptr<Conexao>& origem,
                                  const std::string& endereco, const SelecaoDaCopia& selecao,
                                  Acompanhante* quem) {
     DestinoServidor servidor(endereco, DestinoServidor::Tabelas::Vazias, quem);
-    ResumoDaCopia resumo = Copia(origem, servidor, selecao).Copiar();
+    ResumoDaCopia resumo = Copiar(origem, servidor, selecao);
     servidor.Confirmar();
     resumo.avisos = servidor.Avisos();
     return resumo;

@@ -13,7 +13,7 @@ void CriarNoServidor(const std::string& endereco, std::string_view script) {
     const auto modelo = sqlite::AbrirEmMemoria();
     sqlite::CriarTabelas(*modelo);
     modelo->Executar(std::string(script));
-    Copia(modelo, servidor, {}).Copiar();
+    Copiar(modelo, servidor, {});
     servidor.Confirmar();
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "data/CodigosDeErros.h"
+#include "data/LeitoresDeCampo.h"
 #include "data/Procura.h"
 #include "databases/postgresql/CriacaoDeTabelas.h"
 #include "databases/sqlite/Celula.h"
@@ -20,23 +21,13 @@ using postgresql::Sessao;
 
 constexpr std::size_t BytesPorVez = std::size_t{64} * 1024;
 
-std::string TextoDaMoeda(Moeda moeda) {
-    const std::int64_t unidades = moeda.DecimosMilesimos();
-    const auto grandeza =
-        unidades < 0 ? -static_cast<std::uint64_t>(unidades) : static_cast<std::uint64_t>(unidades);
-    std::string casas = std::to_string(grandeza % Moeda::Escala);
-    casas.insert(0, 4 - casas.size(), '0');
-    return (unidades < 0 ? "-" : "") + std::to_string(grandeza / Moeda::Escala) + "." + casas;
-}
-
 // As COPY reads a column's value in its text form.
 std::string TextoDoCampo(const Celula& celula, TipoColuna tipo, const Origem& origem) {
     const Valor valor = Converter(celula, tipo, origem);
-    if (const auto* moeda = std::get_if<Moeda>(&valor)) {
-        return TextoDaMoeda(*moeda);
-    }
-    if (const auto* numero = std::get_if<std::int32_t>(&valor)) {
-        return std::to_string(*numero);
+    if (std::holds_alternative<Moeda>(valor) || std::holds_alternative<std::int32_t>(valor)) {
+        std::string numero = TextoCampo(valor);
+        std::ranges::replace(numero, ',', '.');
+        return numero;
     }
     if (const auto* booleano = std::get_if<bool>(&valor)) {
         return *booleano ? "t" : "f";
@@ -50,24 +41,13 @@ std::string TextoDoCampo(const Celula& celula, TipoColuna tipo, const Origem& or
                    "o texto da coluna \"" + std::string(origem.coluna) +
                        "\" tem um byte nulo, que o servidor não guarda.");
     }
+    constexpr std::string_view Especiais = "\\\n\r\t";
+    constexpr std::string_view Letras = "\\nrt";
     std::string escrito;
     for (const char c : texto) {
-        switch (c) {
-            case '\\':
-                escrito += "\\\\";
-                break;
-            case '\n':
-                escrito += "\\n";
-                break;
-            case '\r':
-                escrito += "\\r";
-                break;
-            case '\t':
-                escrito += "\\t";
-                break;
-            default:
-                escrito += c;
-        }
+        const auto qual = Especiais.find(c);
+        const bool especial = qual != std::string_view::npos;
+        escrito.append(especial ? 1 : 0, '\\') += especial ? Letras[qual] : c;
     }
     return escrito;
 }

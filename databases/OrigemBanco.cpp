@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "databases/OrigemBanco.h"
 
-#include "data/CodigosDeErros.h"
 #include "databases/CopiarBanco.h"
 #include "databases/mdb/LeituraMdb.h"
 #include "databases/postgresql/BancoPostgreSQL.h"

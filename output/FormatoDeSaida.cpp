@@ -2,8 +2,6 @@
 #include "output/FormatoDeSaida.h"
 
 #include <algorithm>
-#include <functional>
-#include <numeric>
 #include <sstream>
 
 #include "data/Textos.h"
@@ -27,26 +25,33 @@ ResultadoDaSaida EscreverComoPDF(std::span<const DocumentoDeSaida> documentos,
     return {.arquivos = {}, .paginas = pdf.paginas, .cortados = std::move(pdf.cortados)};
 }
 
-std::size_t PaginasDe(std::span<const DocumentoDeSaida> documentos) {
-    return std::transform_reduce(documentos.begin(), documentos.end(), std::size_t{}, std::plus<>(),
-                                 [](const auto& d) { return d.conteudo->paginas.size(); });
+// What a format writes to a stream.
+template <class Escrever>
+ResultadoDaSaida PorFluxo(std::span<const DocumentoDeSaida> documentos, const DestinoPDF& destino,
+                          Escrever escrever) {
+    std::ostringstream fluxo;
+    escrever(fluxo);
+    destino(fluxo.view());
+    ResultadoDaSaida resultado;
+    for (const auto& documento : documentos) {
+        resultado.paginas += documento.conteudo->paginas.size();
+    }
+    return resultado;
 }
 
 ResultadoDaSaida EscreverComoJSON(std::span<const DocumentoDeSaida> documentos,
                                   const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
     const auto& documento = documentos.front();
-    std::ostringstream json;
-    EscreverJSON(documento.classe, *documento.conteudo, json);
-    destino(json.view());
-    return {.arquivos = {}, .paginas = PaginasDe(documentos), .cortados = {}};
+    return PorFluxo(documentos, destino, [&](std::ostream& json) {
+        EscreverJSON(documento.classe, *documento.conteudo, json);
+    });
 }
 
 ResultadoDaSaida EscreverComoCSV(std::span<const DocumentoDeSaida> documentos,
                                  const OpcoesDeSaida& /*opcoes*/, const DestinoPDF& destino) {
-    std::ostringstream csv;
-    EscreverCSV(TabelasDoDocumento(*documentos.front().conteudo), csv);
-    destino(csv.view());
-    return {.arquivos = {}, .paginas = PaginasDe(documentos), .cortados = {}};
+    return PorFluxo(documentos, destino, [&](std::ostream& csv) {
+        EscreverCSV(TabelasDoDocumento(*documentos.front().conteudo), csv);
+    });
 }
 
 ResultadoDaSaida EscreverComoXLSX(std::span<const DocumentoDeSaida> documentos,
@@ -56,22 +61,15 @@ ResultadoDaSaida EscreverComoXLSX(std::span<const DocumentoDeSaida> documentos,
         secoes.push_back({.nome = documentos.size() > 1 ? documento.folha : "",
                           .tabelas = TabelasDoDocumento(*documento.conteudo)});
     }
-    std::ostringstream xlsx;
-    EscreverXLSX(secoes, xlsx);
-    destino(xlsx.view());
-    return {.arquivos = {}, .paginas = PaginasDe(documentos), .cortados = {}};
+    return PorFluxo(documentos, destino, [&](std::ostream& xlsx) { EscreverXLSX(secoes, xlsx); });
 }
 
 constexpr FormatoDeSaida Formatos[] = {
-    {.nome = "pdf",
-     .descricao = "",
-     .reune = true,
-     .comEstrutura = true,
-     .escrever = EscreverComoPDF},
+    {.nome = "pdf", .reune = true, .comEstrutura = true, .escrever = EscreverComoPDF},
     {.nome = "png", .descricao = "um arquivo por página"},
-    {.nome = "csv", .descricao = "", .escrever = EscreverComoCSV},
-    {.nome = "xlsx", .descricao = "", .reune = true, .escrever = EscreverComoXLSX},
-    {.nome = "json", .descricao = "", .escrever = EscreverComoJSON},
+    {.nome = "csv", .escrever = EscreverComoCSV},
+    {.nome = "xlsx", .reune = true, .escrever = EscreverComoXLSX},
+    {.nome = "json", .escrever = EscreverComoJSON},
 };
 
 ResultadoDaSaida GravarPaginas(std::span<const DocumentoDeSaida> documentos,
@@ -110,8 +108,9 @@ std::span<const FormatoDeSaida> FormatosDeSaida() {
 }
 
 const FormatoDeSaida* ProcurarFormato(std::string_view nome) {
-    const auto* const achado = std::ranges::find_if(
-        Formatos, [&](const FormatoDeSaida& formato) { return MesmoNome(formato.nome, nome); });
+    const auto* const achado = std::ranges::find_if(Formatos, [&](const FormatoDeSaida& formato) {
+        return std::ranges::equal(formato.nome, nome, {}, {}, Minuscula);
+    });
     return achado != std::end(Formatos) ? achado : nullptr;
 }
 

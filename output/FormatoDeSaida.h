@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,10 +41,10 @@ struct ResultadoDaSaida {
 };
 
 struct FormatoDeSaida {
-    std::string_view nome;       // "pdf": as users ask for it, and the files' ending
-    std::string_view descricao;  // what of it a user does not guess from the name; may be empty
-    bool reune = false;          // one file takes several documents; else one alone
-    bool comEstrutura = false;   // unless the options leave it out
+    std::string_view nome;            // "pdf": as users ask for it, and the files' ending
+    std::string_view descricao = {};  // what of it a user does not guess from the name
+    bool reune = false;               // one file takes several documents; else one alone
+    bool comEstrutura = false;        // unless the options leave it out
     // Writes the one file, in order; nullptr: each page is a file of its own.
     ResultadoDaSaida (*escrever)(std::span<const DocumentoDeSaida> documentos,
                                  const OpcoesDeSaida& opcoes, const DestinoPDF& destino) = nullptr;

@@ -15,6 +15,7 @@
 #include <filesystem>
 
 #include "data/CodigosDeErros.h"
+#include "data/ObjetoDeC.h"
 #include "databases/mdb/protocol/Protocolo.h"
 #include "system/files/Descritor.h"
 
@@ -60,39 +61,27 @@ fs::path ProcurarPrograma() {
 
 constexpr int EntrePerguntas = 50;  // ms
 
-struct Acoes {
-    posix_spawn_file_actions_t valor;
-    Acoes() { posix_spawn_file_actions_init(&valor); }
-    ~Acoes() { posix_spawn_file_actions_destroy(&valor); }
-    Acoes(const Acoes&) = delete;
-    Acoes& operator=(const Acoes&) = delete;
-};
-
-struct Atributos {
-    posix_spawnattr_t valor;
-    Atributos() { posix_spawnattr_init(&valor); }
-    ~Atributos() { posix_spawnattr_destroy(&valor); }
-    Atributos(const Atributos&) = delete;
-    Atributos& operator=(const Atributos&) = delete;
-};
-
 // Nothing of ours but the file and the pipe: no other descriptor, signal or variable.
 pid_t Iniciar(const fs::path& programa, int arquivo, int escrita,
               const std::vector<std::string>& argumentos) {
-    Acoes acoes;
-    posix_spawn_file_actions_addopen(&acoes.valor, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&acoes.valor, escrita, STDOUT_FILENO);
-    posix_spawn_file_actions_addopen(&acoes.valor, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&acoes.valor, arquivo, DescritorDoArquivo);
-    posix_spawn_file_actions_addclosefrom_np(&acoes.valor, DescritorDoArquivo + 1);
-    Atributos atributos;
+    posix_spawn_file_actions_t acoes;
+    posix_spawn_file_actions_init(&acoes);
+    const ObjetoDeC<posix_spawn_file_actions_destroy> donoDasAcoes(&acoes);
+    posix_spawn_file_actions_addopen(&acoes, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&acoes, escrita, STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&acoes, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_adddup2(&acoes, arquivo, DescritorDoArquivo);
+    posix_spawn_file_actions_addclosefrom_np(&acoes, DescritorDoArquivo + 1);
+    posix_spawnattr_t atributos;
+    posix_spawnattr_init(&atributos);
+    const ObjetoDeC<posix_spawnattr_destroy> donoDosAtributos(&atributos);
     sigset_t nenhum;
     sigset_t todos;
     sigemptyset(&nenhum);
     sigfillset(&todos);
-    posix_spawnattr_setsigmask(&atributos.valor, &nenhum);
-    posix_spawnattr_setsigdefault(&atributos.valor, &todos);
-    posix_spawnattr_setflags(&atributos.valor, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    posix_spawnattr_setsigmask(&atributos, &nenhum);
+    posix_spawnattr_setsigdefault(&atributos, &todos);
+    posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     std::vector<char*> lista{const_cast<char*>(programa.c_str())};
     for (const std::string& argumento : argumentos) {
         lista.push_back(const_cast<char*>(argumento.c_str()));
@@ -100,8 +89,7 @@ pid_t Iniciar(const fs::path& programa, int arquivo, int escrita,
     lista.push_back(nullptr);
     char* ambiente[] = {nullptr};
     pid_t processo = -1;
-    if (posix_spawn(&processo, programa.c_str(), &acoes.valor, &atributos.valor, lista.data(),
-                    ambiente) != 0) {
+    if (posix_spawn(&processo, programa.c_str(), &acoes, &atributos, lista.data(), ambiente) != 0) {
         LancarFalha("iniciado");
     }
     return processo;

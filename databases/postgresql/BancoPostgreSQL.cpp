@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "data/CodigosDeErros.h"
 #include "databases/postgresql/Alcance.h"
 #include "databases/postgresql/Espelho.h"
 #include "databases/postgresql/LeituraInteira.h"

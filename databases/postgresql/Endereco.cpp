@@ -11,10 +11,12 @@ namespace tarvo::postgresql {
 
 namespace {
 
+using Opcoes = ObjetoDeC<Liberar<PQconninfoFree, PQconninfoOption>>;
+
 // What the address itself says; nothing when it is not understood.
 std::map<std::string, std::string> Partes(const std::string& endereco) {
     char* erro = nullptr;
-    const ObjetoDeC<LiberarOpcoes> opcoes(PQconninfoParse(endereco.c_str(), &erro));
+    const Opcoes opcoes(PQconninfoParse(endereco.c_str(), &erro));
     PQfreemem(erro);  // it may repeat what must not be
     std::map<std::string, std::string> partes;
     for (const PQconninfoOption* o = opcoes.get(); o != nullptr && o->keyword != nullptr; ++o) {
@@ -26,7 +28,7 @@ std::map<std::string, std::string> Partes(const std::string& endereco) {
 }
 
 bool Entende(const std::string& endereco) {
-    return ObjetoDeC<LiberarOpcoes>(PQconninfoParse(endereco.c_str(), nullptr)) != nullptr;
+    return Opcoes(PQconninfoParse(endereco.c_str(), nullptr)) != nullptr;
 }
 
 }  // namespace

@@ -11,16 +11,15 @@ namespace {
 
 using namespace sqlite;
 
-void LerLinha(std::vector<Valor>& valores, const TabelaDoServidor& tabela, const PGresult* linhas,
+void LerLinha(std::vector<Valor>& valores, const TabelaDoServidor& tabela, const Resultado& linhas,
               int linha) {
     valores.clear();
     for (int c = 0; c < static_cast<int>(tabela.colunas.size()); ++c) {
-        if (PQgetisnull(linhas, linha, c) == 1) {
+        if (PQgetisnull(linhas.get(), linha, c) == 1) {
             valores.emplace_back(Nulo{});
             continue;
         }
-        const auto tamanho = static_cast<std::size_t>(PQgetlength(linhas, linha, c));
-        valores.push_back(LerValor({PQgetvalue(linhas, linha, c), tamanho},
+        valores.push_back(LerValor(BytesEm(linhas, linha, c),
                                    tabela.colunas[static_cast<std::size_t>(c)].pedida.tipo));
     }
 }
@@ -67,7 +66,7 @@ void Espelho::Encher(const TabelaDoServidor& tabela, const Resultado& linhas) {
     const int quantas = PQntuples(linhas.get());
     destino.temLinhas = destino.temLinhas || quantas > 0;
     for (int i = 0; i < quantas; ++i) {
-        LerLinha(valores_, tabela, linhas.get(), i);
+        LerLinha(valores_, tabela, linhas, i);
         destino.insercao->Linha(valores_);
     }
 }
@@ -92,7 +91,7 @@ std::shared_ptr<const CopiaPrivada> Modelo(const Esquema& esquema,
                 continue;
             }
             for (int i = 0; i < PQntuples(linhas->get()); ++i) {
-                LerLinha(valores, tabela, linhas->get(), i);
+                LerLinha(valores, tabela, *linhas, i);
                 destino.Linha(valores);
             }
             ++linhas;

@@ -4,7 +4,6 @@
 #include <map>
 #include <memory>
 #include <set>
-#include <string>
 
 #include "databases/postgresql/Esquema.h"
 #include "databases/sqlite/BancoSQLite.h"

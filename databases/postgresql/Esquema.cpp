@@ -2,7 +2,6 @@
 #include "databases/postgresql/Esquema.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 
 #include "data/CodigosDeErros.h"
@@ -31,22 +30,16 @@ struct ColunaQueHa {
 using ColunasQueHa = std::map<std::string, ColunaQueHa, std::less<>>;
 using TabelasQueHa = std::map<std::string, ColunasQueHa, std::less<>>;
 
-std::string TextoEm(const PGresult* linhas, int linha, int coluna) {
-    return {PQgetvalue(linhas, linha, coluna),
-            static_cast<std::size_t>(PQgetlength(linhas, linha, coluna))};
-}
-
 TabelasQueHa LerTabelas(Sessao& sessao) {
     constexpr Tipo Inteiro64 = 20;
-    const Resultado resultado = sessao.Consultar({ConsultaDasColunas});
-    const PGresult* const linhas = resultado.get();
+    const Resultado linhas = sessao.Consultar({ConsultaDasColunas});
     TabelasQueHa tabelas;
-    for (int i = 0; i < PQntuples(linhas); ++i) {
-        const Valor tipo = LerValor(TextoEm(linhas, i, 2), Inteiro64);
+    for (int i = 0; i < PQntuples(linhas.get()); ++i) {
+        const Valor tipo = LerValor(BytesEm(linhas, i, 2), Inteiro64);
         const auto* const numero = std::get_if<std::int32_t>(&tipo);
-        tabelas[TextoEm(linhas, i, 0)].emplace(
-            TextoEm(linhas, i, 1), ColunaQueHa{numero == nullptr ? 0 : static_cast<Tipo>(*numero),
-                                               *PQgetvalue(linhas, i, 3) != 0});
+        tabelas[std::string(BytesEm(linhas, i, 0))].emplace(
+            BytesEm(linhas, i, 1), ColunaQueHa{numero == nullptr ? 0 : static_cast<Tipo>(*numero),
+                                               *PQgetvalue(linhas.get(), i, 3) != 0});
     }
     return tabelas;
 }

@@ -59,20 +59,4 @@ TARVO_DA_LIBPQ(PQstatus);
 
 #undef TARVO_DA_LIBPQ
 
-inline void LiberarConexao(PGconn* conexao) {
-    PQfinish(conexao);
-}
-inline void LiberarResultado(PGresult* resultado) {
-    PQclear(resultado);
-}
-inline void LiberarOpcoes(PQconninfoOption* opcoes) {
-    PQconninfoFree(opcoes);
-}
-inline void LiberarPedido(PGcancel* pedido) {
-    PQfreeCancel(pedido);
-}
-inline void LiberarMemoria(void* memoria) {
-    PQfreemem(memoria);
-}
-
 }  // namespace tarvo::postgresql

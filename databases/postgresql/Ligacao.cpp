@@ -75,7 +75,7 @@ Conexao Comecar(const std::string& endereco, const Servidores& servidores) {
 
 // What the address, the environment and a service file say together.
 std::map<std::string, std::string> OpcoesDe(PGconn* conexao) {
-    const ObjetoDeC<LiberarOpcoes> opcoes(PQconninfo(conexao));
+    const ObjetoDeC<Liberar<PQconninfoFree, PQconninfoOption>> opcoes(PQconninfo(conexao));
     std::map<std::string, std::string> valores;
     for (const PQconninfoOption* o = opcoes.get(); o != nullptr && o->keyword != nullptr; ++o) {
         valores[o->keyword] = o->val == nullptr ? "" : o->val;

@@ -9,7 +9,7 @@
 
 namespace tarvo::postgresql {
 
-using Conexao = ObjetoDeC<LiberarConexao>;
+using Conexao = ObjetoDeC<Liberar<PQfinish, PGconn>>;
 
 // A connection with the server of the address, or with the first of its servers that serves: one
 // that does not answer within connect_timeout (15 seconds when left out) is passed over, as is each

@@ -6,7 +6,6 @@
 #include "data/CodigosDeErros.h"
 #include "databases/postgresql/LeituraInteira.h"
 #include "databases/sqlite/Abertura.h"
-#include "databases/sqlite/BancoSQLite.h"
 
 namespace tarvo::postgresql {
 
@@ -120,11 +119,6 @@ LinhasAchadas ListaNoServidor::Procurar(const PedidoDaLista& pedido, Acompanhant
                                   Comando{"SELECT count(*) FROM \"tblDRQ\""}};
         const auto resultados = sessao.Ler(comandos, false);
         constexpr Tipo Inteiro32 = 23;
-        const auto numero = [](const Resultado& linhas, int i, Tipo tipo) {
-            return LerValor({PQgetvalue(linhas.get(), i, 0),
-                             static_cast<std::size_t>(PQgetlength(linhas.get(), i, 0))},
-                            tipo);
-        };
         const int quantas = PQntuples(resultados[0].get());
         achadas = {};
         achadas.haMais = static_cast<std::size_t>(quantas) > Maximo;
@@ -133,12 +127,13 @@ LinhasAchadas ListaNoServidor::Procurar(const PedidoDaLista& pedido, Acompanhant
             const int linha = static_cast<int>(i);
             if (PQgetisnull(resultados[0].get(), linha, 0) == 0) {
                 achadas.chaves[i].NroDRQ =
-                    std::get<std::int32_t>(numero(resultados[0], linha, Inteiro32));
+                    std::get<std::int32_t>(LerValor(BytesEm(resultados[0], linha, 0), Inteiro32));
             }
             achadas.chaves[i].IE = PQgetvalue(resultados[0].get(), linha, 1);
         }
         constexpr Tipo Inteiro64 = 20;
-        achadas.declaracoes = std::get<std::int32_t>(numero(resultados[1], 0, Inteiro64));
+        achadas.declaracoes =
+            std::get<std::int32_t>(LerValor(BytesEm(resultados[1], 0, 0), Inteiro64));
     });
     return achadas;
 }

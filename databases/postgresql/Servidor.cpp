@@ -27,7 +27,7 @@ void Servidor::EsperarQueVolte(Relogio::time_point inicio) {
     const auto esperado =
         std::chrono::duration_cast<std::chrono::milliseconds>(Relogio::now() - inicio);
     if (quem_ != nullptr && !quem_->Continuar(esperado)) {
-        throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+        LancarCancelado();
     }
     std::this_thread::sleep_for(EntreTentativas);
 }

@@ -3,12 +3,12 @@
 
 #include <poll.h>
 
-#include <algorithm>
 #include <array>
 #include <future>
 #include <memory>
 #include <thread>
 
+#include "data/Textos.h"
 #include "databases/postgresql/FalhaDoServidor.h"
 
 namespace tarvo::postgresql {
@@ -26,6 +26,8 @@ std::string NomeDaPreparada(const std::string& sql) {
     return "tarvo_" + std::to_string(sql.size()) + "_" +
            std::to_string(std::hash<std::string>()(sql));
 }
+
+using Memoria = ObjetoDeC<Liberar<PQfreemem, void>>;
 
 std::array<const char*, 4> Ponteiros(const Comando& comando) {
     std::array<const char*, 4> ponteiros{};
@@ -59,14 +61,14 @@ void Sessao::Perguntar(std::chrono::milliseconds aguardando) {
     ultimaPergunta_ = agora;
     if (!quem_->Continuar(aguardando)) {
         Cancelar();
-        throw Erro(NumeroErro::Cancelado, "Operação cancelada pelo usuário.");
+        LancarCancelado();
     }
 }
 
 // Asks the server to end what it is doing for us; the request takes a connection of its own, for
 // which nobody is made to wait long.
 void Sessao::Cancelar() {
-    std::shared_ptr<PGcancel> pedido(PQgetCancel(conexao_.get()), LiberarPedido);
+    std::shared_ptr<PGcancel> pedido(PQgetCancel(conexao_.get()), Liberar<PQfreeCancel, PGcancel>);
     if (!pedido) {
         return;
     }
@@ -198,7 +200,7 @@ void Sessao::CopiarDe(const std::string& consulta,
     for (;;) {
         char* bytes = nullptr;
         const int quantos = PQgetCopyData(c, &bytes, 1);
-        const ObjetoDeC<LiberarMemoria> dono(bytes);
+        const Memoria dono(bytes);
         if (quantos > 0) {
             receber({bytes, static_cast<std::size_t>(quantos)});
             Perguntar();
@@ -243,19 +245,11 @@ void Sessao::TerminarCopia() {
 }
 
 std::string Sessao::Nome(std::string_view nome) {
-    std::string citado = "\"";
-    for (const char c : nome) {
-        citado += c;
-        if (c == '"') {
-            citado += c;
-        }
-    }
-    return citado + "\"";
+    return EntreAspas(nome, '"');
 }
 
 std::string Sessao::Texto(const std::string& texto) const {
-    const ObjetoDeC<LiberarMemoria> citado(
-        PQescapeLiteral(conexao_.get(), texto.data(), texto.size()));
+    const Memoria citado(PQescapeLiteral(conexao_.get(), texto.data(), texto.size()));
     if (!citado) {
         throw FalhaDoServidor("22021", PQerrorMessage(conexao_.get()));
     }

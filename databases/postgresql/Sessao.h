@@ -16,7 +16,13 @@
 
 namespace tarvo::postgresql {
 
-using Resultado = ObjetoDeC<LiberarResultado>;
+using Resultado = ObjetoDeC<Liberar<PQclear, PGresult>>;
+
+// A value as it came.
+inline std::string_view BytesEm(const Resultado& linhas, int linha, int coluna) {
+    return {PQgetvalue(linhas.get(), linha, coluna),
+            static_cast<std::size_t>(PQgetlength(linhas.get(), linha, coluna))};
+}
 
 // A statement with its parameters as texts.
 struct Comando {

@@ -12,6 +12,7 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/Procura.h"
+#include "data/Textos.h"
 
 namespace tarvo::postgresql {
 
@@ -121,10 +122,7 @@ std::string ComoTexto(const Algarismos& a) {
             break;
     }
     std::string texto = a.sinal == Negativo ? "-" : "";
-    const auto grupo = [&](int lugar) {
-        const std::string digitos = std::to_string(a.Em(lugar));
-        return std::string(4 - digitos.size(), '0') + digitos;
-    };
+    const auto grupo = [&](int lugar) { return ComZeros(a.Em(lugar), 4); };
     for (int lugar = -std::max<int>(a.peso, 0); lugar <= 0; ++lugar) {
         texto += grupo(lugar);
     }

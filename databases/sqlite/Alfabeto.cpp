@@ -7,7 +7,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <new>
+
+#include "data/Textos.h"
 
 namespace tarvo::sqlite {
 
@@ -81,9 +84,7 @@ std::string SemCaixa(std::string_view texto) {
     std::string dobrado;
     dobrado.reserve(texto.size());
     if (std::ranges::all_of(texto, EhAscii)) {
-        for (const char c : texto) {
-            dobrado += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-        }
+        std::ranges::transform(texto, std::back_inserter(dobrado), Minuscula);
         return dobrado;
     }
     CadaCaractere(texto, [&](UChar32 c, std::string_view bytes) {

@@ -4,13 +4,13 @@
 #include <sqlite3.h>
 
 #include <array>
-#include <cstdio>
-#include <limits>
 #include <new>
 #include <string>
 
 #include "data/CodigosDeErros.h"
+#include "data/Formatos.h"
 #include "data/LeitoresDeCampo.h"
+#include "data/Textos.h"
 #include "data/Utf8.h"
 #include "databases/sqlite/Alfabeto.h"
 
@@ -49,78 +49,34 @@ std::string Mostrar(const Celula& celula) {
     }
 }
 
-std::int32_t LerLongo(const Celula& celula, const Origem& origem) {
-    if (celula.classe == SQLITE_INTEGER &&
-        celula.inteiro >= std::numeric_limits<std::int32_t>::min() &&
-        celula.inteiro <= std::numeric_limits<std::int32_t>::max()) {
-        return static_cast<std::int32_t>(celula.inteiro);
-    }
-    if (origem.coluna.empty()) {
-        LancarEstouro(Mostrar(celula) + " não cabe em 32 bits");
-    }
-    LancarConversao(Mostrar(celula), TipoColuna::Longo, origem);
-}
-
-Moeda LerMoeda(const Celula& celula, const Origem& origem) {
-    if (celula.classe == SQLITE_INTEGER) {
-        return Moeda::DeDecimosMilesimos(celula.inteiro);
-    }
-    if (origem.coluna.empty()) {
-        LancarEstouro("o valor calculado não cabe em Moeda");
-    }
-    LancarConversao(Mostrar(celula), TipoColuna::Moeda, origem);
-}
-
-Data LerData(const Celula& celula, const Origem& origem) {
-    if (origem.coluna.empty() && celula.classe == SQLITE_FLOAT) {
-        return Data::DeSerial(celula.real);
-    }
-    if (celula.classe == SQLITE_TEXT) {
-        if (const auto data = Data::DeIso(celula.texto)) {
-            return *data;
+// The stored value, which is not Null, as that type; Null when it does not fit.
+Valor Ler(const Celula& celula, TipoColuna tipo, bool calculado) {
+    const bool inteiro = celula.classe == SQLITE_INTEGER;
+    const bool real = celula.classe == SQLITE_FLOAT;
+    const bool texto = celula.classe == SQLITE_TEXT;
+    switch (tipo) {
+        case TipoColuna::Texto:
+            return texto && EhUtf8(celula.texto) ? Valor(std::string(celula.texto)) : Nulo{};
+        case TipoColuna::Longo: {
+            const auto longo = static_cast<std::int32_t>(celula.inteiro);
+            return inteiro && longo == celula.inteiro ? Valor(longo) : Nulo{};
         }
+        case TipoColuna::Moeda:
+            return inteiro ? Valor(Moeda::DeDecimosMilesimos(celula.inteiro)) : Nulo{};
+        case TipoColuna::Data: {
+            if (calculado && real) {
+                return Data::DeSerial(celula.real);
+            }
+            const auto data = texto ? Data::DeIso(celula.texto) : std::nullopt;
+            return data ? Valor(*data) : Nulo{};
+        }
+        case TipoColuna::Booleano:
+            return inteiro || real ? Valor(celula.inteiro != 0 || celula.real != 0) : Nulo{};
+        default:
+            return inteiro ? Valor(static_cast<double>(celula.inteiro))
+                   : real  ? Valor(celula.real)
+                           : Nulo{};
     }
-    LancarConversao(Mostrar(celula), TipoColuna::Data, origem);
-}
-
-bool LerBooleano(const Celula& celula, const Origem& origem) {
-    if (celula.classe == SQLITE_INTEGER) {
-        return celula.inteiro != 0;
-    }
-    if (celula.classe == SQLITE_FLOAT) {
-        return celula.real != 0;
-    }
-    LancarConversao(Mostrar(celula), TipoColuna::Booleano, origem);
-}
-
-std::string LerTexto(const Celula& celula, const Origem& origem) {
-    if (celula.classe != SQLITE_TEXT || !EhUtf8(celula.texto)) {
-        LancarConversao(Mostrar(celula), TipoColuna::Texto, origem);
-    }
-    return std::string(celula.texto);
-}
-
-double LerDuplo(const Celula& celula, const Origem& origem) {
-    if (celula.classe == SQLITE_INTEGER) {
-        return static_cast<double>(celula.inteiro);
-    }
-    if (celula.classe == SQLITE_FLOAT) {
-        return celula.real;
-    }
-    LancarConversao(Mostrar(celula), TipoColuna::Duplo, origem);
-}
-
-// A text that SQLite hands out; it has none when converting it took more memory than there is.
-std::string_view Texto(const unsigned char* texto, int bytes) {
-    if (texto == nullptr) {
-        throw std::bad_alloc();
-    }
-    return {reinterpret_cast<const char*>(texto), static_cast<std::size_t>(bytes)};
-}
-
-// SQLite gives no pointer to none.
-std::string_view Bytes(const void* bytes, int quantos) {
-    return {static_cast<const char*>(bytes), static_cast<std::size_t>(quantos)};
 }
 
 TipoColuna TipoGuardado(const Celula& celula) {
@@ -136,12 +92,9 @@ TipoColuna TipoGuardado(const Celula& celula) {
 
 std::string TextoIso(Data data) {
     const DataCivil c = data.Civil();
-    std::array<char, 64> texto{};
     const bool meiaNoite = c.hora == 0 && c.minuto == 0 && c.segundo == 0;
-    const int n = std::snprintf(texto.data(), texto.size(),
-                                meiaNoite ? "%04d-%02d-%02d" : "%04d-%02d-%02d %02d:%02d:%02d",
-                                c.ano, c.mes, c.dia, c.hora, c.minuto, c.segundo);
-    return {texto.data(), static_cast<std::size_t>(n)};
+    return ComZeros(c.ano, 4) + "-" + ComZeros(c.mes, 2) + "-" + ComZeros(c.dia, 2) +
+           (meiaNoite ? "" : " " + FormatarHora(data));
 }
 
 }  // namespace
@@ -171,21 +124,20 @@ Celula LerCelula(sqlite3_stmt* instrucao, int coluna) {
 
 Celula LerCelula(sqlite3_value* valor) {
     Celula celula{sqlite3_value_type(valor), 0, 0, {}};
-    switch (celula.classe) {
-        case SQLITE_INTEGER:
-            celula.inteiro = sqlite3_value_int64(valor);
-            break;
-        case SQLITE_FLOAT:
-            celula.real = sqlite3_value_double(valor);
-            break;
-        case SQLITE_TEXT:
-            celula.texto = Texto(sqlite3_value_text(valor), sqlite3_value_bytes(valor));
-            break;
-        case SQLITE_BLOB:
-            celula.texto = Bytes(sqlite3_value_blob(valor), sqlite3_value_bytes(valor));
-            break;
-        default:
-            break;
+    if (celula.classe == SQLITE_INTEGER) {
+        celula.inteiro = sqlite3_value_int64(valor);
+    } else if (celula.classe == SQLITE_FLOAT) {
+        celula.real = sqlite3_value_double(valor);
+    } else if (celula.classe == SQLITE_TEXT || celula.classe == SQLITE_BLOB) {
+        // A text has none when converting it took more memory than there is, no bytes have none.
+        const bool texto = celula.classe == SQLITE_TEXT;
+        const auto* const bytes =
+            static_cast<const char*>(texto ? static_cast<const void*>(sqlite3_value_text(valor))
+                                           : sqlite3_value_blob(valor));
+        if (texto && bytes == nullptr) {
+            throw std::bad_alloc();
+        }
+        celula.texto = {bytes, static_cast<std::size_t>(sqlite3_value_bytes(valor))};
     }
     return celula;
 }
@@ -194,23 +146,17 @@ Valor Converter(const Celula& celula, TipoColuna tipo, const Origem& origem) {
     if (celula.classe == SQLITE_NULL) {
         return Nulo{};
     }
-    switch (tipo) {
-        case TipoColuna::Texto:
-            return LerTexto(celula, origem);
-        case TipoColuna::Longo:
-            return LerLongo(celula, origem);
-        case TipoColuna::Moeda:
-            return LerMoeda(celula, origem);
-        case TipoColuna::Data:
-            return LerData(celula, origem);
-        case TipoColuna::Booleano:
-            return LerBooleano(celula, origem);
-        case TipoColuna::Duplo:
-            return LerDuplo(celula, origem);
-        case TipoColuna::Livre:
-            break;
+    const bool calculado = origem.coluna.empty();
+    const TipoColuna este = tipo == TipoColuna::Livre ? TipoGuardado(celula) : tipo;
+    Valor valor = Ler(celula, este, calculado);
+    if (!EhNulo(valor)) {
+        return valor;
     }
-    return Converter(celula, TipoGuardado(celula), origem);
+    if (calculado && (este == TipoColuna::Longo || este == TipoColuna::Moeda)) {
+        LancarEstouro(Mostrar(celula) + " não cabe em " +
+                      NomesDosTipos.at(static_cast<std::size_t>(este)));
+    }
+    LancarConversao(Mostrar(celula), este, origem);
 }
 
 Valor ConverterParaColuna(const Valor& valor, TipoColuna tipo, const Origem& origem) {

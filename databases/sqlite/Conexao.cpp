@@ -10,6 +10,8 @@
 
 #include "data/CodigosDeErros.h"
 #include "data/ObjetoDeC.h"
+#include "data/Procura.h"
+#include "data/Textos.h"
 #include "databases/sqlite/FuncoesSql.h"
 #include "system/files/Arquivos.h"
 
@@ -18,40 +20,32 @@ namespace tarvo::sqlite {
 namespace {
 
 struct ErroTraduzido {
+    int codigo;
     NumeroErro numero;
     const char* descricao;
-    bool comDetalhe;  // SQLite's own text says more
+    bool comDetalhe = false;  // SQLite's own text says more
 };
 
-ErroTraduzido TraduzirCodigo(int codigo) {
-    switch (codigo) {
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return {NumeroErro::BancoOcupado, "O banco de dados está bloqueado por outro usuário",
-                    false};
-        case SQLITE_READONLY:
-            return {NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura",
-                    false};
-        case SQLITE_CORRUPT:
-        case SQLITE_NOTADB:
-            return {NumeroErro::BancoIrreconhecivel,
-                    "O arquivo não é um banco de dados ou está danificado", false};
-        case SQLITE_FULL:
-            return {NumeroErro::DiscoCheio, "Disco cheio", false};
-        case SQLITE_PERM:
-        case SQLITE_AUTH:
-        case SQLITE_CANTOPEN:
-            return {NumeroErro::PermissaoNegada, "Permissão negada no banco de dados", false};
-        case SQLITE_IOERR:
-            return {NumeroErro::ErroDispositivo, "Erro de leitura ou gravação", true};
-        case SQLITE_INTERRUPT:  // by a host, on its own connection
-            return {NumeroErro::Cancelado, "Operação cancelada", false};
-        case SQLITE_ERROR:
-            return {NumeroErro::ErroSintaxeConsulta, "Erro na consulta", true};
-        default:
-            return {NumeroErro::OperacaoInvalida, "Operação inválida no banco de dados", true};
-    }
-}
+constexpr const char* Bloqueado = "O banco de dados está bloqueado por outro usuário";
+constexpr const char* Danificado = "O arquivo não é um banco de dados ou está danificado";
+constexpr const char* Negado = "Permissão negada no banco de dados";
+
+constexpr ErroTraduzido Traducoes[] = {
+    {SQLITE_BUSY, NumeroErro::BancoOcupado, Bloqueado},
+    {SQLITE_LOCKED, NumeroErro::BancoOcupado, Bloqueado},
+    {SQLITE_READONLY, NumeroErro::BancoSomenteLeitura, "O banco de dados é somente para leitura"},
+    {SQLITE_CORRUPT, NumeroErro::BancoIrreconhecivel, Danificado},
+    {SQLITE_NOTADB, NumeroErro::BancoIrreconhecivel, Danificado},
+    {SQLITE_FULL, NumeroErro::DiscoCheio, "Disco cheio"},
+    {SQLITE_PERM, NumeroErro::PermissaoNegada, Negado},
+    {SQLITE_AUTH, NumeroErro::PermissaoNegada, Negado},
+    {SQLITE_CANTOPEN, NumeroErro::PermissaoNegada, Negado},
+    {SQLITE_IOERR, NumeroErro::ErroDispositivo, "Erro de leitura ou gravação", true},
+    {SQLITE_INTERRUPT, NumeroErro::Cancelado, "Operação cancelada"},  // by a host, on its own
+    {SQLITE_ERROR, NumeroErro::ErroSintaxeConsulta, "Erro na consulta", true},
+};
+constexpr ErroTraduzido Outro{0, NumeroErro::OperacaoInvalida,
+                              "Operação inválida no banco de dados", true};
 
 // SQLite reports lengths that no file can have as a lack of memory, too. It is one only when the
 // largest value that the connection takes would find no room.
@@ -66,14 +60,7 @@ bool FaltaMemoria(sqlite3* db) {
 }  // namespace
 
 std::string NomeSql(std::string_view nome) {
-    std::string sql = "\"";
-    for (const char c : nome) {
-        sql += c;
-        if (c == '"') {
-            sql += c;
-        }
-    }
-    return sql + "\"";
+    return EntreAspas(nome, '"');
 }
 
 void LancarErroSQLite(sqlite3* db, int resultado) {
@@ -88,7 +75,8 @@ void LancarErroSQLite(sqlite3* db, int resultado) {
     if ((resultado & 0xFF) == SQLITE_CANTOPEN && (sistema == EMFILE || sistema == ENFILE)) {
         LancarErroDeArquivo("banco de dados", sistema);
     }
-    const ErroTraduzido erro = TraduzirCodigo(resultado & 0xFF);
+    const auto* const traduzido = Achar(Traducoes, resultado & 0xFF, &ErroTraduzido::codigo);
+    const ErroTraduzido& erro = traduzido != nullptr ? *traduzido : Outro;
     throw Erro(erro.numero,
                std::string(erro.descricao) +
                    (erro.comDetalhe ? " (" + std::string(sqlite3_errmsg(db)) + ")." : "."));

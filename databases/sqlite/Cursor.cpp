@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "data/Textos.h"
+
 namespace tarvo::sqlite {
 
 namespace {
@@ -15,9 +17,7 @@ constexpr std::array<std::string_view, 25> Reservadas{
     "LIKE",   "BETWEEN",  "IN",          "IS",    "NULL",  "TRUE",  "FALSE"};
 
 bool MesmaPalavra(std::string_view texto, std::string_view palavra) {
-    return std::ranges::equal(texto, palavra, [](char a, char b) {
-        return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b;
-    });
+    return std::ranges::equal(texto, palavra, {}, Minuscula, Minuscula);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "databases/sqlite/RecordsetSQLite.h"
 
-#include <algorithm>
 #include <new>
 
 #include "data/CodigosDeErros.h"

@@ -50,10 +50,7 @@ std::string NomesDeFolhas::Chave(std::string_view nome) {
     std::string chave;
     for (const char c : nome) {
         if (!ContinuaCaractere(c)) {
-            const bool maiuscula = c >= 'A' && c <= 'Z';
-            chave += static_cast<unsigned char>(c) >= 0x80 ? '?'
-                     : maiuscula                           ? static_cast<char>(c - 'A' + 'a')
-                                                           : c;
+            chave += static_cast<unsigned char>(c) >= 0x80 ? '?' : Minuscula(c);
         }
     }
     return chave;

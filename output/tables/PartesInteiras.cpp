@@ -4,15 +4,13 @@
 #include <libdeflate.h>
 
 #include <cstdint>
-#include <memory>
 #include <string>
+
+#include "data/ObjetoDeC.h"
 
 namespace tarvo {
 
 namespace {
-
-using Descompressor =
-    std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)>;
 
 // The header of a part: its fields are little-endian, the name and an extra field follow it.
 constexpr std::uint32_t MarcaDaParte = 0x04034B50;
@@ -45,8 +43,7 @@ bool EhXmlInteiro(std::string_view xml) {
 }  // namespace
 
 bool PartesInteiras(std::string_view zip) {
-    const Descompressor descompressor(libdeflate_alloc_decompressor(),
-                                      libdeflate_free_decompressor);
+    const ObjetoDeC<libdeflate_free_decompressor> descompressor(libdeflate_alloc_decompressor());
     std::string xml;
     bool alguma = false;
     while (zip.size() > TamanhoDoCabecalho && Numero(zip, 0, 4) == MarcaDaParte) {

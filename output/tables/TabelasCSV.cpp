@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "data/CodigosDeErros.h"
+#include "data/Textos.h"
 
 namespace tarvo {
 
@@ -54,15 +55,11 @@ class Escritor {
     void Campo(const std::string& texto, bool unico) {
         const bool entreAspas = texto.find_first_of("\"\n") != std::string::npos ||
                                 texto.find(separador_) != std::string::npos;
-        if (!entreAspas && !(unico && texto.empty())) {
+        if (entreAspas || (unico && texto.empty())) {
+            saida_ << EntreAspas(texto, '"');
+        } else {
             saida_ << texto;
-            return;
         }
-        saida_ << '"';
-        for (const char c : texto) {
-            saida_ << (c == '"' ? "\"\"" : std::string_view(&c, 1));
-        }
-        saida_ << '"';
     }
 
     std::ostream& saida_;

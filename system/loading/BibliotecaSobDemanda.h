@@ -47,4 +47,10 @@ class FuncaoSobDemanda<De, R(A...)> {
     mutable std::atomic<R (*)(A...)> funcao_ = nullptr;
 };
 
+// Such a function where one that releases an object is wanted (see ObjetoDeC).
+template <const auto& Funcao, class T>
+void Liberar(T* objeto) {
+    Funcao(objeto);
+}
+
 }  // namespace tarvo

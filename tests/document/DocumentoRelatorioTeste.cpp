@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "document/DocumentoRelatorio.h"
 
-#include <cmath>
 #include <functional>
 #include <sstream>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "databases/mdb/reader/Decodificador.h"
 
+#include <glib.h>
+
 #include <array>
 #include <cerrno>
 
@@ -11,24 +13,8 @@ namespace {
 constexpr char32_t Ilegivel = 0xFFFD;
 
 void Acrescentar(char32_t letra, std::string& utf8) {
-    const auto continuacao = [&](unsigned bits) {
-        utf8 += static_cast<char>(0x80U | ((letra >> bits) & 0x3FU));
-    };
-    if (letra < 0x80) {
-        utf8 += static_cast<char>(letra);
-    } else if (letra < 0x800) {
-        utf8 += static_cast<char>(0xC0U | (letra >> 6U));
-        continuacao(0);
-    } else if (letra < 0x10000) {
-        utf8 += static_cast<char>(0xE0U | (letra >> 12U));
-        continuacao(6);
-        continuacao(0);
-    } else {
-        utf8 += static_cast<char>(0xF0U | (letra >> 18U));
-        continuacao(12);
-        continuacao(6);
-        continuacao(0);
-    }
+    std::array<char, 6> bytes{};
+    utf8.append(bytes.data(), static_cast<std::size_t>(g_unichar_to_utf8(letra, bytes.data())));
 }
 
 // The 16-bit units of a text, compressed or not, one by one.

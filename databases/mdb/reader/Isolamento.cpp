@@ -9,7 +9,8 @@
 
 #include <array>
 #include <csignal>
-#include <memory>
+
+#include "data/ObjetoDeC.h"
 
 namespace tarvo::mdb {
 
@@ -37,7 +38,7 @@ bool LimitarRecursos(std::size_t bytes) {
            Limitar(RLIMIT_FSIZE, 0) && Limitar(RLIMIT_NOFILE, 0);
 }
 
-using Filtro = std::unique_ptr<void, decltype(&seccomp_release)>;
+using Filtro = ObjetoDeC<seccomp_release>;
 
 bool Permitir(const Filtro& filtro, int chamada, std::initializer_list<scmp_arg_cmp> condicoes) {
     return seccomp_rule_add_array(filtro.get(), SCMP_ACT_ALLOW, chamada,
@@ -45,7 +46,7 @@ bool Permitir(const Filtro& filtro, int chamada, std::initializer_list<scmp_arg_
 }
 
 bool Filtrar() {
-    const Filtro filtro(seccomp_init(SCMP_ACT_KILL_PROCESS), seccomp_release);
+    const Filtro filtro(seccomp_init(SCMP_ACT_KILL_PROCESS));
     if (!filtro) {
         return false;
     }

@@ -16,9 +16,10 @@ constexpr std::uint32_t PaginaDoObjeto = 0x00FFFFFF;
 // The part of the file that was read needs no memory any more.
 constexpr std::uint32_t LinhasAteSoltar = 50'000;
 
+using TextoDaGlib = std::unique_ptr<char, LiberadorDeC<g_free>>;
+
 std::string SemCaixa(const std::string& texto) {
-    const std::unique_ptr<char, decltype(&g_free)> outra(g_utf8_casefold(texto.c_str(), -1),
-                                                         g_free);
+    const TextoDaGlib outra(g_utf8_casefold(texto.c_str(), -1));
     return outra.get();
 }
 
@@ -209,10 +210,8 @@ void LeituraDoArquivo::EnviarValor(TabelaMdb& tabela, std::size_t indice, Emisso
             if (bytes.size() < 17) {
                 throw Recusado{Motivo::Danificado};
             }
-            const std::unique_ptr<char, decltype(&g_free)> numero(
-                mdb_numeric_to_string(mdb_.get(), tabela.Inicio(indice), coluna.col_scale,
-                                      coluna.col_prec),
-                g_free);
+            const TextoDaGlib numero(mdb_numeric_to_string(mdb_.get(), tabela.Inicio(indice),
+                                                           coluna.col_scale, coluna.col_prec));
             emissor.Escrever(Tipo::Decimal);
             return emissor.EscreverTexto(numero.get());
         }

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -30,9 +29,6 @@ class LeituraDoArquivo {
     void Enviar(std::span<const Pedido> pedidos, Emissor& emissor);
 
   private:
-    struct Fechar {
-        void operator()(MdbHandle* mdb) const { mdb_close(mdb); }
-    };
     // One that is sent: which column of the table, where it stands in the request.
     struct Coluna {
         std::size_t indice;
@@ -46,7 +42,7 @@ class LeituraDoArquivo {
     bool Decodificar(std::span<const unsigned char> bytes, std::string& utf8) const;
 
     const Decodificador& decodificador_;
-    std::unique_ptr<MdbHandle, Fechar> mdb_;
+    ObjetoDeC<mdb_close> mdb_;
     std::span<unsigned char> bytes_;
     std::uint32_t linhasEnviadas_ = 0;
     std::uint32_t ilegiveis_ = 0;  // texts of the current table

@@ -8,11 +8,10 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <span>
-#include <string>
 #include <vector>
 
+#include "data/ObjetoDeC.h"
 #include "databases/mdb/protocol/Protocolo.h"
 
 namespace tarvo::mdb {
@@ -44,9 +43,6 @@ class TabelaMdb {
     [[nodiscard]] int Inicio(std::size_t coluna) const { return campos_[coluna].start; }
 
   private:
-    struct Soltar {
-        void operator()(MdbTableDef* tabela) const { mdb_free_tabledef(tabela); }
-    };
     bool LerLinha(unsigned linha);
     void LerLinhaMudada(std::uint32_t ponteiro);
     void Separar(int inicio, std::size_t tamanho);
@@ -54,7 +50,7 @@ class TabelaMdb {
 
     MdbHandle& mdb_;
     MdbCatalogEntry entrada_{};
-    std::unique_ptr<MdbTableDef, Soltar> tabela_;
+    ObjetoDeC<mdb_free_tabledef> tabela_;
     std::vector<MdbField> campos_;
     bool mudada_ = false;  // the current row was read from another page than its own
     std::vector<unsigned char> memo_;

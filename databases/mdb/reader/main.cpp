@@ -15,29 +15,13 @@ namespace tarvo::mdb {
 
 namespace {
 
-// The library's own conversions, loaded while files can still be opened.
-class ConversoesDaBiblioteca {
-  public:
-    explicit ConversoesDaBiblioteca(const std::string& codificacao)
-        : leitura_("UCS-2LE"),
-          escrita_(iconv_open("UCS-2LE", "UTF-8")),
-          antiga_(iconv_open(codificacao.c_str(), "UTF-8")) {}
-    ~ConversoesDaBiblioteca() {
-        for (iconv_t uma : {escrita_, antiga_}) {
-            // NOLINTNEXTLINE(performance-no-int-to-ptr): so iconv says that it has failed.
-            if (uma != iconv_t(-1)) {
-                iconv_close(uma);
-            }
-        }
-    }
-    ConversoesDaBiblioteca(const ConversoesDaBiblioteca&) = delete;
-    ConversoesDaBiblioteca& operator=(const ConversoesDaBiblioteca&) = delete;
-
-  private:
-    Decodificador leitura_;
-    iconv_t escrita_;
-    iconv_t antiga_;
-};
+// The library's own conversions, loaded while files can still be opened, for as long as the process
+// lasts.
+void CarregarConversoes(const char* codificacao) {
+    static_cast<void>(iconv_open("UTF-8", "UCS-2LE"));
+    static_cast<void>(iconv_open("UCS-2LE", "UTF-8"));
+    static_cast<void>(iconv_open(codificacao, "UTF-8"));
+}
 
 Pedido LerPedido(std::string_view argumento) {
     Pedido pedido;
@@ -80,7 +64,7 @@ void Ler(std::span<char*> argumentos, Emissor& emissor) {
     if (!decodificador.Valido()) {
         throw Recusado{Motivo::CodificacaoDesconhecida};
     }
-    const ConversoesDaBiblioteca conversoes(codificacao);
+    CarregarConversoes(codificacao.c_str());
     const auto bytes = Mapear(DescritorDoArquivo);
     if (!Isolar(bytes.size())) {
         _exit(1);

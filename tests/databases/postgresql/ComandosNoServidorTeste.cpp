@@ -2,8 +2,7 @@
 #include <csignal>
 #include <random>
 
-#include "databases/sqlite/Celula.h"
-#include "databases/sqlite/Tabelas.h"
+#include "data/TabelasDoBanco.h"
 #include "tests/databases/postgresql/ServidorDeTeste.h"
 #include "tests/host/Programa.h"
 

@@ -6,10 +6,8 @@
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "data/CodigosDeErros.h"
 #include "document/DocumentoRelatorio.h"
 #include "output/pdf/RenderizadorPDF.h"
 #include "tests/support/Apoio.h"
