@@ -96,10 +96,10 @@ TEST(QueriesSent, OfAReviewReadOneTableEach) {
     BancoGravador gravador(*banco);
     Revisar(gravador, {.IE = "250114377019", .NroDRQ = 101});
     EXPECT_GT(gravador.formas.size(), 5U);
-    EXPECT_THAT(
-        gravador.formas,
-        testing::Each(testing::MatchesRegex(
-            "select [^ ,]+(, [^ ,]+)* from [^ ]+( where [^ ]+ = [^ ]+( Or [^ ]+ = [^ ]+)*)?")));
+    EXPECT_THAT(gravador.formas,
+                testing::Each(testing::MatchesRegex(
+                    "select [^ ,]+(, [^ ,]+)* from [^ ]+( where [^ ]+ = [^ ]+( Or [^ ]+ = [^ ]+)*"
+                    "| where [^ ]+ >= N And [^ ]+ <= N order by [^ ]+)?")));
 }
 
 }  // namespace
