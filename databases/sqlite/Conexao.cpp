@@ -70,9 +70,12 @@ void LancarErroSQLite(sqlite3* db, int resultado) {
         }
         resultado = SQLITE_CORRUPT;
     }
-    // SQLite has one code for all files that it cannot open.
+    // SQLite has one code for all files that it cannot open, and one for all that it cannot write.
     const int sistema = sqlite3_system_errno(db);
-    if ((resultado & 0xFF) == SQLITE_CANTOPEN && (sistema == EMFILE || sistema == ENFILE)) {
+    const int codigo = resultado & 0xFF;
+    if ((codigo == SQLITE_CANTOPEN &&
+         (sistema == EMFILE || sistema == ENFILE || sistema == ENAMETOOLONG)) ||
+        (codigo == SQLITE_IOERR && (sistema == ENOSPC || sistema == EDQUOT))) {
         LancarErroDeArquivo("banco de dados", sistema);
     }
     const auto* const traduzido = Achar(Traducoes, resultado & 0xFF, &ErroTraduzido::codigo);

@@ -112,6 +112,10 @@ TEST_F(Abertura, WhatIsNoDatabaseIsAnErrorWithItsNumber) {
         EXPECT_EQ(apoio::BytesDe(pasta_ / "outro"), bytes);
     }
     EXPECT_EQ(Entradas(pasta_.Caminho()), 2U) << "opening creates nothing";
+    const fs::path longo = pasta_ / std::string(255, 'x');
+    fs::copy_file(banco_, longo);
+    EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(longo); }), 76)
+        << "its -wal would have a name that is too long";
 }
 
 TEST_F(Abertura, ADamagedPageIsAnErrorWhenItIsRead) {
