@@ -269,6 +269,9 @@ TEST_F(Visualizacao, FindsWithoutAccentsAndMarksEveryHit) {
     EXPECT_TRUE(Esperar([&] { return situacao() == u"1 de 5"_s; }));
     procurar(u"linha"_s, u"1 de 15"_s);
     EXPECT_TRUE(Esperar([] { return Pixels(Achado) > 100 && Pixels(AchadoAtual) > 100; }));
+    Teclar("Shift+F3", &campo);
+    EXPECT_EQ(situacao(), u"15 de 15"_s) << "the last of its page";
+    Teclar("F3", &campo);
     procurar(u"inexistente"_s, u"Nenhum resultado"_s);
     auto& exata = Parte<QCheckBox>("buscaExata");
     exata.click();
