@@ -59,6 +59,15 @@ bool TemWal(const fs::path& arquivo) {
     return fs::exists(fs::path(arquivo) += "-wal", ignorado);
 }
 
+// What SQLite itself reads beside the file, which a link may lead to: it would wait at a pipe.
+void ExigirVizinhosComuns(const fs::path& arquivo) {
+    std::error_code ignorado;
+    const fs::path real = fs::canonical(arquivo, ignorado);
+    for (const char* sufixo : {"-journal", "-wal"}) {
+        ExigirArquivoComum(fs::path(real) += sufixo);
+    }
+}
+
 bool PodeEscrever(const fs::path& arquivo) {
     return Permite(arquivo, W_OK) && Permite(fs::absolute(arquivo).parent_path(), W_OK);
 }
@@ -118,6 +127,7 @@ std::shared_ptr<Conexao> Conectar(const char* endereco, int opcoes) {
 
 std::shared_ptr<Conexao> AbrirArquivo(const fs::path& arquivo, ModoAbertura modo) {
     const bool wal = UsaWal(arquivo);
+    ExigirVizinhosComuns(arquivo);
     // In WAL mode even a reader writes files beside the database. Where that cannot be, the file is
     // read as it is: without a -wal nobody has changes to it that it does not hold yet.
     const bool imutavel = wal && !TemWal(arquivo) && !PodeEscrever(arquivo);

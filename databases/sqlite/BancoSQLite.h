@@ -20,9 +20,9 @@ namespace tarvo {
 class TARVO_PUBLICO BancoSQLite : public BancoDados {
   public:
     // Opens an existing file. Errors: 3024 no such file, 70 no permission, 3343 not a database or
-    // a damaged one, 3260 locked (after two seconds of waiting). Never creates a database. A file
-    // that cannot be written, or whose folder cannot, opens for reading all the same; writing to
-    // it is error 3027.
+    // a damaged one, 75 a journal beside it that is no regular file, 3260 locked (after two
+    // seconds of waiting). Never creates a database. A file that cannot be written, or whose
+    // folder cannot, opens for reading all the same; writing to it is error 3027.
     static std::unique_ptr<BancoSQLite> Abrir(const std::filesystem::path& arquivo,
                                               const OpcoesAbertura& opcoes = {});
     // Uses a connection that the host opened and keeps: it must stay open as long as this object

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <grp.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -112,6 +113,10 @@ TEST_F(Abertura, WhatIsNoDatabaseIsAnErrorWithItsNumber) {
         EXPECT_EQ(apoio::BytesDe(pasta_ / "outro"), bytes);
     }
     EXPECT_EQ(Entradas(pasta_.Caminho()), 2U) << "opening creates nothing";
+    const fs::path diario = fs::path(banco_) += "-journal";
+    ASSERT_EQ(::mkfifo(diario.c_str(), 0600), 0);
+    EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(banco_); }), 75) << "and nobody waits";
+    fs::remove(diario);
     const fs::path longo = pasta_ / std::string(255, 'x');
     fs::copy_file(banco_, longo);
     EXPECT_EQ(NumeroDoErro([&] { BancoSQLite::Abrir(longo); }), 76)
