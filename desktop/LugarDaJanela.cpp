@@ -2,8 +2,8 @@
 #include "desktop/LugarDaJanela.h"
 
 #include <QApplication>
+#include <QRegularExpression>
 #include <QScreen>
-#include <QStringList>
 #include <QWidget>
 #include <algorithm>
 
@@ -19,7 +19,6 @@ namespace {
 constexpr int Passo = 28;                 // pixels between two windows of a kind
 constexpr QMargins Moldura(4, 30, 4, 6);  // that a window manager may put around a window
 constexpr int Ajustes = 40;               // by which it may move one on its own
-constexpr int Longe = 100'000;            // pixels, beyond any screen
 constexpr std::string_view ChaveAntiga = "Geometria";  // of 1.0, as Qt writes it
 constexpr std::string_view Chave = "Lugar";            // "x y largura altura normal|maximizada"
 
@@ -56,12 +55,14 @@ void LugarDaJanela::Colocar(QWidget& janela) {
     QSize tamanho = padrao_;
     bool maximizada = false;
     preferido_ = area.center() - QPoint(padrao_.width() / 2, padrao_.height() / 2);
-    const auto lido = ParaQt(LerHabito(configuracoes_, secao_, Chave)).split(u' ');
-    if (lido.size() == 5) {
-        const auto numero = [&](int qual) { return std::clamp(lido[qual].toInt(), -Longe, Longe); };
-        preferido_ = {numero(0), numero(1)};
-        tamanho = QSize(numero(2), numero(3)).expandedTo({200, 150});
-        maximizada = lido[4] == u"maximizada"_s;
+    static const QRegularExpression Forma(
+        u"^(-?\\d{1,5}) (-?\\d{1,5}) (\\d{1,5}) (\\d{1,5}) (normal|maximizada)$"_s);
+    const auto lido = Forma.match(ParaQt(LerHabito(configuracoes_, secao_, Chave)));
+    if (lido.hasMatch()) {
+        const auto numero = [&](int qual) { return lido.captured(qual).toInt(); };
+        preferido_ = {numero(1), numero(2)};
+        tamanho = QSize(numero(3), numero(4)).expandedTo({200, 150});
+        maximizada = lido.captured(5) == u"maximizada"_s;
     } else if (const auto antiga = LerHabito(configuracoes_, secao_, ChaveAntiga);
                janela.restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(antiga)))) {
         preferido_ = janela.normalGeometry().topLeft();

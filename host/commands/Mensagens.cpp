@@ -14,10 +14,11 @@ namespace {
 struct Conselho {
     NumeroErro numero;
     const char* texto;
+    const char* comoComando = nullptr;  // with what there is to be typed
 };
 
 constexpr Conselho Conselhos[] = {
-    {NumeroErro::BancoNaoEncontrado,
+    {NumeroErro::BancoNaoEncontrado, "Confira o caminho ou o endereço.",
      "Confira o caminho ou o endereço. Para criar um banco novo: relatorios-tarvo criar BANCO"},
     {NumeroErro::SenhaRecusada,
      "A senha vem do arquivo ~/.pgpass, da variável PGPASSWORD ou de um arquivo de serviço."},
@@ -31,6 +32,7 @@ constexpr Conselho Conselhos[] = {
     {NumeroErro::PermissaoNegada, "Confira as permissões do arquivo e da pasta."},
     {NumeroErro::DiscoCheio, "Libere espaço e tente de novo; o que já existia está intacto."},
     {NumeroErro::RegistroAtualAusente,
+     "O contribuinte ou a declaração não existe no banco, ou não existe mais.",
      "O contribuinte ou a declaração não existe; relatorios-tarvo listar BANCO mostra os que "
      "existem."},
     {NumeroErro::TabelaInexistente, "O banco não tem todas as tabelas de um banco de declarações."},
@@ -46,9 +48,16 @@ void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view co
           << (contexto.empty() ? "" : ": ") << Legivel(erro.Descricao()) << "\n";
 }
 
+std::string_view ConselhoPara(const Erro& erro) {
+    const auto* const conselho = Achar(Conselhos, erro.Numero(), &Conselho::numero);
+    return conselho != nullptr ? conselho->texto : "";
+}
+
 void DizerConselho(std::ostream& erros, const Erro& erro, const Configuracoes* configuracoes) {
     if (const auto* const conselho = Achar(Conselhos, erro.Numero(), &Conselho::numero)) {
-        erros << "  " << conselho->texto << "\n";
+        erros << "  "
+              << (conselho->comoComando != nullptr ? conselho->comoComando : conselho->texto)
+              << "\n";
     }
     // The CFOP summaries need a setting that a new user has not made yet.
     if (erro.Numero() == NumeroErro::TipoIncompativel && configuracoes != nullptr &&

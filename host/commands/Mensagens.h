@@ -22,6 +22,8 @@ enum Situacao : int {
 // "erro NÚMERO: descrição". contexto, when not empty, comes before the description ("relatório
 // 10"). Text of others in it is made harmless (see Legivel).
 void DizerLinhaDeErro(std::ostream& erros, const Erro& erro, std::string_view contexto = "");
+// What to do about an error where no commands are typed; empty where there is nothing to do.
+std::string_view ConselhoPara(const Erro& erro);
 // A second line with what to do, where there is something to do. configuracoes, when there are
 // some, are those that the reports read.
 void DizerConselho(std::ostream& erros, const Erro& erro,

@@ -57,7 +57,7 @@ TEST_F(LugarDaJanelaTeste, IsNeverLargerThanTheScreen) {
     auto lugar = Lugar({9000, 9000});
     const auto janela = Abrir(lugar);
     EXPECT_TRUE(tela.contains(janela->frameGeometry()));
-    ini.Gravar("Tarvo", "Especie", "Lugar", "-2147483648 2147483647 2147483647 1 normal");
+    ini.Gravar("Tarvo", "Especie", "Lugar", "-5000 99999 7000 1 normal");
     EXPECT_TRUE(tela.contains(Abrir(lugar)->frameGeometry()));
 }
 
@@ -70,6 +70,7 @@ TEST_F(LugarDaJanelaTeste, TakesOverWhatAnOlderVersionKept) {
     EXPECT_EQ(nova->size(), QSize(360, 240));
     EXPECT_LT((nova->pos() - QPoint(30, 40)).manhattanLength(), 10) << "but for a frame";
     ini.Gravar("Tarvo", "Especie", "Geometria", "!\xFF");
+    ini.Gravar("Tarvo", "Especie", "Lugar", "1 2 -3 4 normal");
     EXPECT_EQ(Abrir(lugar)->size(), QSize(400, 300));
 }
 
