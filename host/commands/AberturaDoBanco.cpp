@@ -4,8 +4,11 @@
 namespace tarvo::host {
 
 OrigemBanco LocalizarBanco(const Argumentos& a, Console& console, OpcoesAbertura opcoes) {
-    opcoes.codificacao = a.codificacao;
+    opcoes.codificacao = a.codificacao.value_or(opcoes.codificacao);
     OrigemBanco origem(a.banco.string(), std::move(opcoes));
+    if (a.codificacao && !origem.LidaEm()) {
+        console.Avisar("--codificacao não muda nada neste banco, que não é um arquivo .mdb");
+    }
     for (const std::string& aviso : origem.Avisos()) {
         console.Avisar(aviso);
     }

@@ -24,10 +24,10 @@ struct SaidaEmArquivos {
 
 struct Argumentos {
     Comando comando = Comando::Ajuda;
-    std::string ajuda;                 // for Ajuda: the text to print
-    std::filesystem::path banco;       // for Janela it may be empty
-    std::string codificacao = "1252";  // of the oldest files' texts
-    std::filesystem::path destino;     // of a copy
+    std::string ajuda;                       // for Ajuda: the text to print
+    std::filesystem::path banco;             // for Janela it may be empty
+    std::optional<std::string> codificacao;  // of the oldest files' texts
+    std::filesystem::path destino;           // of a copy
     bool exemplo = false;
     std::optional<std::string> IE;
     std::optional<std::int32_t> NumeroDRQ;  // from 1

@@ -126,7 +126,8 @@ TEST_F(OutrosBancos, SayWhatShouldBeKnownAndTakeACodePage) {
     const std::string arquivo = ComoMdb();
     const std::ofstream trava(pasta / "exemplo.ldb");
     EXPECT_THAT(Rodar("listar --codificacao 850 " + arquivo),
-                Termina(0, HasSubstr("aviso: outro programa")));
+                Termina(0, AllOf(HasSubstr("aviso: outro programa"), Not(HasSubstr("muda nada")))));
+    EXPECT_THAT(Rodar("listar --codificacao 850 " + Banco()), Termina(0, HasSubstr("muda nada")));
     EXPECT_THAT(Rodar("listar --codificacao nenhuma " + arquivo), Termina(1, HasSubstr("erro 5")));
 }
 
