@@ -48,9 +48,13 @@ std::optional<Data> LerMes(const std::string& texto, const char* ou = "") {
     }
 }
 
-// Everybody on the machine can read a command line.
+// Everybody on the machine can read a command line. What was meant as an address would be repeated
+// by the error of a file that does not exist.
 void RecusarSenha(const std::string& banco) {
-    if (postgresql::EhEndereco(banco) && postgresql::TemSenha(banco)) {
+    const bool parece = postgresql::EhEndereco(banco) ||
+                        banco.find("password=") != std::string::npos ||
+                        banco.starts_with("POSTGRES");
+    if (parece && postgresql::TemSenha(banco)) {
         Recusar(
             "o endereço do servidor traz a senha, que na linha de comando todos podem ler; tire-a "
             "dele e use o arquivo ~/.pgpass, a variável PGPASSWORD ou um arquivo de serviço (e "

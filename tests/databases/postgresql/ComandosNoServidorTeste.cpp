@@ -135,8 +135,11 @@ TEST_F(ComandosNoServidor, RefuseToOverwriteAndWhatTheServerCannotHold) {
     EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco),
                 Termina(0, HasSubstr("não tem a coluna Ref2 de tblDRQ")));
     EXPECT_THAT(Rodar("copiar " + Banco() + " " + endereco), Termina(1, HasSubstr("erro 3204")));
-    EXPECT_THAT(Rodar("listar postgresql://eu:segredo@x/y"),
-                Termina(2, AllOf(HasSubstr(".pgpass"), testing::Not(HasSubstr("segredo")))));
+    for (const std::string banco : {"postgresql://eu:segredo@x/y", "POSTGRESQL://eu:segredo@x/y",
+                                    "'host=x password=segredo'"}) {
+        EXPECT_THAT(Rodar("listar " + banco),
+                    Termina(2, AllOf(HasSubstr(".pgpass"), testing::Not(HasSubstr("segredo")))));
+    }
 }
 
 TEST_F(ComandosNoServidor, ABatchOutlivesItsServerAndAnInterruptedOneIsResumed) {
