@@ -165,9 +165,13 @@ std::string Esquema::ResumoDosComuns() const {
     std::string sql;
     for (const TabelaDoServidor& tabela : tabelas_) {
         if (tabela.definicao->dono == Dono::Todos) {
-            sql += (sql.empty() ? "" : " || ") +
-                   ("(SELECT coalesce(md5(string_agg(t::text, E'\\n' ORDER BY ordem)), '') FROM " +
-                    Sessao::Nome(tabela.definicao->nome) + " t)");
+            std::string linha = "ROW(" + Sessao::Nome(Ordem);
+            for (const auto& coluna : tabela.colunas) {
+                linha += ", " + Sessao::Nome(coluna.nome);
+            }
+            sql += (sql.empty() ? "" : " || ") + ("(SELECT coalesce(md5(string_agg(" + linha +
+                                                  ")::text, E'\\n' ORDER BY ordem)), '') FROM " +
+                                                  Sessao::Nome(tabela.definicao->nome) + ")");
         }
     }
     return "SELECT " + (sql.empty() ? "''" : sql) + "::text";

@@ -28,6 +28,8 @@ constexpr Traducao Traducoes[] = {
     {"57014", NumeroErro::FalhaDoServidor, "O servidor interrompeu a consulta"},
     {"57P", NumeroErro::ServidorInacessivel, "O servidor está parando ou começando"},
     {"08", NumeroErro::ServidorInacessivel, "A conexão com o servidor caiu"},
+    {"25P03", NumeroErro::FalhaDoServidor,
+     "O servidor encerrou a ligação por um limite de tempo seu"},
     {"25006", NumeroErro::BancoSomenteLeitura, "O servidor é somente para leitura"},
     {"40001", NumeroErro::FalhaDoServidor,
      "O servidor desistiu da leitura, porque o que ela lia mudou; tente de novo"},

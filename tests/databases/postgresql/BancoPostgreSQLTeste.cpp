@@ -169,6 +169,8 @@ TEST_F(BancoPostgreSQL, WhatItCannotReadItRefusesWithTheWayOutAndWithoutThePassw
     Criar();
     recusa(comSenha, NumeroErro::SemPermissaoDeLeitura, "GRANT SELECT");
     Executar("GRANT SELECT ON ALL TABLES IN SCHEMA public TO leitor");
+    Executar(R"(ALTER TABLE "tblEstados" ADD outra text; REVOKE SELECT ON "tblEstados" FROM leitor;
+                GRANT SELECT ("Código", "UF", "Estado", ordem) ON "tblEstados" TO leitor)");
     EXPECT_EQ(LerDeclaracoes(*AbrirBanco(comSenha)).size(), 0U);
     Executar(R"(ALTER TABLE "tblVELO" DROP ordem)");
     recusa(comSenha, NumeroErro::ColunaDesconhecida, "\"tblVELO\"; cria-se com ALTER TABLE");
