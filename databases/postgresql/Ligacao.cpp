@@ -191,8 +191,8 @@ Conexao LigarAoPrimeiro(const std::string& endereco, const std::atomic<bool>& de
             return {};
         }
         if (completa && PQstatus(conexao.get()) == CONNECTION_OK) {
-            LimitarEnvio(conexao.get(),
-                         std::chrono::milliseconds(std::atoi(opcoes["tcp_user_timeout"].c_str())));
+            LimitarEnvio(conexao.get(), std::chrono::milliseconds(std::strtol(
+                                            opcoes["tcp_user_timeout"].c_str(), nullptr, 10)));
             PQsetErrorVerbosity(conexao.get(), PQERRORS_DEFAULT);
             return conexao;
         }
