@@ -29,13 +29,20 @@ struct LinhaResumo {
     std::string opcoes;        // what else of the call changes the file
     std::string dados;         // hash of what the database held for it
     std::string conteudo;      // hash of the file
+
+    // Adds what the other line produced.
+    void Somar(const LinhaResumo& outra) {
+        bytes += outra.bytes;
+        paginas += outra.paginas;
+    }
 };
 
 // Stands for the report where one file has all of a declaration's.
 constexpr const char* CodigoUnico = "todos";
 // Stands for it in the line that says what the batch was made from: its database in descricao, in
-// dados the hash of what all declarations share, in arquivo the folder for what is temporary, in
-// NroDRQ how many declarations it has, and in conteudo, once all are done, Concluido.
+// dados the hash of what all declarations share, in arquivo the folder for what is temporary and in
+// NroDRQ how many declarations it has. Once all are done it has Concluido in conteudo and the sums of
+// all lines, so that a summary that has lost some does not pass as whole.
 constexpr const char* CodigoLote = "lote";
 constexpr const char* Concluido = "concluído";
 // Stands for it in the line that says that a declaration is done, in the summary of a batch that is

@@ -166,24 +166,37 @@ std::uint64_t ResumoLote::Escrever(const std::string& texto) {
 }
 
 void ResumoLote::Terminar(bool todas) {
-    if (todas) {
-        descartadas_.insert(descartadas_.end(), fins_.begin(), fins_.end());
-        lote_.conteudo = Concluido;
-    } else if (descartadas_.empty()) {
+    if (!todas && descartadas_.empty()) {
         return;
     }
+    if (todas) {
+        descartadas_.insert(descartadas_.end(), fins_.begin(), fins_.end());
+    }
     std::ranges::sort(descartadas_);
-    std::ifstream atual(arquivo_, std::ios::binary);
+    if (todas) {
+        lote_.conteudo = Concluido;
+        PercorrerQueFicam([&](const std::string& registro, std::uint64_t /*posicao*/) {
+            if (const auto linha = Lida(registro)) {
+                lote_.Somar(*linha);
+            }
+        });
+    }
     GravacaoSegura nova(arquivo_, espera_->Caminho());
+    PercorrerQueFicam([&](const std::string& registro, std::uint64_t posicao) {
+        nova.Escrever(posicao == posicaoDoLote_ ? Escrita(lote_) : registro);
+    });
+    nova.Confirmar();
+}
+
+void ResumoLote::PercorrerQueFicam(
+    const std::function<void(const std::string&, std::uint64_t)>& receber) const {
+    std::ifstream atual(arquivo_, std::ios::binary);
     LeitorDeRegistros leitor(atual);
     for (std::string registro; leitor.Proximo(registro);) {
-        if (leitor.Inicio() == posicaoDoLote_) {
-            nova.Escrever(Escrita(lote_));
-        } else if (!std::ranges::binary_search(descartadas_, leitor.Inicio())) {
-            nova.Escrever(registro);
+        if (!std::ranges::binary_search(descartadas_, leitor.Inicio())) {
+            receber(registro, leitor.Inicio());
         }
     }
-    nova.Confirmar();
 }
 
 }  // namespace tarvo::host

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -55,6 +56,10 @@ class ResumoLote {
     void Terminar(bool todas);
 
   private:
+    // With the place of each: the records that the end of the batch leaves.
+    void PercorrerQueFicam(
+        const std::function<void(const std::string&, std::uint64_t)>& receber) const;
+
     struct Lugar {
         std::int32_t NroDRQ = 0;
         std::uint64_t posicao = 0;

@@ -21,6 +21,7 @@ struct Linhas {
     std::map<std::string, Tamanho> arquivos;
     std::map<std::int32_t, std::string> comecadas;
     std::set<std::int32_t> terminadas;
+    LinhaResumo soma = {};
 
     void Juntar(const LinhaResumo& linha, SituacaoDaParte& s) {
         if (linha.relatorio == CodigoLote) {
@@ -31,6 +32,7 @@ struct Linhas {
             terminadas.insert(linha.NroDRQ);
             return;
         }
+        soma.Somar(linha);
         comecadas.try_emplace(linha.NroDRQ, NomeDaDeclaracao({linha.NroDRQ, linha.IE, {}}));
         s.falhas.erase({linha.NroDRQ, CodigoUnico});
         if (linha.erro != 0) {
@@ -67,7 +69,8 @@ SituacaoDaParte LerSituacao(const std::filesystem::path& pasta, const Parte& par
     if (!s.lote) {
         return s;
     }
-    s.concluida = s.lote->conteudo == Concluido;
+    s.concluida = s.lote->conteudo == Concluido && s.lote->bytes == linhas.soma.bytes &&
+                  s.lote->paginas == linhas.soma.paginas;
     s.declaracoes = static_cast<std::size_t>(s.lote->NroDRQ);
     s.terminadas = s.concluida ? s.declaracoes : linhas.terminadas.size();
     for (const auto& [NroDRQ, nome] : linhas.comecadas) {
