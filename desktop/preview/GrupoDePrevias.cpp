@@ -6,7 +6,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
-#include <algorithm>
 #include <utility>
 
 #include "data/Procura.h"
@@ -33,11 +32,6 @@ GrupoDePrevias::~GrupoDePrevias() = default;
 void GrupoDePrevias::Comecar(Permanece permanece) {
     EncerrarAdiadas();
     permanece_ = permanece;
-    const auto naFrente =
-        std::find_if(abertas_.begin(), abertas_.end(), [](const JanelaVisualizacao* previa) {
-            return previa->isVisible() && previa->window()->isActiveWindow();
-        });
-    naFrente_ = permanece != Permanece::Nada && naFrente != abertas_.end() ? *naFrente : nullptr;
     nomeDeArquivo.clear();
     impressao.Comecar();
 }
@@ -45,9 +39,6 @@ void GrupoDePrevias::Comecar(Permanece permanece) {
 void GrupoDePrevias::Concluir(QWidget* janela, bool dizer) {
     permanece_ = Permanece::Nada;
     EncerrarAdiadas();
-    if (auto* previa = std::exchange(naFrente_, nullptr)) {
-        Mostrar(*previa);
-    }
     impressao.Concluir(janela, dizer);
 }
 
@@ -101,7 +92,6 @@ void GrupoDePrevias::Mostrar(JanelaVisualizacao& previa) {
 void GrupoDePrevias::Retirar(JanelaVisualizacao& previa) {
     std::erase(abertas_, &previa);
     std::erase(adiadas_, &previa);
-    naFrente_ = naFrente_ == &previa ? nullptr : naFrente_;
     if (abas_ != nullptr) {
         abas_->Retirar(previa);
     }

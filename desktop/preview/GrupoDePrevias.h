@@ -73,7 +73,6 @@ class GrupoDePrevias {
     ConfiguracoesIni* preferencias_;
     std::vector<JanelaVisualizacao*> abertas_;  // in the order in which they were shown
     std::vector<JanelaVisualizacao*> adiadas_;
-    JanelaVisualizacao* naFrente_ = nullptr;  // of a run that leaves some, and stays there
     std::unique_ptr<JanelaDeAbas> abas_;
     Permanece permanece_ = Permanece::Nada;
     bool emAbas_ = false;

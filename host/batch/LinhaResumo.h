@@ -41,8 +41,8 @@ struct LinhaResumo {
 constexpr const char* CodigoUnico = "todos";
 // Stands for it in the line that says what the batch was made from: its database in descricao, in
 // dados the hash of what all declarations share, in arquivo the folder for what is temporary and in
-// NroDRQ how many declarations it has. Once all are done it has Concluido in conteudo and the sums of
-// all lines, so that a summary that has lost some does not pass as whole.
+// NroDRQ how many declarations it has. Once all are done it has Concluido in conteudo and the sums
+// of all lines, so that a summary that has lost some does not pass as whole.
 constexpr const char* CodigoLote = "lote";
 constexpr const char* Concluido = "concluído";
 // Stands for it in the line that says that a declaration is done, in the summary of a batch that is
