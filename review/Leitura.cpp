@@ -109,10 +109,9 @@ void LerLinhasCom(BancoDados& banco, std::string_view tabela, Colunas colunas,
         }
         return LerLinhasCom(banco, tabela, colunas, valores, receber);
     }
-    for (Leitura linha(banco, tabela, colunas,
-                       coluna + " >= " + std::to_string(primeiro) + " And " + coluna +
-                           " <= " + std::to_string(ultimo) + " order by " + coluna);
-         !linha.Fim(); linha.Proxima()) {
+    const std::string faixa = coluna + " >= " + std::to_string(primeiro) + " And " + coluna +
+                              " <= " + std::to_string(ultimo) + " order by " + coluna;
+    for (Leitura linha(banco, tabela, colunas, faixa); !linha.Fim(); linha.Proxima()) {
         if (numeros.contains(linha.Longo(colunas[0]))) {
             receber(linha);
         }

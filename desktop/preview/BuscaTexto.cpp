@@ -143,7 +143,8 @@ void BuscaTexto::Mover(int sentido) {
     if (!atual_) {
         return;
     }
-    auto& [pagina, indice] = *atual_;
+    auto& pagina = atual_->first;
+    auto& indice = atual_->second;
     const auto achados = [&] { return std::ssize(achados_[static_cast<std::size_t>(pagina)]); };
     for (indice += sentido; indice < 0 || indice >= achados();) {
         pagina = (pagina + Paginas() + sentido) % Paginas();

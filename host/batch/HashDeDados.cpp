@@ -105,6 +105,15 @@ int QuantasColunas(Recordset& linhas) {
     }
 }
 
+std::string ConsultaLinhas(const std::string& tabela, const std::string& daDeclaracao) {
+    return "select * from " + tabela + " where " + daDeclaracao;
+}
+
+std::string ConsultaDetalhes(const std::string& tabela, const std::string& daDeclaracao) {
+    return "select " + tabela + ".* from " + tabela + ", tblOcorrências where " + tabela +
+           ".Código = tblOcorrências.Código and tblOcorrências." + daDeclaracao;
+}
+
 void AcrescentarLinhas(Hash& hash, BancoDados& banco, const std::string& consulta) {
     hash.AcrescentarTexto(consulta);
     AcrescentarOuErro(hash, [&] {
@@ -135,13 +144,10 @@ std::string HashDaDeclaracao(BancoDados& banco, const std::string& IE, std::int3
     hash.AcrescentarTexto(comuns);
     AcrescentarLinhas(hash, banco, ConsultaContribuinte(IE));
     for (const std::string tabela : TabelasDaDeclaracao) {
-        AcrescentarLinhas(hash, banco, "select * from " + tabela + " where " + daDeclaracao);
+        AcrescentarLinhas(hash, banco, ConsultaLinhas(tabela, daDeclaracao));
     }
     for (const std::string tabela : TabelasDasOcorrencias) {
-        AcrescentarLinhas(hash, banco,
-                          "select " + tabela + ".* from " + tabela + ", tblOcorrências where " +
-                              tabela + ".Código = tblOcorrências.Código and tblOcorrências." +
-                              daDeclaracao);
+        AcrescentarLinhas(hash, banco, ConsultaDetalhes(tabela, daDeclaracao));
     }
     return hash.EmHexadecimal();
 }
