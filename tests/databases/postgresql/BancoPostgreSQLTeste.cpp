@@ -32,13 +32,13 @@ class PortaMuda {
         lugar.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
         auto* const este = reinterpret_cast<sockaddr*>(&lugar);
         socklen_t tamanho = sizeof lugar;
-        ::bind(soquete_, este, tamanho);
+        EXPECT_EQ(::bind(soquete_, este, tamanho), 0);
         ::listen(soquete_, cheia ? 0 : 9);
         ::getsockname(soquete_, este, &tamanho);
         numero = std::to_string(::ntohs(lugar.sin_port));
         while (cheia && esperando_.size() < 3) {
             esperando_.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
-            ::connect(esperando_.back(), este, tamanho);
+            static_cast<void>(::connect(esperando_.back(), este, tamanho));
         }
     }
     ~PortaMuda() {
