@@ -9,12 +9,6 @@ void Recusar(const std::string& motivo) {
     throw Erro(NumeroErro::ChamadaInvalida, "Chamada inválida: " + motivo + ".");
 }
 
-void ExigirPonteiro(bool presente, const char* nome) {
-    if (!presente) {
-        Recusar(std::string(nome) + " é nulo");
-    }
-}
-
 std::string LerTexto(const char* texto, const char* nome) {
     ExigirPonteiro(texto != nullptr, nome);
     if (!EhUtf8(texto)) {

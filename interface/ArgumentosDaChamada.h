@@ -16,7 +16,11 @@ namespace tarvo::c {
 [[noreturn]] void Recusar(const std::string& motivo);
 
 // Error 5 for a null pointer; nome: of the argument.
-void ExigirPonteiro(bool presente, const char* nome);
+inline void ExigirPonteiro(bool presente, const char* nome) {
+    if (!presente) {
+        Recusar(std::string(nome) + " é nulo");
+    }
+}
 
 // An output argument, zero until the call succeeds.
 template <class T>
